@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QStringView>
+
+namespace ardiphon {
+
+/// Whether \a text may stand for a number in an analysis field: only "-", ".", "/" and digits, and
+/// at most one point. Order is not looked at, and the empty text counts as a number.
+bool IsNumericText(QStringView text);
+
+} // namespace ardiphon

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QStringView>
+
+namespace ardiphon {
+
+/// The number that \a text begins with: blanks, a sign, digits with one point and an exponent are
+/// read as far as they go. 0 when the text begins with no number.
+double leadingNumber(QStringView text);
+
+/// \a number rounded to the nearest whole number, a half to the even neighbour, kept within
+/// [\a lowest, \a highest].
+int roundedWithin(double number, int lowest, int highest);
+
+} // namespace ardiphon

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+namespace ardiphon {
+
+struct ConfigurationBlock;
+
+/// What a document is, by the last three characters of its path in whatever case; no dot is looked
+/// for, and what is neither an orchestra nor a score is a CSD.
+enum class DocumentKind { Csd, Orchestra, Score };
+DocumentKind kindOfDocument(const QString &path);
+
+/// The windows in which the program can live. A window opens the document that the configuration
+/// names.
+enum class StartWindow { Chooser, FormCSD, FormORCSCO };
+
+/// How a lower window opens an editor window. A function that is empty means that there is no such
+/// window to offer.
+struct EditorWindows
+{
+    std::function<void()> showFormCSD;
+    std::function<void()> showFormORCSCO;
+
+    void show(StartWindow window) const;
+};
+
+/// \a path made absolute against the current directory, its spelling left alone.
+QString LongPathName(const QString &path);
+
+/// The path that the text of a command line means: the whole text is one path. Quotes around it
+/// are taken off, unless a file has just that name, quotes and all.
+QString pathOfCommandText(const QString &commandText);
+
+/// Names the document at \a path in \a config, only the field that fits, and tells the window that
+/// opens it.
+StartWindow nameDocument(ConfigurationBlock &config, const QString &path);
+
+/// Names what the start opens in \a config and tells its window: the file of the command line, or
+/// an empty document by `StartupAction`, or else the chooser.
+StartWindow decideStart(ConfigurationBlock &config, const QString &commandText);
+
+} // namespace ardiphon

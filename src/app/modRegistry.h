@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QSettings>
+#include <QString>
+
+namespace ardiphon {
+
+/// The file that keeps all settings: named text values under hierarchical keys.
+class SettingsStore
+{
+public:
+    /// \a filePath: the file to keep; it need not exist yet.
+    explicit SettingsStore(const QString &filePath);
+
+    /// `Ardiphon/settings.ini` in the user's configuration folder.
+    static QString userFilePath();
+
+    QSettings &file() { return m_file; }
+
+private:
+    QSettings m_file;
+};
+
+/// The keys of the store. Key names and value names are told apart without regard to case.
+namespace registry {
+inline const QString SettingsKey = QStringLiteral("Software\\Ardiphon\\Settings\\");
+inline const QString ColorsKey = QStringLiteral("Software\\Ardiphon\\Colors\\");
+inline const QString WindowKey = QStringLiteral("Software\\Ardiphon\\Window\\");
+inline const QString RecentFilesKey = QStringLiteral("Software\\Ardiphon\\RecentFiles");
+inline const QString InstallPathKey = QStringLiteral("Software\\Ardiphon\\InstallPath\\");
+} // namespace registry
+
+/// The text of a value, up to its first NUL. \a defaultText when the value is missing or is no
+/// text (a list, a byte array, a number that the file marks as such).
+QString ReadRegistryString(SettingsStore &store, const QString &keyPath, const QString &valueName,
+                           const QString &defaultText = {});
+
+/// Creates or replaces a value, whatever case it was written with before. A failed write is not
+/// reported, and leaves the file as it was.
+void WriteRegistryString(SettingsStore &store, const QString &keyPath, const QString &valueName,
+                         const QString &text);
+
+} // namespace ardiphon

@@ -1,0 +1,56 @@
+#include "language/TokenColors.h"
+
+#include "app/ConfigurationBlock.h"
+
+namespace ardiphon {
+
+namespace {
+
+TokenColors colorsOfWord(ConfigurationBlock &config, ViewLanguage language, const QString &word,
+                         TokenColors plain)
+{
+    WordTables &words = config.Words;
+    TokenColors colors = plain;
+    if (language == ViewLanguage::Score) {
+        // A score statement looks here as a CSD word does in a CSD.
+        if (words.IsScoreWord(word))
+            colors = {config.ColorCSDBK, config.ColorCSD};
+        return colors;
+    }
+    words.FindOpcodeRange(word);
+    if (words.FindInRange(word) > 0)
+        colors = {config.ColorOrchestraBK, config.ColorOrchestra};
+    if (language == ViewLanguage::Csd) {
+        if (words.IsCsdWord(word))
+            colors = {config.ColorCSDBK, config.ColorCSD};
+        if (words.IsScoreWord(word))
+            colors = {config.ColorOrchestraBK, config.ColorOrchestra};
+    }
+    if (word.startsWith(u'$'))
+        colors = {config.ColorMacroBK, config.ColorMacro};
+    if (word == QLatin1String("instr") || word == QLatin1String("endin"))
+        colors = {config.ColorInstrEndinBK, config.ColorInstrEndin};
+    return colors;
+}
+
+} // namespace
+
+TokenColors GetTokenColors(ConfigurationBlock &config, ViewLanguage language, TokenKind kind,
+                           const QString &text)
+{
+    const TokenColors plain{config.ColorBackground, config.ColorText};
+    if (kind == TokenKind::Quoted)
+        return {config.ColorFilesBK, config.ColorFiles};
+    if (kind == TokenKind::Word)
+        return colorsOfWord(config, language, text, plain);
+    if (language == ViewLanguage::Score)
+        return plain;
+    if (kind == TokenKind::Operator)
+        // The plain back, unlike the opcodes': an operator does not stand out as a word does.
+        return text == u'=' ? TokenColors{config.ColorBackground, config.ColorOrchestra} : plain;
+    if (text == QLatin1String("0dbfs"))
+        return {config.ColorOrchestraBK, config.ColorOrchestra};
+    return plain;
+}
+
+} // namespace ardiphon

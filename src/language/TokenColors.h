@@ -1,0 +1,30 @@
+#pragma once
+
+#include "app/Color.h"
+#include "language/Token.h"
+
+#include <QString>
+
+namespace ardiphon {
+
+struct ConfigurationBlock;
+
+/// The texts that a view may hold; each has its own rule of colours.
+enum class ViewLanguage { Csd, Orchestra, Score };
+
+/// How one token is drawn.
+struct TokenColors
+{
+    Color back;
+    Color fore;
+    int style = 3;
+
+    friend bool operator==(const TokenColors &, const TokenColors &) = default;
+};
+
+/// The colours of a token in a view of that language. Of the tests on a word the last that hits
+/// wins. Sets the look-up range of the opcode table.
+TokenColors GetTokenColors(ConfigurationBlock &config, ViewLanguage language, TokenKind kind,
+                           const QString &text);
+
+} // namespace ardiphon

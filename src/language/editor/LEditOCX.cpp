@@ -1,0 +1,1 @@
+#include "language/editor/LEditOCX.h"

@@ -1,0 +1,168 @@
+#pragma once
+
+#include "app/Color.h"
+#include "language/TokenColors.h"
+
+#include <QPoint>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+namespace ardiphon {
+
+/// A key going down in the editor. A handler may set `KeyCode` to 0 to swallow the key.
+struct EditorKey
+{
+    int KeyCode; ///< a Qt::Key
+    int Shift;   ///< 1 Shift, 2 Ctrl, 4 Alt, added up
+};
+
+/// A mouse button going down in the editor.
+struct EditorMouseButton
+{
+    int Button; ///< 1 left, 2 right, 4 middle
+    int Shift;  ///< as in EditorKey
+    int X;      ///< twips from the control's left edge
+    int Y;      ///< twips from the control's top edge
+};
+
+/// The editor control: one document with its typing, caret and selection, history, clipboard, file
+/// load and save, search, bookmarks, and the tokens that colouring asks for.
+///
+/// Lines count from 1 and columns, in characters, from 0. `Text` has CR LF line ends whatever the
+/// file has. A call that cannot be carried out changes nothing.
+class LEditOCX : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit LEditOCX(QWidget *parent = nullptr);
+    ~LEditOCX() override;
+
+    /// Answers how a token is drawn; asked for what comes into view, never for a comment.
+    using TokenColorsCallback = std::function<TokenColors(TokenKind kind, const QString &text)>;
+    void SetGetTokenColors(TokenColorsCallback callback);
+
+    // The document. ----------------------------------------------------------------------------
+
+    QString Text() const;
+    /// Replaces the text as one step of history, touching only what differs.
+    void SetText(const QString &text);
+    int LineCount() const;
+    /// Without its line end; "" for a line that does not exist.
+    QString LineText(int line) const;
+    /// In characters; 0 for a line that does not exist.
+    int LineLength(int line) const;
+
+    /// Empties the document; it has no file, no bookmark slot moves.
+    void ClearDocument();
+    /// Reads \a path into the document. False when it could not be read: the document is empty then,
+    /// and a SaveFile to that same path is refused as long as the file exists.
+    bool LoadFile(const QString &path);
+    /// Writes the document to \a path, wholly or not at all. A file that was loaded and not changed
+    /// is written byte for byte as it was. False when nothing was written.
+    bool SaveFile(const QString &path);
+
+    /// \a flag 2: whether the text was modified since the state was last cleared. Else false.
+    bool GetState(int flag) const;
+    /// \a flag 2 clears the modified state.
+    void ClearState(int flag);
+
+    void Undo();
+    void Redo();
+    void ResetUndo();
+
+    // Caret and selection. -----------------------------------------------------------------------
+
+    /// The selection record. It is not live: GetSelection fills it, SetSelection applies it.
+    int SelStartLine = 1;
+    int SelStartColumn = 0;
+    int SelEndLine = 1;
+    int SelEndColumn = 0;
+
+    void GetSelection();
+    /// Selects what the record says, clamped to the text, and scrolls it into view.
+    void SetSelection();
+    int SelectionLength() const; ///< in characters, a line end counting two; 0 with no selection
+    QString SelText() const;
+    /// Replaces the selection, or inserts at the caret; the caret ends behind \a text.
+    void SetSelText(const QString &text);
+    void SelectAll();
+
+    void Copy();
+    void Cut();
+    void Paste();
+
+    /// Finds the word at the caret, "" when it stands on none.
+    void UpdateCurrentWord();
+    QString CurrentWord() const;
+
+    // Search. ------------------------------------------------------------------------------------
+
+    void SetFindText(const QString &text);
+    void SetReplaceText(const QString &text);
+    /// 0 backward from the selection, 1 forward from it, 2 both ways over the whole text.
+    void SetFindDirection(int direction);
+    void SetFindWholeWord(bool wholeWord);
+    /// 1 when found: the match is selected, shown and in the record. 0 leaves all as it was.
+    int FindFirst();
+    /// As FindFirst, but from the record, and the result is left in the record: the view stays.
+    int FindNext();
+    /// Replaces the match that the last FindFirst selected; the search goes on behind it.
+    void ReplaceCurrent();
+    /// Replaces every match in the document as one step of history.
+    void ReplaceAll();
+
+    // The view. ----------------------------------------------------------------------------------
+
+    int TopLine() const; ///< the first visible line
+    void SetTopLine(int line);
+    int LineHeight() const; ///< in pixels
+    /// The pixel position, within the control, of a text position.
+    QPoint PositionToPixels(int line, int column) const;
+
+    void SetBackColor(Color color);
+    void SetForeColor(Color color); ///< of comments
+    void SetSelectionBackColor(Color color);
+    void SetSelectionForeColor(Color color);
+
+    QString FontName() const;
+    void SetFontName(const QString &name);
+    double FontSize() const; ///< in points
+    void SetFontSize(double points);
+    void SetFontBold(bool on);
+    void SetFontItalic(bool on);
+    void SetFontUnderline(bool on);
+    void SetFontStrikethrough(bool on);
+
+    int TabSize() const; ///< in characters
+    void SetTabSize(int characters);
+    void SetAutoIndent(bool on);
+
+    // Bookmarks. ---------------------------------------------------------------------------------
+
+    /// Puts slot \a index (from 0) on \a line; -1 frees it. The line follows the edits above it.
+    void SetBookmarkLine(int index, int line);
+    /// The line of the slot, -1 when it is free.
+    int GetBookmarkLine(int index) const;
+    void SetBookmarkBackColor(int index, Color color);
+    void SetBookmarkForeColor(int index, Color color);
+    void ClearBookmarkBackColor(int index);
+    void ClearBookmarkForeColor(int index);
+
+signals:
+    void Click();
+    /// What is on screen changed: text, scroll position, size or font.
+    void Repaint();
+    void KeyDown(ardiphon::EditorKey &key);
+    /// A character is about to be typed; a handler may set it to 0 to swallow it.
+    void KeyPress(int &character);
+    void MouseButton(ardiphon::EditorMouseButton &button);
+
+private:
+    class Private;
+    const std::unique_ptr<Private> d;
+};
+
+} // namespace ardiphon

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace ardiphon {
+
+enum class MessageIcon { None, Information, Exclamation, Critical };
+enum class MessageButtons { Ok, YesNo, YesNoCancel };
+enum class Answer { Ok, Yes, No, Cancel };
+
+/// The title of a message box that has none of its own.
+inline const QString ProgramTitle = QStringLiteral("ArdiphonPro");
+
+/// A message box. Lines of \a text are separated by CR LF.
+struct Message
+{
+    QString text;
+    QString title = ProgramTitle;
+    MessageIcon icon = MessageIcon::Exclamation;
+    MessageButtons buttons = MessageButtons::Ok;
+};
+
+/// What a file dialog shows.
+struct FileQuestion
+{
+    QString title;
+    QString filter;    ///< pairs "description|patterns", joined by "|", patterns joined by ";"
+    QString directory; ///< the folder to begin in; "" leaves it to the platform
+};
+
+/// Everything that the program asks its user. The rules talk to this interface only, so they can
+/// be tested with scripted answers; a cancelled dialog is an empty optional.
+class Dialogs
+{
+public:
+    virtual ~Dialogs() = default;
+
+    /// Shows the box over the active window and waits. A box that is closed without a choice
+    /// answers Cancel where it has one, else No, else Ok.
+    virtual Answer message(const Message &message) = 0;
+
+    /// Asks for an existing file. Gives its absolute path.
+    virtual std::optional<QString> openFile(const FileQuestion &question) = 0;
+
+    /// Asks for a file to write, and before an existing one is chosen whether to overwrite it.
+    /// Gives the absolute path as it was typed: no extension is added.
+    virtual std::optional<QString> saveFile(const FileQuestion &question) = 0;
+};
+
+} // namespace ardiphon
