@@ -1,0 +1,39 @@
+#include "compile/CompilerEnvironment.h"
+
+namespace ardiphon {
+
+namespace {
+
+/// All that `LC_ALL` overrides, apart from the messages.
+constexpr const char *OtherCategories[] = {
+    "LC_CTYPE", "LC_NUMERIC", "LC_TIME",      "LC_COLLATE",     "LC_MONETARY",      "LC_PAPER",
+    "LC_NAME",  "LC_ADDRESS", "LC_TELEPHONE", "LC_MEASUREMENT", "LC_IDENTIFICATION"};
+
+} // namespace
+
+std::optional<QString> environmentVariable(const QString &name)
+{
+    const QByteArray key = name.toLatin1();
+    if (!qEnvironmentVariableIsSet(key.constData()))
+        return std::nullopt;
+    return qEnvironmentVariable(key.constData());
+}
+
+QList<EnvironmentChange> compilerEnvironment(const QString &documentFolder,
+                                             const EnvironmentLookup &lookup)
+{
+    QList<EnvironmentChange> changes{{QStringLiteral("LC_MESSAGES"), QStringLiteral("C")}};
+    const QString all = lookup(QStringLiteral("LC_ALL")).value_or(QString());
+    if (!all.isEmpty()) {
+        // LC_ALL would win over LC_MESSAGES, so its value moves to where it yields to it.
+        changes.append({QStringLiteral("LC_ALL"), std::nullopt});
+        for (const char *category : OtherCategories)
+            changes.append({QLatin1String(category), std::nullopt});
+        changes.append({QStringLiteral("LANG"), all});
+    }
+    if (lookup(QStringLiteral("SFDIR")).value_or(QString()).isEmpty())
+        changes.append({QStringLiteral("SFDIR"), documentFolder});
+    return changes;
+}
+
+} // namespace ardiphon

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/ChildProcess.h"
+
+#include <functional>
+
+namespace ardiphon {
+
+/// Gives the value of an environment variable of this process, nothing when it is not set.
+using EnvironmentLookup = std::function<std::optional<QString>(const QString &name)>;
+
+/// The real one.
+std::optional<QString> environmentVariable(const QString &name);
+
+/// What a compiler sees otherwise than this process: its messages are English, which is what the
+/// log is searched for, while all else of the locale stays; and a file that it writes by a relative
+/// name lands in \a documentFolder, unless the user has chosen another folder by `SFDIR`.
+QList<EnvironmentChange> compilerEnvironment(const QString &documentFolder,
+                                             const EnvironmentLookup &lookup = environmentVariable);
+
+} // namespace ardiphon

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+
+#include <optional>
+
+namespace ardiphon {
+
+/// How much of a log is kept from its beginning, and as much again from its end.
+struct LogPortion
+{
+    qint64 bytes = 8 * 1024 * 1024;
+    qint64 lines = 200'000;
+};
+
+/// The text of a log, with "\n" line ends. Escape sequences of terminals and NUL bytes are left
+/// out; a line that is not UTF-8 is read as Latin-1; a line of more than 4000 characters is broken,
+/// as a text view lays out whole lines.
+QString cleanLog(QByteArrayView log);
+
+/// Reads and cleans the log at \a path. Of a log that is longer than both portions the middle is
+/// not read, and one line says how much that is. Nothing when there is no regular file to read.
+std::optional<QString> readCompilerLog(const QString &path, const LogPortion &portion = {});
+
+} // namespace ardiphon

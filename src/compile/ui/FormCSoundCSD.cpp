@@ -1,0 +1,99 @@
+#include "compile/ui/FormCSoundCSD.h"
+
+#include "app/ConfigurationBlock.h"
+#include "compile/CompileRules.h"
+#include "compile/CompilerLog.h"
+#include "compile/ui/CompilerOutput.h"
+
+#include <QBoxLayout>
+#include <QFile>
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QPushButton>
+
+#include <utility>
+
+namespace ardiphon {
+
+FormCSoundCSD::FormCSoundCSD(const ConfigurationBlock &config, Dialogs &dialogs, QWidget *owner,
+                             RunSystem system)
+    : QDialog(owner), m_config(config), m_runs(dialogs, std::move(system), this)
+{
+    m_runs.compileLogFile = CompileLogFile(config.RootPath);
+    m_runs.documentFolder = QFileInfo(config.CSDFileName).absolutePath();
+    setObjectName(QStringLiteral("FormCSoundCSD"));
+    setWindowTitle(QStringLiteral("CSound Console Compiler"));
+    buildControls();
+    connect(Command2, &QPushButton::clicked, this, &FormCSoundCSD::compile);
+    connect(Command1, &QPushButton::clicked, this, &QWidget::close);
+    connect(btnStop, &QPushButton::clicked, this, [this] {
+        m_runs.requestStop();
+        btnStop->setEnabled(false);
+    });
+}
+
+void FormCSoundCSD::buildControls()
+{
+    const auto button = [this](const char *name, const char *caption) {
+        auto *made = new QPushButton(QLatin1String(caption), this);
+        made->setObjectName(QLatin1String(name));
+        return made;
+    };
+    Command2 = button("Command2", "&Compile");
+    btnStop = button("btnStop", "&Stop Compiler");
+    Command1 = button("Command1", "E&xit");
+    TxtOutputs = new CompilerOutput(this);
+    TxtOutputs->setObjectName(QStringLiteral("TxtOutputs"));
+    TxtOutputs->setTabChangesFocus(true);
+
+    auto *buttons = new QHBoxLayout;
+    buttons->addWidget(Command2);
+    buttons->addWidget(btnStop);
+    buttons->addStretch();
+    buttons->addWidget(Command1);
+    auto *all = new QVBoxLayout(this);
+    all->addWidget(TxtOutputs);
+    all->addLayout(buttons);
+    Command2->setFocus();
+    resize(760, 520);
+}
+
+void FormCSoundCSD::compile()
+{
+    const bool ended = RunConsoleProcess(
+        m_runs, m_config.FileCSound, csdParameters(m_config.CSDFileName, m_config.RootPath),
+        ExecutableDirectory(m_config.FileCSound), ShowCommand::Hidden);
+    if (m_closed) { // the compiler may have made its log again before it was killed
+        QFile::remove(m_runs.compileLogFile);
+        return;
+    }
+    if (ended)
+        showResult();
+    TxtOutputs->setFocus();
+}
+
+void FormCSoundCSD::showResult()
+{
+    if (const auto log = readCompilerLog(m_runs.compileLogFile))
+        TxtOutputs->setText(*log);
+    TxtOutputs->insertBanner(m_runs.elapsed());
+    btnStop->setEnabled(false);
+}
+
+void FormCSoundCSD::done(int result)
+{
+    QFile::remove(m_runs.compileLogFile);
+    m_closed = true;
+    m_runs.requestStop();
+    QDialog::done(result);
+}
+
+void FormCSoundCSD::keyPressEvent(QKeyEvent *event) { event->ignore(); }
+
+void FormCSoundCSD::enableStop() { btnStop->setEnabled(true); }
+
+QString FormCSoundCSD::consoleText() const { return TxtOutputs->text(); }
+
+void FormCSoundCSD::setConsoleText(const QString &text) { TxtOutputs->setText(text); }
+
+} // namespace ardiphon

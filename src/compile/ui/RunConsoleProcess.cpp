@@ -1,0 +1,186 @@
+#include "compile/ui/RunConsoleProcess.h"
+
+#include "compile/CompileRules.h"
+#include "compile/CompilerEnvironment.h"
+#include "platform/Dialogs.h"
+
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QEventLoop>
+#include <QFile>
+#include <QTimer>
+
+#include <chrono>
+#include <utility>
+
+namespace ardiphon {
+
+namespace {
+
+/// How long a killed process may take to be gone before nobody waits for it any more.
+constexpr std::chrono::seconds DeathLimit{2};
+
+/// One run. Events only wake it: all that it does, it does when control is back in it, so that
+/// runs nested in its event loop come first.
+class WaitingRun
+{
+public:
+    explicit WaitingRun(RunOwner &owner);
+
+    bool run(const ProcessStart &start);
+
+private:
+    bool start(const ProcessStart &start);
+    void reportFailedStart();
+    void stop();
+    void stepProgress();
+    void waitForNews();
+    void waitUntil(const std::function<bool()> &reached,
+                   QDeadlineTimer limit = QDeadlineTimer::Forever);
+
+    RunOwner &m_owner;
+    RunConsole *const m_console;
+    ChildProcess m_process;
+    QEventLoop m_loop;
+    QTimer m_timer;
+    qint64 m_lastSecond = 0;
+    bool m_news = false; ///< something happened since the loop was last entered
+};
+
+WaitingRun::WaitingRun(RunOwner &owner) : m_owner(owner), m_console(owner.console())
+{
+    const auto wake = [this] {
+        m_news = true;
+        m_loop.quit();
+    };
+    m_timer.setSingleShot(true);
+    QObject::connect(&m_timer, &QTimer::timeout, &m_loop, wake);
+    QObject::connect(&m_process, &ChildProcess::started, &m_loop, wake);
+    QObject::connect(&m_process, &ChildProcess::ended, &m_loop, wake);
+    QObject::connect(&m_owner, &RunOwner::stopRequested, &m_loop, wake);
+}
+
+bool WaitingRun::run(const ProcessStart &startRecord)
+{
+    if (!start(startRecord)) {
+        reportFailedStart();
+        return false;
+    }
+    if (m_console) {
+        m_console->setConsoleText(QString());
+        m_console->setConsoleText(FirstProgressText);
+    }
+    for (bool finished = false; !finished;) {
+        finished = m_process.end().has_value();
+        if (m_owner.StopRequested) {
+            stop();
+            return false;
+        }
+        if (m_console)
+            stepProgress();
+        if (finished)
+            QCoreApplication::processEvents();
+        else
+            waitForNews();
+    }
+    if (m_console)
+        m_owner.system().beep();
+    return true;
+}
+
+/// Waits, as short as it takes, until the program runs or could not start. What the user does
+/// meanwhile is handled afterwards.
+bool WaitingRun::start(const ProcessStart &startRecord)
+{
+    const bool asked = m_console && std::exchange(m_owner.StopRequested, false);
+    m_process.start(startRecord);
+    waitUntil([this] { return m_process.isStarted(); });
+    const auto end = m_process.end();
+    const bool started = !end || *end == ProcessEnd::Ended || *end == ProcessEnd::Stopped;
+    if (!started && asked) // that request was meant for the run around this one
+        m_owner.StopRequested = true;
+    return started;
+}
+
+void WaitingRun::reportFailedStart()
+{
+    const QString text = m_process.end() == ProcessEnd::NotFound
+                             ? QStringLiteral("File was not found.")
+                             : QStringLiteral("An unexpected error occured.");
+    m_owner.dialogs().message({text, ProgramTitle, MessageIcon::None});
+}
+
+void WaitingRun::stop()
+{
+    m_process.stop();
+    waitUntil([this] { return m_process.end().has_value(); }, QDeadlineTimer(DeathLimit));
+    if (m_console)
+        m_console->setConsoleText(StoppedText);
+}
+
+void WaitingRun::stepProgress()
+{
+    const qint64 now = m_owner.system().tickCount() / 1000;
+    if (now <= m_lastSecond)
+        return;
+    m_lastSecond = now;
+    const QString text = m_console->consoleText();
+    const QString next = nextProgressText(text);
+    if (next != text)
+        m_console->setConsoleText(next);
+}
+
+/// Handles events until the process ends, a stop is requested or the next second begins.
+void WaitingRun::waitForNews()
+{
+    if (m_console)
+        m_timer.start(int(1000 - m_owner.system().tickCount() % 1000));
+    m_news = false;
+    m_loop.exec();
+    if (!m_news) // no loop runs any longer: the program is about to end
+        m_owner.StopRequested = true;
+}
+
+/// Handles events, apart from the user's, until \a reached or \a limit.
+void WaitingRun::waitUntil(const std::function<bool()> &reached, QDeadlineTimer limit)
+{
+    if (!limit.isForever())
+        m_timer.start(int(limit.remainingTime()));
+    m_news = true;
+    while (m_news && !reached() && !limit.hasExpired()) {
+        m_news = false;
+        m_loop.exec(QEventLoop::ExcludeUserInputEvents);
+    }
+}
+
+} // namespace
+
+RunSystem RunSystem::real()
+{
+    return {[] { return QDeadlineTimer::current().deadline(); }, [] { QApplication::beep(); }};
+}
+
+RunOwner::RunOwner(Dialogs &dialogs, RunSystem system, RunConsole *console)
+    : m_dialogs(dialogs), m_system(std::move(system)), m_console(console)
+{
+}
+
+void RunOwner::requestStop()
+{
+    StopRequested = true;
+    emit stopRequested();
+}
+
+bool RunConsoleProcess(RunOwner &owner, const QString &executable, const QString &parameters,
+                       const QString &directory, ShowCommand showCommand)
+{
+    if (RunConsole *console = owner.console()) {
+        console->enableStop();
+        owner.CompileStartTick = owner.system().tickCount();
+        QFile::remove(owner.compileLogFile);
+    }
+    return WaitingRun(owner).run({executable, parameters, directory, showCommand,
+                                  compilerEnvironment(owner.documentFolder)});
+}
+
+} // namespace ardiphon

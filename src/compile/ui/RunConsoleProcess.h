@@ -1,0 +1,74 @@
+#pragma once
+
+#include "platform/ChildProcess.h"
+
+#include <QObject>
+
+#include <functional>
+
+namespace ardiphon {
+
+class Dialogs;
+
+/// What a run takes from the system; tests replace it.
+struct RunSystem
+{
+    std::function<qint64()> tickCount; ///< milliseconds of a clock that only goes forward
+    std::function<void()> beep;
+
+    static RunSystem real();
+};
+
+/// What a window with a console lets its runs do to it.
+class RunConsole
+{
+public:
+    virtual ~RunConsole() = default;
+    virtual void enableStop() = 0;
+    virtual QString consoleText() const = 0;
+    virtual void setConsoleText(const QString &text) = 0;
+};
+
+/// The runs of one compile window, for the window's life. The window's handlers talk to a run,
+/// which lies beneath them on the stack, through requestStop() alone.
+class RunOwner : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// \a console is null for a window that has none: its runs name no log file, show no progress
+    /// and end without a beep, and they never take back a stop.
+    RunOwner(Dialogs &dialogs, RunSystem system, RunConsole *console);
+
+    bool StopRequested = false;
+    qint64 CompileStartTick = 0; ///< when the last run began
+    QString compileLogFile;      ///< deleted before each run of a window with a console
+    QString documentFolder;      ///< where files with relative names land
+
+    /// Ends every run of this window as soon as control is back in it.
+    void requestStop();
+    /// Milliseconds since the last run began.
+    qint64 elapsed() const { return m_system.tickCount() - CompileStartTick; }
+
+    Dialogs &dialogs() const { return m_dialogs; }
+    const RunSystem &system() const { return m_system; }
+    RunConsole *console() const { return m_console; }
+
+signals:
+    void stopRequested();
+
+private:
+    Dialogs &m_dialogs;
+    RunSystem m_system;
+    RunConsole *m_console;
+};
+
+/// Starts a program and returns when it has ended, was stopped or could not start; events are
+/// handled meanwhile, so another run of the same window may nest inside. True when it ended by
+/// itself, whatever its exit code: only then the window's closing steps are due. A failed start
+/// is told to the user here.
+[[nodiscard]] bool RunConsoleProcess(RunOwner &owner, const QString &executable,
+                                     const QString &parameters, const QString &directory,
+                                     ShowCommand showCommand);
+
+} // namespace ardiphon
