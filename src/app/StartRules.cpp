@@ -19,16 +19,23 @@ DocumentKind kindOfDocument(const QString &path)
 
 void EditorWindows::show(StartWindow window) const
 {
-    // Where there is no window for projects, an orchestra or a score is edited as a plain text.
-    if (window == StartWindow::FormORCSCO && showFormORCSCO)
-        showFormORCSCO();
-    else if (window != StartWindow::Chooser)
+    if (window == StartWindow::FormCSD)
         showFormCSD();
+    else if (window == StartWindow::FormORCSCO)
+        showFormORCSCO();
 }
 
 QString LongPathName(const QString &path)
 {
-    return path.isEmpty() ? path : QDir::cleanPath(QDir::current().absoluteFilePath(path));
+    if (path.isEmpty())
+        return path;
+    const QString absolute = QDir::current().absoluteFilePath(path);
+    const QString clean = QDir::cleanPath(absolute);
+    // Behind a link to a folder, ".." leads elsewhere than the letters suggest.
+    const bool same =
+        !absolute.contains(QLatin1String("/..")) ||
+        QFileInfo(absolute).canonicalFilePath() == QFileInfo(clean).canonicalFilePath();
+    return same ? clean : absolute;
 }
 
 QString pathOfCommandText(const QString &commandText)
@@ -38,9 +45,11 @@ QString pathOfCommandText(const QString &commandText)
                                : commandText);
 }
 
-StartWindow nameDocument(ConfigurationBlock &config, const QString &path)
+StartWindow nameDocument(ConfigurationBlock &config, const EditorWindows &windows,
+                         const QString &path)
 {
-    switch (kindOfDocument(path)) {
+    const DocumentKind kind = windows.offerProjects() ? kindOfDocument(path) : DocumentKind::Csd;
+    switch (kind) {
     case DocumentKind::Orchestra:
         config.OrchestraFileName = path;
         return StartWindow::FormORCSCO;
@@ -54,17 +63,18 @@ StartWindow nameDocument(ConfigurationBlock &config, const QString &path)
     return StartWindow::FormCSD;
 }
 
-StartWindow decideStart(ConfigurationBlock &config, const QString &commandText)
+StartWindow decideStart(ConfigurationBlock &config, const EditorWindows &windows,
+                        const QString &commandText)
 {
     config.CSDFileName.clear();
     config.OrchestraFileName.clear();
     config.ScoreFileName.clear();
     if (!commandText.isEmpty())
-        return nameDocument(config, pathOfCommandText(commandText));
+        return nameDocument(config, windows, pathOfCommandText(commandText));
     if (config.StartupAction == QLatin1String("CSD"))
         return StartWindow::FormCSD;
     if (config.StartupAction == QLatin1String("ORCSCO"))
-        return StartWindow::FormORCSCO;
+        return windows.offerProjects() ? StartWindow::FormORCSCO : StartWindow::FormCSD;
     return StartWindow::Chooser;
 }
 

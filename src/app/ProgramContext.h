@@ -1,0 +1,20 @@
+#pragma once
+
+#include "app/StartRules.h"
+
+namespace ardiphon {
+
+struct ConfigurationBlock;
+class SettingsStore;
+class Dialogs;
+
+/// What the program's start hands to every window.
+struct ProgramContext
+{
+    ConfigurationBlock &config;
+    SettingsStore &settings;
+    Dialogs &dialogs;
+    EditorWindows windows; ///< filled once the windows can be made
+};
+
+} // namespace ardiphon

@@ -1,0 +1,197 @@
+#include "app/ui/ChooserWindow.h"
+
+#include "app/ui/ChooserColors.h"
+#include "app/ui/ChooserLabel.h"
+#include "app/ui/PictureButton.h"
+
+#include <QCursor>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace ardiphon {
+
+namespace {
+
+constexpr int EdgeWidth = 1;
+constexpr int TimerInterval = 10; // milliseconds
+
+QPalette fixedPalette()
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, chooser::Back);
+    palette.setColor(QPalette::WindowText, chooser::Text);
+    return palette;
+}
+
+QPalette stripPalette()
+{
+    QPalette palette = fixedPalette();
+    palette.setColor(QPalette::Window, chooser::Strip);
+    palette.setColor(QPalette::WindowText, chooser::StripText);
+    return palette;
+}
+
+} // namespace
+
+ChooserWindow::ChooserWindow(const QString &caption, QWidget *owner, Qt::WindowFlags kind)
+    : QDialog(owner, kind | Qt::FramelessWindowHint)
+{
+    setWindowTitle(caption);
+    setPalette(fixedPalette());
+    setMouseTracking(true);
+    // The window itself has the focus until Tab is pressed, so that no picture looks chosen.
+    setFocusPolicy(Qt::StrongFocus);
+    setFocus();
+
+    Timer1.setObjectName(QStringLiteral("Timer1"));
+    Timer1.setInterval(TimerInterval);
+    connect(&Timer1, &QTimer::timeout, this, &ChooserWindow::darkenWhenLeft);
+}
+
+PictureButton *ChooserWindow::addPicture(Picture picture, const QString &name,
+                                         const QString &accessibleName,
+                                         std::function<void()> choice)
+{
+    auto *const button = new PictureButton(picture, this);
+    button->setObjectName(name);
+    button->setAccessibleName(accessibleName);
+    connect(button, &PictureButton::pointed, this, [this, button] { lightPicture(button); });
+    connect(button, &PictureButton::pressed, this, [this, button] { press(button); });
+    connect(button, &PictureButton::released, this, [this, button] { release(button); });
+    connect(button, &PictureButton::clicked, this, std::move(choice));
+    m_pictures.append(button);
+    return button;
+}
+
+QLayout *ChooserWindow::addDocumentPictures(const std::function<void()> &newCsd,
+                                            const std::function<void()> &newProject)
+{
+    auto *const row = new QHBoxLayout;
+    row->setSpacing(10);
+    const auto add = [this, row](Picture picture, const char *name, const char *accessibleName,
+                                 Qt::Key key, const std::function<void()> &choice) {
+        PictureButton *const button = addPicture(picture, QString::fromLatin1(name),
+                                                 QString::fromLatin1(accessibleName), choice);
+        button->setReleaseCountsAnywhere(true);
+        row->addWidget(button, 0, Qt::AlignVCenter);
+        addKey(key, choice);
+    };
+    add(Picture::Csd, "picCSD", "CSD", Qt::Key_C, newCsd);
+    if (newProject)
+        add(Picture::OrcSco, "picORCSCO", "ORC/SCO", Qt::Key_O, newProject);
+    return row;
+}
+
+void ChooserWindow::addLabel(ChooserLabel *label)
+{
+    connect(label, &ChooserLabel::pointed, this, [this, label] { lightLabel(label); });
+    m_labels.append(label);
+}
+
+void ChooserWindow::layOut(QWidget *title, const QList<QWidget *> &buttons, QLayout *body)
+{
+    auto *const strip = new QWidget(this);
+    strip->setAutoFillBackground(true);
+    strip->setPalette(stripPalette());
+    strip->setMouseTracking(true);
+    auto *const stripRow = new QHBoxLayout(strip);
+    stripRow->setContentsMargins(12, 5, 5, 5);
+    stripRow->setSpacing(4);
+    stripRow->addWidget(title, 1);
+    for (QWidget *const button : buttons)
+        stripRow->addWidget(button);
+
+    auto *const rows = new QVBoxLayout(this);
+    rows->setContentsMargins(EdgeWidth, EdgeWidth, EdgeWidth, EdgeWidth);
+    rows->setSpacing(0);
+    rows->setSizeConstraint(QLayout::SetFixedSize);
+    rows->addWidget(strip);
+    rows->addLayout(body);
+}
+
+void ChooserWindow::lightPicture(PictureButton *lit)
+{
+    if (!ButtonPressed)
+        lightOnly(lit, nullptr);
+}
+
+void ChooserWindow::lightLabel(ChooserLabel *lit)
+{
+    if (!ButtonPressed)
+        lightOnly(nullptr, lit);
+}
+
+void ChooserWindow::darken()
+{
+    if (!ButtonPressed)
+        lightOnly(nullptr, nullptr);
+}
+
+/// Lights one picture, one label or neither, and darkens all the rest.
+void ChooserWindow::lightOnly(PictureButton *picture, ChooserLabel *label)
+{
+    for (PictureButton *const each : std::as_const(m_pictures))
+        each->setState(each == picture ? PictureState::Color : PictureState::Gray);
+    for (ChooserLabel *const each : std::as_const(m_labels))
+        each->setLit(each == label && !each->text().isEmpty());
+    if (!picture && !label)
+        Timer1.stop();
+    else if (!Timer1.isActive())
+        Timer1.start();
+}
+
+void ChooserWindow::press(PictureButton *picture)
+{
+    lightOnly(picture, nullptr);
+    picture->setState(PictureState::Press);
+    ButtonPressed = true;
+}
+
+void ChooserWindow::release(PictureButton *picture)
+{
+    picture->setState(PictureState::Color);
+    ButtonPressed = false;
+}
+
+/// The mouse may leave the window without a move over its background.
+void ChooserWindow::darkenWhenLeft()
+{
+    if (!WindowRect().contains(QCursor::pos()))
+        darken();
+}
+
+QRect ChooserWindow::WindowRect() const
+{
+    // Its right and bottom are left plus width and top plus height, and count as inside.
+    return frameGeometry().adjusted(0, 0, 1, 1);
+}
+
+void ChooserWindow::keyPressEvent(QKeyEvent *event)
+{
+    const Qt::KeyboardModifiers others =
+        event->modifiers() & ~Qt::KeyboardModifiers(Qt::AltModifier | Qt::KeypadModifier);
+    const auto choice = m_keys.value(event->key());
+    if (choice && others == Qt::NoModifier)
+        choice();
+    else
+        event->ignore();
+}
+
+void ChooserWindow::mouseMoveEvent(QMouseEvent *) { darken(); }
+
+void ChooserWindow::leaveEvent(QEvent *)
+{
+    // Some systems tell where the mouse is only while it is over a window of ours.
+    darken();
+}
+
+void ChooserWindow::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), chooser::Edge);
+    painter.fillRect(rect().adjusted(EdgeWidth, EdgeWidth, -EdgeWidth, -EdgeWidth), chooser::Back);
+}
+
+} // namespace ardiphon

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "app/ui/PictureDrawing.h"
+
+#include <QDialog>
+#include <QHash>
+#include <QTimer>
+
+#include <functional>
+
+class QLayout;
+
+namespace ardiphon {
+
+class ChooserLabel;
+class PictureButton;
+
+/// What the two choosers share: a small window without a frame whose pictures and labels are lit
+/// under the mouse and whose choices have a key each.
+class ChooserWindow : public QDialog
+{
+    Q_OBJECT
+
+protected:
+    ChooserWindow(const QString &caption, QWidget *owner, Qt::WindowFlags kind);
+
+    /// Makes a picture that is lit under the mouse. \a choice runs when it is clicked.
+    PictureButton *addPicture(Picture picture, const QString &name, const QString &accessibleName,
+                              std::function<void()> choice);
+    /// Makes `picCSD` and `picORCSCO`, side by side, with their keys C and O. Without a choice for
+    /// projects there is no `picORCSCO`.
+    QLayout *addDocumentPictures(const std::function<void()> &newCsd,
+                                 const std::function<void()> &newProject);
+    /// Has \a label lit under the mouse.
+    void addLabel(ChooserLabel *label);
+    /// Runs \a choice when \a key is pressed alone or with Alt.
+    void addKey(Qt::Key key, std::function<void()> choice) { m_keys[key] = std::move(choice); }
+
+    /// Puts \a title and the small pictures \a buttons on a strip at the top, \a body below it.
+    void layOut(QWidget *title, const QList<QWidget *> &buttons, QLayout *body);
+
+    /// Turns every picture gray and every label transparent; nothing while a picture is pressed.
+    void darken();
+
+    void keyPressEvent(QKeyEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void lightPicture(PictureButton *lit);
+    void lightLabel(ChooserLabel *lit);
+    void lightOnly(PictureButton *picture, ChooserLabel *label);
+    void press(PictureButton *picture);
+    void release(PictureButton *picture);
+    void darkenWhenLeft();
+    QRect WindowRect() const;
+
+    QList<PictureButton *> m_pictures;
+    QList<ChooserLabel *> m_labels;
+    QHash<int, std::function<void()>> m_keys;
+    QTimer Timer1{this}; ///< runs only while something is lit
+    bool ButtonPressed = false;
+};
+
+} // namespace ardiphon

@@ -1,0 +1,213 @@
+#include "app/ui/Form1.h"
+
+#include "app/ConfigurationBlock.h"
+#include "app/RecentFiles.h"
+#include "app/modRegistry.h"
+#include "app/ui/ChooserLabel.h"
+#include "app/ui/PictureButton.h"
+#include "app/ui/TitleStrip.h"
+#include "platform/Dialogs.h"
+#include "platform/Twips.h"
+
+#include <QCloseEvent>
+#include <QDir>
+#include <QGridLayout>
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace ardiphon {
+
+namespace {
+
+constexpr int FileLabelWidth = 290; // logical pixels
+constexpr int KeyLabelWidth = 22;
+constexpr int BrowseIndex = 4;
+
+// What a label shows for an empty entry of the recent list; it opens nothing.
+const QString NoFile = QStringLiteral("...");
+
+const QString BrowseFilter =
+    QStringLiteral("Csound Files (*.csd;*.orc;*.sco)|*.csd;*.orc;*.sco|CSD Files (*.csd)|*.csd|"
+                   "ORC Files (*.orc)|*.orc|SCO Files (*.sco)|*.sco|Text Files (*.txt)|*.txt|"
+                   "All Files (*.*)|*.*");
+
+} // namespace
+
+Form1::Form1(ConfigurationBlock &config, SettingsStore &store, Dialogs &dialogs,
+             EditorWindows windows, QWidget *parent)
+    : ChooserWindow(QStringLiteral("ArdiphonPro Startup"), parent, Qt::Window),
+      m_config(config),
+      m_store(store),
+      m_dialogs(dialogs),
+      m_windows(std::move(windows))
+{
+    setObjectName(QStringLiteral("Form1"));
+}
+
+void Form1::Load(const QString &commandText, const QString &programFolder, const QString &rootPath)
+{
+    LoadConfiguration(m_config, m_store);
+    m_config.Words.LoadWordTables(programFolder);
+    setDefaultGeometry();
+    m_config.RootPath = rootPath;
+
+    const StartWindow window = decideStart(m_config, m_windows, commandText);
+    if (window == StartWindow::Chooser)
+        prepareChooser();
+    else
+        m_windows.show(window);
+}
+
+void Form1::setDefaultGeometry()
+{
+    m_config.WorkArea = QGuiApplication::primaryScreen()->availableGeometry();
+    m_config.WindowLeft = 0;
+    m_config.WindowTop = 0;
+    m_config.WindowWidth = toTwips(m_config.WorkArea.x() + m_config.WorkArea.width());
+    m_config.WindowHeight = toTwips(m_config.WorkArea.y() + m_config.WorkArea.height());
+}
+
+void Form1::prepareChooser()
+{
+    m_config.WindowLeft = 0;
+    m_config.WindowTop = 0;
+    m_config.WindowWidth = 700;
+    m_config.WindowHeight = 500;
+    build();
+    readFiles();
+    show();
+    const QString first =
+        ReadRegistryString(m_store, registry::InstallPathKey, QStringLiteral("First"));
+    if (first == QLatin1String("1") && showAssociate)
+        showAssociate(this);
+}
+
+void Form1::build()
+{
+    auto *const body = new QHBoxLayout;
+    body->setContentsMargins(16, 18, 16, 18);
+    body->setSpacing(18);
+    body->addLayout(buildDocuments());
+    body->addLayout(buildFiles());
+    layOut(buildTitle(), buildSmallPictures(), body);
+}
+
+QWidget *Form1::buildTitle()
+{
+    auto *const labelBAR = new TitleStrip(windowTitle(), this);
+    labelBAR->setObjectName(QStringLiteral("labelBAR"));
+    connect(labelBAR, &TitleStrip::pointed, this, [this] { darken(); });
+    return labelBAR;
+}
+
+QList<QWidget *> Form1::buildSmallPictures()
+{
+    QList<QWidget *> pictures;
+    const auto add = [&](Picture picture, const char *name, const char *tip,
+                         std::function<void()> choice) {
+        const QString text = QString::fromLatin1(tip);
+        pictures.append(addPicture(picture, QString::fromLatin1(name), text, std::move(choice)));
+        pictures.last()->setToolTip(text);
+    };
+    if (showAbout)
+        add(Picture::Info, "picInfo", "Informations", [this] { showAbout(this); });
+    add(Picture::Close, "picChiudi", "Exit Ardiphon", [this] { leave(); });
+    return pictures;
+}
+
+QLayout *Form1::buildDocuments()
+{
+    const auto project = [this] { newProject(); };
+    return addDocumentPictures([this] { newCsd(); }, m_windows.offerProjects()
+                                                         ? std::function<void()>(project)
+                                                         : std::function<void()>());
+}
+
+QLayout *Form1::buildFiles()
+{
+    auto *const grid = new QGridLayout;
+    grid->setHorizontalSpacing(2);
+    grid->setVerticalSpacing(4);
+    for (int i = 0; i < int(LabelFiles.size()); ++i) {
+        auto *const file = new ChooserLabel(QStringLiteral("- BROWSE -"), FileLabelWidth, this);
+        file->setObjectName(QStringLiteral("LabelFiles(%1)").arg(i));
+        addLabel(file);
+        grid->addWidget(file, i, 1);
+        LabelFiles[std::size_t(i)] = file;
+        if (i == BrowseIndex)
+            break;
+        auto *const key = new ChooserLabel(QStringLiteral("&%1").arg(i + 1), KeyLabelWidth, this);
+        key->setObjectName(QStringLiteral("Label%1").arg(i + 1));
+        key->showAccessKey();
+        key->setAttribute(Qt::WA_TransparentForMouseEvents); // it counts as background
+        grid->addWidget(key, i, 0);
+        connect(file, &ChooserLabel::clicked, this, [this, i] { openListed(i); });
+        addKey(Qt::Key(Qt::Key_1 + i), [this, i] { openListed(i); });
+    }
+    connect(LabelFiles[BrowseIndex], &ChooserLabel::clicked, this, [this] { browse(); });
+    addKey(Qt::Key_B, [this] { browse(); });
+    return grid;
+}
+
+void Form1::readFiles()
+{
+    ReadRecentFiles(m_config, m_store);
+    for (std::size_t i = 0; i < RecentFileCount; ++i) {
+        const QString &path = m_config.RecentFiles[i + 1];
+        LabelFiles[i]->setText(path.isEmpty() ? NoFile : path);
+    }
+}
+
+void Form1::newCsd()
+{
+    m_config.CSDFileName.clear();
+    openEditor(StartWindow::FormCSD);
+}
+
+void Form1::newProject()
+{
+    m_config.OrchestraFileName.clear();
+    m_config.ScoreFileName.clear();
+    openEditor(StartWindow::FormORCSCO);
+}
+
+void Form1::openListed(int index)
+{
+    const QString path = LabelFiles[std::size_t(index)]->text();
+    if (path != NoFile)
+        openFile(path);
+}
+
+void Form1::browse()
+{
+    const QString folder =
+        m_config.WorkingDirectory.isEmpty() ? QDir::currentPath() : m_config.WorkingDirectory;
+    const auto path = m_dialogs.openFile({QStringLiteral("Open Files"), BrowseFilter, folder});
+    if (!path)
+        return;
+    m_config.StartFileName = *path;
+    openFile(*path);
+}
+
+void Form1::openFile(const QString &path) { openEditor(nameDocument(m_config, m_windows, path)); }
+
+void Form1::openEditor(StartWindow window)
+{
+    m_windows.show(window);
+    close();
+}
+
+void Form1::leave()
+{
+    m_config.FormCSDClosing = true;
+    close();
+}
+
+void Form1::closeEvent(QCloseEvent *event)
+{
+    if (m_config.FormCSDClosing)
+        m_config.Words.CloseOpcodeFile();
+    ChooserWindow::closeEvent(event);
+}
+
+} // namespace ardiphon

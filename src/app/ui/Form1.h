@@ -1,0 +1,63 @@
+#pragma once
+
+#include "app/StartRules.h"
+#include "app/ui/ChooserWindow.h"
+
+#include <array>
+
+namespace ardiphon {
+
+struct ConfigurationBlock;
+class ChooserLabel;
+class Dialogs;
+class SettingsStore;
+
+/// The start window. Its load is the start of the program; it stays on the screen, as a chooser,
+/// only when nothing tells which document to open.
+class Form1 : public ChooserWindow
+{
+    Q_OBJECT
+
+public:
+    Form1(ConfigurationBlock &config, SettingsStore &store, Dialogs &dialogs, EditorWindows windows,
+          QWidget *parent = nullptr);
+
+    /// Shows the information about the program, or the question about the file types, over the
+    /// window given. Without the one `picInfo` is not there, without the other nothing is asked.
+    std::function<void(QWidget *)> showAbout;
+    std::function<void(QWidget *)> showAssociate;
+
+    /// Fills the configuration, reads the word tables of \a programFolder, and opens an editor
+    /// window or shows the chooser. \a commandText: the command line, taken as one path, or "".
+    /// \a rootPath: the private folder of this run, with its closing "/".
+    void Load(const QString &commandText, const QString &programFolder, const QString &rootPath);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void setDefaultGeometry();
+    void prepareChooser();
+    void build();
+    QWidget *buildTitle();
+    QList<QWidget *> buildSmallPictures();
+    QLayout *buildDocuments();
+    QLayout *buildFiles();
+    void readFiles();
+
+    void newCsd();
+    void newProject();
+    void openListed(int index);
+    void browse();
+    void openFile(const QString &path);
+    void openEditor(StartWindow window);
+    void leave();
+
+    ConfigurationBlock &m_config;
+    SettingsStore &m_store;
+    Dialogs &m_dialogs;
+    EditorWindows m_windows;
+    std::array<ChooserLabel *, 5> LabelFiles{}; ///< 0 to 3 the recent files, 4 the browse entry
+};
+
+} // namespace ardiphon

@@ -1,0 +1,45 @@
+#include "app/ui/FormNew.h"
+
+#include "app/ConfigurationBlock.h"
+#include "app/StartRules.h"
+#include "app/ui/PictureButton.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+
+namespace ardiphon {
+
+FormNew::FormNew(ConfigurationBlock &config, const EditorWindows &windows, QWidget *owner)
+    : ChooserWindow(QStringLiteral("New"), owner, Qt::Dialog), m_config(config)
+{
+    setObjectName(QStringLiteral("FormNew"));
+    setModal(true);
+    m_config.NewDocumentChoice.clear();
+
+    std::function<void()> newProject;
+    if (windows.offerProjects())
+        newProject = [this] { choose(QStringLiteral("NEWORCSCO")); };
+    auto *const body = new QHBoxLayout;
+    body->setContentsMargins(16, 18, 16, 18);
+    body->addLayout(addDocumentPictures([this] { choose(QStringLiteral("NEWCSD")); }, newProject));
+
+    PictureButton *const picChiudi = addPicture(Picture::Close, QStringLiteral("picChiudi"),
+                                                QStringLiteral("Exit"), [this] { close(); });
+    picChiudi->setToolTip(QStringLiteral("Exit"));
+    addKey(Qt::Key_Escape, [this] { close(); });
+    layOut(new QLabel(windowTitle(), this), {picChiudi}, body);
+}
+
+void FormNew::showModal(ConfigurationBlock &config, const EditorWindows &windows, QWidget *owner)
+{
+    FormNew chooser(config, windows, owner);
+    chooser.exec();
+}
+
+void FormNew::choose(const QString &choice)
+{
+    m_config.NewDocumentChoice = choice;
+    close();
+}
+
+} // namespace ardiphon

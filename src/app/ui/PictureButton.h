@@ -1,0 +1,44 @@
+#pragma once
+
+#include "app/ui/PictureDrawing.h"
+
+#include <QAbstractButton>
+
+namespace ardiphon {
+
+/// A button that is one picture in three states. It is told its state: the window that it lies in
+/// decides which picture is lit. It signals pressed() and released() of the left mouse button, and
+/// clicked() when that counts as a choice, by the keyboard too.
+class PictureButton : public QAbstractButton
+{
+    Q_OBJECT
+
+public:
+    PictureButton(Picture picture, QWidget *parent);
+
+    PictureState state() const { return m_state; }
+    void setState(PictureState state);
+
+    /// Whether a press chooses wherever the mouse is released. Otherwise, as at first, only a
+    /// release over the picture does.
+    void setReleaseCountsAnywhere(bool anywhere) { m_releaseCountsAnywhere = anywhere; }
+
+    QSize sizeHint() const override { return pictureSize(m_picture); }
+
+signals:
+    /// The mouse moves over the picture.
+    void pointed();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    Picture m_picture;
+    PictureState m_state = PictureState::Gray;
+    bool m_releaseCountsAnywhere = false;
+};
+
+} // namespace ardiphon

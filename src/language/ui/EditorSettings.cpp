@@ -1,0 +1,21 @@
+#include "language/ui/EditorSettings.h"
+
+#include "app/ConfigurationBlock.h"
+#include "app/Numbers.h"
+#include "language/editor/LEditOCX.h"
+
+namespace ardiphon {
+
+void applySettings(LEditOCX &editor, const ConfigurationBlock &config)
+{
+    editor.SetTabSize(int(leadingNumber(config.TabSize)));
+    editor.SetBackColor(config.ColorBackground);
+    editor.SetForeColor(config.ColorReminders);
+    editor.SetSelectionBackColor(config.ColorSelectionBack);
+    editor.SetSelectionForeColor(config.ColorSelectionFore);
+    editor.SetFontName(config.DefaultFontName);
+    editor.SetFontSize(config.FontSize);
+    editor.SetAutoIndent(leadingNumber(config.AutoIndent) == 1);
+}
+
+} // namespace ardiphon

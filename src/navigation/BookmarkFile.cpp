@@ -1,0 +1,83 @@
+#include "navigation/BookmarkFile.h"
+
+#include "app/Numbers.h"
+
+#include <QFile>
+#include <QSaveFile>
+
+#include <limits>
+
+namespace ardiphon {
+
+namespace {
+
+// Each slot is a record of two fields, single-byte characters filled up with blanks.
+constexpr int FieldLength = 20;
+constexpr int RecordLength = 2 * FieldLength;
+const QString NoBookmark = QStringLiteral("[NONE]");
+
+constexpr int ShownCharacters = 16;
+
+QByteArray field(const QString &text)
+{
+    return text.toLatin1().leftJustified(FieldLength, ' ', true);
+}
+
+QByteArray record(const Bookmark &bookmark)
+{
+    if (bookmark.isFree())
+        return field(NoBookmark) + field(NoBookmark);
+    return field(QString::number(bookmark.line)) + field(bookmark.text);
+}
+
+Bookmark bookmarkOf(const QByteArray &record)
+{
+    const QString text = QString::fromLatin1(record.mid(FieldLength));
+    if (text.trimmed() == NoBookmark)
+        return {};
+    const double line = leadingNumber(QString::fromLatin1(record.left(FieldLength)));
+    return {text, line < 1 ? -1 : roundedWithin(line, 1, std::numeric_limits<int>::max())};
+}
+
+} // namespace
+
+QString bookmarkFilePath(const QString &documentPath, const QString &extension)
+{
+    return documentPath.left(documentPath.lastIndexOf(u'.') + 1) + extension;
+}
+
+QString bookmarkText(const QString &lineText)
+{
+    QString text = lineText.left(ShownCharacters).trimmed();
+    text.replace(u'\r', u' ').replace(u'\t', u' ');
+    return (QStringLiteral("-> ") + text).trimmed();
+}
+
+bool writeBookmarkFile(const QString &path, const BookmarkSet &bookmarks)
+{
+    bool anyUsed = false;
+    QByteArray bytes;
+    for (const Bookmark &bookmark : bookmarks) {
+        anyUsed = anyUsed || !bookmark.isFree();
+        bytes += record(bookmark);
+    }
+    if (!anyUsed) {
+        QFile::remove(path);
+        return false;
+    }
+    QSaveFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+}
+
+std::optional<BookmarkSet> readBookmarkFile(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    BookmarkSet bookmarks;
+    for (Bookmark &bookmark : bookmarks)
+        bookmark = bookmarkOf(file.read(RecordLength).leftJustified(RecordLength, ' '));
+    return bookmarks;
+}
+
+} // namespace ardiphon

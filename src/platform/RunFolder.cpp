@@ -1,0 +1,54 @@
+#include "platform/RunFolder.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+#include <cerrno>
+#include <csignal>
+#include <unistd.h>
+
+namespace ardiphon {
+
+namespace {
+
+const QString Prefix = QStringLiteral("ardiphon-");
+
+QString usableParent(const QString &parent)
+{
+    return parent.contains(u' ') ? QStringLiteral("/tmp") : parent;
+}
+
+bool isRunning(qint64 process)
+{
+    return kill(pid_t(process), 0) == 0 || errno == EPERM;
+}
+
+/// Folders are named ardiphon-<process>-<random>, so one without its process is a dead run's.
+void removeLeftovers(const QString &parent)
+{
+    const auto folders = QDir(parent).entryInfoList({Prefix + u'*'}, QDir::Dirs | QDir::NoSymLinks);
+    for (const QFileInfo &folder : folders) {
+        const qint64 process = folder.fileName().section(u'-', 1, 1).toLongLong();
+        if (process > 0 && folder.ownerId() == geteuid() && !isRunning(process))
+            QDir(folder.absoluteFilePath()).removeRecursively();
+    }
+}
+
+QString folderTemplate(const QString &parent)
+{
+    removeLeftovers(parent);
+    return QStringLiteral("%1/%2%3-XXXXXX")
+        .arg(parent, Prefix)
+        .arg(QCoreApplication::applicationPid());
+}
+
+} // namespace
+
+RunFolder::RunFolder(const QString &parent) : m_folder(folderTemplate(usableParent(parent))) {}
+
+QString RunFolder::path() const
+{
+    return m_folder.isValid() ? m_folder.path() + u'/' : QString();
+}
+
+} // namespace ardiphon

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/Dialogs.h"
+
+namespace ardiphon {
+
+/// The dialogs of the toolkit, each over the active window.
+class QtDialogs : public Dialogs
+{
+public:
+    Answer message(const Message &message) override;
+    std::optional<QString> openFile(const FileQuestion &question) override;
+    std::optional<QString> saveFile(const FileQuestion &question) override;
+};
+
+} // namespace ardiphon

@@ -1,0 +1,54 @@
+#!/usr/bin/env bash
+# Holds the order between the folders of src/: a file includes only its own folder and those below
+# it, and what belongs to the system or to one library is included where it is meant to be.
+set -u
+cd "$1" || exit 2
+failures=0
+
+fail() {
+    echo "$*"
+    failures=$((failures + 1))
+}
+
+level() {
+    case $1 in
+        platform) echo 0 ;;
+        app) echo 1 ;;
+        language) echo 2 ;;
+        navigation | audio) echo 3 ;;
+        compile | preferences | analysis) echo 4 ;;
+        documents) echo 5 ;;
+        *) echo 9 ;;
+    esac
+}
+
+includes() { grep -rnE "^#include $1" --include='*.cpp' --include='*.h' .; }
+
+while IFS=: read -r file line text; do
+    from=${file#./} from=${from%%/*}
+    [ -d "$from" ] || continue # main.cpp stands above all
+    to=${text#*\"} to=${to%%/*}
+    if [ "$from" != "$to" ] && [ "$(level "$to")" -ge "$(level "$from")" ]; then
+        fail "$file:$line: $from must not know $to"
+    fi
+done < <(includes '"')
+
+# only PATTERN PLACE: no file but those under PLACE includes what PATTERN names.
+only() {
+    while IFS=: read -r file line text; do
+        case ${file#./} in
+            $2*) ;;
+            *) fail "$file:$line: ${text#\#include } belongs to $2 alone" ;;
+        esac
+    done < <(includes "$1")
+}
+
+only '<Qsci' language/editor/
+only '<QProcess>' platform/
+only '<(QMessageBox|QFileDialog|QColorDialog|QInputDialog)>' platform/ui/
+
+if includes '<QtWidgets|<Q(Widget|Application|MainWindow|Dialog|Label|Menu)>' |
+    grep -vE '^\./(main\.cpp|[a-z]+/ui/|language/editor/)'; then
+    fail "a rule without a window includes a widget"
+fi
+[ "$failures" -eq 0 ]
