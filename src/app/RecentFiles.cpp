@@ -23,7 +23,6 @@ bool isListed(const ConfigurationBlock &config, const QString &path)
 
 void ReadRecentFiles(ConfigurationBlock &config, SettingsStore &store)
 {
-    store.file().sync();
     for (int entry = 1; entry <= RecentFileCount; ++entry)
         config.RecentFiles[std::size_t(entry)] =
             ReadRegistryString(store, registry::RecentFilesKey, valueName(entry));

@@ -40,6 +40,7 @@ QString SettingsStore::userFilePath()
 QString ReadRegistryString(SettingsStore &store, const QString &keyPath, const QString &valueName,
                            const QString &defaultText)
 {
+    store.file().sync(); // another running copy may have written meanwhile
     const QVariant value =
         store.file().value(storedPath(store.file(), pathInFile(keyPath, valueName)));
     if (value.typeId() != QMetaType::QString)
@@ -52,7 +53,7 @@ void WriteRegistryString(SettingsStore &store, const QString &keyPath, const QSt
                          const QString &text)
 {
     QSettings &file = store.file();
-    file.sync(); // another running copy may have written meanwhile
+    file.sync();
     file.setValue(storedPath(file, pathInFile(keyPath, valueName)), text);
     file.sync();
 }

@@ -30,8 +30,9 @@ inline const QString RecentFilesKey = QStringLiteral("Software\\Ardiphon\\Recent
 inline const QString InstallPathKey = QStringLiteral("Software\\Ardiphon\\InstallPath\\");
 } // namespace registry
 
-/// The text of a value, up to its first NUL. \a defaultText when the value is missing or is no
-/// text (a list, a byte array, a number that the file marks as such).
+/// The text of a value, up to its first NUL, as another running copy may have left it.
+/// \a defaultText when the value is missing or is no text (a list, a byte array, a number that the
+/// file marks as such).
 QString ReadRegistryString(SettingsStore &store, const QString &keyPath, const QString &valueName,
                            const QString &defaultText = {});
 
