@@ -52,9 +52,16 @@ QString ReadRegistryString(SettingsStore &store, const QString &keyPath, const Q
 void WriteRegistryString(SettingsStore &store, const QString &keyPath, const QString &valueName,
                          const QString &text)
 {
+    WriteRegistryStrings(store, keyPath, {{valueName, text}});
+}
+
+void WriteRegistryStrings(SettingsStore &store, const QString &keyPath,
+                          const QList<std::pair<QString, QString>> &values)
+{
     QSettings &file = store.file();
     file.sync();
-    file.setValue(storedPath(file, pathInFile(keyPath, valueName)), text);
+    for (const auto &[name, text] : values)
+        file.setValue(storedPath(file, pathInFile(keyPath, name)), text);
     file.sync();
 }
 

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QList>
 #include <QSettings>
 #include <QString>
+
+#include <utility>
 
 namespace ardiphon {
 
@@ -40,5 +43,9 @@ QString ReadRegistryString(SettingsStore &store, const QString &keyPath, const Q
 /// reported, and leaves the file as it was.
 void WriteRegistryString(SettingsStore &store, const QString &keyPath, const QString &valueName,
                          const QString &text);
+
+/// The same for several values of one key, each a name and a text. The file takes all or none.
+void WriteRegistryStrings(SettingsStore &store, const QString &keyPath,
+                          const QList<std::pair<QString, QString>> &values);
 
 } // namespace ardiphon

@@ -6,6 +6,7 @@
 #include "support/ScriptedDialogs.h"
 
 #include <QDir>
+#include <QMouseEvent>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -412,7 +413,6 @@ void tst_Form1::picORCSCO_released_opensEmptyProject()
 
 void tst_Form1::picCSD_releasedOutside_opensToo()
 {
-    load();
     PictureState whenShown = PictureState::Gray;
     m_windows.showFormCSD = [&] {
         m_shown << "FormCSD";

@@ -21,6 +21,7 @@ private slots:
     void read_otherCase_findsValue();
     void write_otherCase_replacesValue();
     void write_sameNameInOtherKey_isAnotherValue();
+    void write_severalValues_keepsAll();
     void key_withAndWithoutClosingBackslash_isTheSame();
     void roundTrip_data();
     void roundTrip();
@@ -99,6 +100,16 @@ void tst_modRegistry::write_sameNameInOtherKey_isAnotherValue()
     WriteRegistryString(*m_store, registry::WindowKey, "Toolbar", "b");
     QCOMPARE(read("Toolbar"), "a");
     QCOMPARE(ReadRegistryString(*m_store, registry::WindowKey, "Toolbar"), "b");
+}
+
+void tst_modRegistry::write_severalValues_keepsAll()
+{
+    WriteRegistryString(*m_store, SettingsKey, "first", "old");
+    WriteRegistryStrings(*m_store, SettingsKey, {{"First", "1"}, {"Second", "2"}});
+    SettingsStore other(path());
+    QCOMPARE(ReadRegistryString(other, SettingsKey, "First"), "1");
+    QCOMPARE(ReadRegistryString(other, SettingsKey, "Second"), "2");
+    QCOMPARE(other.file().allKeys().size(), 2);
 }
 
 void tst_modRegistry::key_withAndWithoutClosingBackslash_isTheSame()
