@@ -317,6 +317,8 @@ void tst_Form1::window_hasCaptionAndNoFrame()
     QCOMPARE(m_form->objectName(), "Form1");
     QCOMPARE(m_form->windowTitle(), "ArdiphonPro Startup");
     QVERIFY(m_form->windowFlags().testFlag(Qt::FramelessWindowHint));
+    const QPoint middle = QGuiApplication::primaryScreen()->availableGeometry().center();
+    QVERIFY((m_form->geometry().center() - middle).manhattanLength() <= 2);
 }
 
 void tst_Form1::controls_haveCaptionsAndTooltips()
