@@ -263,14 +263,15 @@ void tst_CsdCompileRules::cleanLog_bytes_text_data()
 void tst_CsdCompileRules::cleanLog_bytes_text()
 {
     QFETCH(QByteArray, bytes);
-    QTEST(cleanLog(bytes), "text");
+    QFETCH(QString, text);
+    QCOMPARE(cleanLog(bytes), text.replace(u'\n', QStringLiteral("\r\n")));
 }
 
 void tst_CsdCompileRules::cleanLog_endlessLine_isBroken()
 {
     const QString text = cleanLog(QByteArray(10'000, 'x') + "\ny");
     QCOMPARE(text.count(u'x'), 10'000);
-    const QStringList lines = text.split(u'\n');
+    const QStringList lines = text.split(QStringLiteral("\r\n"));
     QCOMPARE(lines.size(), 4);
     QCOMPARE(lines[0].size(), 4000);
     QCOMPARE(lines[3], QStringLiteral("y"));
@@ -304,21 +305,23 @@ void tst_CsdCompileRules::readLog_empty_emptyText()
 void tst_CsdCompileRules::readLog_withinBounds_isWhole()
 {
     QCOMPARE(readCompilerLog(write("12345678\n12345678\n"), {9, 1}),
-             QStringLiteral("12345678\n12345678\n"));
+             QStringLiteral("12345678\r\n12345678\r\n"));
 }
 
 void tst_CsdCompileRules::readLog_tooManyBytes_middleIsLeftOut()
 {
     // 10 bytes of each end: no line is torn, and what is said adds up.
-    QCOMPARE(readCompilerLog(write("one\ntwo\nthree\nfour\nfive\nsix\n"), {10, 100}),
-             QStringLiteral("one\ntwo\n\n[... 11 bytes of the log are not shown here ...]\n\n"
-                            "five\nsix\n"));
+    QCOMPARE(
+        readCompilerLog(write("one\ntwo\nthree\nfour\nfive\nsix\n"), {10, 100}),
+        QStringLiteral("one\r\ntwo\r\n\r\n[... 11 bytes of the log are not shown here ...]\r\n\r\n"
+                       "five\r\nsix\r\n"));
 }
 
 void tst_CsdCompileRules::readLog_tooManyLines_middleIsLeftOut()
 {
     QCOMPARE(readCompilerLog(write("1\n2\n3\n4\n5\n6\n"), {100, 2}),
-             QStringLiteral("1\n2\n\n[... 6 bytes of the log are not shown here ...]\n\n6\n"));
+             QStringLiteral(
+                 "1\r\n2\r\n\r\n[... 6 bytes of the log are not shown here ...]\r\n\r\n6\r\n"));
 }
 
 void tst_CsdCompileRules::readLog_oneEndlessLine_staysBounded()
@@ -331,8 +334,8 @@ void tst_CsdCompileRules::readLog_oneEndlessLine_staysBounded()
     file.close();
     const auto text = readCompilerLog(file.fileName());
     QVERIFY(text);
-    QVERIFY(text->startsWith(QLatin1String("first\n")));
-    QVERIFY(text->endsWith(QLatin1String("last\n")));
+    QVERIFY(text->startsWith(QLatin1String("first\r\n")));
+    QVERIFY(text->endsWith(QLatin1String("last\r\n")));
     QVERIFY(text->contains(QLatin1String("bytes of the log are not shown here")));
     QVERIFY(text->size() < 20'000'000);
 }
