@@ -1,6 +1,7 @@
 #include "language/editor/TextView.h"
 
 #include "language/editor/EditorKeys.h"
+#include "language/editor/PlainAccessible.h"
 #include "platform/Twips.h"
 
 #include <QContextMenuEvent>
@@ -39,6 +40,7 @@ TextView::TextView(TextViewOwner &owner, QWidget *parent)
 {
     setFrameShape(QFrame::NoFrame);
     setUpScintilla();
+    installPlainAccessible();
     connect(this, &TextView::SCEN_CHANGE, this, [this] { m_textChanged = true; });
     connect(this, &TextView::SCN_UPDATEUI, this, [this](int updated) {
         if (updated & (SC_UPDATE_CONTENT | SC_UPDATE_V_SCROLL | SC_UPDATE_H_SCROLL))
