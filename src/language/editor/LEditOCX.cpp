@@ -1,5 +1,6 @@
 #include "language/editor/LEditOCX.h"
 
+#include "language/Utf8.h"
 #include "language/editor/LEditOCXPrivate.h"
 #include "platform/DocumentFile.h"
 
@@ -134,7 +135,7 @@ int LEditOCX::LineCount() const { return d->text.lineCount(); }
 
 QString LEditOCX::LineText(int line) const
 {
-    return d->text.hasLine(line) ? QString::fromUtf8(d->text.lineBytes(line)) : QString();
+    return d->text.hasLine(line) ? stringOf(d->text.lineBytes(line)) : QString();
 }
 
 int LEditOCX::LineLength(int line) const

@@ -1,5 +1,7 @@
 #include "language/editor/Styling.h"
 
+#include "language/Utf8.h"
+
 #include <Qsci/qsciscintillabase.h>
 
 #include <QFontDatabase>

@@ -51,7 +51,7 @@ char TextBuffer::byteAt(qsizetype offset) const
 
 QString TextBuffer::text(TextRange range) const
 {
-    return QString::fromUtf8(withLineEnds(bytes(range.start, range.end), LineEnd::CrLf));
+    return stringOf(withLineEnds(bytes(range.start, range.end), LineEnd::CrLf));
 }
 
 TextPosition TextBuffer::positionOf(qsizetype offset) const
