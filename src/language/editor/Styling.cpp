@@ -182,8 +182,7 @@ unsigned Styling::styleOfToken(const Token &token, QByteArrayView line, const Li
     if (!token.comment) {
         if (!m_tokenColors)
             return PlainStyle;
-        colors =
-            m_tokenColors(token.kind, QString::fromUtf8(line.sliced(token.start, token.length)));
+        colors = m_tokenColors(token.kind, stringOf(line.sliced(token.start, token.length)));
     } else if (!own.fore) {
         return CommentStyle;
     }
