@@ -10,6 +10,9 @@ class tst_Form1 : public Form1Fixture
     Q_OBJECT
 
 private slots:
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
+
     void load_fillsEverythingBeforeTheWindowShows();
     void load_commandLine_opensWithoutChooser_data();
     void load_commandLine_opensWithoutChooser();

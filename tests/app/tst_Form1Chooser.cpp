@@ -13,6 +13,9 @@ class tst_Form1Chooser : public Form1Fixture
     Q_OBJECT
 
 private slots:
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
+
     void window_hasCaptionAndNoFrame();
     void controls_haveCaptionsAndTooltips();
     void picInfo_withoutItsWindow_isNotThere();

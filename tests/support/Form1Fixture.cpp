@@ -2,7 +2,7 @@
 
 using namespace ardiphon;
 
-void Form1Fixture::init()
+void Form1Fixture::setUp()
 {
     m_form.reset();
     m_folder = std::make_unique<QTemporaryDir>();
@@ -16,7 +16,7 @@ void Form1Fixture::init()
     opcodes.write(QByteArray("oscil").leftJustified(430, ' '));
 }
 
-void Form1Fixture::cleanup() { QCOMPARE(m_dialogs->verify(), ""); }
+void Form1Fixture::tearDown() { QCOMPARE(m_dialogs->verify(), ""); }
 
 void Form1Fixture::load(const QString &commandText)
 {

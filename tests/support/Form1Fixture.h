@@ -14,13 +14,11 @@
 /// windows that it opens are only noted.
 class Form1Fixture : public QObject
 {
-    Q_OBJECT
-
-private slots:
-    void init();
-    void cleanup();
-
 protected:
+    /// To be called before each test, and after it.
+    void setUp();
+    void tearDown();
+
     void load(const QString &commandText = {});
     void setRecent(int number, const QString &path);
     /// Rows of a document's path, quoted or not, with the window that opens it and the names that
