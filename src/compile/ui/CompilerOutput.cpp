@@ -90,7 +90,12 @@ void CompilerOutput::setText(const QString &text)
 {
     m_text = text;
     m_shown = 0;
-    setPlainText(nextSlice());
+    clear();
+    // The colour and the alignment of the text before would stay otherwise.
+    QTextCursor caret(document());
+    caret.setBlockFormat(QTextBlockFormat());
+    caret.insertText(nextSlice(), QTextCharFormat());
+    moveCursor(QTextCursor::Start);
 }
 
 /// Takes the next slice of the text, whole lines, and sees to the one after it.
