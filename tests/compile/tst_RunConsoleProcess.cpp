@@ -62,6 +62,7 @@ private slots:
     void start_fails_messageAndNothingElse();
     void nested_innerEndsFirst_bothClose();
     void nested_stop_endsBoth();
+    void nested_stopAfterOuterEnded_isHonouredByBoth();
     void nested_innerCannotStart_outerGoesOn();
     void close_anyWayDuringRun_leavesNothing_data();
     void close_anyWayDuringRun_leavesNothing();
@@ -284,6 +285,21 @@ void tst_RunConsoleProcess::nested_stop_endsBoth()
     console.click("Command2");
     QVERIFY(!isOurChild(console.pids(QStringLiteral("slow")).leader));
     QVERIFY(!isOurChild(console.pids(QStringLiteral("ignores")).leader));
+    QCOMPARE(console.text(), StoppedText);
+    QCOMPARE(console.beeps, 0);
+}
+
+void tst_RunConsoleProcess::nested_stopAfterOuterEnded_isHonouredByBoth()
+{
+    CsdConsole console(QStringLiteral("slow"));
+    console.whenRunning(QStringLiteral("slow"), [&] {
+        const pid_t outer = console.pids(QStringLiteral("slow")).leader;
+        ::kill(outer, SIGKILL);
+        console.when([=] { return !isOurChild(outer); }, [&] { console.click("btnStop"); });
+        console.choose(QStringLiteral("ignores"));
+        console.click("Command2");
+    });
+    console.click("Command2");
     QCOMPARE(console.text(), StoppedText);
     QCOMPARE(console.beeps, 0);
 }

@@ -91,10 +91,7 @@ void CompilerOutput::setText(const QString &text)
     m_text = text;
     m_shown = 0;
     clear();
-    // The colour and the alignment of the text before would stay otherwise.
-    QTextCursor caret(document());
-    caret.setBlockFormat(QTextBlockFormat());
-    caret.insertText(nextSlice(), QTextCharFormat());
+    showNextSlice();
     moveCursor(QTextCursor::Start);
 }
 
@@ -118,7 +115,7 @@ void CompilerOutput::showNextSlice()
 {
     QTextCursor end(document());
     end.movePosition(QTextCursor::End);
-    end.insertText(nextSlice(), QTextCharFormat());
+    end.insertText(nextSlice(), QTextCharFormat()); // not in the colour of what was there before
 }
 
 void CompilerOutput::insertBanner(qint64 milliseconds)
