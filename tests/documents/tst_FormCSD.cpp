@@ -14,7 +14,6 @@
 #include <QTreeWidget>
 #include <QWheelEvent>
 #include <QtTest>
-#include <QtTest/qtestspontaneevent.h>
 
 #include <memory>
 
@@ -599,14 +598,17 @@ void tst_FormCSD::gutter_press_selectsTheLine()
     QCOMPARE(first()->SelStartLine, first()->LineCount());
 }
 
+/// Turns the wheel over the view that has the focus, which leaves it to the window.
 void tst_FormCSD::scroll(int delta)
 {
-    LEditOCX *editor = second()->hasFocus() ? second() : first();
+    const LEditOCX *editor = second()->hasFocus() ? second() : first();
     QWidget *view = editor->childAt(20, 20);
-    QWheelEvent wheel(QPointF(20, 20), view->mapToGlobal(QPointF(20, 20)), {}, QPoint(0, delta),
-                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QSpontaneKeyEvent::setSpontaneous(&wheel); // only the system's own wheel reaches the window
-    QApplication::sendEvent(view, &wheel);
+    for (QWidget *receiver : {view, static_cast<QWidget *>(m_window)}) {
+        QWheelEvent wheel(QPointF(20, 20), view->mapToGlobal(QPointF(20, 20)), {},
+                          QPoint(0, delta), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(receiver, &wheel);
+        QCOMPARE(wheel.isAccepted(), receiver == m_window);
+    }
 }
 
 void tst_FormCSD::wheel_scrollsTheFocusedView()
