@@ -23,7 +23,6 @@ bool isListed(const ConfigurationBlock &config, const QString &path)
 
 void ReadRecentFiles(ConfigurationBlock &config, SettingsStore &store)
 {
-    store.file().sync();
     for (int entry = 1; entry <= RecentFileCount; ++entry)
         config.RecentFiles[std::size_t(entry)] =
             ReadRegistryString(store, registry::RecentFilesKey, valueName(entry));
@@ -35,10 +34,10 @@ void UpdateRecentFiles(ConfigurationBlock &config, SettingsStore &store, const Q
     const QString newest = path.trimmed();
     if (newest.isEmpty() || isListed(config, newest))
         return;
-    for (int entry = RecentFileCount; entry > 1; --entry)
-        WriteRegistryString(store, registry::RecentFilesKey, valueName(entry),
-                            config.RecentFiles[std::size_t(entry - 1)]);
-    WriteRegistryString(store, registry::RecentFilesKey, valueName(1), newest);
+    QList<std::pair<QString, QString>> values{{valueName(1), newest}};
+    for (int entry = 2; entry <= RecentFileCount; ++entry)
+        values.append({valueName(entry), config.RecentFiles[std::size_t(entry - 1)]});
+    WriteRegistryStrings(store, registry::RecentFilesKey, values);
     ReadRecentFiles(config, store);
 }
 

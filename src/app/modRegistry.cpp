@@ -40,6 +40,7 @@ QString SettingsStore::userFilePath()
 QString ReadRegistryString(SettingsStore &store, const QString &keyPath, const QString &valueName,
                            const QString &defaultText)
 {
+    store.file().sync(); // another running copy may have written meanwhile
     const QVariant value =
         store.file().value(storedPath(store.file(), pathInFile(keyPath, valueName)));
     if (value.typeId() != QMetaType::QString)
@@ -51,9 +52,16 @@ QString ReadRegistryString(SettingsStore &store, const QString &keyPath, const Q
 void WriteRegistryString(SettingsStore &store, const QString &keyPath, const QString &valueName,
                          const QString &text)
 {
+    WriteRegistryStrings(store, keyPath, {{valueName, text}});
+}
+
+void WriteRegistryStrings(SettingsStore &store, const QString &keyPath,
+                          const QList<std::pair<QString, QString>> &values)
+{
     QSettings &file = store.file();
-    file.sync(); // another running copy may have written meanwhile
-    file.setValue(storedPath(file, pathInFile(keyPath, valueName)), text);
+    file.sync();
+    for (const auto &[name, text] : values)
+        file.setValue(storedPath(file, pathInFile(keyPath, name)), text);
     file.sync();
 }
 

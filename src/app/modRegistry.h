@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QList>
 #include <QSettings>
 #include <QString>
+
+#include <utility>
 
 namespace ardiphon {
 
@@ -30,8 +33,9 @@ inline const QString RecentFilesKey = QStringLiteral("Software\\Ardiphon\\Recent
 inline const QString InstallPathKey = QStringLiteral("Software\\Ardiphon\\InstallPath\\");
 } // namespace registry
 
-/// The text of a value, up to its first NUL. \a defaultText when the value is missing or is no
-/// text (a list, a byte array, a number that the file marks as such).
+/// The text of a value, up to its first NUL, as another running copy may have left it.
+/// \a defaultText when the value is missing or is no text (a list, a byte array, a number that the
+/// file marks as such).
 QString ReadRegistryString(SettingsStore &store, const QString &keyPath, const QString &valueName,
                            const QString &defaultText = {});
 
@@ -39,5 +43,9 @@ QString ReadRegistryString(SettingsStore &store, const QString &keyPath, const Q
 /// reported, and leaves the file as it was.
 void WriteRegistryString(SettingsStore &store, const QString &keyPath, const QString &valueName,
                          const QString &text);
+
+/// The same for several values of one key, each a name and a text. The file takes all or none.
+void WriteRegistryStrings(SettingsStore &store, const QString &keyPath,
+                          const QList<std::pair<QString, QString>> &values);
 
 } // namespace ardiphon

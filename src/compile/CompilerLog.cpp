@@ -10,6 +10,7 @@ namespace ardiphon {
 namespace {
 
 constexpr qsizetype LongestLine = 4000;
+constexpr QLatin1String LineEnd("\r\n");
 
 bool isLineEnd(char c) { return c == '\n' || c == '\r'; }
 
@@ -63,7 +64,7 @@ void appendLine(QString &text, QByteArrayView line)
     }
     for (qsizetype at = 0; at < decoded.size(); at += LongestLine) {
         if (at > 0)
-            text.append(u'\n');
+            text.append(LineEnd);
         text.append(QStringView(decoded).mid(at, LongestLine));
     }
 }
@@ -111,7 +112,7 @@ QString cleanLog(QByteArrayView log)
         if (!isLineEnd(plain[at]))
             continue;
         appendLine(text, QByteArrayView(plain).sliced(lineStart, at - lineStart));
-        text.append(u'\n');
+        text.append(LineEnd);
         if (plain[at] == '\r' && at + 1 < plain.size() && plain[at + 1] == '\n')
             ++at;
         lineStart = at + 1;
@@ -138,7 +139,7 @@ std::optional<QString> readCompilerLog(const QString &path, const LogPortion &po
     head.truncate(headLength(head, portion));
     tail = tail.last(tailLength(tail, portion));
     return cleanLog(head) +
-           QStringLiteral("\n[... %1 bytes of the log are not shown here ...]\n\n")
+           QStringLiteral("\r\n[... %1 bytes of the log are not shown here ...]\r\n\r\n")
                .arg(size - head.size() - tail.size()) +
            cleanLog(tail);
 }

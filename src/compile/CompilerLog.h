@@ -14,7 +14,7 @@ struct LogPortion
     qint64 lines = 200'000;
 };
 
-/// The text of a log, with "\n" line ends. Escape sequences of terminals and NUL bytes are left
+/// The text of a log, with CR LF line ends. Escape sequences of terminals and NUL bytes are left
 /// out; a line that is not UTF-8 is read as Latin-1; a line of more than 4000 characters is broken,
 /// as a text view lays out whole lines.
 QString cleanLog(QByteArrayView log);

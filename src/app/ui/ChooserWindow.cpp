@@ -111,6 +111,13 @@ void ChooserWindow::layOut(QWidget *title, const QList<QWidget *> &buttons, QLay
     rows->addLayout(body);
 }
 
+void ChooserWindow::centerIn(const QRect &area)
+{
+    QRect place(QPoint(), sizeHint());
+    place.moveCenter(area.center());
+    move(place.topLeft());
+}
+
 void ChooserWindow::lightPicture(PictureButton *lit)
 {
     if (!ButtonPressed)

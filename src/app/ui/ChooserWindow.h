@@ -39,6 +39,9 @@ protected:
     /// Puts \a title and the small pictures \a buttons on a strip at the top, \a body below it.
     void layOut(QWidget *title, const QList<QWidget *> &buttons, QLayout *body);
 
+    /// Places the window, which must be laid out, in the middle of \a area of the screen.
+    void centerIn(const QRect &area);
+
     /// Turns every picture gray and every label transparent; nothing while a picture is pressed.
     void darken();
 

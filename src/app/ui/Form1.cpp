@@ -75,6 +75,7 @@ void Form1::prepareChooser()
     m_config.WindowHeight = 500;
     build();
     readFiles();
+    centerIn(m_config.WorkArea);
     show();
     const QString first =
         ReadRegistryString(m_store, registry::InstallPathKey, QStringLiteral("First"));

@@ -28,6 +28,8 @@ FormNew::FormNew(ConfigurationBlock &config, const EditorWindows &windows, QWidg
     picChiudi->setToolTip(QStringLiteral("Exit"));
     addKey(Qt::Key_Escape, [this] { close(); });
     layOut(new QLabel(windowTitle(), this), {picChiudi}, body);
+    if (owner)
+        centerIn(owner->window()->frameGeometry());
 }
 
 void FormNew::showModal(ConfigurationBlock &config, const EditorWindows &windows, QWidget *owner)

@@ -13,6 +13,10 @@ namespace {
 constexpr QColor BannerColor(0, 150, 0);
 constexpr QColor HeadingColor(200, 0, 0);
 
+// A slice takes some hundredths of a second.
+constexpr int SliceLines = 5000;
+constexpr qsizetype SliceLength = 250'000;
+
 /// The layout of a plain text view, which is fast but knows no alignment, with centred lines.
 class CentringLayout : public QPlainTextDocumentLayout
 {
@@ -48,6 +52,13 @@ void insert(QTextCursor &caret, const QString &text, const QColor &color, Qt::Al
     caret.insertText(text, letters);
 }
 
+/// The position behind the line that begins at \a start.
+qsizetype lineEnd(const QString &text, qsizetype start)
+{
+    const qsizetype end = text.indexOf(u'\n', start);
+    return end < 0 ? text.size() : end + 1;
+}
+
 QFont consoleFont()
 {
     QFont font(QStringLiteral("Courier New"), 10);
@@ -71,19 +82,50 @@ CompilerOutput::CompilerOutput(QWidget *parent) : QPlainTextEdit(parent)
     colors.setColor(QPalette::Base, Qt::white);
     colors.setColor(QPalette::Text, Qt::black);
     setPalette(colors);
+    m_slices.setInterval(0);
+    connect(&m_slices, &QTimer::timeout, this, &CompilerOutput::showNextSlice);
 }
 
-QString CompilerOutput::text() const { return toPlainText().replace(u'\n', QLatin1String("\r\n")); }
+void CompilerOutput::setText(const QString &text)
+{
+    m_text = text;
+    m_shown = 0;
+    setPlainText(nextSlice());
+}
 
-void CompilerOutput::setText(const QString &text) { setPlainText(text); }
+/// Takes the next slice of the text, whole lines, and sees to the one after it.
+QString CompilerOutput::nextSlice()
+{
+    qsizetype end = m_shown;
+    for (int line = 0; line < SliceLines && end - m_shown < SliceLength && end < m_text.size();
+         ++line)
+        end = lineEnd(m_text, end);
+    const QString slice = m_text.mid(m_shown, end - m_shown);
+    m_shown = end;
+    if (m_shown < m_text.size())
+        m_slices.start();
+    else
+        m_slices.stop();
+    return slice;
+}
+
+void CompilerOutput::showNextSlice()
+{
+    QTextCursor end(document());
+    end.movePosition(QTextCursor::End);
+    end.insertText(nextSlice(), QTextCharFormat());
+}
 
 void CompilerOutput::insertBanner(qint64 milliseconds)
 {
+    const QString banner = bannerText(milliseconds);
     QTextCursor caret(document());
     caret.beginEditBlock();
-    insert(caret, bannerText(milliseconds), BannerColor, Qt::AlignHCenter);
+    insert(caret, banner, BannerColor, Qt::AlignHCenter);
     insert(caret, logHeading(), HeadingColor, Qt::AlignLeft);
     caret.endEditBlock();
+    m_text.prepend(banner + logHeading());
+    m_shown += banner.size() + logHeading().size();
     moveCursor(QTextCursor::Start);
 }
 

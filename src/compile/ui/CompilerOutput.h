@@ -1,12 +1,13 @@
 #pragma once
 
 #include <QPlainTextEdit>
+#include <QTimer>
 
 namespace ardiphon {
 
 /// The text in which a compile window shows its progress and then the compiler's log. The user
-/// reads, selects and copies in it. It lays out only what is in view, so a log of any number of
-/// lines appears at once. Its colours are its own, whatever the desktop's theme.
+/// reads, selects and copies in it. The beginning of a long log appears at once; the rest joins it
+/// in slices, between which the window lives on. The colours do not follow the desktop's theme.
 class CompilerOutput : public QPlainTextEdit
 {
     Q_OBJECT
@@ -14,13 +15,22 @@ class CompilerOutput : public QPlainTextEdit
 public:
     explicit CompilerOutput(QWidget *parent = nullptr);
 
-    /// The whole text, with CR LF line ends.
-    QString text() const;
-    /// Replaces the whole text, with any line ends, by black text; the caret goes to its start.
+    /// The whole text, as it was given.
+    const QString &text() const { return m_text; }
+    /// Replaces the whole text by \a text, which has CR LF line ends and is shown in black; the
+    /// caret goes to its start.
     void setText(const QString &text);
 
     /// Puts the banner of a finished run, which took \a milliseconds, in front of the text.
     void insertBanner(qint64 milliseconds);
+
+private:
+    QString nextSlice();
+    void showNextSlice();
+
+    QString m_text;
+    qsizetype m_shown = 0; ///< how many characters of it the document has got
+    QTimer m_slices;
 };
 
 } // namespace ardiphon

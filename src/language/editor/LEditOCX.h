@@ -57,8 +57,8 @@ public:
 
     /// Empties the document; it has no file, no bookmark slot moves.
     void ClearDocument();
-    /// Reads \a path into the document. False when it could not be read: the document is empty then,
-    /// and a SaveFile to that same path is refused as long as the file exists.
+    /// Reads \a path into the document. False when it could not be read: the document is empty
+    /// then, and a SaveFile to that same path is refused as long as the file exists.
     bool LoadFile(const QString &path);
     /// Writes the document to \a path, wholly or not at all. A file that was loaded and not changed
     /// is written byte for byte as it was. False when nothing was written.

@@ -1,0 +1,62 @@
+#include "app/ui/Icons.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPalette>
+#include <QSvgRenderer>
+
+// The macro wants to stand outside every namespace.
+static void initResources() { Q_INIT_RESOURCE(icons); }
+
+namespace {
+
+/// The colour that stands in the drawings for the desktop's text colour.
+constexpr const char *DrawnColor = "#202020";
+
+/// Draws a picture anew at each size that is asked for.
+class SvgIconEngine : public QIconEngine
+{
+public:
+    explicit SvgIconEngine(const QByteArray &picture) : m_picture(picture) {}
+
+    void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State) override
+    {
+        QByteArray picture = m_picture;
+        picture.replace(DrawnColor, QGuiApplication::palette()
+                                        .color(QPalette::Active, QPalette::ButtonText)
+                                        .name()
+                                        .toLatin1());
+        if (mode == QIcon::Disabled)
+            painter->setOpacity(0.35);
+        QSvgRenderer(picture).render(painter, rect);
+    }
+
+    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override
+    {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, pixmap.rect(), mode, state);
+        return pixmap;
+    }
+
+    QIconEngine *clone() const override { return new SvgIconEngine(m_picture); }
+
+private:
+    QByteArray m_picture;
+};
+
+} // namespace
+
+namespace ardiphon {
+
+QIcon programIcon(const QString &name)
+{
+    initResources();
+    QFile file(QStringLiteral(":/icons/%1.svg").arg(name));
+    return file.open(QIODevice::ReadOnly) ? QIcon(new SvgIconEngine(file.readAll())) : QIcon();
+}
+
+} // namespace ardiphon

@@ -1,0 +1,25 @@
+#include "documents/FileStamp.h"
+
+#include <QFileInfo>
+
+namespace ardiphon {
+
+FileStamp FileStamp::of(const QString &path)
+{
+    FileStamp stamp;
+    const QFileInfo file(path);
+    if (file.exists()) {
+        stamp.m_path = path;
+        stamp.m_written = file.lastModified();
+        stamp.m_size = file.size();
+    }
+    return stamp;
+}
+
+bool FileStamp::isOutdated(const QString &path) const
+{
+    const FileStamp now = of(path);
+    return now.m_size >= 0 && m_path == path && !(now == *this);
+}
+
+} // namespace ardiphon

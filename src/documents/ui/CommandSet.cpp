@@ -1,0 +1,103 @@
+#include "documents/ui/CommandSet.h"
+
+#include "app/ui/Icons.h"
+
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <algorithm>
+
+namespace ardiphon {
+
+namespace {
+
+QString shownCaption(const Command &command)
+{
+    const QString caption = QString::fromLatin1(command.caption);
+    return *command.keyText ? caption + u'\t' + QLatin1String(command.keyText) : caption;
+}
+
+const Menu *menuNamed(std::span<const Menu> menus, const char *name)
+{
+    const auto found = std::find_if(menus.begin(), menus.end(), [name](const Menu &menu) {
+        return qstrcmp(menu.name, name) == 0;
+    });
+    return found == menus.end() ? nullptr : &*found;
+}
+
+} // namespace
+
+void CommandSet::add(const Command &command)
+{
+    auto *action = new QAction(shownCaption(command), m_window);
+    action->setObjectName(QLatin1String(command.name));
+    action->setShortcut(QKeySequence(QLatin1String(command.shortcut)));
+    action->setCheckable(command.checkable);
+    m_window->addAction(action);
+    m_actions.insert(command.name, {action});
+}
+
+void CommandSet::add(std::span<const Command> commands)
+{
+    for (const Command &command : commands)
+        add(command);
+}
+
+void CommandSet::addGroup(const char *name, const QList<QAction *> &actions)
+{
+    m_actions.insert(name, actions);
+}
+
+QAction *CommandSet::action(const char *name) const
+{
+    const auto found = m_actions.find(name);
+    Q_ASSERT_X(found != m_actions.end(), "CommandSet", name);
+    return found->front();
+}
+
+void CommandSet::bindTo(const char *name, const char *other)
+{
+    bind(name, action(other), &QAction::trigger);
+}
+
+void CommandSet::fill(QMenuBar &bar, std::span<const Menu> menus,
+                      std::span<const Menu> submenus) const
+{
+    for (const Menu &row : menus)
+        fill(*bar.addMenu(QString()), row, submenus);
+}
+
+void CommandSet::fill(QMenu &menu, const Menu &row, std::span<const Menu> submenus) const
+{
+    menu.setObjectName(QLatin1String(row.name));
+    menu.setTitle(QLatin1String(row.title));
+    for (const char *name : row.entries) {
+        if (!name)
+            menu.addSeparator();
+        else if (const Menu *submenu = menuNamed(submenus, name))
+            fill(*menu.addMenu(QString()), *submenu, submenus);
+        else
+            menu.addActions(m_actions.value(name));
+    }
+}
+
+void CommandSet::fill(QToolBar &bar, std::span<const ToolButton> buttons) const
+{
+    for (const ToolButton &row : buttons) {
+        if (!row.name) {
+            bar.addSeparator();
+            continue;
+        }
+        QAction *command = action(row.command);
+        command->setIcon(programIcon(QLatin1String(row.icon)));
+        command->setIconVisibleInMenu(false);
+        command->setToolTip(QLatin1String(row.toolTip));
+        bar.addAction(command);
+        bar.widgetForAction(command)->setObjectName(QLatin1String(row.name));
+        bar.widgetForAction(command)->setFocusPolicy(Qt::NoFocus);
+    }
+}
+
+} // namespace ardiphon

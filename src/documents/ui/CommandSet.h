@@ -1,0 +1,48 @@
+#pragma once
+
+#include "documents/Commands.h"
+
+#include <QAction>
+#include <QHash>
+
+class QMenu;
+class QMenuBar;
+class QToolBar;
+
+namespace ardiphon {
+
+/// The actions of a window, made from its tables of commands.
+class CommandSet
+{
+public:
+    /// The actions belong to \a window, and their shortcuts work in it.
+    explicit CommandSet(QWidget *window) : m_window(window) {}
+
+    void add(const Command &command);
+    void add(std::span<const Command> commands);
+    /// Names a group of actions that a menu takes as a whole.
+    void addGroup(const char *name, const QList<QAction *> &actions);
+
+    bool has(const char *name) const { return m_actions.contains(name); }
+    /// The action of that name, which must be in the tables.
+    QAction *action(const char *name) const;
+
+    /// Has \a handler of \a receiver carry the command out.
+    template <typename Receiver, typename Handler>
+    void bind(const char *name, Receiver *receiver, Handler handler)
+    {
+        QObject::connect(action(name), &QAction::triggered, receiver, handler);
+    }
+    /// Has one command carry out another.
+    void bindTo(const char *name, const char *other);
+
+    void fill(QMenuBar &bar, std::span<const Menu> menus, std::span<const Menu> submenus) const;
+    void fill(QMenu &menu, const Menu &row, std::span<const Menu> submenus = {}) const;
+    void fill(QToolBar &bar, std::span<const ToolButton> buttons) const;
+
+private:
+    QWidget *m_window;
+    QHash<QByteArray, QList<QAction *>> m_actions;
+};
+
+} // namespace ardiphon

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+
+class QAction;
+
+namespace ardiphon {
+
+struct ProgramContext;
+
+/// The four files opened last, at the foot of a File menu.
+class RecentMenu : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The entries, `menuLastFile(0)` to `menuLastFile(3)`, each a caption "..." at first.
+    RecentMenu(ProgramContext &program, QObject *parent);
+
+    QList<QAction *> entries() const { return m_entries; }
+    /// Shows what the configuration holds; an empty entry keeps its caption.
+    void refresh();
+
+signals:
+    /// The user wants that file, which exists.
+    void chosen(const QString &path);
+
+private:
+    void choose(int index);
+
+    ProgramContext &m_program;
+    QList<QAction *> m_entries;
+};
+
+} // namespace ardiphon

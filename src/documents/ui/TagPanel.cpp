@@ -1,0 +1,70 @@
+#include "documents/ui/TagPanel.h"
+
+#include "language/editor/LEditOCX.h"
+#include "navigation/ui/TextScan.h"
+
+#include <QListWidget>
+#include <QTreeWidget>
+
+namespace ardiphon {
+
+namespace {
+
+const QString Missing = QStringLiteral("...");
+
+} // namespace
+
+TagPanel::TagPanel(LEditOCX &editor, QTreeWidget &tree, QListWidget &list,
+                   const QStringList &words)
+    : QObject(&editor), m_editor(editor), m_tree(tree), m_list(list), m_words(words)
+{
+    for (const QString &word : m_words.mid(1)) {
+        auto *node = new QTreeWidgetItem(&m_tree, {Missing});
+        node->setForeground(0, QColor(0, 0, 255));
+        m_list.addItem(word);
+    }
+    connect(&m_editor, &LEditOCX::Repaint, this, [this] { m_due = m_words.size() - 1; });
+    connect(&m_list, &QListWidget::itemClicked, this,
+            [this](const QListWidgetItem *item) { insertWord(item->text()); });
+}
+
+void TagPanel::refreshNext()
+{
+    if (m_due <= 0)
+        return;
+    --m_due;
+    m_index = m_index + 1 < m_words.size() ? m_index + 1 : 1;
+    const QString &word = m_words[m_index];
+    QTreeWidgetItem *node = m_tree.topLevelItem(int(m_index - 1));
+    const bool occurs = containsExactly(m_editor, word);
+    if (!occurs && isShown(word))
+        node->setText(0, Missing);
+    else if (occurs && !isShown(word))
+        node->setText(0, word);
+}
+
+bool TagPanel::isShown(const QString &word) const
+{
+    return !m_tree.findItems(word, Qt::MatchExactly | Qt::MatchCaseSensitive).isEmpty();
+}
+
+void TagPanel::clear()
+{
+    for (int i = 0; i < m_tree.topLevelItemCount(); ++i)
+        m_tree.topLevelItem(i)->setText(0, Missing);
+    m_due = m_words.size() - 1;
+}
+
+void TagPanel::insertWord(const QString &word)
+{
+    if (!containsExactly(m_editor, word)) {
+        if (m_editor.SelectionLength() > 0)
+            m_editor.SetSelText(QString());
+        m_editor.SetSelText(word + QStringLiteral("\r\n"));
+        m_list.setCurrentItem(nullptr);
+        emit inserted();
+    }
+    m_editor.setFocus();
+}
+
+} // namespace ardiphon

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QHash>
+#include <QList>
+#include <QObject>
+
+#include <functional>
+#include <span>
+
+class QWidget;
+
+namespace ardiphon {
+
+struct ConfigurationBlock;
+struct ProgramContext;
+
+/// One optional tool of the editor windows.
+struct Tool
+{
+    const char *command; ///< its entry in the menu Window
+    const char *value;   ///< its name in the settings store
+    bool ConfigurationBlock::*visible;
+};
+
+/// The four tools, in the order of the menu.
+std::span<const Tool> tools();
+
+/// Shows and hides the tools of an editor window, and keeps their flags between runs.
+class ToolToggles : public QObject
+{
+    Q_OBJECT
+
+public:
+    ToolToggles(ProgramContext &program, QObject *parent);
+
+    /// Names a control that belongs to \a tool. While \a available is false it stays hidden.
+    void add(
+        const Tool &tool, QWidget *control,
+        std::function<bool()> available = [] { return true; });
+
+    /// Sets the flags to what the store keeps, where the user wants them kept, else to shown.
+    void load();
+    /// Writes the flags, where the user wants them kept.
+    void save() const;
+
+    void toggle(const Tool &tool);
+    /// Hides every control, whatever its flag, or acts as Restore when no flag is set.
+    void hideOrRestoreAll();
+    /// Shows every control, whatever its flag.
+    void restoreAll();
+
+signals:
+    void arrangeDue();
+
+private:
+    struct Control
+    {
+        QWidget *widget;
+        std::function<bool()> available;
+    };
+
+    void show(const Tool &tool, bool visible);
+
+    ProgramContext &m_program;
+    QHash<const Tool *, QList<Control>> m_controls;
+};
+
+} // namespace ardiphon

@@ -1,0 +1,135 @@
+#include "language/DocumentText.h"
+
+#include "language/Utf8.h"
+
+#include <cstring>
+
+namespace ardiphon {
+
+namespace {
+
+constexpr QByteArrayView ByteOrderMark("\xEF\xBB\xBF");
+
+// The kind of line end that is found most often; a text without any gets that of a new document.
+LineEnd prevailingLineEnd(QByteArrayView text)
+{
+    qsizetype crLf = 0;
+    qsizetype lf = 0;
+    qsizetype cr = 0;
+    const char *at = text.begin();
+    while (const void *found = std::memchr(at, '\n', size_t(text.end() - at))) {
+        at = static_cast<const char *>(found);
+        ++(at > text.begin() && at[-1] == '\r' ? crLf : lf);
+        if (++at == text.end())
+            break;
+    }
+    for (at = text.begin(); at < text.end(); ++at) {
+        at = static_cast<const char *>(std::memchr(at, '\r', size_t(text.end() - at)));
+        if (!at)
+            break;
+        ++cr;
+    }
+    cr -= crLf;
+    if (crLf >= lf && crLf >= cr)
+        return LineEnd::CrLf;
+    return lf >= cr ? LineEnd::Lf : LineEnd::Cr;
+}
+
+QByteArray utf8FromLatin1(const QByteArray &bytes)
+{
+    QByteArray utf8;
+    utf8.reserve(bytes.size() + bytes.size() / 8);
+    for (const char byte : bytes) {
+        const auto code = static_cast<unsigned char>(byte);
+        if (code < 0x80) {
+            utf8.append(byte);
+        } else {
+            utf8.append(char(0xC0 | code >> 6));
+            utf8.append(char(0x80 | (code & 0x3F)));
+        }
+    }
+    return utf8;
+}
+
+// False when a character is outside Latin-1.
+bool latin1FromUtf8(QByteArrayView utf8, QByteArray &bytes)
+{
+    bytes.reserve(utf8.size());
+    for (qsizetype at = 0; at < utf8.size();) {
+        const Utf8Character character = characterAt(utf8, at);
+        if (character.code > 0xFF)
+            return false;
+        bytes.append(char(character.code));
+        at += character.length;
+    }
+    return true;
+}
+
+bool isAscii(QByteArrayView text)
+{
+    for (const char byte : text) {
+        if (static_cast<unsigned char>(byte) >= 0x80)
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+QByteArrayView bytesOf(LineEnd lineEnd)
+{
+    switch (lineEnd) {
+    case LineEnd::Lf:
+        return "\n";
+    case LineEnd::Cr:
+        return "\r";
+    case LineEnd::CrLf:
+        break;
+    }
+    return "\r\n";
+}
+
+DocumentText decodeDocument(QByteArray bytes)
+{
+    DocumentText document;
+    document.form.utf8 = isValidUtf8(bytes);
+    if (!document.form.utf8) {
+        document.utf8 = utf8FromLatin1(bytes);
+    } else {
+        document.form.byteOrderMark = bytes.startsWith(ByteOrderMark);
+        document.utf8 =
+            document.form.byteOrderMark ? bytes.sliced(ByteOrderMark.size()) : std::move(bytes);
+    }
+    document.form.lineEnd = prevailingLineEnd(document.utf8);
+    return document;
+}
+
+QByteArray encodeDocument(const QByteArray &utf8, DocumentForm &form)
+{
+    if (!form.utf8) {
+        QByteArray bytes;
+        if (latin1FromUtf8(utf8, bytes) && (isAscii(bytes) || !isValidUtf8(bytes)))
+            return bytes;
+        form.utf8 = true;
+    }
+    return form.byteOrderMark ? ByteOrderMark.toByteArray() + utf8 : utf8;
+}
+
+QByteArray withLineEnds(QByteArrayView text, LineEnd lineEnd)
+{
+    QByteArray result;
+    result.reserve(text.size());
+    const QByteArrayView end = bytesOf(lineEnd);
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        if (text[at] != '\r' && text[at] != '\n') {
+            result.append(text[at]);
+            continue;
+        }
+        if (text[at] == '\r' && at + 1 < text.size() && text[at + 1] == '\n')
+            ++at;
+        result.append(end);
+    }
+    return result;
+}
+
+} // namespace ardiphon

@@ -1,0 +1,34 @@
+#pragma once
+
+namespace ardiphon {
+
+/// What a view asks of its window when a key goes down in it.
+enum class ViewKey {
+    PassOn,  ///< nothing: the key goes to the control
+    Swallow, ///< nothing, and the key goes nowhere
+    CloseWindow,
+    Find,
+    Replace,
+    FindLine,
+    Redo,
+    KeywordHelp,
+    HelpIndex,
+    FirstInstrument,
+    PreviousInstrument,
+    NextInstrument,
+    LastInstrument,
+    FocusSecondView,
+    FocusFirstView,
+};
+
+/// The view in which the key went down.
+enum class ViewPosition { First, Second };
+
+/// What the key with that code (a Qt::Key) and shift state (1 Shift, 2 Ctrl, 4 Alt, added up) means
+/// in a view of the CSD window.
+ViewKey csdViewKey(int keyCode, int shift, ViewPosition view);
+
+/// Whether the key goes to the control as well.
+bool reachesControl(ViewKey key);
+
+} // namespace ardiphon

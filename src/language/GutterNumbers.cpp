@@ -1,0 +1,22 @@
+#include "language/GutterNumbers.h"
+
+#include "app/Numbers.h"
+
+#include <limits>
+
+namespace ardiphon {
+
+GutterNumbers gutterNumbers(int topLine, int height, int lineHeight)
+{
+    if (lineHeight < 1)
+        return {topLine, topLine - 1};
+    const double last = topLine + double(height) / lineHeight - 1;
+    return {topLine, roundedWithin(last, topLine - 1, std::numeric_limits<int>::max())};
+}
+
+int gutterLineAt(int topLine, int y, int lineHeight)
+{
+    return lineHeight < 1 ? topLine : topLine + y / lineHeight;
+}
+
+} // namespace ardiphon

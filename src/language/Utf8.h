@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+
+namespace ardiphon {
+
+/// One character of UTF-8 text.
+struct Utf8Character
+{
+    char32_t code = 0;
+    int length = 1; ///< in bytes
+};
+
+/// The character that begins at \a at. Bytes that are no UTF-8 count as one character each.
+Utf8Character characterAt(QByteArrayView text, qsizetype at);
+
+/// The start of the character that ends before byte \a at, which is above 0.
+qsizetype characterBefore(QByteArrayView text, qsizetype at);
+
+/// Whether \a text is well-formed UTF-8: no overlong form, no surrogate, nothing above U+10FFFF.
+bool isValidUtf8(QByteArrayView text);
+
+/// The length of \a text in QChars.
+qsizetype utf16Length(QByteArrayView text);
+
+/// How many bytes of \a text hold its first \a characters QChars; the whole text when it has fewer.
+/// A count that ends inside a surrogate pair ends before it.
+qsizetype bytesOfUtf16(QByteArrayView text, qsizetype characters);
+
+} // namespace ardiphon

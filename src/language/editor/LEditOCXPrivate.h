@@ -1,0 +1,53 @@
+#pragma once
+
+#include "language/editor/Bookmarks.h"
+#include "language/editor/LEditOCX.h"
+#include "language/editor/Styling.h"
+#include "language/editor/TextBuffer.h"
+#include "language/editor/TextView.h"
+
+#include <optional>
+
+namespace ardiphon {
+
+/// What stands behind the control: the view with the document in it, and what the contract adds.
+class LEditOCX::Private : public TextViewOwner
+{
+public:
+    explicit Private(LEditOCX &control);
+
+    void replaceDocument(DocumentText document);
+    void select(TextRange range);
+    void setRecord(TextRange range);
+    TextRange record() const;
+    void show(TextRange range);
+    std::optional<TextRange> find(TextRange from) const;
+    void changeFont(const std::function<void(QFont &)> &change);
+
+    LEditOCX &control;
+    TextView &view;
+    TextBuffer text;
+    Styling styling;
+    Bookmarks bookmarks;
+
+    DocumentForm form;
+    QString unreadFile;          ///< a file that is there but could not be read
+    bool modifiedBefore = false; ///< modified already when the history was forgotten
+    QString currentWord;
+
+    QString findText;
+    QString replaceText;
+    int findDirection = 1;
+    bool findWholeWord = false;
+    std::optional<TextRange> match; ///< of the last FindFirst, until the text changes
+
+private:
+    void aboutToDraw(int first, int last) override;
+    void keyDown(EditorKey &key) override;
+    int keyPress(int character) override;
+    void mouseButton(EditorMouseButton button) override;
+    void click() override;
+    void viewChanged() override;
+};
+
+} // namespace ardiphon

@@ -1,0 +1,73 @@
+// Search and replacement.
+
+#include "language/editor/LEditOCXPrivate.h"
+
+namespace ardiphon {
+
+void LEditOCX::SetFindText(const QString &text) { d->findText = text; }
+
+void LEditOCX::SetReplaceText(const QString &text) { d->replaceText = text; }
+
+void LEditOCX::SetFindDirection(int direction)
+{
+    if (direction >= 0 && direction <= 2)
+        d->findDirection = direction;
+}
+
+void LEditOCX::SetFindWholeWord(bool wholeWord) { d->findWholeWord = wholeWord; }
+
+std::optional<TextRange> LEditOCX::Private::find(TextRange from) const
+{
+    const TextSearch search(findText, findWholeWord);
+    const QByteArrayView bytes = text.bytes(0, text.size());
+    if (findDirection == 0)
+        return search.backward(bytes, from.start);
+    const auto found = search.forward(bytes, from.end);
+    return found || findDirection == 1 ? found : search.forward(bytes, 0);
+}
+
+int LEditOCX::FindFirst()
+{
+    const auto found = d->find(d->text.selection());
+    if (!found)
+        return 0;
+    d->show(*found);
+    d->setRecord(*found);
+    d->match = found;
+    return 1;
+}
+
+int LEditOCX::FindNext()
+{
+    const auto found = d->find(d->record());
+    if (found)
+        d->setRecord(*found);
+    return found ? 1 : 0;
+}
+
+void LEditOCX::ReplaceCurrent()
+{
+    if (!d->match || d->text.selection() != *d->match)
+        return;
+    SetSelText(d->replaceText);
+}
+
+void LEditOCX::ReplaceAll()
+{
+    const TextSearch search(d->findText, d->findWholeWord);
+    std::vector<TextRange> matches;
+    const QByteArrayView bytes = d->text.bytes(0, d->text.size());
+    for (auto match = search.forward(bytes, 0); match; match = search.forward(bytes, match->end))
+        matches.push_back(*match);
+    if (matches.empty())
+        return;
+    const QByteArray replacement = d->replaceText.toUtf8();
+    const EditStep step(d->view);
+    const qsizetype size = d->text.size();
+    for (const TextRange &match : matches) {
+        const qsizetype moved = d->text.size() - size;
+        d->text.replace({match.start + moved, match.end + moved}, replacement);
+    }
+}
+
+} // namespace ardiphon

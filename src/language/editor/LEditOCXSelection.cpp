@@ -1,0 +1,67 @@
+// Caret, selection, clipboard and the word at the caret.
+
+#include "language/editor/LEditOCXPrivate.h"
+
+namespace ardiphon {
+
+using Sci = QsciScintillaBase;
+
+void LEditOCX::Private::setRecord(TextRange range)
+{
+    const TextPosition start = text.positionOf(range.start);
+    const TextPosition end = text.positionOf(range.end);
+    control.SelStartLine = start.line;
+    control.SelStartColumn = start.column;
+    control.SelEndLine = end.line;
+    control.SelEndColumn = end.column;
+}
+
+TextRange LEditOCX::Private::record() const
+{
+    const qsizetype start = text.offsetOf({control.SelStartLine, control.SelStartColumn});
+    const qsizetype end = text.offsetOf({control.SelEndLine, control.SelEndColumn});
+    return {std::min(start, end), std::max(start, end)};
+}
+
+void LEditOCX::Private::show(TextRange range)
+{
+    text.select(range);
+    view.SendScintilla(Sci::SCI_SCROLLRANGE, ulong(range.start), long(range.end));
+    view.SendScintilla(Sci::SCI_CHOOSECARETX);
+}
+
+void LEditOCX::GetSelection() { d->setRecord(d->text.selection()); }
+
+void LEditOCX::SetSelection() { d->show(d->record()); }
+
+int LEditOCX::SelectionLength() const { return int(SelText().size()); }
+
+QString LEditOCX::SelText() const { return d->text.text(d->text.selection()); }
+
+void LEditOCX::SetSelText(const QString &text)
+{
+    const EditStep step(d->view);
+    const qsizetype end = d->text.replace(d->text.selection(), text.toUtf8());
+    d->text.select({end, end});
+    d->view.SendScintilla(Sci::SCI_CHOOSECARETX);
+}
+
+void LEditOCX::SelectAll() { d->view.SendScintilla(Sci::SCI_SELECTALL); }
+
+void LEditOCX::Copy() { d->view.SendScintilla(Sci::SCI_COPY); }
+
+void LEditOCX::Cut() { d->view.SendScintilla(Sci::SCI_CUT); }
+
+void LEditOCX::Paste() { d->view.SendScintilla(Sci::SCI_PASTE); }
+
+void LEditOCX::UpdateCurrentWord()
+{
+    const qsizetype caret = d->text.caret();
+    const int line = d->text.lineOf(caret);
+    const LineState state = d->styling.stateAt(line);
+    d->currentWord = wordAt(d->text.lineBytes(line), caret - d->text.lineStart(line), state);
+}
+
+QString LEditOCX::CurrentWord() const { return d->currentWord; }
+
+} // namespace ardiphon

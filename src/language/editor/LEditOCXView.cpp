@@ -1,0 +1,122 @@
+// Scroll position, colours, fonts, tab stops and bookmarks.
+
+#include "language/editor/LEditOCXPrivate.h"
+
+namespace ardiphon {
+
+using Sci = QsciScintillaBase;
+
+void LEditOCX::SetGetTokenColors(TokenColorsCallback callback)
+{
+    d->styling.setTokenColors(std::move(callback));
+}
+
+int LEditOCX::TopLine() const
+{
+    return int(d->view.SendScintilla(Sci::SCI_GETFIRSTVISIBLELINE)) + 1;
+}
+
+void LEditOCX::SetTopLine(int line)
+{
+    d->view.SendScintilla(Sci::SCI_SETFIRSTVISIBLELINE, std::max(line, 1) - 1);
+}
+
+int LEditOCX::LineHeight() const { return int(d->view.SendScintilla(Sci::SCI_TEXTHEIGHT)); }
+
+QPoint LEditOCX::PositionToPixels(int line, int column) const
+{
+    const long offset = long(d->text.offsetOf({line, column}));
+    const QPoint inView(int(d->view.SendScintilla(Sci::SCI_POINTXFROMPOSITION, 0UL, offset)),
+                        int(d->view.SendScintilla(Sci::SCI_POINTYFROMPOSITION, 0UL, offset)));
+    return d->view.viewport()->mapTo(this, inView);
+}
+
+void LEditOCX::SetBackColor(Color color) { d->styling.setBack(color); }
+
+void LEditOCX::SetForeColor(Color color) { d->styling.setCommentFore(color); }
+
+void LEditOCX::SetSelectionBackColor(Color color) { d->styling.setSelectionBack(color); }
+
+void LEditOCX::SetSelectionForeColor(Color color) { d->styling.setSelectionFore(color); }
+
+void LEditOCX::Private::changeFont(const std::function<void(QFont &)> &change)
+{
+    QFont font = styling.font();
+    change(font);
+    if (font == styling.font())
+        return;
+    styling.setFont(font);
+    emit control.Repaint();
+}
+
+QString LEditOCX::FontName() const { return d->styling.font().family(); }
+
+void LEditOCX::SetFontName(const QString &name)
+{
+    if (!name.isEmpty())
+        d->changeFont([&](QFont &font) { font.setFamilies({name}); });
+}
+
+double LEditOCX::FontSize() const { return d->styling.font().pointSizeF(); }
+
+void LEditOCX::SetFontSize(double points)
+{
+    if (points >= 1 && points <= 1000)
+        d->changeFont([=](QFont &font) { font.setPointSizeF(points); });
+}
+
+void LEditOCX::SetFontBold(bool on)
+{
+    d->changeFont([=](QFont &font) { font.setBold(on); });
+}
+
+void LEditOCX::SetFontItalic(bool on)
+{
+    d->changeFont([=](QFont &font) { font.setItalic(on); });
+}
+
+void LEditOCX::SetFontUnderline(bool on)
+{
+    d->changeFont([=](QFont &font) { font.setUnderline(on); });
+}
+
+void LEditOCX::SetFontStrikethrough(bool on)
+{
+    d->changeFont([=](QFont &font) { font.setStrikeOut(on); });
+}
+
+int LEditOCX::TabSize() const { return int(d->view.SendScintilla(Sci::SCI_GETTABWIDTH)); }
+
+void LEditOCX::SetTabSize(int characters)
+{
+    if (characters >= 1 && characters <= 1000)
+        d->view.SendScintilla(Sci::SCI_SETTABWIDTH, characters);
+}
+
+void LEditOCX::SetAutoIndent(bool on) { d->view.setAutoIndent(on); }
+
+void LEditOCX::SetBookmarkLine(int index, int line) { d->bookmarks.setLine(index, line); }
+
+int LEditOCX::GetBookmarkLine(int index) const { return d->bookmarks.line(index); }
+
+void LEditOCX::SetBookmarkBackColor(int index, Color color)
+{
+    d->bookmarks.setColors(index, {color, d->bookmarks.colors(index).fore});
+}
+
+void LEditOCX::SetBookmarkForeColor(int index, Color color)
+{
+    d->bookmarks.setColors(index, {d->bookmarks.colors(index).back, color});
+}
+
+void LEditOCX::ClearBookmarkBackColor(int index)
+{
+    d->bookmarks.setColors(index, {std::nullopt, d->bookmarks.colors(index).fore});
+}
+
+void LEditOCX::ClearBookmarkForeColor(int index)
+{
+    d->bookmarks.setColors(index, {d->bookmarks.colors(index).back, std::nullopt});
+}
+
+} // namespace ardiphon

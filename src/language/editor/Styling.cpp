@@ -1,0 +1,224 @@
+#include "language/editor/Styling.h"
+
+#include <Qsci/qsciscintillabase.h>
+
+#include <QFontDatabase>
+
+#include <algorithm>
+#include <cmath>
+
+namespace ardiphon {
+
+namespace {
+
+using Sci = QsciScintillaBase;
+
+// Styles of the view: text that is no token, comments, then one for each pair of colours, around
+// the library's own ones.
+constexpr unsigned PlainStyle = 0;
+constexpr unsigned CommentStyle = 1;
+constexpr unsigned FirstTokenStyle = 2;
+
+constexpr unsigned StrikeIndicator = 8;
+
+constexpr qsizetype CheckpointDistance = 1 << 14;
+
+// A line is coloured up to here; what lies behind is drawn plain.
+constexpr qsizetype ColoredLength = 1 << 16;
+
+QColor toQColor(Color color) { return QColor(color.red(), color.green(), color.blue()); }
+
+// A missing family would be replaced by a proportional one.
+QByteArray familyToDraw(const QString &family)
+{
+    const bool known = QFontDatabase::families().contains(family, Qt::CaseInsensitive);
+    return (known ? family : QFontDatabase::systemFont(QFontDatabase::FixedFont).family()).toUtf8();
+}
+
+} // namespace
+
+void LineStates::textKeptUpTo(qsizetype offset)
+{
+    while (m_checkpoints.back().offset > offset)
+        m_checkpoints.pop_back();
+}
+
+LineState LineStates::at(int line)
+{
+    const qsizetype wanted = m_text.lineStart(line);
+    while (wanted - m_checkpoints.back().offset > CheckpointDistance) {
+        const Checkpoint last = m_checkpoints.back();
+        const qsizetype next =
+            m_text.lineStart(m_text.lineOf(last.offset + CheckpointDistance) + 1);
+        if (next > wanted)
+            break;
+        m_checkpoints.push_back({next, stateBehind(m_text.bytes(last.offset, next), last.state)});
+    }
+    const auto behind = std::upper_bound(
+        m_checkpoints.begin(), m_checkpoints.end(), wanted,
+        [](qsizetype offset, const Checkpoint &checkpoint) { return offset < checkpoint.offset; });
+    const Checkpoint &before = *std::prev(behind);
+    return stateBehind(m_text.bytes(before.offset, wanted), before.state);
+}
+
+Styling::Styling(QsciScintillaBase &view, TextBuffer &text)
+    : m_view(view), m_text(text), m_states(text), m_font(QStringLiteral("Courier New"), 10)
+{
+    m_view.SendScintilla(Sci::SCI_INDICSETSTYLE, StrikeIndicator, long(Sci::INDIC_STRIKE));
+    applyFont();
+}
+
+void Styling::setTokenColors(LEditOCX::TokenColorsCallback callback)
+{
+    m_tokenColors = std::move(callback);
+    redraw();
+}
+
+void Styling::setBack(Color color)
+{
+    m_back = color;
+    applyBaseColors();
+}
+
+void Styling::setCommentFore(Color color)
+{
+    m_commentFore = color;
+    applyBaseColors();
+}
+
+void Styling::setSelectionBack(Color color)
+{
+    m_view.SendScintilla(Sci::SCI_SETSELBACK, 1UL, toQColor(color));
+}
+
+void Styling::setSelectionFore(Color color)
+{
+    m_view.SendScintilla(Sci::SCI_SETSELFORE, 1UL, toQColor(color));
+}
+
+void Styling::setFont(const QFont &font)
+{
+    m_font = font;
+    applyFont();
+}
+
+void Styling::applyFont()
+{
+    constexpr unsigned long style = Sci::STYLE_DEFAULT;
+    const QByteArray family = familyToDraw(m_font.family());
+    m_view.SendScintilla(Sci::SCI_STYLESETFONT, style, family.constData());
+    m_view.SendScintilla(Sci::SCI_STYLESETSIZEFRACTIONAL, style,
+                         std::lround(m_font.pointSizeF() * int(Sci::SC_FONT_SIZE_MULTIPLIER)));
+    m_view.SendScintilla(Sci::SCI_STYLESETBOLD, style, long(m_font.bold()));
+    m_view.SendScintilla(Sci::SCI_STYLESETITALIC, style, long(m_font.italic()));
+    m_view.SendScintilla(Sci::SCI_STYLESETUNDERLINE, style, long(m_font.underline()));
+    applyBaseColors();
+}
+
+// Starts all styles anew; those of the tokens are asked for again as they come.
+void Styling::applyBaseColors()
+{
+    const QColor back = toQColor(m_back);
+    const QColor ink = back.lightness() < 128 ? Qt::white : Qt::black;
+    m_view.SendScintilla(Sci::SCI_STYLESETBACK, ulong(Sci::STYLE_DEFAULT), back);
+    m_view.SendScintilla(Sci::SCI_STYLESETFORE, ulong(Sci::STYLE_DEFAULT), ink);
+    m_view.SendScintilla(Sci::SCI_STYLECLEARALL);
+    m_view.SendScintilla(Sci::SCI_STYLESETFORE, ulong(CommentStyle), toQColor(m_commentFore));
+    m_view.SendScintilla(Sci::SCI_SETCARETFORE, ink);
+    m_styles.clear();
+    m_nextStyle = FirstTokenStyle;
+    redraw();
+}
+
+void Styling::redraw() { m_view.viewport()->update(); }
+
+unsigned Styling::styleFor(Color back, Color fore)
+{
+    const quint64 pair = quint64(back.value) << 32 | fore.value;
+    if (const auto known = m_styles.constFind(pair); known != m_styles.constEnd())
+        return *known;
+    if (m_nextStyle == Sci::STYLE_DEFAULT)
+        m_nextStyle = Sci::STYLE_LASTPREDEFINED + 1;
+    if (m_nextStyle > Sci::STYLE_MAX) {
+        m_styles.clear();
+        m_nextStyle = FirstTokenStyle;
+        redraw();
+    }
+    const unsigned style = m_nextStyle++;
+    m_view.SendScintilla(Sci::SCI_STYLESETBACK, ulong(style), toQColor(back));
+    m_view.SendScintilla(Sci::SCI_STYLESETFORE, ulong(style), toQColor(fore));
+    m_styles.insert(pair, style);
+    return style;
+}
+
+unsigned Styling::styleOfToken(const Token &token, QByteArrayView line, const LineColors &own)
+{
+    TokenColors colors{m_back, m_commentFore};
+    if (!token.comment) {
+        if (!m_tokenColors)
+            return PlainStyle;
+        colors =
+            m_tokenColors(token.kind, QString::fromUtf8(line.sliced(token.start, token.length)));
+    } else if (!own.fore) {
+        return CommentStyle;
+    }
+    return styleFor(own.back.value_or(colors.back), own.fore.value_or(colors.fore));
+}
+
+void Styling::colorLine(int line, LineState state, const LineColors &own)
+{
+    const qsizetype start = m_text.lineStart(line);
+    const QByteArray text =
+        m_text.bytes(start, std::min(m_text.lineEnd(line), start + ColoredLength)).toByteArray();
+    QByteArray styles(text.size(), char(PlainStyle));
+    for (const Token &token : tokenizeLine(text, state)) {
+        const unsigned style = styleOfToken(token, text, own);
+        std::fill_n(styles.begin() + token.start, token.length, char(style));
+    }
+    m_view.SendScintilla(Sci::SCI_STARTSTYLING, ulong(start));
+    m_view.SendScintilla(Sci::SCI_SETSTYLINGEX, uintptr_t(styles.size()), styles.constData());
+    if (m_font.strikeOut()) {
+        m_view.SendScintilla(Sci::SCI_SETINDICATORCURRENT, ulong(StrikeIndicator));
+        m_view.SendScintilla(Sci::SCI_INDICATORFILLRANGE, ulong(start), long(styles.size()));
+    }
+}
+
+void Styling::prepare(int first, int last, const std::function<LineColors(int line)> &lineColors)
+{
+    const qsizetype kept = m_view.SendScintilla(Sci::SCI_GETENDSTYLED);
+    if (kept < m_readTo) {
+        // A change may open or close a comment over lines that are not about to be drawn.
+        const int top = int(m_view.SendScintilla(Sci::SCI_GETFIRSTVISIBLELINE)) + 1;
+        first = std::min(first, top);
+        last = std::max(last, top + int(m_view.SendScintilla(Sci::SCI_LINESONSCREEN)));
+    }
+    first = std::max(first, 1);
+    last = std::min(last, m_text.lineCount());
+    if (first > last)
+        return;
+    LineState state = stateAt(first);
+    for (int line = first; line <= last; ++line) {
+        colorLine(line, state, lineColors(line));
+        state =
+            stateBehind(m_text.bytes(m_text.lineStart(line), m_text.lineStart(line + 1)), state);
+    }
+    m_readTo = std::max(m_text.lineEnd(last), std::min(kept, m_readTo));
+    m_view.SendScintilla(Sci::SCI_STARTSTYLING, ulong(m_readTo));
+}
+
+LineState Styling::stateAt(int line)
+{
+    const qsizetype kept = m_view.SendScintilla(Sci::SCI_GETENDSTYLED);
+    m_states.textKeptUpTo(kept);
+    const LineState state = m_states.at(line);
+    // Everything before the line was read now, so a mark there still tells every change of it.
+    const qsizetype start = m_text.lineStart(line);
+    if (kept < start) {
+        if (kept < m_readTo) // and that change is still to be seen by prepare()
+            m_readTo = std::max(m_readTo, start + 1);
+        m_view.SendScintilla(Sci::SCI_STARTSTYLING, ulong(start));
+    }
+    return state;
+}
+
+} // namespace ardiphon

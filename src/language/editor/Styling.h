@@ -1,0 +1,92 @@
+#pragma once
+
+#include "language/Tokenizer.h"
+#include "language/editor/LEditOCX.h"
+#include "language/editor/TextBuffer.h"
+
+#include <QFont>
+#include <QHash>
+
+#include <optional>
+#include <vector>
+
+namespace ardiphon {
+
+/// The colours of a bookmarked line, which go over those of its tokens.
+struct LineColors
+{
+    std::optional<Color> back;
+    std::optional<Color> fore;
+};
+
+/// What each line begins in, without reading the document again at each question: from checkpoints
+/// over the part of the text that was read so far.
+class LineStates
+{
+public:
+    explicit LineStates(const TextBuffer &text) : m_text(text) {}
+
+    /// The text is still the one that was read up to \a offset, and perhaps no further.
+    void textKeptUpTo(qsizetype offset);
+    /// What an existing line begins in.
+    LineState at(int line);
+
+private:
+    struct Checkpoint
+    {
+        qsizetype offset; ///< of a line's start
+        LineState state;
+    };
+
+    const TextBuffer &m_text;
+    std::vector<Checkpoint> m_checkpoints{{0, LineState::Text}};
+};
+
+/// How the text is drawn: font, colours, and the styles of what comes into view.
+///
+/// Lines are coloured when they are about to be drawn and not before, so that a document of any
+/// size costs what is seen of it. The view's own mark "styled up to", which falls back at each
+/// change of the text, tells how far the text is still the one that was looked at.
+class Styling
+{
+public:
+    Styling(QsciScintillaBase &view, TextBuffer &text);
+
+    void setTokenColors(LEditOCX::TokenColorsCallback callback);
+    void setBack(Color color);
+    void setCommentFore(Color color);
+    void setSelectionBack(Color color);
+    void setSelectionFore(Color color);
+
+    /// The font as it was asked for; where its family is missing another one is drawn.
+    const QFont &font() const { return m_font; }
+    void setFont(const QFont &font);
+
+    /// Colours lines \a first to \a last, and all that are seen when the text changed meanwhile.
+    /// \a lineColors tells the colours of a whole line.
+    void prepare(int first, int last, const std::function<LineColors(int line)> &lineColors);
+
+    /// What an existing line begins in.
+    LineState stateAt(int line);
+
+private:
+    void applyFont();
+    void applyBaseColors();
+    void redraw();
+    unsigned styleFor(Color back, Color fore);
+    unsigned styleOfToken(const Token &token, QByteArrayView line, const LineColors &own);
+    void colorLine(int line, LineState state, const LineColors &own);
+
+    QsciScintillaBase &m_view;
+    TextBuffer &m_text;
+    LineStates m_states;
+    LEditOCX::TokenColorsCallback m_tokenColors;
+    QFont m_font;
+    Color m_back = Color::rgb(255, 255, 255);
+    Color m_commentFore;
+    QHash<quint64, unsigned> m_styles; ///< the style of each pair of colours
+    unsigned m_nextStyle = 0;
+    qsizetype m_readTo = 0; ///< where the view's mark was left
+};
+
+} // namespace ardiphon

@@ -1,0 +1,123 @@
+#include "language/editor/TextBuffer.h"
+
+#include "language/Utf8.h"
+
+#include <Qsci/qsciscintillabase.h>
+
+#include <algorithm>
+
+namespace ardiphon {
+
+using Sci = QsciScintillaBase;
+
+long TextBuffer::send(unsigned message, qsizetype first, qsizetype second) const
+{
+    return m_view.SendScintilla(message, static_cast<unsigned long>(first),
+                                static_cast<long>(second));
+}
+
+qsizetype TextBuffer::size() const { return send(Sci::SCI_GETLENGTH); }
+
+int TextBuffer::lineCount() const { return int(send(Sci::SCI_GETLINECOUNT)); }
+
+qsizetype TextBuffer::lineStart(int line) const
+{
+    return line > lineCount() ? size() : send(Sci::SCI_POSITIONFROMLINE, std::max(line, 1) - 1);
+}
+
+qsizetype TextBuffer::lineEnd(int line) const
+{
+    return line > lineCount() ? size() : send(Sci::SCI_GETLINEENDPOSITION, std::max(line, 1) - 1);
+}
+
+int TextBuffer::lineOf(qsizetype offset) const
+{
+    return int(send(Sci::SCI_LINEFROMPOSITION, offset)) + 1;
+}
+
+QByteArrayView TextBuffer::bytes(qsizetype start, qsizetype end) const
+{
+    if (end <= start)
+        return {};
+    const auto *data =
+        reinterpret_cast<const char *>(send(Sci::SCI_GETRANGEPOINTER, start, end - start));
+    return {data, end - start};
+}
+
+char TextBuffer::byteAt(qsizetype offset) const
+{
+    return offset >= 0 && offset < size() ? char(send(Sci::SCI_GETCHARAT, offset)) : '\0';
+}
+
+QString TextBuffer::text(TextRange range) const
+{
+    return QString::fromUtf8(withLineEnds(bytes(range.start, range.end), LineEnd::CrLf));
+}
+
+TextPosition TextBuffer::positionOf(qsizetype offset) const
+{
+    const int line = lineOf(offset);
+    return {line, int(utf16Length(bytes(lineStart(line), offset)))};
+}
+
+qsizetype TextBuffer::offsetOf(TextPosition position) const
+{
+    if (position.line < 1)
+        return 0;
+    if (position.line > lineCount())
+        return size();
+    const qsizetype start = lineStart(position.line);
+    return start + bytesOfUtf16(lineBytes(position.line), position.column);
+}
+
+TextRange TextBuffer::selection() const
+{
+    return {send(Sci::SCI_GETSELECTIONSTART), send(Sci::SCI_GETSELECTIONEND)};
+}
+
+void TextBuffer::select(TextRange range) { send(Sci::SCI_SETSEL, range.start, range.end); }
+
+qsizetype TextBuffer::caret() const { return send(Sci::SCI_GETCURRENTPOS); }
+
+void TextBuffer::setLineEndKind(LineEnd kind)
+{
+    static constexpr int modes[] = {Sci::SC_EOL_CRLF, Sci::SC_EOL_LF, Sci::SC_EOL_CR};
+    m_lineEnd = kind;
+    send(Sci::SCI_SETEOLMODE, modes[int(kind)]);
+}
+
+qsizetype TextBuffer::replace(TextRange range, QByteArrayView utf8)
+{
+    QByteArray inserted = withLineEnds(utf8, m_lineEnd);
+    const auto behind = [&] { return inserted.isEmpty() ? byteAt(range.end) : inserted.front(); };
+    if (byteAt(range.start - 1) == '\r' && behind() == '\n') {
+        inserted.prepend("\r\n");
+        --range.start;
+    }
+    if (inserted.endsWith('\r') && byteAt(range.end) == '\n')
+        inserted.append('\n');
+    send(Sci::SCI_SETTARGETRANGE, range.start, range.end);
+    m_view.SendScintilla(Sci::SCI_REPLACETARGET, uintptr_t(inserted.size()), inserted.constData());
+    return range.start + inserted.size();
+}
+
+void TextBuffer::reset(const QByteArray &utf8)
+{
+    send(Sci::SCI_SETUNDOCOLLECTION, false);
+    send(Sci::SCI_CLEARALL);
+    send(Sci::SCI_ALLOCATE, utf8.size());
+    m_view.SendScintilla(Sci::SCI_APPENDTEXT, uintptr_t(utf8.size()), utf8.constData());
+    send(Sci::SCI_SETUNDOCOLLECTION, true);
+    send(Sci::SCI_EMPTYUNDOBUFFER);
+    send(Sci::SCI_SETSAVEPOINT);
+    send(Sci::SCI_GOTOPOS, 0);
+}
+
+EditStep::EditStep(QsciScintillaBase &view) : m_view(view)
+{
+    m_view.SendScintilla(Sci::SCI_BEGINUNDOACTION);
+}
+
+EditStep::~EditStep() { m_view.SendScintilla(Sci::SCI_ENDUNDOACTION); }
+
+} // namespace ardiphon

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "language/DocumentText.h"
+#include "language/TextSearch.h"
+
+#include <QByteArrayView>
+#include <QString>
+
+class QsciScintillaBase;
+
+namespace ardiphon {
+
+/// A place in the text as the contract tells it.
+struct TextPosition
+{
+    int line = 1;   ///< from 1
+    int column = 0; ///< in QChars from 0
+};
+
+/// The document inside the view: UTF-8 bytes with the line ends of the file. Offsets are bytes,
+/// lines count from 1 as in the contract.
+class TextBuffer
+{
+public:
+    explicit TextBuffer(QsciScintillaBase &view) : m_view(view) {}
+
+    qsizetype size() const;
+    int lineCount() const;
+    bool hasLine(int line) const { return line >= 1 && line <= lineCount(); }
+    /// The offset at which an existing line starts; size() for a line behind the last.
+    qsizetype lineStart(int line) const;
+    /// The offset at which its text ends, before its line end.
+    qsizetype lineEnd(int line) const;
+    int lineOf(qsizetype offset) const;
+
+    /// Bytes of the document itself; valid until the next call of a routine that is not const.
+    QByteArrayView bytes(qsizetype start, qsizetype end) const;
+    QByteArrayView lineBytes(int line) const { return bytes(lineStart(line), lineEnd(line)); }
+    /// The text of a stretch with CR LF line ends.
+    QString text(TextRange range) const;
+
+    TextPosition positionOf(qsizetype offset) const;
+    /// Clamped: a place behind a line's end is that end, one outside the text is the text's end.
+    qsizetype offsetOf(TextPosition position) const;
+
+    TextRange selection() const;
+    void select(TextRange range);
+    qsizetype caret() const;
+
+    LineEnd lineEndKind() const { return m_lineEnd; }
+    void setLineEndKind(LineEnd kind);
+
+    /// Puts UTF-8 text in place of a stretch. Its line ends become those of the document. A CR and
+    /// an LF that would meet are kept two line ends. Gives where the new text ends.
+    qsizetype replace(TextRange range, QByteArrayView utf8);
+    /// Replaces the whole document without history; \a utf8 is taken as it is.
+    void reset(const QByteArray &utf8);
+
+private:
+    char byteAt(qsizetype offset) const;
+    long send(unsigned message, qsizetype first = 0, qsizetype second = 0) const;
+
+    QsciScintillaBase &m_view;
+    LineEnd m_lineEnd = LineEnd::CrLf;
+};
+
+/// Changes to the document that belong together and are one step of history.
+class EditStep
+{
+public:
+    explicit EditStep(QsciScintillaBase &view);
+    ~EditStep();
+    Q_DISABLE_COPY_MOVE(EditStep)
+
+private:
+    QsciScintillaBase &m_view;
+};
+
+} // namespace ardiphon

@@ -1,0 +1,179 @@
+#include "language/editor/TextView.h"
+
+#include "language/editor/EditorKeys.h"
+#include "language/editor/PlainAccessible.h"
+#include "platform/Twips.h"
+
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QWheelEvent>
+
+namespace ardiphon {
+
+namespace {
+
+int buttonNumber(Qt::MouseButton button)
+{
+    switch (button) {
+    case Qt::LeftButton:
+        return 1;
+    case Qt::RightButton:
+        return 2;
+    case Qt::MiddleButton:
+        return 4;
+    default:
+        return 0;
+    }
+}
+
+// The codes that Ctrl+X and Ctrl+V stand for.
+constexpr int MovedOut = 24;
+constexpr int MovedIn = 22;
+
+} // namespace
+
+TextView::TextView(TextViewOwner &owner, QWidget *parent)
+    : QsciScintillaBase(parent), m_owner(owner)
+{
+    setFrameShape(QFrame::NoFrame);
+    setUpScintilla();
+    installPlainAccessible();
+    connect(this, &TextView::SCEN_CHANGE, this, [this] { m_textChanged = true; });
+    connect(this, &TextView::SCN_UPDATEUI, this, [this](int updated) {
+        if (updated & (SC_UPDATE_CONTENT | SC_UPDATE_V_SCROLL | SC_UPDATE_H_SCROLL))
+            m_owner.viewChanged();
+    });
+}
+
+void TextView::setUpScintilla()
+{
+    SendScintilla(SCI_SETCODEPAGE, SC_CP_UTF8);
+    SendScintilla(SCI_SETLEXER, SCLEX_CONTAINER);
+    // The library tells an accessible interface about every change, counting characters from the
+    // document's start each time; what the control needs to know comes in other ways.
+    SendScintilla(SCI_SETMODEVENTMASK, 0);
+    SendScintilla(SCI_CLEARALLCMDKEYS);
+    SendScintilla(SCI_USEPOPUP, 0);
+    SendScintilla(SCI_SETMARGINS, 0);
+    SendScintilla(SCI_SETSCROLLWIDTH, 1);
+    SendScintilla(SCI_SETSCROLLWIDTHTRACKING, true);
+    SendScintilla(SCI_SETLAYOUTCACHE, SC_CACHE_PAGE);
+    SendScintilla(SCI_SETMULTIPLESELECTION, false);
+    SendScintilla(SCI_SETRECTANGULARSELECTIONMODIFIER, 0);
+    SendScintilla(SCI_SETTABINDENTS, true);
+    SendScintilla(SCI_SETBACKSPACEUNINDENTS, false);
+    SendScintilla(SCI_SETPASTECONVERTENDINGS, true);
+}
+
+void TextView::paintEvent(QPaintEvent *event)
+{
+    const int height = std::max(1, int(SendScintilla(SCI_TEXTHEIGHT)));
+    const int top = int(SendScintilla(SCI_GETFIRSTVISIBLELINE)) + 1;
+    m_owner.aboutToDraw(top + event->rect().top() / height, top + event->rect().bottom() / height);
+    QsciScintillaBase::paintEvent(event);
+}
+
+void TextView::resizeEvent(QResizeEvent *event)
+{
+    QsciScintillaBase::resizeEvent(event);
+    m_owner.viewChanged();
+}
+
+// Runs a handler of the library for the mouse. When it changes the text, by a drag or by the middle
+// button, that is told as the key would be that does the same.
+template <typename Handler>
+void TextView::withMouseEdits(Handler handler)
+{
+    const long before = SendScintilla(SCI_GETLENGTH);
+    m_textChanged = false;
+    handler();
+    if (m_textChanged)
+        m_owner.keyPress(SendScintilla(SCI_GETLENGTH) < before ? MovedOut : MovedIn);
+}
+
+void TextView::tellMouseButton(const QMouseEvent *event)
+{
+    const QPoint at = viewport()->mapTo(parentWidget(), event->position().toPoint());
+    m_owner.mouseButton({buttonNumber(event->button()), shiftState(event->modifiers()),
+                         toTwips(at.x()), toTwips(at.y())});
+}
+
+void TextView::mousePressEvent(QMouseEvent *event)
+{
+    tellMouseButton(event);
+    if (event->button() != Qt::RightButton)
+        withMouseEdits([&] { QsciScintillaBase::mousePressEvent(event); });
+}
+
+void TextView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    tellMouseButton(event);
+    if (event->button() != Qt::RightButton)
+        QsciScintillaBase::mouseDoubleClickEvent(event);
+}
+
+void TextView::mouseMoveEvent(QMouseEvent *event)
+{
+    withMouseEdits([&] { QsciScintillaBase::mouseMoveEvent(event); });
+}
+
+void TextView::mouseReleaseEvent(QMouseEvent *event)
+{
+    withMouseEdits([&] { QsciScintillaBase::mouseReleaseEvent(event); });
+    if (event->button() == Qt::LeftButton &&
+        viewport()->rect().contains(event->position().toPoint()))
+        m_owner.click();
+}
+
+// The menu belongs to the window, which opens it at the right button. The menu key is taken as that
+// button at the caret.
+void TextView::contextMenuEvent(QContextMenuEvent *event)
+{
+    event->accept();
+    if (event->reason() != QContextMenuEvent::Keyboard)
+        return;
+    const long caret = SendScintilla(SCI_GETCURRENTPOS);
+    const QPoint inView(int(SendScintilla(SCI_POINTXFROMPOSITION, 0UL, caret)),
+                        int(SendScintilla(SCI_POINTYFROMPOSITION, 0UL, caret)));
+    const QPoint at = viewport()->mapTo(parentWidget(), inView);
+    m_owner.mouseButton({2, 0, toTwips(at.x()), toTwips(at.y())});
+}
+
+// How many lines the wheel turns is the window's matter; sideways it scrolls as everywhere.
+void TextView::wheelEvent(QWheelEvent *event)
+{
+    if (event->angleDelta().y() != 0)
+        event->ignore();
+    else
+        QsciScintillaBase::wheelEvent(event);
+}
+
+// A file that is dropped is the window's to open.
+void TextView::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (event->mimeData()->hasUrls())
+        event->ignore();
+    else
+        QsciScintillaBase::dragEnterEvent(event);
+}
+
+void TextView::dragMoveEvent(QDragMoveEvent *event)
+{
+    if (event->mimeData()->hasUrls())
+        event->ignore();
+    else
+        QsciScintillaBase::dragMoveEvent(event);
+}
+
+void TextView::dropEvent(QDropEvent *event)
+{
+    if (event->mimeData()->hasUrls())
+        event->ignore();
+    else
+        withMouseEdits([&] { QsciScintillaBase::dropEvent(event); });
+}
+
+} // namespace ardiphon

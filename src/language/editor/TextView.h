@@ -1,0 +1,75 @@
+#pragma once
+
+#include "language/editor/LEditOCX.h"
+
+#include <Qsci/qsciscintillabase.h>
+
+namespace ardiphon {
+
+/// What the view tells the control that holds it, and asks of it.
+class TextViewOwner
+{
+public:
+    /// Lines \a first to \a last, from 1, are about to be drawn.
+    virtual void aboutToDraw(int first, int last) = 0;
+    virtual void keyDown(EditorKey &key) = 0;
+    /// The character to type instead, 0 for none.
+    virtual int keyPress(int character) = 0;
+    virtual void mouseButton(EditorMouseButton button) = 0;
+    virtual void click() = 0;
+    virtual void viewChanged() = 0;
+
+protected:
+    ~TextViewOwner() = default;
+};
+
+/// The Scintilla view inside the control. Turns the system's events into those of the contract and
+/// binds the keys; the control does the rest.
+class TextView : public QsciScintillaBase
+{
+    Q_OBJECT
+
+public:
+    TextView(TextViewOwner &owner, QWidget *parent);
+
+    void setAutoIndent(bool on) { m_autoIndent = on; }
+
+protected:
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void setUpScintilla();
+
+    // Keys.
+    bool runCommand(int key, Qt::KeyboardModifiers modifiers);
+    bool typeControlCharacter(const QKeyEvent *event);
+    void typeText(const QString &text);
+    void typeCharacter(const QString &character);
+    void insertNewLine();
+    bool selectCharacterToOverwrite();
+    void goToVisible(bool end, bool extend);
+
+    // Mouse.
+    void tellMouseButton(const QMouseEvent *event);
+    template <typename Handler>
+    void withMouseEdits(Handler handler);
+
+    TextViewOwner &m_owner;
+    bool m_autoIndent = false;
+    bool m_textChanged = false;
+};
+
+} // namespace ardiphon

@@ -1,0 +1,169 @@
+// How the view answers keys and input methods.
+
+#include "language/editor/EditorKeys.h"
+#include "language/editor/TextView.h"
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+
+namespace ardiphon {
+
+// A key that the view itself answers is not taken for a shortcut of the window.
+bool TextView::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (commandOfKey(key->key(), key->modifiers()) != NoCommand ||
+            controlCharacterOfKey(key->key(), key->modifiers()) != 0 || typesText(*key)) {
+            event->accept();
+            return true;
+        }
+    }
+    return QsciScintillaBase::event(event);
+}
+
+void TextView::keyPressEvent(QKeyEvent *event)
+{
+    EditorKey key{event->key(), shiftState(event->modifiers())};
+    m_owner.keyDown(key);
+    event->accept();
+    if (key.KeyCode == 0 || runCommand(event->key(), event->modifiers()) ||
+        typeControlCharacter(event))
+        return;
+    if (typesText(*event))
+        typeText(event->text());
+    else
+        event->ignore();
+}
+
+bool TextView::runCommand(int key, Qt::KeyboardModifiers modifiers)
+{
+    const unsigned command = commandOfKey(key, modifiers);
+    switch (command) {
+    case NoCommand:
+        return false;
+    case GoToVisibleStart:
+    case ExtendToVisibleStart:
+        goToVisible(false, command == ExtendToVisibleStart);
+        break;
+    case GoToVisibleEnd:
+    case ExtendToVisibleEnd:
+        goToVisible(true, command == ExtendToVisibleEnd);
+        break;
+    case ToggleOvertype:
+        SendScintilla(SCI_SETOVERTYPE, !SendScintilla(SCI_GETOVERTYPE));
+        break;
+    default:
+        SendScintilla(command);
+    }
+    return true;
+}
+
+bool TextView::typeControlCharacter(const QKeyEvent *event)
+{
+    const int character = controlCharacterOfKey(event->key(), event->modifiers());
+    if (character == 0)
+        return false;
+    if (m_owner.keyPress(character) == 0)
+        return true;
+    switch (character) {
+    case 13:
+        insertNewLine();
+        break;
+    case 9:
+        SendScintilla(event->key() == Qt::Key_Backtab || event->modifiers() & Qt::ShiftModifier
+                          ? SCI_BACKTAB
+                          : SCI_TAB);
+        break;
+    case 8:
+        SendScintilla(SCI_DELETEBACK);
+        break;
+    default:
+        SendScintilla(SCI_CLEAR);
+    }
+    return true;
+}
+
+// The start of the first line that is seen, or the end of the last one that is seen whole.
+void TextView::goToVisible(bool end, bool extend)
+{
+    const long first = SendScintilla(SCI_GETFIRSTVISIBLELINE);
+    const long last =
+        std::min(first + SendScintilla(SCI_LINESONSCREEN), SendScintilla(SCI_GETLINECOUNT)) - 1;
+    const long caret = end ? SendScintilla(SCI_GETLINEENDPOSITION, ulong(last))
+                           : SendScintilla(SCI_POSITIONFROMLINE, ulong(first));
+    const long anchor = extend ? SendScintilla(SCI_GETANCHOR) : caret;
+    SendScintilla(SCI_SETSEL, ulong(anchor), caret);
+    SendScintilla(SCI_CHOOSECARETX);
+}
+
+void TextView::insertNewLine()
+{
+    static constexpr const char *ends[] = {"\r\n", "\r", "\n"};
+    QByteArray text = ends[SendScintilla(SCI_GETEOLMODE)];
+    const long start = SendScintilla(SCI_GETSELECTIONSTART);
+    const long line = SendScintilla(SCI_LINEFROMPOSITION, ulong(start));
+    long at = SendScintilla(SCI_POSITIONFROMLINE, ulong(line));
+    for (; m_autoIndent && at < start; ++at) {
+        const char c = char(SendScintilla(SCI_GETCHARAT, ulong(at)));
+        if (c != ' ' && c != '\t')
+            break;
+        text.append(c);
+    }
+    SendScintilla(SCI_REPLACESEL, text.constData());
+    SendScintilla(SCI_SCROLLCARET);
+    SendScintilla(SCI_CHOOSECARETX);
+}
+
+// A character at a time, each told before it is typed and typed before the next is told.
+void TextView::typeText(const QString &text)
+{
+    for (const char32_t code : text.toUcs4()) {
+        const long caret = SendScintilla(SCI_GETCURRENTPOS);
+        const bool overwrites = selectCharacterToOverwrite();
+        const int typed = m_owner.keyPress(int(code));
+        if (typed == 0 && overwrites)
+            SendScintilla(SCI_SETEMPTYSELECTION, caret);
+        else if (typed != 0)
+            typeCharacter(QString::fromUcs4(reinterpret_cast<const char32_t *>(&typed), 1));
+    }
+}
+
+void TextView::typeCharacter(const QString &character)
+{
+    QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, character);
+    QsciScintillaBase::keyPressEvent(&typed);
+}
+
+// Overwriting replaces a selected character, so that whoever hears of the character finds in the
+// selection what it will replace.
+bool TextView::selectCharacterToOverwrite()
+{
+    const long caret = SendScintilla(SCI_GETCURRENTPOS);
+    if (!SendScintilla(SCI_GETOVERTYPE) || SendScintilla(SCI_GETSELECTIONEMPTY) == 0)
+        return false;
+    const long line = SendScintilla(SCI_LINEFROMPOSITION, ulong(caret));
+    if (caret >= SendScintilla(SCI_GETLINEENDPOSITION, ulong(line)))
+        return false;
+    SendScintilla(SCI_SETSEL, ulong(caret), SendScintilla(SCI_POSITIONAFTER, caret));
+    return true;
+}
+
+void TextView::inputMethodEvent(QInputMethodEvent *event)
+{
+    const QString commit = event->commitString();
+    if (commit.isEmpty()) {
+        QsciScintillaBase::inputMethodEvent(event);
+        return;
+    }
+    // What was shown while composing goes first, then the text comes as if it were typed.
+    QInputMethodEvent composed;
+    QsciScintillaBase::inputMethodEvent(&composed);
+    typeText(commit);
+    QInputMethodEvent rest(event->preeditString(), event->attributes());
+    if (!event->preeditString().isEmpty())
+        QsciScintillaBase::inputMethodEvent(&rest);
+    event->accept();
+}
+
+} // namespace ardiphon

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "navigation/BookmarkFile.h"
+
+#include <QObject>
+
+class QTreeWidget;
+
+namespace ardiphon {
+
+class Dialogs;
+class LEditOCX;
+
+/// The bookmarks of one document: the editor holds and draws their lines, a tree shows their texts,
+/// one node a slot, and a side file keeps them.
+class Bookmarks : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Fills \a tree with a node for each slot. \a changed is set when the side file is due and
+    /// cleared when it agrees. \a extension: that of the side file.
+    Bookmarks(LEditOCX &editor, QTreeWidget &tree, bool &changed, const QString &extension,
+              Dialogs &dialogs);
+
+    /// Puts a bookmark on the caret's line, or takes the one away that is there.
+    void InsertBookmark();
+    /// Takes the bookmark of the caret's line away.
+    void RemoveBookmark();
+    void RemoveAllBookmarks();
+
+    /// Empties the slots; neither the side file nor the changed flag follows.
+    void clear();
+    /// Writes the side file of the document of that name. Nothing for one without a file.
+    void save(const QString &documentName);
+    void saveIfChanged(const QString &documentName);
+    /// Takes the slots from the side file, if there is one.
+    void load(const QString &documentName);
+
+signals:
+    /// A node was clicked, and the caret stands on its line if it has one.
+    void visited();
+
+private:
+    QString textOf(int slot) const;
+    void setText(int slot, const QString &text);
+    int firstFreeSlot() const;
+    int slotOnLine(int line) const;
+    void occupy(int slot, int line, const QString &text);
+    void release(int slot);
+    void visit(int slot);
+    QString sideFileOf(const QString &documentName) const;
+
+    LEditOCX &m_editor;
+    QTreeWidget &m_tree;
+    bool &m_changed;
+    const QString m_extension;
+    Dialogs &m_dialogs;
+};
+
+} // namespace ardiphon

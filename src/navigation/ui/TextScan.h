@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+namespace ardiphon {
+
+class LEditOCX;
+
+/// Whether \a text stands anywhere in the editor, with exactly these letters. Leaves the view as it
+/// is; the selection record and the search properties are used up.
+bool containsExactly(LEditOCX &editor, const QString &text);
+
+} // namespace ardiphon

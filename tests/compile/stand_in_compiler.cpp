@@ -1,0 +1,178 @@
+// Stands in for a compiler. It is called as one is, `stand_in_compiler <piece> ... -O<log>`, and
+// the base name of the piece chooses how it behaves. It leaves its process id, and on the next line
+// that of the process it has started, in a file named after the piece with ".pid" behind it.
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <sys/resource.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+std::string piece;
+std::string logFile;
+std::vector<std::string> arguments;
+
+void leavePids(pid_t started = 0)
+{
+    const std::string name = piece + ".pid";
+    std::ofstream(name + "~") << getpid() << '\n' << started << '\n';
+    std::filesystem::rename(name + "~", name);
+}
+
+void writeLog(std::string_view text)
+{
+    std::ofstream(logFile, std::ios::binary | std::ios::app) << text;
+}
+
+[[noreturn]] void sleepForever()
+{
+    for (;;)
+        pause();
+}
+
+pid_t startChild()
+{
+    const pid_t child = fork();
+    if (child == 0)
+        sleepForever();
+    return child;
+}
+
+void logged()
+{
+    writeLog("this is the log\n");
+    leavePids();
+}
+
+void slow()
+{
+    logged();
+    sleepForever();
+}
+
+void flood()
+{
+    leavePids();
+    std::string line;
+    std::ofstream log(logFile, std::ios::binary);
+    for (int i = 1; i <= 200'000; ++i) {
+        line = "line " + std::to_string(i) + " of a compiler that has a great deal to say\n";
+        log << line;
+        std::fputs(line.c_str(), stdout);
+    }
+}
+
+void ignores()
+{
+    for (const int number : {SIGTERM, SIGINT, SIGHUP, SIGQUIT})
+        std::signal(number, SIG_IGN);
+    slow();
+}
+
+void forks()
+{
+    writeLog("this is the log\n");
+    leavePids(startChild());
+    sleepForever();
+}
+
+void leaves()
+{
+    writeLog("this is the log\n");
+    leavePids(startChild());
+}
+
+void crashes()
+{
+    logged();
+    const rlimit none{0, 0};
+    setrlimit(RLIMIT_CORE, &none);
+    std::raise(SIGSEGV);
+}
+
+void deletes()
+{
+    logged();
+    std::filesystem::remove(logFile);
+}
+
+/// Makes its log again as soon as somebody has deleted it.
+void stubborn()
+{
+    logged();
+    for (;;) {
+        if (!std::filesystem::exists(logFile))
+            writeLog("here again\n");
+        usleep(200);
+    }
+}
+
+void escapes()
+{
+    using namespace std::string_view_literals;
+    writeLog("\x1b[31mred\x1b[0m and \0nothing\r\nnext\n"sv);
+    leavePids();
+}
+
+void fails()
+{
+    logged();
+    std::exit(3);
+}
+
+void lists()
+{
+    std::string text;
+    for (const std::string &argument : arguments)
+        text += "argument " + argument + '\n';
+    for (const char *name : {"SFDIR", "LC_MESSAGES", "LC_ALL", "LANG"})
+        if (const char *value = std::getenv(name))
+            text += std::string(name) + '=' + value + '\n';
+    text += "directory " + std::filesystem::current_path().string() + '\n';
+    text += getpgrp() == getpid() ? "leads its group\n" : "in another's group\n";
+    writeLog(text);
+    leavePids();
+}
+
+const std::map<std::string, std::function<void()>> behaviours{
+    {"quiet", [] { leavePids(); }},
+    {"logged", logged},
+    {"slow", slow},
+    {"flood", flood},
+    {"ignores", ignores},
+    {"forks", forks},
+    {"leaves", leaves},
+    {"crashes", crashes},
+    {"deletes", deletes},
+    {"stubborn", stubborn},
+    {"escapes", escapes},
+    {"fails", fails},
+};
+
+} // namespace
+
+int main(int count, char **values)
+{
+    arguments.assign(values + 1, values + count);
+    if (arguments.empty())
+        return 2;
+    piece = arguments.front();
+    for (const std::string &argument : arguments)
+        if (argument.starts_with("-O"))
+            logFile = argument.substr(2);
+    const auto behaviour = behaviours.find(std::filesystem::path(piece).stem().string());
+    if (behaviour == behaviours.end())
+        lists(); // whatever the piece is called
+    else
+        behaviour->second();
+    return 0;
+}

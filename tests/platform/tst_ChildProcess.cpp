@@ -1,0 +1,322 @@
+#include "platform/ChildProcess.h"
+#include "platform/CommandText.h"
+#include "support/StandInCompiler.h"
+
+#include <QDir>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+#include <memory>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace ardiphon;
+using namespace StandInCompiler;
+
+class tst_ChildProcess : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void start_endsByItself_oneEnd();
+    void start_failingExitCode_isAnEndLikeAnyOther();
+    void start_directoryAndEnvironment_reachTheChild();
+    void start_oddNames_areOneArgument();
+    void start_cannot_oneEndThatSaysWhy_data();
+    void start_cannot_oneEndThatSaysWhy();
+    void start_bareName_isFoundInTheSearchPath();
+    void start_relativePath_isFromTheCurrentDirectory();
+    void stop_whateverItDoes_isKilledWithItsGroup_data();
+    void stop_whateverItDoes_isKilledWithItsGroup();
+    void stop_atOnce_isStopped();
+    void stop_afterTheEnd_changesNothing();
+    void leader_endsByItself_takesItsGroupAlong();
+    void leader_killedFromOutside_isAnEnd();
+    void leader_crashes_isAnEnd();
+    void destructor_whileRunning_killsAndReturns();
+    void parent_killed_takesTheChildAlong();
+    void hidden_output_isDiscarded();
+
+private:
+    ProcessStart piece(const QString &name);
+    QString path(const QString &name) const { return m_folder->filePath(name); }
+    QByteArray log() const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_current;
+};
+
+void tst_ChildProcess::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_current = QDir::currentPath();
+}
+
+void tst_ChildProcess::cleanup() { QDir::setCurrent(m_current); }
+
+ProcessStart tst_ChildProcess::piece(const QString &name)
+{
+    ProcessStart start;
+    start.executable = StandInCompiler::path();
+    start.parameters = quoted(path(name)) + QStringLiteral(" -O") + path(QStringLiteral("log"));
+    return start;
+}
+
+QByteArray tst_ChildProcess::log() const
+{
+    QFile file(path(QStringLiteral("log")));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void tst_ChildProcess::start_endsByItself_oneEnd()
+{
+    ChildProcess process;
+    QSignalSpy started(&process, &ChildProcess::started);
+    QSignalSpy ended(&process, &ChildProcess::ended);
+    process.start(piece("logged.csd"));
+    QVERIFY(!process.end());
+    QVERIFY(process.processId() > 0);
+    QTRY_COMPARE(ended.size(), 1);
+    QCOMPARE(started.size(), 1);
+    QCOMPARE(process.end(), ProcessEnd::Ended);
+    QCOMPARE(process.processId(), 0);
+    QVERIFY(!isOurChild(pids(path("logged.csd")).leader));
+    process.stop();
+    QCoreApplication::processEvents();
+    QCOMPARE(ended.size(), 1);
+}
+
+void tst_ChildProcess::start_failingExitCode_isAnEndLikeAnyOther()
+{
+    ChildProcess process;
+    process.start(piece("fails.csd"));
+    QTRY_COMPARE(process.end(), ProcessEnd::Ended);
+    QCOMPARE(log(), QByteArray("this is the log\n"));
+}
+
+void tst_ChildProcess::start_directoryAndEnvironment_reachTheChild()
+{
+    qputenv("LC_ALL", "C.UTF-8");
+    ProcessStart start = piece("lists.csd");
+    start.directory = m_folder->path();
+    start.environment = {{"SFDIR", "/some where"}, {"LC_ALL", std::nullopt}};
+    ChildProcess process;
+    process.start(start);
+    QTRY_COMPARE(process.end(), ProcessEnd::Ended);
+    const QByteArrayList lines = log().split('\n');
+    QVERIFY(lines.contains("SFDIR=/some where"));
+    QVERIFY(lines.contains("directory " + QFile::encodeName(m_folder->path())));
+    QVERIFY(lines.contains("leads its group"));
+    QVERIFY(!log().contains("LC_ALL"));
+}
+
+void tst_ChildProcess::start_oddNames_areOneArgument()
+{
+    const QString name = QStringLiteral("-a; \"b\" $HOME *\n") + QChar(0xe8) + ".csd";
+    ChildProcess process;
+    process.start(piece(name));
+    QTRY_COMPARE(process.end(), ProcessEnd::Ended);
+    QVERIFY(log().startsWith("argument " + path(name).toUtf8() + "\nargument -O"));
+}
+
+void tst_ChildProcess::start_cannot_oneEndThatSaysWhy_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<ProcessEnd>("end");
+    QTest::newRow("gone") << "gone" << ProcessEnd::NotFound;
+    QTest::newRow("empty") << "empty" << ProcessEnd::NotFound;
+    QTest::newRow("bare name") << "bare" << ProcessEnd::NotFound;
+    QTest::newRow("folder") << "folder" << ProcessEnd::StartFailed;
+    QTest::newRow("not executable") << "text" << ProcessEnd::StartFailed;
+    QTest::newRow("no program") << "garbage" << ProcessEnd::StartFailed;
+    QTest::newRow("start directory gone") << "directory" << ProcessEnd::StartFailed;
+}
+
+void tst_ChildProcess::start_cannot_oneEndThatSaysWhy()
+{
+    QFETCH(QString, kind);
+    QFile file(path("file"));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("\x7f"
+                                                          "ELF nonsense") > 0);
+    file.close();
+    const QHash<QString, QString> executables{{"gone", path("gone")},
+                                              {"empty", QString()},
+                                              {"bare", "no-such-compiler-anywhere"},
+                                              {"folder", m_folder->path()},
+                                              {"text", path("file")},
+                                              {"garbage", path("file")},
+                                              {"directory", StandInCompiler::path()}};
+    if (kind == QLatin1String("garbage"))
+        QVERIFY(file.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+    ProcessStart start = piece("slow.csd");
+    start.executable = executables.value(kind);
+    if (kind == QLatin1String("directory"))
+        start.directory = path("gone");
+    ChildProcess process;
+    QSignalSpy ended(&process, &ChildProcess::ended);
+    QSignalSpy started(&process, &ChildProcess::started);
+    process.start(start);
+    QTRY_VERIFY(process.end());
+    QTEST(*process.end(), "end");
+    QCoreApplication::processEvents();
+    QCOMPARE(ended.size(), 1);
+    QCOMPARE(started.size(), 0);
+}
+
+void tst_ChildProcess::start_bareName_isFoundInTheSearchPath()
+{
+    const QByteArray before = qgetenv("PATH");
+    qputenv("PATH", QFile::encodeName(QCoreApplication::applicationDirPath()) + ':' + before);
+    ProcessStart start = piece("quiet.csd");
+    start.executable = "stand_in_compiler";
+    ChildProcess process;
+    process.start(start);
+    qputenv("PATH", before);
+    QTRY_COMPARE(process.end(), ProcessEnd::Ended);
+}
+
+void tst_ChildProcess::start_relativePath_isFromTheCurrentDirectory()
+{
+    QVERIFY(QDir::setCurrent(QCoreApplication::applicationDirPath()));
+    ProcessStart start = piece("quiet.csd");
+    start.executable = "./stand_in_compiler";
+    start.directory = m_folder->path();
+    ChildProcess process;
+    process.start(start);
+    QTRY_COMPARE(process.end(), ProcessEnd::Ended);
+}
+
+void tst_ChildProcess::stop_whateverItDoes_isKilledWithItsGroup_data()
+{
+    QTest::addColumn<QString>("behaviour");
+    for (const char *behaviour : {"slow", "ignores", "forks"})
+        QTest::newRow(behaviour) << behaviour;
+}
+
+void tst_ChildProcess::stop_whateverItDoes_isKilledWithItsGroup()
+{
+    QFETCH(QString, behaviour);
+    const QString name = behaviour + ".csd";
+    ChildProcess process;
+    QSignalSpy ended(&process, &ChildProcess::ended);
+    process.start(piece(name));
+    QTRY_VERIFY(pids(path(name)).leader);
+    const Pids left = pids(path(name));
+    QVERIFY(isAlive(left.leader));
+    QCOMPARE(left.child != 0, behaviour == QLatin1String("forks"));
+    process.stop();
+    QTRY_COMPARE(ended.size(), 1);
+    QCOMPARE(process.end(), ProcessEnd::Stopped);
+    QVERIFY(!isOurChild(left.leader));
+    QTRY_VERIFY(!left.child || !isAlive(left.child));
+}
+
+void tst_ChildProcess::stop_atOnce_isStopped()
+{
+    ChildProcess process;
+    QSignalSpy ended(&process, &ChildProcess::ended);
+    process.start(piece("slow.csd"));
+    const auto pid = pid_t(process.processId());
+    process.stop();
+    process.stop();
+    QTRY_COMPARE(ended.size(), 1);
+    QCOMPARE(process.end(), ProcessEnd::Stopped);
+    QVERIFY(!isOurChild(pid));
+}
+
+void tst_ChildProcess::stop_afterTheEnd_changesNothing()
+{
+    ChildProcess process;
+    process.stop();
+    QVERIFY(!process.end());
+    process.start(piece("quiet.csd"));
+    QTRY_VERIFY(process.end());
+    process.stop();
+    QCOMPARE(process.end(), ProcessEnd::Ended);
+}
+
+void tst_ChildProcess::leader_endsByItself_takesItsGroupAlong()
+{
+    ChildProcess process;
+    process.start(piece("leaves.csd"));
+    QTRY_COMPARE(process.end(), ProcessEnd::Ended);
+    const pid_t child = pids(path("leaves.csd")).child;
+    QVERIFY(child);
+    QTRY_VERIFY(!isAlive(child));
+}
+
+void tst_ChildProcess::leader_killedFromOutside_isAnEnd()
+{
+    ChildProcess process;
+    process.start(piece("forks.csd"));
+    QTRY_VERIFY(pids(path("forks.csd")).child);
+    const Pids left = pids(path("forks.csd"));
+    QCOMPARE(::kill(left.leader, SIGKILL), 0);
+    QTRY_COMPARE(process.end(), ProcessEnd::Ended);
+    QVERIFY(!isOurChild(left.leader));
+    QTRY_VERIFY(!isAlive(left.child));
+}
+
+void tst_ChildProcess::leader_crashes_isAnEnd()
+{
+    ChildProcess process;
+    QSignalSpy ended(&process, &ChildProcess::ended);
+    process.start(piece("crashes.csd"));
+    QTRY_COMPARE(process.end(), ProcessEnd::Ended);
+    QCoreApplication::processEvents();
+    QCOMPARE(ended.size(), 1);
+}
+
+void tst_ChildProcess::destructor_whileRunning_killsAndReturns()
+{
+    auto process = std::make_unique<ChildProcess>();
+    QSignalSpy ended(process.get(), &ChildProcess::ended);
+    process->start(piece("forks.csd"));
+    QTRY_VERIFY(pids(path("forks.csd")).child);
+    const Pids left = pids(path("forks.csd"));
+    process.reset();
+    QTRY_VERIFY(!isOurChild(left.leader));
+    QTRY_VERIFY(!isAlive(left.child));
+    QCOMPARE(ended.size(), 0);
+}
+
+void tst_ChildProcess::parent_killed_takesTheChildAlong()
+{
+    // A process of its own stands for the program that is killed.
+    const QString name = path("slow.csd");
+    const pid_t program = ::fork();
+    if (program == 0) {
+        ChildProcess process;
+        process.start(piece("slow.csd"));
+        for (;;)
+            ::pause();
+    }
+    QTRY_VERIFY(pids(name).leader);
+    const pid_t compiler = pids(name).leader;
+    QVERIFY(isAlive(compiler));
+    QCOMPARE(::kill(program, SIGKILL), 0);
+    QTRY_VERIFY(!isAlive(compiler));
+    QCOMPARE(::waitpid(program, nullptr, 0), program);
+}
+
+void tst_ChildProcess::hidden_output_isDiscarded()
+{
+    // The flood goes to a pipe that nobody reads; a child that wrote there would never end.
+    int ends[2];
+    QCOMPARE(::pipe(ends), 0);
+    const int before = ::dup(STDOUT_FILENO);
+    ::dup2(ends[1], STDOUT_FILENO);
+    ChildProcess process;
+    process.start(piece("flood.csd"));
+    ::dup2(before, STDOUT_FILENO);
+    QTRY_COMPARE_WITH_TIMEOUT(process.end(), ProcessEnd::Ended, 30'000);
+    for (const int descriptor : {ends[0], ends[1], before})
+        ::close(descriptor);
+}
+
+QTEST_GUILESS_MAIN(tst_ChildProcess)
+#include "tst_ChildProcess.moc"

@@ -1,0 +1,297 @@
+#include "platform/ui/QtDialogs.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QFileSystemModel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTreeView>
+
+using namespace ardiphon;
+
+Q_DECLARE_METATYPE(ardiphon::MessageIcon)
+Q_DECLARE_METATYPE(ardiphon::MessageButtons)
+Q_DECLARE_METATYPE(ardiphon::Answer)
+
+class tst_QtDialogs : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void message_showsTitleTextAndIcon_data();
+    void message_showsTitleTextAndIcon();
+    void message_markup_isShownAsItStands();
+    void message_button_givesItsAnswer_data();
+    void message_button_givesItsAnswer();
+    void message_closedWithoutChoice_givesTheMildestAnswer_data();
+    void message_closedWithoutChoice_givesTheMildestAnswer();
+    void message_liesOverTheActiveWindow();
+    void message_liesOverTheModalWindow();
+    void openFile_showsTitleFilterAndFolder();
+    void openFile_chosen_givesAbsolutePath();
+    void openFile_cancelled_isEmpty();
+    void openFile_missingFile_isRefused();
+    void openFile_filter_ignoresCaseAndShowsFilesWithoutDot();
+    void saveFile_newName_addsNoExtension();
+    void saveFile_existing_asksBeforeOverwriting();
+    void saveFile_cancelled_isEmpty();
+
+private:
+    /// Runs \a step once the next dialog is on the screen.
+    template <typename Dialog, typename Step>
+    void whenShown(Step step);
+    /// Types \a name into a file dialog and accepts it, as a user would.
+    static void chooseName(QFileDialog *dialog, const QString &name);
+    void touch(const QString &name);
+    FileQuestion question() const
+    {
+        return {"The Title", "CSD Files (*.csd)|*.csd|All Files (*.*)|*.*", m_folder->path()};
+    }
+
+    QtDialogs m_dialogs;
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void tst_QtDialogs::init() { m_folder = std::make_unique<QTemporaryDir>(); }
+
+template <typename Dialog, typename Step>
+void tst_QtDialogs::whenShown(Step step)
+{
+    QTimer::singleShot(0, this, [step] {
+        auto *const dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        step(dialog);
+        if (dialog->isVisible())
+            dialog->reject(); // so that a test that failed comes to an end
+    });
+}
+
+void tst_QtDialogs::chooseName(QFileDialog *dialog, const QString &name)
+{
+    auto *const edit = dialog->findChild<QLineEdit *>("fileNameEdit");
+    QVERIFY(edit);
+    edit->setText(name);
+    QTest::keyClick(edit, Qt::Key_Return);
+}
+
+void tst_QtDialogs::touch(const QString &name)
+{
+    QFile file(m_folder->filePath(name));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+}
+
+void tst_QtDialogs::message_showsTitleTextAndIcon_data()
+{
+    QTest::addColumn<MessageIcon>("icon");
+    QTest::addColumn<int>("shown");
+
+    QTest::newRow("none") << MessageIcon::None << int(QMessageBox::NoIcon);
+    QTest::newRow("information") << MessageIcon::Information << int(QMessageBox::Information);
+    QTest::newRow("exclamation") << MessageIcon::Exclamation << int(QMessageBox::Warning);
+    QTest::newRow("critical") << MessageIcon::Critical << int(QMessageBox::Critical);
+}
+
+void tst_QtDialogs::message_showsTitleTextAndIcon()
+{
+    QFETCH(MessageIcon, icon);
+    whenShown<QMessageBox>([](QMessageBox *box) {
+        QCOMPARE(box->windowTitle(), "Save File");
+        QCOMPARE(box->text(), "File has changed!\nDo you want to save it?");
+        QTEST(int(box->icon()), "shown");
+        QCOMPARE(box->objectName(), "MessageBox");
+        box->accept();
+    });
+    m_dialogs.message({"File has changed!\r\nDo you want to save it?", "Save File", icon,
+                       MessageButtons::YesNoCancel});
+}
+
+void tst_QtDialogs::message_markup_isShownAsItStands()
+{
+    whenShown<QMessageBox>([](QMessageBox *box) {
+        QCOMPARE(box->textFormat(), Qt::PlainText);
+        QCOMPARE(box->windowTitle(), "ArdiphonPro");
+        box->accept();
+    });
+    m_dialogs.message({"<b>file</b>"});
+}
+
+void tst_QtDialogs::message_button_givesItsAnswer_data()
+{
+    QTest::addColumn<MessageButtons>("buttons");
+    QTest::addColumn<QMessageBox::StandardButton>("button");
+    QTest::addColumn<Answer>("answer");
+    QTest::addColumn<int>("count");
+
+    const auto row = [](const char *name, MessageButtons buttons,
+                        QMessageBox::StandardButton button, Answer answer,
+                        int count) { QTest::newRow(name) << buttons << button << answer << count; };
+    row("ok", MessageButtons::Ok, QMessageBox::Ok, Answer::Ok, 1);
+    row("yes of two", MessageButtons::YesNo, QMessageBox::Yes, Answer::Yes, 2);
+    row("no of two", MessageButtons::YesNo, QMessageBox::No, Answer::No, 2);
+    row("yes of three", MessageButtons::YesNoCancel, QMessageBox::Yes, Answer::Yes, 3);
+    row("no of three", MessageButtons::YesNoCancel, QMessageBox::No, Answer::No, 3);
+    row("cancel", MessageButtons::YesNoCancel, QMessageBox::Cancel, Answer::Cancel, 3);
+}
+
+void tst_QtDialogs::message_button_givesItsAnswer()
+{
+    QFETCH(MessageButtons, buttons);
+    QFETCH(QMessageBox::StandardButton, button);
+    QFETCH(int, count);
+    whenShown<QMessageBox>([&](QMessageBox *box) {
+        QCOMPARE(box->buttons().size(), count);
+        QVERIFY(box->button(button));
+        QTest::mouseClick(box->button(button), Qt::LeftButton);
+    });
+    QTEST(m_dialogs.message({"text", "title", MessageIcon::None, buttons}), "answer");
+}
+
+void tst_QtDialogs::message_closedWithoutChoice_givesTheMildestAnswer_data()
+{
+    QTest::addColumn<MessageButtons>("buttons");
+    QTest::addColumn<Answer>("answer");
+
+    QTest::newRow("ok") << MessageButtons::Ok << Answer::Ok;
+    QTest::newRow("yes or no") << MessageButtons::YesNo << Answer::No;
+    QTest::newRow("with cancel") << MessageButtons::YesNoCancel << Answer::Cancel;
+}
+
+void tst_QtDialogs::message_closedWithoutChoice_givesTheMildestAnswer()
+{
+    QFETCH(MessageButtons, buttons);
+    const Message message{"text", "title", MessageIcon::None, buttons};
+    whenShown<QMessageBox>([](QMessageBox *box) { QTest::keyClick(box, Qt::Key_Escape); });
+    QTEST(m_dialogs.message(message), "answer");
+    whenShown<QMessageBox>([](QMessageBox *box) { box->close(); });
+    QTEST(m_dialogs.message(message), "answer");
+}
+
+void tst_QtDialogs::message_liesOverTheActiveWindow()
+{
+    QWidget other;
+    other.show();
+    QWidget active;
+    active.show();
+    active.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&active));
+    whenShown<QMessageBox>([&](QMessageBox *box) { QCOMPARE(box->parentWidget(), &active); });
+    m_dialogs.message({"text"});
+}
+
+void tst_QtDialogs::message_liesOverTheModalWindow()
+{
+    QWidget window;
+    window.show();
+    QDialog modal(&window);
+    modal.setModal(true);
+    modal.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&modal));
+    whenShown<QMessageBox>([&](QMessageBox *box) { QCOMPARE(box->parentWidget(), &modal); });
+    m_dialogs.message({"text"});
+}
+
+void tst_QtDialogs::openFile_showsTitleFilterAndFolder()
+{
+    whenShown<QFileDialog>([this](QFileDialog *dialog) {
+        QCOMPARE(dialog->windowTitle(), "The Title");
+        QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptOpen);
+        QCOMPARE(dialog->fileMode(), QFileDialog::ExistingFile);
+        QCOMPARE(dialog->directory().absolutePath(), m_folder->path());
+        auto *const types = dialog->findChild<QComboBox *>("fileTypeCombo");
+        QVERIFY(types);
+        QCOMPARE(types->itemText(0).trimmed(), "CSD Files (*.csd)");
+        QCOMPARE(types->itemText(1).trimmed(), "All Files (*.*)");
+    });
+    m_dialogs.openFile(question());
+}
+
+void tst_QtDialogs::openFile_chosen_givesAbsolutePath()
+{
+    touch("my piece.csd");
+    whenShown<QFileDialog>([](QFileDialog *dialog) { chooseName(dialog, "my piece.csd"); });
+    QCOMPARE(m_dialogs.openFile(question()), m_folder->filePath("my piece.csd"));
+}
+
+void tst_QtDialogs::openFile_cancelled_isEmpty()
+{
+    whenShown<QFileDialog>([](QFileDialog *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
+    QVERIFY(!m_dialogs.openFile(question()).has_value());
+}
+
+void tst_QtDialogs::openFile_missingFile_isRefused()
+{
+    whenShown<QFileDialog>([this](QFileDialog *dialog) {
+        bool warned = false;
+        whenShown<QMessageBox>([&warned](QMessageBox *box) {
+            warned = true;
+            box->accept();
+        });
+        chooseName(dialog, "missing.csd");
+        QVERIFY(warned);
+        QVERIFY(dialog->isVisible());
+    });
+    QVERIFY(!m_dialogs.openFile(question()).has_value());
+}
+
+void tst_QtDialogs::openFile_filter_ignoresCaseAndShowsFilesWithoutDot()
+{
+    for (const char *name : {"a.csd", "b.CSD", "c.Csd", "d.txt", "nodot"})
+        touch(name);
+    whenShown<QFileDialog>([](QFileDialog *dialog) {
+        const auto shown = [dialog] {
+            QStringList names;
+            const QAbstractItemView *const view = dialog->findChild<QTreeView *>("treeView");
+            for (int row = 0; row < view->model()->rowCount(view->rootIndex()); ++row)
+                names << view->model()->index(row, 0, view->rootIndex()).data().toString();
+            names.sort();
+            return names;
+        };
+        QTRY_COMPARE(shown(), QStringList({"a.csd", "b.CSD", "c.Csd"}));
+        auto *const types = dialog->findChild<QComboBox *>("fileTypeCombo");
+        types->setCurrentIndex(1);
+        emit types->activated(1);
+        QTRY_COMPARE(shown(), QStringList({"a.csd", "b.CSD", "c.Csd", "d.txt", "nodot"}));
+    });
+    m_dialogs.openFile(question());
+}
+
+void tst_QtDialogs::saveFile_newName_addsNoExtension()
+{
+    whenShown<QFileDialog>([](QFileDialog *dialog) {
+        QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptSave);
+        chooseName(dialog, "piece");
+    });
+    QCOMPARE(m_dialogs.saveFile(question()), m_folder->filePath("piece"));
+}
+
+void tst_QtDialogs::saveFile_existing_asksBeforeOverwriting()
+{
+    touch("piece.csd");
+    for (const auto button : {QMessageBox::No, QMessageBox::Yes}) {
+        bool asked = false;
+        whenShown<QFileDialog>([&](QFileDialog *dialog) {
+            whenShown<QMessageBox>([&](QMessageBox *box) {
+                asked = true;
+                QTest::mouseClick(box->button(button), Qt::LeftButton);
+            });
+            chooseName(dialog, "piece.csd");
+        });
+        const auto path = m_dialogs.saveFile(question());
+        QVERIFY(asked);
+        QCOMPARE(path.has_value(), button == QMessageBox::Yes);
+    }
+}
+
+void tst_QtDialogs::saveFile_cancelled_isEmpty()
+{
+    whenShown<QFileDialog>([](QFileDialog *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
+    QVERIFY(!m_dialogs.saveFile(question()).has_value());
+}
+
+QTEST_MAIN(tst_QtDialogs)
+#include "tst_QtDialogs.moc"

@@ -1,0 +1,107 @@
+"""A desktop of its own for the built program: a display, a window manager, a home folder, and the
+keys and the clipboard of a user who sits in front of it."""
+
+import os
+import shutil
+import subprocess
+import tempfile
+import time
+
+PATIENCE = 60  # seconds until a condition that never comes true is called a failure
+
+
+def wait_for(what, condition):
+    """Waits until condition() gives something true, and gives that."""
+    end = time.monotonic() + PATIENCE
+    while time.monotonic() < end:
+        result = condition()
+        if result:
+            return result
+        time.sleep(0.02)
+    raise AssertionError(f"waited in vain for {what}")
+
+
+class Desktop:
+    def __init__(self, program_folder):
+        self.program = os.path.join(program_folder, "ArdiphonPro")
+        self.folder = tempfile.mkdtemp(prefix="desktop-")
+        self.temporary = os.path.join(self.folder, "tmp")
+        self.processes = []
+        self.environment = {
+            "PATH": os.environ["PATH"],
+            "HOME": self.folder,
+            "XDG_CONFIG_HOME": os.path.join(self.folder, "config"),
+            "XDG_RUNTIME_DIR": self.folder,
+            "TMPDIR": self.temporary,
+            "LC_ALL": "C.UTF-8",
+        }
+        os.mkdir(self.temporary)
+
+    def __enter__(self):
+        read_end, write_end = os.pipe()
+        self.start(
+            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1280x1024x24"],
+            pass_fds=[write_end],
+        )
+        os.close(write_end)
+        with os.fdopen(read_end) as display:
+            self.environment["DISPLAY"] = ":" + display.readline().strip()
+        self.start(["openbox"])
+        wait_for("the window manager", lambda: self.tell("xdotool", "get_num_desktops"))
+        return self
+
+    def __exit__(self, *_):
+        for process in reversed(self.processes):
+            process.kill()
+            process.wait()
+        shutil.rmtree(self.folder)
+
+    def start(self, command, **options):
+        process = subprocess.Popen(
+            command,
+            env=self.environment,
+            stdin=subprocess.DEVNULL,
+            stdout=subprocess.DEVNULL,
+            stderr=subprocess.DEVNULL,
+            **options,
+        )
+        self.processes.append(process)
+        return process
+
+    def start_program(self, *arguments):
+        return self.start([self.program, *arguments])
+
+    def tell(self, *command):
+        """What a command prints, or "" when it fails."""
+        done = subprocess.run(command, env=self.environment, capture_output=True, text=True)
+        return done.stdout.strip() if done.returncode == 0 else ""
+
+    def window(self, title):
+        """Waits until a window whose title matches has the focus."""
+
+        def focused():
+            return self.tell("xdotool", "getactivewindow", "getwindowname")
+
+        wait_for(f"the window {title!r}", lambda: title in focused())
+
+    def key(self, *keys):
+        self.tell("xdotool", "key", "--clearmodifiers", *keys)
+
+    def type(self, text):
+        self.tell("xdotool", "type", "--clearmodifiers", text)
+
+    def copied_text(self):
+        """The whole text of the control that has the focus."""
+        self.key("ctrl+a", "ctrl+c")
+        return self.tell("xclip", "-selection", "clipboard", "-o")
+
+    def processes_named(self, name):
+        """The running children of this desktop with that name."""
+        return [pid for pid in self.tell("pgrep", "-x", name).split() if self.is_ours(pid)]
+
+    def is_ours(self, pid):
+        try:
+            with open(f"/proc/{pid}/environ", "rb") as environment:
+                return f"HOME={self.folder}".encode() in environment.read().split(b"\0")
+        except OSError:
+            return False
