@@ -44,12 +44,25 @@ bool isReadableText(const QString &path)
     return extensions.contains(QFileInfo(path).suffix().toLower());
 }
 
-QString notice(const QString &path)
+QString notice(const QString &title, const QString &reason, const QString &path, const QString &way)
 {
-    return QStringLiteral("<h2>The manual cannot be shown</h2><p>There is no page to read at</p>"
-                          "<p><b>%1</b></p><p>Choose the start page of the Csound manual under "
-                          "File-&gt;Settings-&gt;CSound Help.</p>")
-        .arg(path.toHtmlEscaped());
+    return QStringLiteral("<title>%1</title><h2>%1</h2><p>%2</p><p><b>%3</b></p><p>%4</p>")
+        .arg(title, reason, path.toHtmlEscaped(), way);
+}
+
+QString missingPage(const QString &path)
+{
+    return notice(QStringLiteral("The manual cannot be shown"),
+                  QStringLiteral("There is no page to read at"), path,
+                  QStringLiteral("Choose the start page of the Csound manual under "
+                                 "File-&gt;Settings-&gt;CSound Help."));
+}
+
+QString largePage(const QString &path)
+{
+    return notice(QStringLiteral("The page is too large"),
+                  QStringLiteral("This window does not show pages as large as"), path,
+                  QStringLiteral("It can be opened in the browser."));
 }
 
 } // namespace
@@ -76,9 +89,11 @@ QVariant ManualBrowser::loadResource(int type, const QUrl &name)
 QString ManualBrowser::contentOf(const QUrl &page) const
 {
     const QString path = page.toLocalFile();
+    if (QFileInfo(path).size() > largestPage)
+        return largePage(path);
     const QByteArray bytes = readManualPage(path, largestPage);
     if (bytes.isEmpty())
-        return notice(path);
+        return missingPage(path);
     return isManualPage(path) ? QString::fromUtf8(bytes) : escapedText(bytes);
 }
 
