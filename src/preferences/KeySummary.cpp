@@ -75,7 +75,7 @@ constexpr std::array keyRows{
 
 constexpr const char *page = R"(<h2>ArdiphonPro Help:</h2>
 <p>To activate the on-line help, select a file for the Csound help under
-<nobr>File-&gt;Settings-&gt;CSound Help</nobr>.</p>
+File-&gt;Settings-&gt;CSound Help.</p>
 <p>As console compiler, use only Csound_con_xxx (Consound.exe), not csound_new.</p>
 <h3>Shortcuts</h3>
 <table width="100%" cellspacing="0" cellpadding="4">%1</table>
@@ -83,26 +83,25 @@ constexpr const char *page = R"(<h2>ArdiphonPro Help:</h2>
 <p>Left click on Opcode to view parameters</p>
 <p>Right click to view popup menu (here you can launch Csound Opcode Help)</p>)";
 
-QString cell(const char *text, const char *width, const char *style)
+QString cell(const char *width, const QString &text)
 {
-    return QStringLiteral("<td width=\"%1\" style=\"%2\">%3</td>")
-        .arg(QLatin1String(width), QLatin1String(style), QString::fromLatin1(text).toHtmlEscaped());
+    return QStringLiteral("<td width=\"%1\">%2</td>").arg(QLatin1String(width), text);
 }
+
+QString escaped(const char *text) { return QString::fromLatin1(text).toHtmlEscaped(); }
 
 } // namespace
 
-QString keySummary()
+QString keySummary(const QString &shade)
 {
-    // Every other row shaded, with a colour that shows on a light and on a dark ground.
-    static const char *const shades[] = {"background-color: rgba(128, 144, 168, 0.12)", ""};
     QString rows;
-    std::size_t shade = 0;
+    bool shaded = true;
     for (const KeyRow &row : keyRows) {
-        const char *const style = shades[shade];
-        rows += QStringLiteral("<tr>") + cell(row.key, "18%", style) +
-                cell(row.view, "22%", style) + cell(row.action, "60%", style) +
+        rows += shaded ? QStringLiteral("<tr bgcolor=\"%1\">").arg(shade) : QStringLiteral("<tr>");
+        rows += cell("18%", QStringLiteral("<b>%1</b>").arg(escaped(row.key))) +
+                cell("22%", escaped(row.view)) + cell("60%", escaped(row.action)) +
                 QStringLiteral("</tr>\n");
-        shade = 1 - shade;
+        shaded = !shaded;
     }
     return QString::fromLatin1(page).arg(rows);
 }

@@ -11,6 +11,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextEdit>
+#include <QTextTable>
 
 using namespace ardiphon;
 
@@ -36,6 +37,7 @@ private slots:
     void help_tellsTitleAndNotes();
     void help_tellsKeyViewAndAction_data();
     void help_tellsKeyViewAndAction();
+    void help_hasARowForEachKey();
     void help_tellsTheMouse();
     void help_isReadOnly();
     void about_tellsBothVersions();
@@ -168,6 +170,20 @@ void tst_HelpWindows::help_tellsKeyViewAndAction()
     for (qsizetype i = 0; i + 2 < lines.size(); ++i)
         found = found || (lines[i] == key && lines[i + 1] == view && lines[i + 2] == action);
     QVERIFY(found);
+}
+
+void tst_HelpWindows::help_hasARowForEachKey()
+{
+    FormHelp window(nullptr);
+    const auto *const text = window.findChild<QTextEdit *>(QStringLiteral("RichTextBox1"));
+    int tables = 0;
+    for (auto frame = text->document()->rootFrame()->begin(); !frame.atEnd(); ++frame)
+        if (const auto *const table = qobject_cast<QTextTable *>(frame.currentFrame())) {
+            ++tables;
+            QCOMPARE(table->rows(), 51);
+            QCOMPARE(table->columns(), 3);
+        }
+    QCOMPARE(tables, 1);
 }
 
 void tst_HelpWindows::help_tellsTheMouse()

@@ -18,7 +18,7 @@ FormHelp::FormHelp(QWidget *owner) : QDialog(owner)
     auto *const RichTextBox1 = new QTextEdit(this);
     RichTextBox1->setObjectName(QStringLiteral("RichTextBox1"));
     RichTextBox1->setReadOnly(true);
-    RichTextBox1->setHtml(keySummary());
+    RichTextBox1->setHtml(keySummary(palette().color(QPalette::AlternateBase).name()));
     RichTextBox1->document()->setDocumentMargin(12);
 
     auto *const Command1 = new QPushButton(QStringLiteral("&OK"), this);
@@ -32,7 +32,7 @@ FormHelp::FormHelp(QWidget *owner) : QDialog(owner)
     auto *const layout = new QVBoxLayout(this);
     layout->addWidget(RichTextBox1);
     layout->addLayout(buttons);
-    setFixedSize(640, 560);
+    setFixedSize(700, 560);
 }
 
 } // namespace ardiphon

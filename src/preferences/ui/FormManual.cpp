@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
+#include <QScreen>
 #include <QShortcut>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -43,7 +44,7 @@ FormManual::FormManual(std::function<void(const QUrl &)> openOutside, QWidget *o
 
     connect(m_browser, &QTextBrowser::sourceChanged, this, &FormManual::setTitle);
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
-    resize(860, 680);
+    resize(QSize(860, 680).boundedTo(screen()->availableSize()));
 }
 
 void FormManual::showPage(const QUrl &page, const QString &startPage)
@@ -98,6 +99,7 @@ void FormManual::buildFindControls()
     TextFind->setObjectName(QStringLiteral("TextFind"));
     TextFind->setPlaceholderText(QStringLiteral("Find on page"));
     TextFind->setClearButtonEnabled(true);
+    TextFind->setMinimumWidth(130);
     TextFind->setMaximumWidth(220);
     m_bar->addWidget(TextFind, 1);
     addButton(QStringLiteral("buttonFindPrevious"), QStringLiteral("\u25b2"),
