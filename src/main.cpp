@@ -5,6 +5,7 @@
 #include "documents/ui/FormCSD.h"
 #include "platform/RunFolder.h"
 #include "platform/ui/QtDialogs.h"
+#include "preferences/ui/FormAbout.h"
 
 #include <QApplication>
 #include <QDir>
@@ -26,6 +27,9 @@ int main(int argc, char *argv[])
     program.windows.showFormCSD = [&program] { (new FormCSD(program))->show(); };
 
     Form1 start(config, settings, dialogs, program.windows);
+    start.showAbout = [&config](QWidget *owner) {
+        FormAbout(config.Words.OpcodeHelpVersion, owner).exec();
+    };
     start.Load(QApplication::arguments().mid(1).join(u' '), QApplication::applicationDirPath(),
                 runFolder.path());
     return QApplication::exec();

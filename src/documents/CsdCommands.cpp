@@ -27,6 +27,7 @@ constexpr Command commands[] = {
 
     {"menuWindowLineNumbers", "&Line numbers", "CTRL+1", "Ctrl+1", true},
     {"menuWindowBarraBook", "&Bookmarks", "CTRL+2", "Ctrl+2", true},
+    {"menuWindowHelp", "&On-Line Help", "CTRL+3", "Ctrl+3", true},
     {"menuWindowToolbar", "&Toolbar", "CTRL+4", "Ctrl+4", true},
     {"menuWindowAllTools", "Hide/Show &All tools", "CTRL+5", "Ctrl+5"},
     {"menuWindowRestore", "&Restore all tools", "CTRL+6", "Ctrl+6"},
@@ -34,6 +35,11 @@ constexpr Command commands[] = {
     {"menuWindowDown", "Window &Down"},
     {"menuWindowLeft", "Window L&eft"},
     {"menuWindowRight", "Window R&ight"},
+
+    {"menuInfoArdiphonHelp", "&Ardiphon Help"},
+    {"menuInfoCsoundHelp", "CSound &Help"},
+    {"menuInfoCSoundAVHelp", "CSoundA&V Help"},
+    {"menuInfoAbout", "&About"},
 
     {"menuPopupTaglia", "Cu&t"},
     {"menuPopupCopia", "&Copy"},
@@ -44,11 +50,14 @@ constexpr Command commands[] = {
     {"menuPopupBookmark", "Insert Bookmark"},
     {"menuPopupRemoveBookmark", "Remove Bookmark"},
     {"menuPopupRemoveAllBookmarks", "Remove All Bookmarks"},
+    {"menuPopupOpcodeHelp", "Opcode -> Help"},
 
     {"buttonDefaultDir", "Default Directory"},
     {"buttonCarattereMeno", "Smaller Font"},
     {"buttonCaratterePiu", "Larger Font"},
     {"buttonSplit", "Split CSD Window", "", "", true},
+    {"buttonOpcodeHelp", "Opcode Help"},
+    {"buttonFlagsHelp", "Command Line Flags"},
 };
 
 constexpr const char *fileMenu[] = {
@@ -63,14 +72,8 @@ constexpr const char *fileMenu[] = {
 };
 
 constexpr const char *editMenu[] = {
-    "menuModificaUndo",
-    "menuModificaRedo",
-    nullptr,
-    "menuModificaTaglia",
-    "menuModificaCopia",
-    "menuModificaIncolla",
-    nullptr,
-    "menuModificaSelezionaTutto",
+    "menuModificaUndo",  "menuModificaRedo",    nullptr, "menuModificaTaglia",
+    "menuModificaCopia", "menuModificaIncolla", nullptr, "menuModificaSelezionaTutto",
 };
 
 constexpr const char *formatMenu[] = {"menuSize"};
@@ -88,6 +91,7 @@ constexpr const char *toolsMenu[] = {
 constexpr const char *windowMenu[] = {
     "menuWindowLineNumbers",
     "menuWindowBarraBook",
+    "menuWindowHelp",
     "menuWindowToolbar",
     nullptr,
     "menuWindowAllTools",
@@ -97,6 +101,11 @@ constexpr const char *windowMenu[] = {
     "menuWindowDown",
     "menuWindowLeft",
     "menuWindowRight",
+};
+
+constexpr const char *infoMenu[] = {
+    "menuInfoArdiphonHelp", nullptr, "menuInfoCsoundHelp",
+    "menuInfoCSoundAVHelp", nullptr, "menuInfoAbout",
 };
 
 constexpr const char *popupMenu[] = {
@@ -112,12 +121,15 @@ constexpr const char *popupMenu[] = {
     "menuPopupBookmark",
     "menuPopupRemoveBookmark",
     "menuPopupRemoveAllBookmarks",
+    nullptr,
+    "menuPopupOpcodeHelp",
 };
 
 constexpr Menu menus[] = {
-    {"menuFile", "&File", fileMenu},       {"menuModifica", "&Edit", editMenu},
+    {"menuFile", "&File", fileMenu},        {"menuModifica", "&Edit", editMenu},
     {"menuFormato", "F&ormat", formatMenu}, {"menuHeader", "&Header", headerMenu},
-    {"menuTools", "&Tools", toolsMenu},    {"menuWindow", "&Window", windowMenu},
+    {"menuTools", "&Tools", toolsMenu},     {"menuWindow", "&Window", windowMenu},
+    {"menuInfo", "&Info", infoMenu},
 };
 
 constexpr Menu submenus[] = {
@@ -143,6 +155,11 @@ constexpr ToolButton toolbar[] = {
     {"buttonSplit", "buttonSplit", "split", "Split CSD Window"},
     line,
     {"buttonCsound", "menuCSound", "compile", "CSound Console Compiler"},
+    line,
+    {"buttonHelp", "menuInfoCsoundHelp", "help", "CSound Help"},
+    {"buttonOpcodeHelp", "buttonOpcodeHelp", "opcode-help", "Opcode Help"},
+    {"buttonDirectHelp", "menuInfoCSoundAVHelp", "direct-help", "CSoundAV Help"},
+    {"buttonFlagsHelp", "buttonFlagsHelp", "flags-help", "Command Line Flags"},
 };
 
 } // namespace

@@ -73,8 +73,7 @@ void placeSidePanel(CsdWindowLayout &layout, const CsdWindowState &state, const 
 CsdWindowLayout ArrangeWindow(const CsdWindowState &state)
 {
     const int top = topBand(state);
-    const QRect area =
-        rect(state.BookBarVisible ? 2200 : 30, top, 0, state.innerHeight - top - 10);
+    const QRect area = rect(state.BookBarVisible ? 2200 : 30, top, 0, state.innerHeight - top - 10);
 
     CsdWindowLayout layout;
     placeTopBand(layout, state);

@@ -12,9 +12,6 @@ QString csdTitle(const QString &csdFileName)
     return csdFileName + QStringLiteral(" - ") + WindowTitle;
 }
 
-QString markedModified(const QString &title)
-{
-    return title.endsWith(u'*') ? title : title + u'*';
-}
+QString markedModified(const QString &title) { return title.endsWith(u'*') ? title : title + u'*'; }
 
 } // namespace ardiphon

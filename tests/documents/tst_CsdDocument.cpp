@@ -104,10 +104,7 @@ void tst_CsdDocument::trigger(const char *command)
     action->trigger();
 }
 
-void tst_CsdDocument::type(const QString &text)
-{
-    QTest::keyClicks(m_editor->focusProxy(), text);
-}
+void tst_CsdDocument::type(const QString &text) { QTest::keyClicks(m_editor->focusProxy(), text); }
 
 void tst_CsdDocument::expectQuestion(const QString &title, Answer answer, const QString &text)
 {
@@ -133,9 +130,9 @@ void tst_CsdDocument::load_namedFile_showsItAndPutsItOnTheRecentList()
     QCOMPARE(m_editor->Text(), QStringLiteral("instr 1\r\nendin\r\n"));
     QCOMPARE(m_window->windowTitle(), path + TitleEnd);
     QVERIFY(!m_editor->GetState(2));
-    QCOMPARE(ReadRegistryString(m_program->settings, registry::RecentFilesKey,
-                                QStringLiteral("File1")),
-             path);
+    QCOMPARE(
+        ReadRegistryString(m_program->settings, registry::RecentFilesKey, QStringLiteral("File1")),
+        path);
 }
 
 void tst_CsdDocument::load_noName_isUntitled()
@@ -178,12 +175,13 @@ void tst_CsdDocument::save_untitled_asksForAName()
     QCOMPARE(m_program->read(QStringLiteral("new.csd")), QByteArray("e"));
     QCOMPARE(m_program->config.CSDFileName, path);
     QCOMPARE(m_window->windowTitle(), path + TitleEnd);
-    QCOMPARE(m_program->dialogs.fileQuestions.front().filter,
-             QStringLiteral("Csound CSD (*.csd)|*.csd|Text Files (*.txt)|*.txt|All Files (*.*)|*.*"));
+    QCOMPARE(
+        m_program->dialogs.fileQuestions.front().filter,
+        QStringLiteral("Csound CSD (*.csd)|*.csd|Text Files (*.txt)|*.txt|All Files (*.*)|*.*"));
     // The new name is not put on the recent list here.
-    QCOMPARE(ReadRegistryString(m_program->settings, registry::RecentFilesKey,
-                                QStringLiteral("File1")),
-             QString());
+    QCOMPARE(
+        ReadRegistryString(m_program->settings, registry::RecentFilesKey, QStringLiteral("File1")),
+        QString());
 }
 
 void tst_CsdDocument::save_cancelledName_keepsUntitledAndTheStar()
@@ -325,9 +323,9 @@ void tst_CsdDocument::recent_missingFile_saysSo()
                                MessageIcon::Exclamation, MessageButtons::Ok});
     trigger("menuLastFile(0)");
     trigger("menuLastFile(1)"); // "..." means nothing
-    QCOMPARE(ReadRegistryString(m_program->settings, registry::RecentFilesKey,
-                                QStringLiteral("File1")),
-             path);
+    QCOMPARE(
+        ReadRegistryString(m_program->settings, registry::RecentFilesKey, QStringLiteral("File1")),
+        path);
 }
 
 void tst_CsdDocument::recent_otherFile_opens()
@@ -423,9 +421,9 @@ void tst_CsdDocument::leave_answers()
     trigger("menuFileEsci");
     QTRY_VERIFY(!m_window);
     QCOMPARE(m_program->read(QStringLiteral("piece.csd")), onDisk);
-    QCOMPARE(ReadRegistryString(m_program->settings, registry::WindowKey,
-                                QStringLiteral("Toolbar")),
-             toolsWritten ? QStringLiteral("HIDE") : QString());
+    QCOMPARE(
+        ReadRegistryString(m_program->settings, registry::WindowKey, QStringLiteral("Toolbar")),
+        toolsWritten ? QStringLiteral("HIDE") : QString());
     QVERIFY(!QFile::exists(m_program->path(QStringLiteral("tmp.txt"))));
 }
 

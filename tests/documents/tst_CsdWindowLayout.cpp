@@ -75,11 +75,17 @@ void tst_CsdWindowLayout::everyCombination_followsTheRules()
 void tst_CsdWindowLayout::tinyWindow_givesNoNegativeLength()
 {
     for (int flags = 0; flags < 32; ++flags) {
-        const CsdWindowState state{300, 200,          735,       bool(flags & 1),
-                                   bool(flags & 2), bool(flags & 4), bool(flags & 8), bool(flags & 16)};
+        const CsdWindowState state{300,
+                                   200,
+                                   735,
+                                   bool(flags & 1),
+                                   bool(flags & 2),
+                                   bool(flags & 4),
+                                   bool(flags & 8),
+                                   bool(flags & 16)};
         const CsdWindowLayout at = ArrangeWindow(state);
-        for (const QRect &rect : {at.LEDIT1, at.LEDIT2, at.Tree, at.Tree2, at.List1, at.TextOpcode,
-                                  at.PicNumeri}) {
+        for (const QRect &rect :
+             {at.LEDIT1, at.LEDIT2, at.Tree, at.Tree2, at.List1, at.TextOpcode, at.PicNumeri}) {
             QVERIFY(rect.width() >= 0);
             QVERIFY(rect.height() >= 0);
         }

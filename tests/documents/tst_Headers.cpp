@@ -21,10 +21,10 @@ void tst_Headers::nineHeaders_haveTheirCaptions()
     for (const Header &header : headers())
         captions.append(QLatin1String(header.caption));
     const QStringList expected{
-        QStringLiteral("&1)  22050 Hz - Mono"),  QStringLiteral("&2)  22050 Hz - Stereo"),
+        QStringLiteral("&1)  22050 Hz - Mono"),   QStringLiteral("&2)  22050 Hz - Stereo"),
         QStringLiteral("&3)  22050 Hz - Quadri"), QStringLiteral("&4)  44100 Hz - Mono"),
         QStringLiteral("&5)  44100 Hz - Stereo"), QStringLiteral("&6)  44100 Hz - Quadri"),
-        QStringLiteral("&7)  48000 Hz - Mono"),  QStringLiteral("&8)  48000 Hz - Stereo"),
+        QStringLiteral("&7)  48000 Hz - Mono"),   QStringLiteral("&8)  48000 Hz - Stereo"),
         QStringLiteral("&9)  48000 Hz - Quadri")};
     QCOMPARE(captions, expected);
 }

@@ -37,10 +37,14 @@ void tst_BookmarkFile::path_replacesWhatStandsBehindTheLastPoint_data()
 {
     QTest::addColumn<QString>("document");
     QTest::addColumn<QString>("path");
-    QTest::newRow("plain") << "/music/piece.csd" << "/music/piece.bkm";
-    QTest::newRow("two points") << "/music/piece.v2.csd" << "/music/piece.v2.bkm";
-    QTest::newRow("none") << "/music/piece" << "bkm";
-    QTest::newRow("in the folder only") << "/music.old/piece" << "/music.bkm";
+    QTest::newRow("plain") << "/music/piece.csd"
+                           << "/music/piece.bkm";
+    QTest::newRow("two points") << "/music/piece.v2.csd"
+                                << "/music/piece.v2.bkm";
+    QTest::newRow("none") << "/music/piece"
+                          << "bkm";
+    QTest::newRow("in the folder only") << "/music.old/piece"
+                                        << "/music.bkm";
 }
 
 void tst_BookmarkFile::path_replacesWhatStandsBehindTheLastPoint()
@@ -54,10 +58,14 @@ void tst_BookmarkFile::text_isTheBeginningOfTheLine_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("text");
-    QTest::newRow("long") << "0123456789abcdefghijklmnopqrstuvwxyzABCD" << "-> 0123456789abcdef";
-    QTest::newRow("tab inside") << "instr\t1" << "-> instr 1";
-    QTest::newRow("blanks around") << "   endin      ; x" << "-> endin      ;";
-    QTest::newRow("empty") << "" << "->";
+    QTest::newRow("long") << "0123456789abcdefghijklmnopqrstuvwxyzABCD"
+                          << "-> 0123456789abcdef";
+    QTest::newRow("tab inside") << "instr\t1"
+                                << "-> instr 1";
+    QTest::newRow("blanks around") << "   endin      ; x"
+                                   << "-> endin      ;";
+    QTest::newRow("empty") << ""
+                           << "->";
 }
 
 void tst_BookmarkFile::text_isTheBeginningOfTheLine()
@@ -75,7 +83,8 @@ void tst_BookmarkFile::write_usedSlots_givesTheseBytes()
     QVERIFY(writeBookmarkFile(path(), set));
 
     const QByteArray none = QByteArray("[NONE]").leftJustified(20);
-    QByteArray expected = QByteArray("7").leftJustified(20) + QByteArray("-> instr 1").leftJustified(20);
+    QByteArray expected =
+        QByteArray("7").leftJustified(20) + QByteArray("-> instr 1").leftJustified(20);
     for (int i = 0; i < 13; ++i)
         expected += none + none;
     expected += QByteArray("123456").leftJustified(20) + QByteArray("-> e").leftJustified(20);
@@ -137,12 +146,14 @@ void tst_BookmarkFile::read_cutOrForeignFile_neverFails_data()
     QTest::addColumn<int>("line");
     const QString blank(20, u' ');
     QTest::newRow("empty") << QByteArray() << blank << -1;
-    QTest::newRow("39 bytes") << QByteArray("12").leftJustified(20) + QByteArray("-> twelve").leftJustified(19)
+    QTest::newRow("39 bytes") << QByteArray("12").leftJustified(20) +
+                                     QByteArray("-> twelve").leftJustified(19)
                               << QStringLiteral("-> twelve").leftJustified(20) << 12;
     QTest::newRow("letters for a line")
         << QByteArray("abc").leftJustified(20) + QByteArray("-> x").leftJustified(580)
         << QStringLiteral("-> x").leftJustified(20) << -1;
-    QTest::newRow("line 0") << QByteArray("0").leftJustified(20) + QByteArray("-> x").leftJustified(580)
+    QTest::newRow("line 0") << QByteArray("0").leftJustified(20) +
+                                   QByteArray("-> x").leftJustified(580)
                             << QStringLiteral("-> x").leftJustified(20) << -1;
     QTest::newRow("10,000 bytes") << QByteArray(10000, '\xff') << QString(20, QChar(0xff)) << -1;
 }

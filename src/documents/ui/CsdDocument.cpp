@@ -35,8 +35,12 @@ Message saveQuestion(const QString &title, const QString &firstLine)
 
 CsdDocument::CsdDocument(LEditOCX &editor, Bookmarks &bookmarks, ProgramContext &program,
                          std::function<void()> chooseNew, QObject *parent)
-    : QObject(parent), m_editor(editor), m_bookmarks(bookmarks), m_program(program),
-      m_chooseNew(std::move(chooseNew)), m_dialogFolder(QDir::currentPath())
+    : QObject(parent),
+      m_editor(editor),
+      m_bookmarks(bookmarks),
+      m_program(program),
+      m_chooseNew(std::move(chooseNew)),
+      m_dialogFolder(QDir::currentPath())
 {
     if (!program.config.WorkingDirectory.isEmpty())
         returnToWorkingDirectory();
@@ -162,11 +166,10 @@ bool CsdDocument::mayOverwrite(const QString &path)
 {
     if (!m_stamp.isOutdated(path))
         return true;
-    return m_program.dialogs.message(
-               {QStringLiteral("File has been changed by another program!\r\n"
-                               "Do you want to overwrite it?"),
-                QStringLiteral("Save File"), MessageIcon::Exclamation, MessageButtons::YesNo})
-           == Answer::Yes;
+    return m_program.dialogs.message({QStringLiteral("File has been changed by another program!\r\n"
+                                                     "Do you want to overwrite it?"),
+                                      QStringLiteral("Save File"), MessageIcon::Exclamation,
+                                      MessageButtons::YesNo}) == Answer::Yes;
 }
 
 CsdDocument::SaveResult CsdDocument::saveAs()
@@ -225,8 +228,8 @@ bool CsdDocument::mayLeave(bool &saved)
 {
     saved = true;
     while (m_editor.GetState(TextState)) {
-        const Answer answer = m_program.dialogs.message(saveQuestion(
-            QStringLiteral("Exit Program"), QStringLiteral("File CSD has changed!")));
+        const Answer answer = m_program.dialogs.message(
+            saveQuestion(QStringLiteral("Exit Program"), QStringLiteral("File CSD has changed!")));
         if (answer != Answer::Yes) {
             saved = answer == Answer::Cancel;
             return answer == Answer::No;

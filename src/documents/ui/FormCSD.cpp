@@ -17,8 +17,13 @@
 #include "language/ui/EditorSettings.h"
 #include "language/ui/FontSizeMenu.h"
 #include "language/ui/Gutter.h"
+#include "language/ui/HelpPanels.h"
+#include "language/ui/KeywordHelp.h"
 #include "navigation/ui/Bookmarks.h"
 #include "platform/Twips.h"
+#include "preferences/ui/FormAbout.h"
+#include "preferences/ui/FormHelp.h"
+#include "preferences/ui/FormManual.h"
 
 #include <QCloseEvent>
 #include <QFile>
@@ -60,6 +65,7 @@ FormCSD::FormCSD(ProgramContext &program) : EditorWindow(program)
     bindEditing();
     bindTools();
     bindWindow();
+    bindHelp();
     groupTools();
     m_tools->load();
     takePlacement();
@@ -70,6 +76,8 @@ FormCSD::FormCSD(ProgramContext &program) : EditorWindow(program)
     Timer1.start(RefreshInterval);
     LEDIT1->setFocus();
 }
+
+FormCSD::~FormCSD() = default;
 
 // Building. --------------------------------------------------------------------------------------
 
@@ -92,6 +100,7 @@ void FormCSD::buildControls()
     List1 = new QListWidget(centralWidget());
     List1->setObjectName(QStringLiteral("List1"));
 
+    m_panels = new HelpPanels(config().Words, centralWidget());
     Toolbar1 = new QToolBar(centralWidget());
     Toolbar1->setObjectName(QStringLiteral("Toolbar1"));
     Toolbar1->setIconSize(ToolIconSize);
@@ -133,10 +142,9 @@ void FormCSD::buildFeatures()
 {
     m_bookmarks = new Bookmarks(*LEDIT1, *Tree2, config().CSDModified, QStringLiteral("bkm"),
                                 program().dialogs);
-    const auto chooseNew = [this] {
-        FormNew::showModal(config(), program().windows, this);
-    };
+    const auto chooseNew = [this] { FormNew::showModal(config(), program().windows, this); };
     m_document = new CsdDocument(*LEDIT1, *m_bookmarks, program(), chooseNew, this);
+    m_help = std::make_unique<KeywordHelp>(config(), program().dialogs, manualViewer(this));
     m_tags = new TagPanel(*LEDIT1, *Tree, *List1, config().Words.CsdWords);
     m_mirror = new SplitMirror(*LEDIT1, *LEDIT2, this);
     m_tools = new ToolToggles(program(), this);
@@ -175,6 +183,8 @@ void FormCSD::groupTools()
     for (QWidget *control : std::initializer_list<QWidget *>{Tree, Tree2, List1, LabelTags,
                                                              LabelBookmarks, LabelOwnBook})
         m_tools->add(tools()[1], control);
+    m_tools->add(tools()[2], m_panels->TextOpcode);
+    m_tools->add(tools()[2], m_panels->TextParametri);
     m_tools->add(tools()[3], Toolbar1);
 }
 
@@ -206,6 +216,7 @@ void FormCSD::bindDocument()
     connect(m_document, &CsdDocument::projectWindowDue, this, &FormCSD::handOverToProject);
     connect(m_document, &CsdDocument::begun, this, [this] { setSplit(false); });
     connect(m_document, &CsdDocument::begun, m_tags, &TagPanel::clear);
+    connect(m_document, &CsdDocument::begun, m_panels, &HelpPanels::clear);
     connect(m_document, &CsdDocument::loaded, this, &FormCSD::textReplaced);
     connect(m_document, &CsdDocument::opened, m_recent, &RecentMenu::refresh);
     connect(m_recent, &RecentMenu::chosen, m_document, &CsdDocument::OpenRecent);
@@ -240,7 +251,7 @@ void FormCSD::bindEditing()
     set.bindTo("menuPopupIncolla", "menuModificaIncolla");
     set.bindTo("menuPopupSelezionaTutto", "menuModificaSelezionaTutto");
     for (LEditOCX *view : {LEDIT1, LEDIT2})
-        new EditorPopup(*view, *menuPopup, [] {});
+        new EditorPopup(*view, *menuPopup, [this, view] { preparePopup(*view); });
     bindViewKeys(LEDIT1, ViewPosition::First);
     bindViewKeys(LEDIT2, ViewPosition::Second);
 }
@@ -270,12 +281,10 @@ void FormCSD::bindWindow()
 {
     CommandSet &set = commands();
     for (const Tool &tool : tools())
-        if (set.has(tool.command))
-            set.bind(tool.command, m_tools, [this, &tool] { m_tools->toggle(tool); });
+        set.bind(tool.command, m_tools, [this, &tool] { m_tools->toggle(tool); });
     connect(findChild<QMenu *>(QStringLiteral("menuWindow")), &QMenu::aboutToShow, this, [this] {
         for (const Tool &tool : tools())
-            if (commands().has(tool.command))
-                commands().action(tool.command)->setChecked(config().*tool.visible);
+            commands().action(tool.command)->setChecked(config().*tool.visible);
     });
     set.bind("menuWindowAllTools", m_tools, &ToolToggles::hideOrRestoreAll);
     set.bind("menuWindowRestore", m_tools, &ToolToggles::restoreAll);
@@ -287,11 +296,34 @@ void FormCSD::bindWindow()
     set.bind("menuWindowRight", this, [this] { moveToHalf(ScreenHalf::Right); });
 }
 
+void FormCSD::bindHelp()
+{
+    CommandSet &set = commands();
+    const auto ask = [this, &set](const char *name, void (KeywordHelp::*request)()) {
+        set.bind(name, this, [this, request] { (m_help.get()->*request)(); });
+    };
+    ask("menuInfoCsoundHelp", &KeywordHelp::helpIndex);
+    ask("menuInfoCSoundAVHelp", &KeywordHelp::csoundAvHelp);
+    ask("buttonOpcodeHelp", &KeywordHelp::opcodeHelp);
+    ask("buttonFlagsHelp", &KeywordHelp::flagsHelp);
+    ask("menuPopupOpcodeHelp", &KeywordHelp::menuPopupOpcodeHelp);
+    set.bind("menuInfoArdiphonHelp", this, [this] { FormHelp(this).exec(); });
+    set.bind("menuInfoAbout", this,
+             [this] { FormAbout(config().Words.OpcodeHelpVersion, this).exec(); });
+    m_panels->follow(LEDIT1);
+    m_panels->follow(LEDIT2);
+}
+
+/// The entries of the popup that name the word that was clicked.
+void FormCSD::preparePopup(LEditOCX &view)
+{
+    commands().action("menuPopupOpcodeHelp")->setText(m_help->prepareMenu(view, ViewLanguage::Csd));
+}
+
 void FormCSD::bindViewKeys(LEditOCX *view, ViewPosition position)
 {
-    connect(view, &LEditOCX::KeyDown, this, [this, view, position](EditorKey &key) {
-        handleViewKey(view, position, key);
-    });
+    connect(view, &LEditOCX::KeyDown, this,
+            [this, view, position](EditorKey &key) { handleViewKey(view, position, key); });
 }
 
 void FormCSD::handleViewKey(LEditOCX *view, ViewPosition position, EditorKey &key)
@@ -305,6 +337,12 @@ void FormCSD::handleViewKey(LEditOCX *view, ViewPosition position, EditorKey &ke
         break;
     case ViewKey::Redo:
         view->Redo();
+        break;
+    case ViewKey::KeywordHelp:
+        m_help->keyHelp(*view, ViewLanguage::Csd);
+        break;
+    case ViewKey::HelpIndex:
+        m_help->keyIndex();
         break;
     case ViewKey::FocusFirstView:
         LEDIT1->setFocus();
@@ -374,11 +412,18 @@ void FormCSD::arrangeWindow()
     const CsdWindowLayout at = ArrangeWindow(state);
 
     const std::pair<QWidget *, QRect> places[] = {
-        {Toolbar1, at.Toolbar1},         {LEDIT1, at.LEDIT1},
-        {LEDIT2, at.LEDIT2},             {PicNumeri, at.PicNumeri},
-        {PicNumeri2, at.PicNumeri2},     {Tree, at.Tree},
-        {Tree2, at.Tree2},               {List1, at.List1},
-        {LabelTags, at.LabelTags},       {LabelBookmarks, at.LabelBookmarks},
+        {Toolbar1, at.Toolbar1},
+        {LEDIT1, at.LEDIT1},
+        {m_panels->TextOpcode, at.TextOpcode},
+        {m_panels->TextParametri, at.TextParametri},
+        {LEDIT2, at.LEDIT2},
+        {PicNumeri, at.PicNumeri},
+        {PicNumeri2, at.PicNumeri2},
+        {Tree, at.Tree},
+        {Tree2, at.Tree2},
+        {List1, at.List1},
+        {LabelTags, at.LabelTags},
+        {LabelBookmarks, at.LabelBookmarks},
         {LabelOwnBook, at.LabelOwnBook},
     };
     for (const auto &[control, place] : places)

@@ -5,6 +5,8 @@
 
 #include <QTimer>
 
+#include <memory>
+
 class QLabel;
 class QListWidget;
 class QMenu;
@@ -17,6 +19,8 @@ class Bookmarks;
 class CsdDocument;
 class FontSizeMenu;
 class Gutter;
+class HelpPanels;
+class KeywordHelp;
 class LEditOCX;
 class RecentMenu;
 class SplitMirror;
@@ -33,6 +37,7 @@ class FormCSD : public EditorWindow
 public:
     /// Opens the document that `CSDFileName` names, or an empty one when it names none.
     explicit FormCSD(ProgramContext &program);
+    ~FormCSD() override;
 
 protected:
     void openDroppedFile(const QString &path) override;
@@ -57,8 +62,10 @@ private:
     void bindEditing();
     void bindTools();
     void bindWindow();
+    void bindHelp();
     void bindViewKeys(LEditOCX *view, ViewPosition position);
 
+    void preparePopup(LEditOCX &view);
     void handleViewKey(LEditOCX *view, ViewPosition position, EditorKey &key);
     void insertText(const QString &text);
     void setSplit(bool on);
@@ -85,6 +92,8 @@ private:
 
     Bookmarks *m_bookmarks = nullptr;
     CsdDocument *m_document = nullptr;
+    HelpPanels *m_panels = nullptr;
+    std::unique_ptr<KeywordHelp> m_help;
     TagPanel *m_tags = nullptr;
     SplitMirror *m_mirror = nullptr;
     ToolToggles *m_tools = nullptr;

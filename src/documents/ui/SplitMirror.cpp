@@ -36,12 +36,13 @@ void SplitMirror::follow(LEditOCX &typed, LEditOCX &other, bool &changed)
         if (key.Shift > 0)
             markChanged(changed);
     });
-    connect(&typed, &LEditOCX::KeyPress, this, [this, &typed, &other, &changed](const int &character) {
-        if (!isPrintable(character))
-            markChanged(changed);
-        else if (m_split)
-            mirrorKey(typed, other, character);
-    });
+    connect(&typed, &LEditOCX::KeyPress, this,
+            [this, &typed, &other, &changed](const int &character) {
+                if (!isPrintable(character))
+                    markChanged(changed);
+                else if (m_split)
+                    mirrorKey(typed, other, character);
+            });
 }
 
 /// Types the character into the other view, in the place where the typed view is about to.

@@ -14,8 +14,7 @@ const QString Missing = QStringLiteral("...");
 
 } // namespace
 
-TagPanel::TagPanel(LEditOCX &editor, QTreeWidget &tree, QListWidget &list,
-                   const QStringList &words)
+TagPanel::TagPanel(LEditOCX &editor, QTreeWidget &tree, QListWidget &list, const QStringList &words)
     : QObject(&editor), m_editor(editor), m_tree(tree), m_list(list), m_words(words)
 {
     for (const QString &word : m_words.mid(1)) {

@@ -80,10 +80,9 @@ void ToolToggles::show(const Tool &tool, bool visible)
 
 void ToolToggles::hideOrRestoreAll()
 {
-    const bool noneShown = std::none_of(std::begin(fourTools), std::end(fourTools),
-                                        [this](const Tool &tool) {
-                                            return m_program.config.*tool.visible;
-                                        });
+    const bool noneShown =
+        std::none_of(std::begin(fourTools), std::end(fourTools),
+                     [this](const Tool &tool) { return m_program.config.*tool.visible; });
     if (noneShown) {
         restoreAll();
         return;

@@ -35,8 +35,7 @@ public:
 
     /// Names a control that belongs to \a tool. While \a available is false it stays hidden.
     void add(
-        const Tool &tool, QWidget *control,
-        std::function<bool()> available = [] { return true; });
+        const Tool &tool, QWidget *control, std::function<bool()> available = [] { return true; });
 
     /// Sets the flags to what the store keeps, where the user wants them kept, else to shown.
     void load();

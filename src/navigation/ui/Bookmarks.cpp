@@ -15,7 +15,11 @@ constexpr int NoSlot = 0; // slots count from 1
 
 Bookmarks::Bookmarks(LEditOCX &editor, QTreeWidget &tree, bool &changed, const QString &extension,
                      Dialogs &dialogs)
-    : QObject(&editor), m_editor(editor), m_tree(tree), m_changed(changed), m_extension(extension),
+    : QObject(&editor),
+      m_editor(editor),
+      m_tree(tree),
+      m_changed(changed),
+      m_extension(extension),
       m_dialogs(dialogs)
 {
     for (int slot = 1; slot <= BookmarkSlots; ++slot) {
@@ -23,9 +27,8 @@ Bookmarks::Bookmarks(LEditOCX &editor, QTreeWidget &tree, bool &changed, const Q
         node->setForeground(0, QColor(0, 0, 255));
     }
     m_changed = false;
-    connect(&m_tree, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem *node) {
-        visit(m_tree.indexOfTopLevelItem(node) + 1);
-    });
+    connect(&m_tree, &QTreeWidget::itemClicked, this,
+            [this](QTreeWidgetItem *node) { visit(m_tree.indexOfTopLevelItem(node) + 1); });
 }
 
 QString Bookmarks::textOf(int slot) const { return m_tree.topLevelItem(slot - 1)->text(0); }

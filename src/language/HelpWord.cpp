@@ -1,0 +1,28 @@
+#include "language/HelpWord.h"
+
+#include "app/WordTables.h"
+
+namespace ardiphon {
+
+QString keyHelpWord(const WordTables &words, ViewLanguage language, const QString &word)
+{
+    if (language == ViewLanguage::Score)
+        return GenRoutinesKeyword;
+    return words.FindInTable(word) > 0 || words.IsCsdWord(word) ? word : QString();
+}
+
+PopupHelpWord popupHelpWord(WordTables &words, ViewLanguage language, const QString &word)
+{
+    if (language == ViewLanguage::Score) {
+        if (!words.IsScoreWord(word))
+            return {};
+        const QString keyword = word + ScoreStatementSuffix;
+        return {keyword, keyword};
+    }
+    words.FindOpcodeRange(word);
+    if (words.FindInRange(word) > 0 || words.IsCsdWord(word))
+        return {word, word};
+    return {};
+}
+
+} // namespace ardiphon

@@ -1,0 +1,114 @@
+#include "language/ui/KeywordHelp.h"
+
+#include "app/ConfigurationBlock.h"
+#include "language/HelpWord.h"
+#include "language/ManualText.h"
+#include "language/editor/LEditOCX.h"
+#include "platform/Dialogs.h"
+
+#include <QFileInfo>
+
+#include <utility>
+
+namespace ardiphon {
+
+KeywordHelp::KeywordHelp(ConfigurationBlock &config, Dialogs &dialogs, HelpViewer viewer)
+    : m_config(config), m_dialogs(dialogs), m_viewer(std::move(viewer)), m_index(QString())
+{
+}
+
+void KeywordHelp::keyHelp(LEditOCX &view, ViewLanguage language)
+{
+    if (!hasManualForView())
+        return;
+    view.UpdateCurrentWord();
+    m_config.HelpWord = keyHelpWord(m_config.Words, language, view.CurrentWord());
+    ShowHelp(m_config.HelpWord);
+}
+
+void KeywordHelp::keyIndex()
+{
+    if (hasManualForView())
+        ShowHelpIndex();
+}
+
+QString KeywordHelp::prepareMenu(LEditOCX &view, ViewLanguage language)
+{
+    view.UpdateCurrentWord();
+    const PopupHelpWord found = popupHelpWord(m_config.Words, language, view.CurrentWord());
+    m_config.HelpWord = found.HelpWord;
+    return found.caption();
+}
+
+void KeywordHelp::menuPopupOpcodeHelp()
+{
+    if (hasManualForView())
+        ShowHelp(m_config.HelpWord);
+}
+
+void KeywordHelp::helpIndex()
+{
+    if (hasManualForEntry())
+        ShowHelpIndex();
+}
+
+void KeywordHelp::csoundAvHelp()
+{
+    if (hasManualForEntry())
+        ShowHelp(CSoundAVKeyword);
+}
+
+void KeywordHelp::flagsHelp()
+{
+    if (hasManualForEntry())
+        ShowHelp(FlagsKeyword);
+}
+
+void KeywordHelp::opcodeHelp()
+{
+    if (!hasManualForEntry())
+        return;
+    m_config.HelpWord.clear();
+    ShowHelp(m_config.HelpWord);
+}
+
+bool KeywordHelp::hasManual(const QString &firstLine, const QString &secondLine)
+{
+    if (!m_config.FileGuida.isEmpty())
+        return true;
+    m_dialogs.message({firstLine + QStringLiteral("\r\n") + secondLine});
+    return false;
+}
+
+bool KeywordHelp::hasManualForView()
+{
+    return hasManual(QStringLiteral("No File associated to Csound Help"),
+                     QStringLiteral("Select File->Settings->CSound Help"));
+}
+
+bool KeywordHelp::hasManualForEntry()
+{
+    return hasManual(QStringLiteral("No File defined for CSound Help"),
+                     QStringLiteral("Please set: File->Settings->CSound Help"));
+}
+
+void KeywordHelp::ShowHelp(const QString &keyword)
+{
+    if (m_index.startPage() != m_config.FileGuida)
+        m_index = ManualIndex(m_config.FileGuida);
+    if (const auto page = m_index.find(keyword))
+        m_viewer.showPage(*page, m_config.FileGuida);
+    else
+        ShowHelpIndex();
+}
+
+void KeywordHelp::ShowHelpIndex()
+{
+    const QString &manual = m_config.FileGuida;
+    if (QFileInfo(manual).isFile() && !isManualPage(manual))
+        m_viewer.openFile(manual);
+    else
+        m_viewer.showPage(QUrl::fromLocalFile(QFileInfo(manual).absoluteFilePath()), manual);
+}
+
+} // namespace ardiphon

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "language/ManualIndex.h"
+#include "language/TokenColors.h"
+
+#include <QString>
+#include <QUrl>
+
+#include <functional>
+
+namespace ardiphon {
+
+class Dialogs;
+class LEditOCX;
+struct ConfigurationBlock;
+
+/// Where help appears. The window that shows it is not known here.
+struct HelpViewer
+{
+    /// Shows a page of the manual; one that cannot be shown is told there.
+    std::function<void(const QUrl &page, const QString &startPage)> showPage;
+    /// Hands a manual that is no HTML to the system.
+    std::function<void(const QString &file)> openFile;
+};
+
+/// The requests for help in the manual that `FileGuida` names: at the word of a view, at its start
+/// page, and at the places that menus and toolbars ask for. Without a manual a message says so.
+class KeywordHelp
+{
+public:
+    KeywordHelp(ConfigurationBlock &config, Dialogs &dialogs, HelpViewer viewer);
+
+    /// The help key in a view of \a language.
+    void keyHelp(LEditOCX &view, ViewLanguage language);
+    /// The index key in a view.
+    void keyIndex();
+
+    /// Takes the word at the caret of \a view for the popup. Gives the caption of its entry.
+    QString prepareMenu(LEditOCX &view, ViewLanguage language);
+    /// The popup entry: help at the word that was prepared.
+    void menuPopupOpcodeHelp();
+
+    void helpIndex();    ///< `menuInfoCsoundHelp`, `buttonHelp`
+    void csoundAvHelp(); ///< `menuInfoCSoundAVHelp`, `buttonDirectHelp`
+    void flagsHelp();    ///< `buttonFlagsHelp`
+    void opcodeHelp();   ///< `buttonOpcodeHelp`
+
+private:
+    /// Whether there is a manual; otherwise the message of the two lines has been given.
+    bool hasManual(const QString &firstLine, const QString &secondLine);
+    bool hasManualForView();
+    bool hasManualForEntry();
+
+    /// Opens the manual at \a keyword; at its start page when the keyword is "" or has no page.
+    void ShowHelp(const QString &keyword);
+    void ShowHelpIndex();
+
+    ConfigurationBlock &m_config;
+    Dialogs &m_dialogs;
+    HelpViewer m_viewer;
+    ManualIndex m_index;
+};
+
+} // namespace ardiphon

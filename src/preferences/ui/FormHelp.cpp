@@ -1,0 +1,38 @@
+#include "preferences/ui/FormHelp.h"
+
+#include "preferences/KeySummary.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QTextEdit>
+#include <QVBoxLayout>
+
+namespace ardiphon {
+
+FormHelp::FormHelp(QWidget *owner) : QDialog(owner)
+{
+    setObjectName(QStringLiteral("FormHelp"));
+    setWindowTitle(QStringLiteral("Ardiphon Help"));
+    setModal(true);
+
+    auto *const RichTextBox1 = new QTextEdit(this);
+    RichTextBox1->setObjectName(QStringLiteral("RichTextBox1"));
+    RichTextBox1->setReadOnly(true);
+    RichTextBox1->setHtml(keySummary(palette().color(QPalette::AlternateBase).name()));
+    RichTextBox1->document()->setDocumentMargin(12);
+
+    auto *const Command1 = new QPushButton(QStringLiteral("&OK"), this);
+    Command1->setObjectName(QStringLiteral("Command1"));
+    Command1->setDefault(true);
+    connect(Command1, &QPushButton::clicked, this, &QWidget::close);
+
+    auto *const buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(Command1);
+    auto *const layout = new QVBoxLayout(this);
+    layout->addWidget(RichTextBox1);
+    layout->addLayout(buttons);
+    setFixedSize(700, 560);
+}
+
+} // namespace ardiphon

@@ -1,0 +1,133 @@
+#include "app/WordTables.h"
+#include "language/HelpWord.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace ardiphon;
+
+class tst_HelpWord : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void key_asksForTheWord_data();
+    void key_asksForTheWord();
+    void keyInScore_asksForTheFunctionTables();
+    void keyAndPopup_differOutsideTheFirstLettersRange();
+    void popup_offersTheWord_data();
+    void popup_offersTheWord();
+    void popupWithoutTables_offersNothing();
+
+private:
+    QTemporaryDir m_folder;
+    WordTables m_words;
+};
+
+void tst_HelpWord::initTestCase()
+{
+    const auto write = [this](const char *name, const QByteArray &bytes) {
+        QFile file(m_folder.filePath(QLatin1String(name)));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    };
+    QByteArray opcodes;
+    // "ab" stands behind the group of its first letter, where only a scan of all finds it.
+    for (const char *name : {"aa", "bb", "bc", "cc", "instr", "ab"})
+        opcodes += QByteArray(name).leftJustified(430);
+    write("opcode.txt", opcodes);
+    write("csd.txt", "<CsScore>\n</CsScore>\n");
+    write("score.txt", "i\nf\nlast\n");
+    m_words.LoadWordTables(m_folder.path());
+}
+
+void tst_HelpWord::key_asksForTheWord_data()
+{
+    QTest::addColumn<QString>("word");
+    QTest::addColumn<QString>("keyword");
+    QTest::newRow("opcode") << "bb"
+                            << "bb";
+    QTest::newRow("opcode behind its group") << "ab"
+                                             << "ab";
+    QTest::newRow("tag") << "</CsScore>"
+                         << "</CsScore>";
+    QTest::newRow("other case") << "BB"
+                                << "";
+    QTest::newRow("unknown") << "zz"
+                             << "";
+    QTest::newRow("score statement") << "i"
+                                     << "";
+    QTest::newRow("none") << ""
+                          << "";
+}
+
+void tst_HelpWord::key_asksForTheWord()
+{
+    QFETCH(QString, word);
+    QFETCH(QString, keyword);
+    QCOMPARE(keyHelpWord(m_words, ViewLanguage::Csd, word), keyword);
+    QCOMPARE(keyHelpWord(m_words, ViewLanguage::Orchestra, word), keyword);
+}
+
+void tst_HelpWord::keyInScore_asksForTheFunctionTables()
+{
+    for (const char *word : {"bb", "i", ""})
+        QCOMPARE(keyHelpWord(m_words, ViewLanguage::Score, QLatin1String(word)),
+                 QStringLiteral("Gen Routines"));
+}
+
+void tst_HelpWord::keyAndPopup_differOutsideTheFirstLettersRange()
+{
+    // The second group of "a" overwrote the entry, so the range of "a" begins at "ab" and "aa" is
+    // in the table but out of reach of the look-up.
+    QCOMPARE(keyHelpWord(m_words, ViewLanguage::Csd, QStringLiteral("aa")), QStringLiteral("aa"));
+    QCOMPARE(popupHelpWord(m_words, ViewLanguage::Csd, QStringLiteral("aa")).HelpWord, QString());
+}
+
+void tst_HelpWord::popup_offersTheWord_data()
+{
+    QTest::addColumn<ViewLanguage>("language");
+    QTest::addColumn<QString>("word");
+    QTest::addColumn<QString>("keyword");
+    QTest::addColumn<QString>("caption");
+    const auto add = [](const char *name, ViewLanguage language, const char *word,
+                        const char *keyword, const char *caption) {
+        QTest::newRow(name) << language << QString::fromLatin1(word) << QString::fromLatin1(keyword)
+                            << QString::fromLatin1(caption);
+    };
+    add("opcode", ViewLanguage::Csd, "bc", "bc", "bc -> Help");
+    add("opcode in orchestra", ViewLanguage::Orchestra, "instr", "instr", "instr -> Help");
+    add("tag", ViewLanguage::Csd, "<CsScore>", "<CsScore>", "<CsScore> -> Help");
+    add("unknown", ViewLanguage::Csd, "zz", "", "Opcode -> Help");
+    add("other case", ViewLanguage::Csd, "Bc", "", "Opcode -> Help");
+    add("none", ViewLanguage::Csd, "", "", "Opcode -> Help");
+    add("statement in a CSD", ViewLanguage::Csd, "f", "", "Opcode -> Help");
+    add("statement", ViewLanguage::Score, "f", "f (score statement)",
+        "f (score statement) -> Help");
+    add("word left out of the table", ViewLanguage::Score, "last", "", "Opcode -> Help");
+    add("opcode in score", ViewLanguage::Score, "bc", "", "Opcode -> Help");
+    add("none in score", ViewLanguage::Score, "", "", "Opcode -> Help");
+}
+
+void tst_HelpWord::popup_offersTheWord()
+{
+    QFETCH(ViewLanguage, language);
+    QFETCH(QString, word);
+    const PopupHelpWord offered = popupHelpWord(m_words, language, word);
+    QTEST(offered.HelpWord, "keyword");
+    QTEST(offered.caption(), "caption");
+}
+
+void tst_HelpWord::popupWithoutTables_offersNothing()
+{
+    WordTables none;
+    for (const ViewLanguage language : {ViewLanguage::Csd, ViewLanguage::Score})
+        QCOMPARE(popupHelpWord(none, language, QStringLiteral("bb")).caption(),
+                 QStringLiteral("Opcode -> Help"));
+    QCOMPARE(keyHelpWord(none, ViewLanguage::Csd, QStringLiteral("bb")), QString());
+}
+
+QTEST_GUILESS_MAIN(tst_HelpWord)
+#include "tst_HelpWord.moc"
