@@ -64,6 +64,7 @@ private slots:
     void nested_stop_endsBoth();
     void nested_stopAfterOuterEnded_isHonouredByBoth();
     void nested_innerCannotStart_outerGoesOn();
+    void nested_innerCannotStart_earlierStopStands();
     void close_anyWayDuringRun_leavesNothing_data();
     void close_anyWayDuringRun_leavesNothing();
     void close_duringNestedRuns_leavesNothing();
@@ -319,6 +320,22 @@ void tst_RunConsoleProcess::nested_innerCannotStart_outerGoesOn()
     });
     console.click("Command2");
     QVERIFY(goesOn);
+    QCOMPARE(console.text(), StoppedText);
+    QCOMPARE(console.dialogs.verify(), QString());
+}
+
+void tst_RunConsoleProcess::nested_innerCannotStart_earlierStopStands()
+{
+    CsdConsole console(QStringLiteral("slow"));
+    console.dialogs.expect(
+        {QStringLiteral("File was not found."), ProgramTitle, MessageIcon::None});
+    console.whenRunning(QStringLiteral("slow"), [&] {
+        console.config.FileCSound = QStringLiteral("/gone");
+        console.click("btnStop");
+        console.click("Command2"); // before the outer run has heard of the stop
+        console.when([&] { return console.text() == StoppedText; }, [] {});
+    });
+    console.click("Command2");
     QCOMPARE(console.text(), StoppedText);
     QCOMPARE(console.dialogs.verify(), QString());
 }
