@@ -1,8 +1,12 @@
-// The document, the selection record and the events of the editor control.
+// The document, the selection record, the search, the bookmarks and the drawing of the editor
+// control.
 
 #include "language/editor/LEditOCX.h"
 #include "support/EditorInput.h"
 
+#include <QDir>
+#include <QFontDatabase>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
@@ -17,15 +21,80 @@ private slots:
     void init();
     void cleanup() { m_editor.reset(); }
 
+    // The document.
     void text_newControl_isEmpty();
     void text_anyLineEnds_areCrLf();
+    void lines_outsideTheText_areEmpty();
+    void lineLength_countsCharacters();
     void setText_undo_isOneStep();
-    void state_typingAndUndo_followsTheText();
-    void typing_letters_reachTheText();
+    void setText_change_keepsCaretAndScroll();
+    void setText_mixedLineEnds_keepsThoseNotTouched();
+    void setText_meetingCrAndLf_staysTwoLines();
+    void setText_sameText_changesNothing();
+    void state_otherFlags_areIgnored();
+    void state_followsUndoToTheSavedText();
+    void resetUndo_keepsTheModifiedState();
+    void clearDocument_forgetsTextAndHistory();
+
+    // Files.
+    void loadFile_anyBytes_saveGivesThemBack_data();
+    void loadFile_anyBytes_saveGivesThemBack();
+    void loadFile_lf_newLinesAreLf();
+    void loadFile_failed_saveToItIsRefused();
+    void loadFile_missing_saveMakesIt();
+    void loadFile_tenMegabyteLine_isEditable();
+    void saveFile_failed_staysModified();
+    void saveFile_latin1WithCharacterOutside_writesUtf8();
+
+    // Selection.
     void selection_record_isNotLive();
+    void setSelection_outsideTheText_isClamped_data();
+    void setSelection_outsideTheText_isClamped();
+    void setSelection_farAway_scrollsThere();
+    void selText_write_replacesAndMovesBehind();
+    void selectionLength_lineEnd_countsTwo();
+    void selectAll_copyPaste_doublesTheText();
+    void currentWord_followsTheCaret_data();
+    void currentWord_followsTheCaret();
+
+    // Search.
+    void findFirst_directions_data();
+    void findFirst_directions();
+    void findFirst_miss_leavesEverything();
+    void findNext_leavesTheViewAlone();
+    void replaceCurrent_goesOnBehindTheText();
+    void replaceCurrent_withoutMatch_doesNothing();
+    void replaceAll_isOneStepOfHistory();
+    void replaceAll_randomText_asTheModel();
+
+    // Bookmarks.
+    void bookmark_followsEditsAboveIt();
+    void bookmark_lineDeleted_movesToTheNext();
+    void bookmark_allDeleted_isLineOne();
+    void bookmark_badArguments_changeNothing();
+    void bookmark_clearDocument_keepsItsLine();
+    void bookmark_line_isDrawnInItsColors();
+
+    // The view.
+    void topLine_isClamped();
+    void positionToPixels_growsWithLineAndColumn();
+    void font_setAndRead();
+    void font_missingFamily_keepsItsName();
+    void tabSize_movesTheTabStop();
+    void tokenColors_areAskedForWhatIsSeen();
+    void tokenColors_commentsAreNeverAsked();
+    void tokenColors_commentOpened_recolorsBelow();
+    void tokenColors_aNewAnswer_showsAtTheNextRepaint();
+    void tokenColors_moreThanTheStyles_areAllDrawn();
+    void colors_areDrawn();
 
 private:
+    QColor pixel(int line, int column);
+    void load(const QByteArray &bytes);
+    QByteArray saved();
+
     std::unique_ptr<LEditOCX> m_editor;
+    QTemporaryDir m_folder;
 };
 
 void tst_LEditOCX::init()
@@ -36,11 +105,35 @@ void tst_LEditOCX::init()
     QVERIFY(QTest::qWaitForWindowExposed(m_editor.get()));
 }
 
+// The colour behind a character, at its upper left corner.
+QColor tst_LEditOCX::pixel(int line, int column)
+{
+    const QPixmap picture = m_editor->grab();
+    return picture.toImage().pixelColor(m_editor->PositionToPixels(line, column) + QPoint(1, 1));
+}
+
+void tst_LEditOCX::load(const QByteArray &bytes)
+{
+    QFile file(m_folder.filePath("in"));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    file.close();
+    QVERIFY(m_editor->LoadFile(file.fileName()));
+}
+
+QByteArray tst_LEditOCX::saved()
+{
+    QFile file(m_folder.filePath("out"));
+    if (!m_editor->SaveFile(file.fileName()) || !file.open(QIODevice::ReadOnly))
+        return "(not saved)";
+    return file.readAll();
+}
+
 void tst_LEditOCX::text_newControl_isEmpty()
 {
     QCOMPARE(m_editor->Text(), QString());
     QCOMPARE(m_editor->LineCount(), 1);
     QVERIFY(!m_editor->GetState(2));
+    QCOMPARE(saved(), QByteArray());
 }
 
 void tst_LEditOCX::text_anyLineEnds_areCrLf()
@@ -49,25 +142,79 @@ void tst_LEditOCX::text_anyLineEnds_areCrLf()
     QCOMPARE(m_editor->Text(), "a\r\nb\r\nc\r\nd");
     QCOMPARE(m_editor->LineCount(), 4);
     QCOMPARE(m_editor->LineText(3), "c");
+    QCOMPARE(saved(), QByteArray("a\r\nb\r\nc\r\nd"));
+}
+
+void tst_LEditOCX::lines_outsideTheText_areEmpty()
+{
+    m_editor->SetText("one");
+    for (int line : {0, -1, 2, INT_MAX, INT_MIN}) {
+        QCOMPARE(m_editor->LineText(line), QString());
+        QCOMPARE(m_editor->LineLength(line), 0);
+    }
+}
+
+void tst_LEditOCX::lineLength_countsCharacters()
+{
+    m_editor->SetText(QString::fromUtf8("è\t€\r\nplain"));
+    QCOMPARE(m_editor->LineLength(1), 3);
+    QCOMPARE(m_editor->LineLength(2), 5);
 }
 
 void tst_LEditOCX::setText_undo_isOneStep()
 {
     m_editor->SetText("one\r\ntwo\r\nthree");
-    m_editor->SetText("one\r\nTWO\r\nthree\r\nfour");
-    QCOMPARE(m_editor->Text(), "one\r\nTWO\r\nthree\r\nfour");
+    m_editor->SetText("ONE\r\ntwo\r\nTHREE\r\nfour");
+    QCOMPARE(m_editor->Text(), "ONE\r\ntwo\r\nTHREE\r\nfour");
     m_editor->Undo();
     QCOMPARE(m_editor->Text(), "one\r\ntwo\r\nthree");
     m_editor->Redo();
-    QCOMPARE(m_editor->Text(), "one\r\nTWO\r\nthree\r\nfour");
+    QCOMPARE(m_editor->Text(), "ONE\r\ntwo\r\nTHREE\r\nfour");
+    m_editor->Undo();
+    m_editor->Undo();
+    QCOMPARE(m_editor->Text(), "");
 }
 
-void tst_LEditOCX::state_typingAndUndo_followsTheText()
+void tst_LEditOCX::setText_change_keepsCaretAndScroll()
+{
+    QString text = QString("line\r\n").repeated(200);
+    m_editor->SetText(text);
+    goTo(*m_editor, 150, 2);
+    m_editor->SetTopLine(145);
+    text.insert(6 * 99, "new\r\n");
+    m_editor->SetText(text);
+    QCOMPARE(selection(*m_editor), "151:2-151:2");
+    QVERIFY(m_editor->TopLine() >= 145);
+}
+
+void tst_LEditOCX::setText_mixedLineEnds_keepsThoseNotTouched()
+{
+    load("a\nb\rc\r\nd\ne\n");
+    m_editor->SetText("a\r\nb\r\nC\r\nX\r\nd\r\ne\r\n");
+    QCOMPARE(saved(), QByteArray("a\nb\rC\nX\r\nd\ne\n"));
+}
+
+void tst_LEditOCX::setText_meetingCrAndLf_staysTwoLines()
+{
+    load("x\ny\rb\nz");
+    m_editor->SetText("x\r\ny\r\n\r\nz");
+    QCOMPARE(m_editor->Text(), "x\r\ny\r\n\r\nz");
+    load("x\ny\rX\n\n");
+    m_editor->SetText("x\r\ny\r\n\r\nX\r\n\r\n");
+    QCOMPARE(m_editor->Text(), "x\r\ny\r\n\r\nX\r\n\r\n");
+}
+
+void tst_LEditOCX::setText_sameText_changesNothing()
+{
+    load("a\nb\r");
+    m_editor->SetText("a\r\nb\r\n");
+    QVERIFY(!m_editor->GetState(2));
+}
+
+void tst_LEditOCX::state_otherFlags_areIgnored()
 {
     type(*m_editor, "x");
-    QVERIFY(m_editor->GetState(2));
     QVERIFY(!m_editor->GetState(1));
-    m_editor->ResetUndo();
     QVERIFY(m_editor->GetState(2));
     m_editor->ClearState(1);
     QVERIFY(m_editor->GetState(2));
@@ -75,12 +222,131 @@ void tst_LEditOCX::state_typingAndUndo_followsTheText()
     QVERIFY(!m_editor->GetState(2));
 }
 
-void tst_LEditOCX::typing_letters_reachTheText()
+void tst_LEditOCX::state_followsUndoToTheSavedText()
 {
-    type(*m_editor, "instr 1");
+    type(*m_editor, "x");
+    m_editor->ClearState(2);
+    type(*m_editor, "y");
+    QVERIFY(m_editor->GetState(2));
+    m_editor->Undo();
+    QVERIFY(!m_editor->GetState(2));
+    m_editor->Undo();
+    QVERIFY(m_editor->GetState(2));
+}
+
+void tst_LEditOCX::resetUndo_keepsTheModifiedState()
+{
+    type(*m_editor, "x");
+    m_editor->ResetUndo();
+    QVERIFY(m_editor->GetState(2));
+    m_editor->Undo();
+    QCOMPARE(m_editor->Text(), "x");
+    m_editor->ClearState(2);
+    m_editor->ResetUndo();
+    QVERIFY(!m_editor->GetState(2));
+}
+
+void tst_LEditOCX::clearDocument_forgetsTextAndHistory()
+{
+    load("\xE8\n");
+    m_editor->ClearDocument();
+    QCOMPARE(m_editor->Text(), "");
+    QVERIFY(!m_editor->GetState(2));
+    m_editor->Undo();
+    QCOMPARE(m_editor->Text(), "");
+    type(*m_editor, QString::fromUtf8("è"));
     press(*m_editor, Qt::Key_Return);
-    type(*m_editor, "endin");
-    QCOMPARE(m_editor->Text(), "instr 1\r\nendin");
+    QCOMPARE(saved(), QByteArray("\xC3\xA8\r\n"));
+}
+
+void tst_LEditOCX::loadFile_anyBytes_saveGivesThemBack_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("utf-8 with its mark") << QByteArray("\xEF\xBB\xBF\xC3\xA8\r\n");
+    QTest::newRow("latin-1") << QByteArray("\xE8\n");
+    QTest::newRow("nul") << QByteArray("a\0\r\0\n", 5);
+    QTest::newRow("mixed line ends") << QByteArray("a\rb\nc\r\nd\n\r\r\n\n");
+    QTest::newRow("long line") << QByteArray(300000, 'x');
+}
+
+void tst_LEditOCX::loadFile_anyBytes_saveGivesThemBack()
+{
+    QFETCH(QByteArray, bytes);
+    load(bytes);
+    QVERIFY(!m_editor->GetState(2));
+    QCOMPARE(saved(), bytes);
+    goTo(*m_editor, 1, 0);
+    type(*m_editor, "12");
+    press(*m_editor, Qt::Key_Return);
+    m_editor->Undo();
+    m_editor->Undo();
+    QVERIFY(!m_editor->GetState(2));
+    QCOMPARE(saved(), bytes);
+}
+
+void tst_LEditOCX::loadFile_lf_newLinesAreLf()
+{
+    load("a\n");
+    goTo(*m_editor, 1, 1);
+    press(*m_editor, Qt::Key_Return);
+    m_editor->SetSelText("x\r\ny");
+    QCOMPARE(saved(), QByteArray("a\nx\ny\n"));
+}
+
+void tst_LEditOCX::loadFile_failed_saveToItIsRefused()
+{
+    const QString folder = m_folder.filePath("folder");
+    QVERIFY(QDir().mkpath(folder));
+    m_editor->SetText("old");
+    QVERIFY(!m_editor->LoadFile(folder));
+    QCOMPARE(m_editor->Text(), "");
+    // It can be written now, but what it held was never seen.
+    QVERIFY(QDir().rmdir(folder));
+    QFile file(folder);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(!m_editor->SaveFile(folder));
+    QVERIFY(!m_editor->SaveFile(m_folder.filePath("./folder")));
+    QCOMPARE(saved(), QByteArray());
+    QVERIFY(file.remove());
+    QVERIFY(m_editor->SaveFile(folder));
+}
+
+void tst_LEditOCX::loadFile_missing_saveMakesIt()
+{
+    const QString path = m_folder.filePath("missing");
+    QVERIFY(!m_editor->LoadFile(path));
+    QVERIFY(m_editor->SaveFile(path));
+    QVERIFY(m_editor->LoadFile(path));
+}
+
+void tst_LEditOCX::loadFile_tenMegabyteLine_isEditable()
+{
+    const QByteArray bytes = QByteArray("i1 0 1.5 \"q\" ").repeated(10'000'000 / 13);
+    load(bytes);
+    m_editor->grab();
+    goTo(*m_editor, 1, int(bytes.size()));
+    type(*m_editor, "9");
+    QCOMPARE(m_editor->LineLength(1), int(bytes.size()) + 1);
+    QCOMPARE(saved(), bytes + '9');
+}
+
+void tst_LEditOCX::saveFile_failed_staysModified()
+{
+    type(*m_editor, "x");
+    QVERIFY(!m_editor->SaveFile(m_folder.path()));
+    QVERIFY(!m_editor->SaveFile(QString()));
+    QVERIFY(m_editor->GetState(2));
+}
+
+void tst_LEditOCX::saveFile_latin1WithCharacterOutside_writesUtf8()
+{
+    load("\xE8");
+    goTo(*m_editor, 1, 1);
+    type(*m_editor, QString::fromUtf8("€"));
+    QCOMPARE(saved(), QByteArray("\xC3\xA8\xE2\x82\xAC"));
+    m_editor->Undo();
+    QCOMPARE(saved(), QByteArray("\xC3\xA8"));
 }
 
 void tst_LEditOCX::selection_record_isNotLive()
@@ -93,7 +359,507 @@ void tst_LEditOCX::selection_record_isNotLive()
     QCOMPARE(m_editor->SelectionLength(), 0);
     m_editor->SetSelection();
     QCOMPARE(m_editor->SelText(), "wo");
-    QCOMPARE(selection(*m_editor), "2:1-2:3");
+    press(*m_editor, Qt::Key_Home);
+    QCOMPARE(m_editor->SelEndColumn, 3);
+    QCOMPARE(selection(*m_editor), "2:0-2:0");
+}
+
+void tst_LEditOCX::setSelection_outsideTheText_isClamped_data()
+{
+    QTest::addColumn<QList<int>>("record");
+    QTest::addColumn<QString>("result");
+    QTest::newRow("column") << QList<int>{1, 2, 1, 99} << "1:2-1:3";
+    QTest::newRow("line") << QList<int>{9, 0, 9, 7} << "3:4-3:4";
+    QTest::newRow("line 0") << QList<int>{0, 5, 1, 2} << "1:0-1:2";
+    QTest::newRow("below zero") << QList<int>{-1, -1, -1, -1} << "1:0-1:0";
+    QTest::newRow("column below zero") << QList<int>{2, -4, 2, 1} << "2:0-2:1";
+    QTest::newRow("backwards") << QList<int>{3, 1, 1, 1} << "1:1-3:1";
+    QTest::newRow("huge") << QList<int>{INT_MIN, INT_MAX, INT_MAX, INT_MAX} << "1:0-3:4";
+}
+
+void tst_LEditOCX::setSelection_outsideTheText_isClamped()
+{
+    QFETCH(QList<int>, record);
+    QFETCH(QString, result);
+    m_editor->SetText("one\r\n\r\nfour");
+    m_editor->SetText("one\r\nxy\r\nfour");
+    select(*m_editor, record[0], record[1], record[2], record[3]);
+    QCOMPARE(selection(*m_editor), result);
+}
+
+void tst_LEditOCX::setSelection_farAway_scrollsThere()
+{
+    m_editor->SetText(QString("line\r\n").repeated(500));
+    select(*m_editor, 400, 0, 400, 4);
+    QVERIFY(m_editor->TopLine() <= 400);
+    QVERIFY(m_editor->PositionToPixels(400, 0).y() >= 0);
+    QVERIFY(m_editor->PositionToPixels(400, 0).y() + m_editor->LineHeight() <= m_editor->height());
+}
+
+void tst_LEditOCX::selText_write_replacesAndMovesBehind()
+{
+    m_editor->SetText("one two");
+    select(*m_editor, 1, 0, 1, 3);
+    m_editor->SetSelText("1\n2");
+    QCOMPARE(m_editor->Text(), "1\r\n2 two");
+    QCOMPARE(selection(*m_editor), "2:1-2:1");
+    m_editor->SetSelText("!");
+    QCOMPARE(m_editor->Text(), "1\r\n2! two");
+    m_editor->Undo();
+    m_editor->Undo();
+    QCOMPARE(m_editor->Text(), "one two");
+}
+
+void tst_LEditOCX::selectionLength_lineEnd_countsTwo()
+{
+    load("a\nb");
+    m_editor->SelectAll();
+    QCOMPARE(m_editor->SelectionLength(), 4);
+    QCOMPARE(m_editor->SelText(), "a\r\nb");
+}
+
+void tst_LEditOCX::selectAll_copyPaste_doublesTheText()
+{
+    m_editor->SetText("a\r\nb");
+    m_editor->SelectAll();
+    m_editor->Copy();
+    goTo(*m_editor, 2, 1);
+    m_editor->Paste();
+    QCOMPARE(m_editor->Text(), "a\r\nba\r\nb");
+    m_editor->SelectAll();
+    m_editor->Cut();
+    QCOMPARE(m_editor->Text(), "");
+    m_editor->Paste();
+    QCOMPARE(m_editor->Text(), "a\r\nba\r\nb");
+}
+
+void tst_LEditOCX::currentWord_followsTheCaret_data()
+{
+    QTest::addColumn<int>("line");
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("word");
+    QTest::newRow("word") << 1 << 4 << "oscil";
+    QTest::newRow("end of the word") << 1 << 8 << "oscil";
+    QTest::newRow("number") << 1 << 10 << "";
+    QTest::newRow("beyond ascii") << 2 << 3 << QString::fromUtf8("è2");
+    QTest::newRow("comment over lines") << 4 << 2 << "";
+    QTest::newRow("behind the comment") << 5 << 6 << "kb";
+}
+
+void tst_LEditOCX::currentWord_followsTheCaret()
+{
+    QFETCH(int, line);
+    QFETCH(int, column);
+    QFETCH(QString, word);
+    m_editor->SetText(QString::fromUtf8("a1 oscil 440\r\n€ è2\r\n/*\r\n word\r\n*/ ka kb"));
+    goTo(*m_editor, line, column);
+    m_editor->UpdateCurrentWord();
+    QCOMPARE(m_editor->CurrentWord(), word);
+}
+
+void tst_LEditOCX::findFirst_directions_data()
+{
+    QTest::addColumn<int>("direction");
+    QTest::addColumn<QStringList>("found");
+    QTest::newRow("forward") << 1 << QStringList{"2:0-2:2", "3:3-3:5", ""};
+    QTest::newRow("backward") << 0 << QStringList{"1:0-1:2", ""};
+    QTest::newRow("both") << 2 << QStringList{"2:0-2:2", "3:3-3:5", "1:0-1:2", "2:0-2:2"};
+}
+
+void tst_LEditOCX::findFirst_directions()
+{
+    QFETCH(int, direction);
+    QFETCH(QStringList, found);
+    m_editor->SetText("in a\r\nIN\r\n   in endin");
+    goTo(*m_editor, 1, 3);
+    m_editor->SetFindText("in");
+    m_editor->SetFindWholeWord(true);
+    m_editor->SetFindDirection(direction);
+    for (const QString &match : found) {
+        QCOMPARE(m_editor->FindFirst(), match.isEmpty() ? 0 : 1);
+        if (!match.isEmpty()) {
+            QCOMPARE(selection(*m_editor), match);
+            QCOMPARE(m_editor->SelText().toLower(), "in");
+        }
+    }
+}
+
+void tst_LEditOCX::findFirst_miss_leavesEverything()
+{
+    m_editor->SetText("one two");
+    select(*m_editor, 1, 1, 1, 4);
+    m_editor->SetFindText("three");
+    m_editor->SetFindDirection(2);
+    m_editor->SelStartColumn = 99;
+    QCOMPARE(m_editor->FindFirst(), 0);
+    QCOMPARE(m_editor->FindNext(), 0);
+    QCOMPARE(m_editor->SelStartColumn, 99);
+    QCOMPARE(selection(*m_editor), "1:1-1:4");
+    m_editor->SetFindText("");
+    QCOMPARE(m_editor->FindFirst(), 0);
+}
+
+void tst_LEditOCX::findNext_leavesTheViewAlone()
+{
+    m_editor->SetText(QString("x\r\n").repeated(300) + "instr 7\r\nendin\r\n");
+    goTo(*m_editor, 2, 0);
+    m_editor->SetFindText("endin");
+    m_editor->SetFindWholeWord(true);
+    m_editor->SetFindDirection(1);
+    m_editor->SelStartLine = m_editor->SelEndLine = 1;
+    m_editor->SelStartColumn = m_editor->SelEndColumn = 0;
+    QCOMPARE(m_editor->FindNext(), 1);
+    QCOMPARE(m_editor->SelStartLine, 302);
+    QCOMPARE(m_editor->SelEndColumn, 5);
+    QCOMPARE(m_editor->TopLine(), 1);
+    QCOMPARE(m_editor->SelectionLength(), 0);
+    m_editor->SetFindText("instr");
+    m_editor->SetFindDirection(0);
+    QCOMPARE(m_editor->FindNext(), 1);
+    QCOMPARE(m_editor->SelStartLine, 301);
+    m_editor->SetSelection();
+    QCOMPARE(m_editor->SelText(), "instr");
+    QVERIFY(m_editor->TopLine() > 1);
+}
+
+void tst_LEditOCX::replaceCurrent_goesOnBehindTheText()
+{
+    m_editor->SetText("a ba a");
+    goTo(*m_editor, 1, 0);
+    m_editor->SetFindText("a");
+    m_editor->SetReplaceText("aa");
+    m_editor->SetFindWholeWord(false);
+    m_editor->SetFindDirection(1);
+    int count = 0;
+    while (m_editor->FindFirst() == 1 && ++count < 10)
+        m_editor->ReplaceCurrent();
+    QCOMPARE(count, 3);
+    QCOMPARE(m_editor->Text(), "aa baa aa");
+    m_editor->Undo();
+    QCOMPARE(m_editor->Text(), "aa baa a");
+}
+
+void tst_LEditOCX::replaceCurrent_withoutMatch_doesNothing()
+{
+    m_editor->SetText("a b");
+    m_editor->SetFindText("a");
+    m_editor->SetReplaceText("x");
+    select(*m_editor, 1, 2, 1, 3);
+    m_editor->ReplaceCurrent();
+    QCOMPARE(m_editor->FindFirst(), 0);
+    m_editor->SetFindDirection(2);
+    QCOMPARE(m_editor->FindFirst(), 1);
+    select(*m_editor, 1, 2, 1, 3);
+    m_editor->ReplaceCurrent();
+    QCOMPARE(m_editor->Text(), "a b");
+}
+
+void tst_LEditOCX::replaceAll_isOneStepOfHistory()
+{
+    load("i1 i1\ni11 I1\r");
+    m_editor->SetBookmarkLine(3, 2);
+    m_editor->SetFindText("i1");
+    m_editor->SetReplaceText("i1\r\ni1");
+    m_editor->SetFindWholeWord(true);
+    m_editor->ReplaceAll();
+    QCOMPARE(m_editor->Text(), "i1\r\ni1 i1\r\ni1\r\ni11 i1\r\ni1\r\n");
+    QCOMPARE(m_editor->GetBookmarkLine(3), 4);
+    m_editor->Undo();
+    QVERIFY(!m_editor->GetState(2));
+    QCOMPARE(saved(), QByteArray("i1 i1\ni11 I1\r"));
+    m_editor->SetFindText("none");
+    m_editor->ReplaceAll();
+    QVERIFY(!m_editor->GetState(2));
+}
+
+void tst_LEditOCX::replaceAll_randomText_asTheModel()
+{
+    QRandomGenerator random(23);
+    const auto any = [&](int most) {
+        QString text;
+        for (int i = random.bounded(most); i > 0; --i)
+            text += QString::fromUtf8("aAb \né")[random.bounded(6)];
+        return text;
+    };
+    m_editor->SetFindWholeWord(false);
+    for (int round = 0; round < 2000; ++round) {
+        QString text = any(30);
+        const QString find = any(3);
+        const QString replacement = any(3);
+        m_editor->SetText(text);
+        m_editor->SetFindText(find);
+        m_editor->SetReplaceText(replacement);
+        m_editor->ReplaceAll();
+        if (!find.isEmpty())
+            text.replace(find, replacement, Qt::CaseInsensitive);
+        QCOMPARE(m_editor->Text(), text.replace('\n', "\r\n"));
+    }
+}
+
+void tst_LEditOCX::bookmark_followsEditsAboveIt()
+{
+    m_editor->SetText("1\r\n2\r\n3\r\n4\r\n5");
+    m_editor->SetBookmarkLine(1, 4);
+    m_editor->SetBookmarkLine(15, 4);
+    goTo(*m_editor, 2, 0);
+    press(*m_editor, Qt::Key_Return);
+    QCOMPARE(m_editor->GetBookmarkLine(1), 5);
+    m_editor->Undo();
+    QCOMPARE(m_editor->GetBookmarkLine(1), 4);
+    m_editor->Redo();
+    QCOMPARE(m_editor->GetBookmarkLine(15), 5);
+    select(*m_editor, 1, 0, 4, 0);
+    press(*m_editor, Qt::Key_Delete);
+    QCOMPARE(m_editor->GetBookmarkLine(1), 2);
+    goTo(*m_editor, 2, 0); // a line end before its text moves the bookmark with the text
+    press(*m_editor, Qt::Key_Return);
+    QCOMPARE(m_editor->GetBookmarkLine(1), 3);
+    goTo(*m_editor, 5, 0); // below it
+    press(*m_editor, Qt::Key_Return);
+    QCOMPARE(m_editor->GetBookmarkLine(1), 3);
+    m_editor->SetBookmarkLine(1, -1);
+    QCOMPARE(m_editor->GetBookmarkLine(1), -1);
+    QCOMPARE(m_editor->GetBookmarkLine(15), 3);
+}
+
+void tst_LEditOCX::bookmark_lineDeleted_movesToTheNext()
+{
+    m_editor->SetText("1\r\n2\r\n3\r\n4");
+    m_editor->SetBookmarkLine(1, 2);
+    select(*m_editor, 2, 0, 3, 0);
+    m_editor->SetSelText("");
+    QCOMPARE(m_editor->Text(), "1\r\n3\r\n4");
+    QCOMPARE(m_editor->GetBookmarkLine(1), 2);
+}
+
+void tst_LEditOCX::bookmark_allDeleted_isLineOne()
+{
+    m_editor->SetText("1\r\n2\r\n3\r\n4");
+    m_editor->SetBookmarkLine(1, 3);
+    m_editor->SetText("");
+    QCOMPARE(m_editor->GetBookmarkLine(1), 1);
+}
+
+void tst_LEditOCX::bookmark_badArguments_changeNothing()
+{
+    m_editor->SetText("1\r\n2");
+    m_editor->SetBookmarkLine(1, 2);
+    for (int line : {0, -2, 3, INT_MAX, INT_MIN})
+        m_editor->SetBookmarkLine(1, line);
+    QCOMPARE(m_editor->GetBookmarkLine(1), 2);
+    for (int index : {-1, 32, INT_MAX, INT_MIN}) {
+        m_editor->SetBookmarkLine(index, 1);
+        m_editor->SetBookmarkBackColor(index, Color());
+        m_editor->ClearBookmarkForeColor(index);
+        QCOMPARE(m_editor->GetBookmarkLine(index), -1);
+    }
+}
+
+void tst_LEditOCX::bookmark_clearDocument_keepsItsLine()
+{
+    m_editor->SetText("1\r\n2\r\n3");
+    m_editor->SetBookmarkLine(1, 3);
+    m_editor->ClearDocument();
+    QCOMPARE(m_editor->GetBookmarkLine(1), 3);
+    load("a\nb\nc\nd\n");
+    goTo(*m_editor, 1, 0);
+    press(*m_editor, Qt::Key_Return);
+    QCOMPARE(m_editor->GetBookmarkLine(1), 4);
+}
+
+void tst_LEditOCX::bookmark_line_isDrawnInItsColors()
+{
+    int asked = 0;
+    m_editor->SetGetTokenColors([&](TokenKind, const QString &) {
+        ++asked;
+        return TokenColors{Color::rgb(255, 255, 255), Color::rgb(0, 0, 0)};
+    });
+    m_editor->SetText("one\r\ntwo ; x\r\nthree");
+    m_editor->SetBookmarkLine(2, 2);
+    m_editor->SetBookmarkBackColor(2, Color::rgb(240, 0, 0));
+    m_editor->SetBookmarkForeColor(2, Color::rgb(255, 255, 255));
+    QCOMPARE(pixel(2, 0), QColor(240, 0, 0));
+    QCOMPARE(pixel(1, 0), QColor(255, 255, 255));
+    const QImage picture = m_editor->grab().toImage();
+    QCOMPARE(picture.pixelColor(500, m_editor->PositionToPixels(2, 0).y() + 1), QColor(240, 0, 0));
+    m_editor->ClearBookmarkBackColor(2);
+    m_editor->ClearBookmarkForeColor(2);
+    QCOMPARE(pixel(2, 0), QColor(255, 255, 255));
+}
+
+void tst_LEditOCX::topLine_isClamped()
+{
+    m_editor->SetText(QString("x\r\n").repeated(200));
+    QSignalSpy repaints(m_editor.get(), &LEditOCX::Repaint);
+    m_editor->SetTopLine(50);
+    QCOMPARE(m_editor->TopLine(), 50);
+    QTRY_VERIFY(!repaints.isEmpty());
+    m_editor->SetTopLine(-7);
+    QCOMPARE(m_editor->TopLine(), 1);
+    m_editor->SetTopLine(INT_MAX);
+    QVERIFY(m_editor->TopLine() > 150 && m_editor->TopLine() <= 201);
+    m_editor->SetTopLine(INT_MIN);
+    QCOMPARE(m_editor->TopLine(), 1);
+}
+
+void tst_LEditOCX::positionToPixels_growsWithLineAndColumn()
+{
+    m_editor->SetText("one\r\ntwo");
+    const QPoint first = m_editor->PositionToPixels(1, 0);
+    QCOMPARE(first.y(), 0);
+    QVERIFY(first.x() >= 0 && first.x() < 10);
+    QCOMPARE(m_editor->PositionToPixels(2, 0), first + QPoint(0, m_editor->LineHeight()));
+    const int advance = m_editor->PositionToPixels(1, 1).x() - first.x();
+    QVERIFY(advance > 0);
+    QVERIFY(qAbs(m_editor->PositionToPixels(1, 3).x() - first.x() - 3 * advance) <= 3);
+}
+
+void tst_LEditOCX::font_setAndRead()
+{
+    QCOMPARE(m_editor->FontName(), "Courier New");
+    QSignalSpy repaints(m_editor.get(), &LEditOCX::Repaint);
+    const int before = m_editor->LineHeight();
+    m_editor->SetFontSize(20);
+    QCOMPARE(m_editor->FontSize(), 20.0);
+    QVERIFY(m_editor->LineHeight() > before);
+    QVERIFY(!repaints.isEmpty());
+    m_editor->SetFontSize(0);
+    m_editor->SetFontSize(qQNaN());
+    QCOMPARE(m_editor->FontSize(), 20.0);
+    m_editor->SetFontName("DejaVu Sans Mono");
+    m_editor->SetFontName("");
+    QCOMPARE(m_editor->FontName(), "DejaVu Sans Mono");
+    m_editor->SetText("iii");
+    const QImage plain = m_editor->grab().toImage();
+    const QList<void (LEditOCX::*)(bool)> flags{&LEditOCX::SetFontBold, &LEditOCX::SetFontItalic,
+                                                &LEditOCX::SetFontUnderline,
+                                                &LEditOCX::SetFontStrikethrough};
+    for (const auto flag : flags) {
+        (m_editor.get()->*flag)(true);
+        QVERIFY(m_editor->grab().toImage() != plain);
+        (m_editor.get()->*flag)(false);
+        QVERIFY(m_editor->grab().toImage() == plain);
+    }
+}
+
+void tst_LEditOCX::font_missingFamily_keepsItsName()
+{
+    m_editor->SetFontName("No Such Font");
+    QCOMPARE(m_editor->FontName(), "No Such Font");
+    m_editor->SetText("iiii\r\nWWWW");
+    QCOMPARE(m_editor->PositionToPixels(1, 4).x(), m_editor->PositionToPixels(2, 4).x());
+}
+
+void tst_LEditOCX::tabSize_movesTheTabStop()
+{
+    m_editor->SetText("\tx\r\n1234");
+    m_editor->SetTabSize(4);
+    QCOMPARE(m_editor->TabSize(), 4);
+    QCOMPARE(m_editor->PositionToPixels(1, 1).x(), m_editor->PositionToPixels(2, 4).x());
+    m_editor->SetTabSize(0);
+    m_editor->SetTabSize(-3);
+    QCOMPARE(m_editor->TabSize(), 4);
+}
+
+void tst_LEditOCX::tokenColors_areAskedForWhatIsSeen()
+{
+    QStringList asked;
+    m_editor->SetGetTokenColors([&](TokenKind kind, const QString &text) {
+        if (kind == TokenKind::Word)
+            asked.append(text);
+        return TokenColors{Color::rgb(255, 255, 255), Color::rgb(0, 0, 0)};
+    });
+    QString text = "/* over\r\n";
+    for (int line = 2; line < 5000; ++line)
+        text += line == 2500 ? QString("*/\r\n") : QString("w%1\r\n").arg(line);
+    m_editor->SetText(text);
+    m_editor->grab();
+    QVERIFY(asked.isEmpty());
+    goTo(*m_editor, 4990, 0);
+    m_editor->grab();
+    QVERIFY(asked.contains("w4990"));
+    QVERIFY(!asked.contains("w4000"));
+    asked.clear();
+    m_editor->SetTopLine(2495);
+    m_editor->grab();
+    QVERIFY(asked.contains("w2501"));
+    QVERIFY(!asked.contains("w2499"));
+}
+
+void tst_LEditOCX::tokenColors_commentsAreNeverAsked()
+{
+    QStringList asked;
+    m_editor->SetGetTokenColors([&](TokenKind kind, const QString &text) {
+        asked.append(QString::number(int(kind), 16) + ' ' + text);
+        return TokenColors{};
+    });
+    m_editor->SetText("a = \"q\" 0dbfs ; no /* no\r\n/* no */ b");
+    m_editor->grab();
+    asked.removeDuplicates();
+    QCOMPARE(asked, QStringList({"1 a", "8000 =", "6001 \"q\"", "0 0dbfs", "1 b"}));
+}
+
+void tst_LEditOCX::tokenColors_commentOpened_recolorsBelow()
+{
+    m_editor->SetBackColor(Color::rgb(1, 2, 3));
+    m_editor->SetGetTokenColors([](TokenKind, const QString &) {
+        return TokenColors{Color::rgb(0, 200, 0), Color::rgb(0, 0, 0)};
+    });
+    m_editor->SetText("one\r\n\r\nword");
+    QCOMPARE(pixel(3, 0), QColor(0, 200, 0));
+    goTo(*m_editor, 1, 0);
+    type(*m_editor, "/*");
+    QTRY_COMPARE(pixel(3, 0), QColor(1, 2, 3));
+    m_editor->Undo();
+    QTRY_COMPARE(pixel(3, 0), QColor(0, 200, 0));
+}
+
+void tst_LEditOCX::tokenColors_aNewAnswer_showsAtTheNextRepaint()
+{
+    Color back = Color::rgb(0, 200, 0);
+    m_editor->SetGetTokenColors([&](TokenKind, const QString &) {
+        return TokenColors{back, Color::rgb(0, 0, 0)};
+    });
+    m_editor->SetText("word");
+    QCOMPARE(pixel(1, 0), QColor(0, 200, 0));
+    back = Color::rgb(200, 0, 0);
+    QCOMPARE(pixel(1, 0), QColor(200, 0, 0));
+}
+
+void tst_LEditOCX::tokenColors_moreThanTheStyles_areAllDrawn()
+{
+    m_editor->SetGetTokenColors([](TokenKind, const QString &text) {
+        return TokenColors{Color::rgb(text.mid(1).toUInt() % 256, text.mid(1).toUInt() / 256, 77),
+                           Color::rgb(0, 0, 0)};
+    });
+    QString text;
+    for (int line = 1; line <= 600; ++line)
+        text += QString("w%1\r\n").arg(line);
+    m_editor->SetText(text);
+    for (int top = 1; top <= 580; top += 10) {
+        m_editor->SetTopLine(top);
+        QTRY_COMPARE(pixel(top + 3, 0), QColor((top + 3) % 256, (top + 3) / 256, 77));
+    }
+}
+
+void tst_LEditOCX::colors_areDrawn()
+{
+    m_editor->SetBackColor(Color::rgb(10, 20, 30));
+    m_editor->SetSelectionBackColor(Color::rgb(40, 50, 60));
+    m_editor->SetSelectionForeColor(Color::rgb(255, 255, 255));
+    m_editor->SetText("xx ; yy");
+    select(*m_editor, 1, 0, 1, 2);
+    QCOMPARE(pixel(1, 0), QColor(40, 50, 60));
+    QCOMPARE(pixel(1, 5), QColor(10, 20, 30));
+    m_editor->SetForeColor(Color::rgb(0, 255, 0));
+    const QImage picture = m_editor->grab().toImage();
+    const QPoint comment = m_editor->PositionToPixels(1, 5);
+    bool green = false;
+    for (int x = comment.x(); x < comment.x() + 20; ++x) {
+        for (int y = 0; y < m_editor->LineHeight(); ++y)
+            green |= picture.pixelColor(x, y).green() > 150;
+    }
+    QVERIFY(green);
 }
 
 QTEST_MAIN(tst_LEditOCX)

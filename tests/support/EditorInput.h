@@ -9,7 +9,13 @@ namespace EditorInput {
 
 inline void type(ardiphon::LEditOCX &editor, const QString &text)
 {
-    QTest::keyClicks(editor.focusProxy(), text);
+    for (const QChar character : text) {
+        if (character.unicode() < 128)
+            QTest::keyClick(editor.focusProxy(), character.toLatin1());
+        else
+            QTest::sendKeyEvent(QTest::Click, editor.focusProxy(), Qt::Key_unknown, character,
+                                Qt::NoModifier);
+    }
 }
 
 inline void press(ardiphon::LEditOCX &editor, Qt::Key key,

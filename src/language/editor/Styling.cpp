@@ -124,6 +124,9 @@ void Styling::setSelectionFore(Color color)
 void Styling::setFont(const QFont &font)
 {
     m_font = font;
+    // Lines are struck through as they are drawn; none is any more when that ends.
+    m_view.SendScintilla(Sci::SCI_SETINDICATORCURRENT, ulong(StrikeIndicator));
+    m_view.SendScintilla(Sci::SCI_INDICATORCLEARRANGE, 0UL, long(m_text.size()));
     applyFont();
 }
 
@@ -210,7 +213,6 @@ void Styling::applyStyles(qsizetype start, const QByteArray &styles)
     m_view.SendScintilla(Sci::SCI_STARTSTYLING, ulong(start));
     m_view.SendScintilla(Sci::SCI_SETSTYLINGEX, uintptr_t(styles.size()), styles.constData());
     if (m_font.strikeOut()) {
-        m_view.SendScintilla(Sci::SCI_SETINDICATORCURRENT, ulong(StrikeIndicator));
         m_view.SendScintilla(Sci::SCI_INDICATORFILLRANGE, ulong(start), long(styles.size()));
     }
 }
