@@ -57,7 +57,9 @@ QString TextBuffer::text(TextRange range) const
 TextPosition TextBuffer::positionOf(qsizetype offset) const
 {
     const int line = lineOf(offset);
-    return {line, int(utf16Length(bytes(lineStart(line), offset)))};
+    // A caret may stand between a CR and an LF that met when what was between them was deleted.
+    const qsizetype inLine = std::min(offset, lineEnd(line));
+    return {line, int(utf16Length(bytes(lineStart(line), inLine)))};
 }
 
 qsizetype TextBuffer::offsetOf(TextPosition position) const

@@ -25,7 +25,8 @@ bool TextView::event(QEvent *event)
 void TextView::keyPressEvent(QKeyEvent *event)
 {
     EditorKey key{event->key(), shiftState(event->modifiers())};
-    m_owner.keyDown(key);
+    if (!isModifierKey(event->key()))
+        m_owner.keyDown(key);
     event->accept();
     if (key.KeyCode == 0 || runCommand(event->key(), event->modifiers()) ||
         typeControlCharacter(event))
@@ -125,12 +126,19 @@ void TextView::typeText(const QString &text)
         if (typed == 0 && overwrites)
             SendScintilla(SCI_SETEMPTYSELECTION, caret);
         else if (typed != 0)
-            typeCharacter(QString::fromUcs4(reinterpret_cast<const char32_t *>(&typed), 1));
+            typeCharacter(char32_t(typed));
     }
 }
 
-void TextView::typeCharacter(const QString &character)
+// The library joins what it is given as a key to one step of history, but refuses what needs two
+// QChars.
+void TextView::typeCharacter(char32_t code)
 {
+    const QString character = QString::fromUcs4(&code, 1);
+    if (code > 0xFFFF) {
+        SendScintilla(SCI_REPLACESEL, character.toUtf8().constData());
+        return;
+    }
     QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, character);
     QsciScintillaBase::keyPressEvent(&typed);
 }

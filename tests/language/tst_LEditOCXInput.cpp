@@ -1,0 +1,610 @@
+// The keys, the mouse, input methods, drops and the events of the editor control.
+
+#include "language/editor/LEditOCX.h"
+#include "support/EditorInput.h"
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QDropEvent>
+#include <QInputMethodEvent>
+#include <QMimeData>
+#include <QShortcut>
+#include <QSignalSpy>
+
+using namespace ardiphon;
+using namespace EditorInput;
+
+namespace {
+
+// A window that notes the files dropped on it.
+class Window : public QWidget
+{
+public:
+    Window() { setAcceptDrops(true); }
+    QList<QUrl> dropped;
+
+protected:
+    void dragEnterEvent(QDragEnterEvent *event) override { event->acceptProposedAction(); }
+    void dropEvent(QDropEvent *event) override { dropped = event->mimeData()->urls(); }
+};
+
+} // namespace
+
+class tst_LEditOCXInput : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { m_window.reset(); }
+
+    // Keys.
+    void key_moves_data();
+    void key_moves();
+    void key_changesText_data();
+    void key_changesText();
+    void key_pageUpAndDown_movesByPages();
+    void key_visibleText_staysOnScreen();
+    void key_insert_overwrites();
+    void key_tabOnLines_indentsThem();
+    void key_enter_indentsAsTheLineAbove();
+    void keyDown_tellsKeyAndShift_data();
+    void keyDown_tellsKeyAndShift();
+    void keyDown_zero_swallowsTheKey();
+    void keyPress_tellsCharacters_data();
+    void keyPress_tellsCharacters();
+    void keyPress_anotherCharacter_isTyped();
+    void keyPress_handlerThatMirrors_keepsTwoViewsAlike();
+    void shortcut_ofTheWindow_reachesIt();
+    void shortcut_ofTheControl_staysWithIt();
+    void inputMethod_commitsText();
+    void focus_isTheView();
+
+    // Mouse.
+    void mouse_buttons_areTold();
+    void mouse_click_comesAfterTheCaretMoved();
+    void mouse_rightButton_leavesCaretAndSelection();
+    void mouse_doubleAndTripleClick_selectWordAndLine();
+    void mouse_drag_selects();
+    void mouse_wheel_isLeftToTheWindow();
+    void menuKey_isTheRightButtonAtTheCaret();
+    void drop_file_reachesTheWindow();
+    void drop_text_goesIntoTheDocument();
+
+    void accessible_activeTool_getsTheText();
+
+private:
+    QWidget *viewport() const { return m_editor->childAt(20, 20); }
+    void drop(const QMimeData &data, const QPoint &at);
+
+    std::unique_ptr<Window> m_window;
+    LEditOCX *m_editor = nullptr;
+};
+
+void tst_LEditOCXInput::init()
+{
+    m_window = std::make_unique<Window>();
+    m_window->resize(640, 400);
+    m_editor = new LEditOCX(m_window.get());
+    m_editor->setGeometry(20, 30, 600, 300);
+    m_window->show();
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    m_editor->setFocus();
+}
+
+void tst_LEditOCXInput::key_moves_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QList<int>>("from");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("result");
+    const QString text("one two\r\n  three\r\n\r\nfour five\r\nsix");
+    const auto row = [&](const char *name, QList<int> from, Qt::Key key, Qt::KeyboardModifiers held,
+                         const char *result) {
+        QTest::newRow(name) << text << from << int(key) << int(held) << QString(result);
+    };
+    const auto ctrl = Qt::ControlModifier;
+    const auto shift = Qt::ShiftModifier;
+    row("left over the line end", {2, 0}, Qt::Key_Left, {}, "1:7-1:7");
+    row("right", {1, 0}, Qt::Key_Right, {}, "1:1-1:1");
+    row("shift+right over the line end", {1, 7}, Qt::Key_Right, shift, "1:7-2:0");
+    row("shift+left", {1, 2}, Qt::Key_Left, shift, "1:1-1:2");
+    row("down keeps the column", {1, 5}, Qt::Key_Down, {}, "2:5-2:5");
+    row("up", {2, 1}, Qt::Key_Up, {}, "1:1-1:1");
+    row("shift+down", {1, 1}, Qt::Key_Down, shift, "1:1-2:1");
+    row("ctrl+right", {1, 0}, Qt::Key_Right, ctrl, "1:4-1:4");
+    row("ctrl+left", {1, 7}, Qt::Key_Left, ctrl, "1:4-1:4");
+    row("ctrl+shift+right", {1, 0}, Qt::Key_Right, ctrl | shift, "1:0-1:4");
+    row("ctrl+r", {1, 0}, Qt::Key_R, ctrl, "1:4-1:4");
+    row("ctrl+l", {1, 7}, Qt::Key_L, ctrl, "1:4-1:4");
+    row("ctrl+down", {1, 3}, Qt::Key_Down, ctrl, "4:0-4:0");
+    row("ctrl+up", {5, 2}, Qt::Key_Up, ctrl, "4:0-4:0");
+    row("ctrl+home", {3, 0}, Qt::Key_Home, ctrl, "1:0-1:0");
+    row("ctrl+end", {3, 0}, Qt::Key_End, ctrl, "5:3-5:3");
+    row("ctrl+shift+end", {4, 4}, Qt::Key_End, ctrl | shift, "4:4-5:3");
+    row("home to the first non-blank", {2, 5}, Qt::Key_Home, {}, "2:2-2:2");
+    row("home back to the start", {2, 2}, Qt::Key_Home, {}, "2:0-2:0");
+    row("end", {2, 0}, Qt::Key_End, {}, "2:7-2:7");
+    row("shift+end", {2, 2}, Qt::Key_End, shift, "2:2-2:7");
+    row("ctrl+a", {2, 2}, Qt::Key_A, ctrl, "1:0-5:3");
+    row("ctrl+pgup", {4, 4}, Qt::Key_PageUp, ctrl, "1:0-1:0");
+    row("ctrl+pgdn", {2, 0}, Qt::Key_PageDown, ctrl, "5:3-5:3");
+    row("ctrl+u", {4, 4}, Qt::Key_U, ctrl, "1:0-1:0");
+    row("ctrl+d", {2, 0}, Qt::Key_D, ctrl, "5:3-5:3");
+    row("ctrl+shift+pgup", {2, 1}, Qt::Key_PageUp, ctrl | shift, "1:0-2:1");
+    row("escape", {2, 1}, Qt::Key_Escape, {}, "2:1-2:1");
+}
+
+void tst_LEditOCXInput::key_moves()
+{
+    QFETCH(QString, text);
+    QFETCH(QList<int>, from);
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QFETCH(QString, result);
+    m_editor->SetText(text);
+    goTo(*m_editor, from[0], from[1]);
+    press(*m_editor, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+    QCOMPARE(selection(*m_editor), result);
+    QCOMPARE(m_editor->Text(), text);
+}
+
+void tst_LEditOCXInput::key_changesText_data()
+{
+    QTest::addColumn<QList<int>>("selected");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("result");
+    const auto row = [&](const char *name, QList<int> selected, Qt::Key key,
+                         Qt::KeyboardModifiers held, const char *result) {
+        QTest::newRow(name) << selected << int(key) << int(held) << QString(result);
+    };
+    const auto ctrl = Qt::ControlModifier;
+    const auto shift = Qt::ShiftModifier;
+    row("delete", {1, 0, 1, 0}, Qt::Key_Delete, {}, "ne two\r\nthree");
+    row("delete a line end", {1, 7, 1, 7}, Qt::Key_Delete, {}, "one twothree");
+    row("delete a selection", {1, 0, 2, 1}, Qt::Key_Delete, {}, "hree");
+    row("backspace", {1, 3, 1, 3}, Qt::Key_Backspace, {}, "on two\r\nthree");
+    row("backspace a line end", {2, 0, 2, 0}, Qt::Key_Backspace, {}, "one twothree");
+    row("shift+backspace", {1, 3, 1, 3}, Qt::Key_Backspace, shift, "on two\r\nthree");
+    row("ctrl+backspace", {1, 7, 1, 7}, Qt::Key_Backspace, ctrl, "one \r\nthree");
+    row("ctrl+delete", {1, 0, 1, 0}, Qt::Key_Delete, ctrl, "two\r\nthree");
+    row("ctrl+y", {1, 3, 1, 3}, Qt::Key_Y, ctrl, "three");
+    row("enter", {1, 3, 1, 4}, Qt::Key_Return, {}, "one\r\ntwo\r\nthree");
+    row("keypad enter", {1, 3, 1, 4}, Qt::Key_Enter, Qt::KeypadModifier, "one\r\ntwo\r\nthree");
+    row("shift+enter", {1, 3, 1, 4}, Qt::Key_Return, shift, "one\r\ntwo\r\nthree");
+    row("tab", {1, 0, 1, 0}, Qt::Key_Tab, {}, "\tone two\r\nthree");
+    row("letter", {1, 0, 1, 3}, Qt::Key_X, {}, "x two\r\nthree");
+    row("ctrl+x", {1, 0, 1, 4}, Qt::Key_X, ctrl, "two\r\nthree");
+    row("shift+delete", {1, 0, 1, 4}, Qt::Key_Delete, shift, "two\r\nthree");
+    row("ctrl+c", {1, 0, 1, 3}, Qt::Key_C, ctrl, "one two\r\nthree");
+    row("ctrl+insert", {1, 0, 1, 3}, Qt::Key_Insert, ctrl, "one two\r\nthree");
+    row("ctrl+v", {1, 0, 1, 3}, Qt::Key_V, ctrl, "clip two\r\nthree");
+    row("shift+insert", {1, 0, 1, 3}, Qt::Key_Insert, shift, "clip two\r\nthree");
+    row("ctrl+z", {1, 0, 1, 0}, Qt::Key_Z, ctrl, "");
+    row("alt+letter", {1, 0, 1, 0}, Qt::Key_X, Qt::AltModifier, "one two\r\nthree");
+    row("ctrl+q", {1, 0, 1, 3}, Qt::Key_Q, ctrl, "one two\r\nthree");
+    row("ctrl+t", {1, 0, 1, 3}, Qt::Key_T, ctrl, "one two\r\nthree");
+}
+
+void tst_LEditOCXInput::key_changesText()
+{
+    QFETCH(QList<int>, selected);
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QFETCH(QString, result);
+    QGuiApplication::clipboard()->setText("clip");
+    m_editor->SetText("one two\r\nthree");
+    select(*m_editor, selected[0], selected[1], selected[2], selected[3]);
+    press(*m_editor, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+    QCOMPARE(m_editor->Text(), result);
+    const bool copies =
+        key == Qt::Key_C || (key == Qt::Key_Insert && modifiers == Qt::ControlModifier);
+    if (copies)
+        QCOMPARE(QGuiApplication::clipboard()->text(), "one");
+    if (key == Qt::Key_Z) {
+        press(*m_editor, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(m_editor->Text(), "one two\r\nthree");
+    }
+}
+
+void tst_LEditOCXInput::key_pageUpAndDown_movesByPages()
+{
+    m_editor->SetText(QString("x\r\n").repeated(300));
+    goTo(*m_editor, 1, 0);
+    press(*m_editor, Qt::Key_PageDown);
+    m_editor->GetSelection();
+    const int page = m_editor->SelStartLine - 1;
+    QVERIFY(page > 5 && page <= m_editor->height() / m_editor->LineHeight());
+    press(*m_editor, Qt::Key_PageUp);
+    QCOMPARE(selection(*m_editor), "1:0-1:0");
+    press(*m_editor, Qt::Key_PageDown, Qt::ShiftModifier);
+    QCOMPARE(selection(*m_editor), QString("1:0-%1:0").arg(page + 1));
+}
+
+void tst_LEditOCXInput::key_visibleText_staysOnScreen()
+{
+    m_editor->SetText(QString("x\r\n").repeated(300));
+    goTo(*m_editor, 150, 0);
+    m_editor->SetTopLine(145);
+    press(*m_editor, Qt::Key_D, Qt::ControlModifier);
+    m_editor->GetSelection();
+    const int last = 145 + m_editor->height() / m_editor->LineHeight() - 1;
+    QVERIFY(qAbs(m_editor->SelStartLine - last) <= 1); // the scroll bar below takes its room
+    QCOMPARE(m_editor->SelStartColumn, 1);
+    press(*m_editor, Qt::Key_U, Qt::ControlModifier);
+    QCOMPARE(selection(*m_editor), "145:0-145:0");
+    QCOMPARE(m_editor->TopLine(), 145);
+}
+
+void tst_LEditOCXInput::key_insert_overwrites()
+{
+    m_editor->SetText("abc\r\nd");
+    goTo(*m_editor, 1, 1);
+    QStringList replaced;
+    connect(m_editor, &LEditOCX::KeyPress, this, [&](int &character) {
+        replaced.append(m_editor->SelText());
+        if (character == '#')
+            character = 0;
+    });
+    press(*m_editor, Qt::Key_Insert);
+    type(*m_editor, "1#23");
+    QCOMPARE(m_editor->Text(), "a123\r\nd");
+    QCOMPARE(replaced, QStringList({"b", "c", "c", ""}));
+    QCOMPARE(selection(*m_editor), "1:4-1:4");
+    press(*m_editor, Qt::Key_Insert);
+    goTo(*m_editor, 1, 0);
+    type(*m_editor, "x");
+    QCOMPARE(m_editor->Text(), "xa123\r\nd");
+}
+
+void tst_LEditOCXInput::key_tabOnLines_indentsThem()
+{
+    m_editor->SetTabSize(4);
+    m_editor->SetText("a\r\nb\r\nc");
+    select(*m_editor, 1, 0, 2, 1);
+    press(*m_editor, Qt::Key_Tab);
+    QCOMPARE(m_editor->Text(), "\ta\r\n\tb\r\nc");
+    press(*m_editor, Qt::Key_Tab, Qt::ShiftModifier);
+    QCOMPARE(m_editor->Text(), "a\r\nb\r\nc");
+    press(*m_editor, Qt::Key_Tab);
+    press(*m_editor, Qt::Key_Backtab, Qt::ShiftModifier);
+    QCOMPARE(m_editor->Text(), "a\r\nb\r\nc");
+    QVERIFY(m_editor->hasFocus());
+}
+
+void tst_LEditOCXInput::key_enter_indentsAsTheLineAbove()
+{
+    m_editor->SetText(" \t one");
+    goTo(*m_editor, 1, 6);
+    press(*m_editor, Qt::Key_Return);
+    QCOMPARE(m_editor->Text(), " \t one\r\n");
+    m_editor->Undo();
+    m_editor->SetAutoIndent(true);
+    press(*m_editor, Qt::Key_Return);
+    type(*m_editor, "x");
+    QCOMPARE(m_editor->Text(), " \t one\r\n \t x");
+    goTo(*m_editor, 1, 1);
+    press(*m_editor, Qt::Key_Return);
+    QCOMPARE(m_editor->Text(), " \r\n \t one\r\n \t x");
+    m_editor->Undo();
+    QCOMPARE(m_editor->Text(), " \t one\r\n \t x");
+}
+
+void tst_LEditOCXInput::keyDown_tellsKeyAndShift_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<int>("shift");
+    QTest::newRow("letter") << int(Qt::Key_A) << int(Qt::NoModifier) << 0;
+    QTest::newRow("shift") << int(Qt::Key_A) << int(Qt::ShiftModifier) << 1;
+    QTest::newRow("ctrl") << int(Qt::Key_F) << int(Qt::ControlModifier) << 2;
+    QTest::newRow("alt") << int(Qt::Key_F4) << int(Qt::AltModifier) << 4;
+    QTest::newRow("ctrl and alt") << int(Qt::Key_Z) << int(Qt::ControlModifier | Qt::AltModifier)
+                                  << 6;
+    QTest::newRow("all") << int(Qt::Key_G)
+                         << int(Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier) << 7;
+    QTest::newRow("function key") << int(Qt::Key_F12) << int(Qt::NoModifier) << 0;
+}
+
+void tst_LEditOCXInput::keyDown_tellsKeyAndShift()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QFETCH(int, shift);
+    QList<std::pair<int, int>> keys;
+    connect(m_editor, &LEditOCX::KeyDown, this, [&](EditorKey &down) {
+        keys.append({down.KeyCode, down.Shift});
+    });
+    press(*m_editor, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+    QCOMPARE(keys.size(), 1);
+    QCOMPARE(keys[0].first, key);
+    QCOMPARE(keys[0].second, shift);
+}
+
+void tst_LEditOCXInput::keyDown_zero_swallowsTheKey()
+{
+    m_editor->SetText("abc");
+    goTo(*m_editor, 1, 0);
+    bool typed = false;
+    connect(m_editor, &LEditOCX::KeyPress, this, [&] { typed = true; });
+    connect(m_editor, &LEditOCX::KeyDown, this, [](EditorKey &key) { key.KeyCode = 0; });
+    type(*m_editor, "x");
+    press(*m_editor, Qt::Key_Right);
+    press(*m_editor, Qt::Key_Delete);
+    press(*m_editor, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(m_editor->Text(), "abc");
+    QCOMPARE(selection(*m_editor), "1:0-1:0");
+    QVERIFY(!typed);
+}
+
+void tst_LEditOCXInput::keyPress_tellsCharacters_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QList<int>>("codes");
+    QTest::newRow("letter") << int(Qt::Key_A) << int(Qt::NoModifier) << QList<int>{'a'};
+    QTest::newRow("blank") << int(Qt::Key_Space) << int(Qt::NoModifier) << QList<int>{' '};
+    QTest::newRow("enter") << int(Qt::Key_Return) << int(Qt::NoModifier) << QList<int>{13};
+    QTest::newRow("tab") << int(Qt::Key_Tab) << int(Qt::NoModifier) << QList<int>{9};
+    QTest::newRow("backspace") << int(Qt::Key_Backspace) << int(Qt::NoModifier) << QList<int>{8};
+    QTest::newRow("delete") << int(Qt::Key_Delete) << int(Qt::NoModifier) << QList<int>{127};
+    QTest::newRow("arrow") << int(Qt::Key_Left) << int(Qt::NoModifier) << QList<int>{};
+    QTest::newRow("ctrl") << int(Qt::Key_F) << int(Qt::ControlModifier) << QList<int>{};
+    QTest::newRow("alt") << int(Qt::Key_F) << int(Qt::AltModifier) << QList<int>{};
+}
+
+void tst_LEditOCXInput::keyPress_tellsCharacters()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QFETCH(QList<int>, codes);
+    m_editor->SetText("one");
+    QList<int> told;
+    connect(m_editor, &LEditOCX::KeyPress, this, [&](int &character) {
+        told.append(character);
+        character = 0;
+    });
+    press(*m_editor, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+    QCOMPARE(told, codes);
+    QCOMPARE(m_editor->Text(), "one");
+}
+
+void tst_LEditOCXInput::keyPress_anotherCharacter_isTyped()
+{
+    connect(m_editor, &LEditOCX::KeyPress, this, [](int &character) {
+        if (character == 'a')
+            character = 0x1D11E;
+    });
+    type(*m_editor, "ab");
+    QCOMPARE(m_editor->Text(), QString::fromUcs4(U"\U0001D11Eb"));
+}
+
+void tst_LEditOCXInput::keyPress_handlerThatMirrors_keepsTwoViewsAlike()
+{
+    LEditOCX other;
+    connect(m_editor, &LEditOCX::KeyPress, &other, [&](int &character) {
+        m_editor->GetSelection();
+        select(other, m_editor->SelStartLine, m_editor->SelStartColumn, m_editor->SelEndLine,
+               m_editor->SelEndColumn);
+        other.SetSelText(QChar(character));
+    });
+    type(*m_editor, "hello");
+    press(*m_editor, Qt::Key_Left, Qt::ShiftModifier);
+    type(*m_editor, "p");
+    press(*m_editor, Qt::Key_Home);
+    press(*m_editor, Qt::Key_Insert);
+    type(*m_editor, "J");
+    QCOMPARE(m_editor->Text(), "Jellp");
+    QCOMPARE(other.Text(), "Jellp");
+}
+
+void tst_LEditOCXInput::shortcut_ofTheWindow_reachesIt()
+{
+    for (const QKeySequence &keys :
+         {QKeySequence("Ctrl+S"), QKeySequence("F3"), QKeySequence("Ctrl+1"),
+          QKeySequence("Ctrl+B"), QKeySequence("Alt+F")}) {
+        QShortcut shortcut(keys, m_window.get());
+        QSignalSpy activated(&shortcut, &QShortcut::activated);
+        press(*m_editor, Qt::Key(keys[0].key()), keys[0].keyboardModifiers());
+        QCOMPARE(activated.size(), 1);
+    }
+    QCOMPARE(m_editor->Text(), "");
+}
+
+void tst_LEditOCXInput::shortcut_ofTheControl_staysWithIt()
+{
+    m_editor->SetText("one two");
+    QShortcut copy(QKeySequence("Ctrl+A"), m_window.get());
+    QShortcut letter(QKeySequence("x"), m_window.get());
+    QSignalSpy activated(&copy, &QShortcut::activated);
+    QSignalSpy typed(&letter, &QShortcut::activated);
+    press(*m_editor, Qt::Key_A, Qt::ControlModifier);
+    type(*m_editor, "x");
+    QVERIFY(activated.isEmpty() && typed.isEmpty());
+    QCOMPARE(m_editor->Text(), "x");
+}
+
+void tst_LEditOCXInput::inputMethod_commitsText()
+{
+    QList<int> told;
+    connect(m_editor, &LEditOCX::KeyPress, this, [&](int &character) {
+        told.append(character);
+        if (character == '!')
+            character = 0;
+    });
+    QInputMethodEvent composing(QString::fromUtf8("に"), {});
+    QApplication::sendEvent(m_editor->focusProxy(), &composing);
+    QInputMethodEvent commit;
+    commit.setCommitString(QString::fromUtf8("日!本"));
+    QApplication::sendEvent(m_editor->focusProxy(), &commit);
+    QCOMPARE(m_editor->Text(), QString::fromUtf8("日本"));
+    QCOMPARE(told, QList<int>({0x65E5, '!', 0x672C}));
+    m_editor->Undo();
+    m_editor->Undo();
+    QCOMPARE(m_editor->Text(), "");
+}
+
+void tst_LEditOCXInput::focus_isTheView()
+{
+    QVERIFY(m_editor->hasFocus());
+    QVERIFY(m_editor->focusProxy()->hasFocus());
+    m_window->setFocus();
+    QVERIFY(!m_editor->hasFocus());
+    m_editor->SetText("one");
+    click(*m_editor, 1, 1);
+    QVERIFY(m_editor->hasFocus());
+}
+
+void tst_LEditOCXInput::mouse_buttons_areTold()
+{
+    m_editor->SetText("one\r\ntwo");
+    QStringList told;
+    connect(m_editor, &LEditOCX::MouseButton, this, [&](EditorMouseButton &button) {
+        told.append(QString("%1 %2 %3 %4")
+                        .arg(button.Button)
+                        .arg(button.Shift)
+                        .arg(button.X)
+                        .arg(button.Y));
+    });
+    const QPoint at = m_editor->PositionToPixels(2, 1) + QPoint(1, m_editor->LineHeight() / 2);
+    const QString place = QString("%1 %2").arg(at.x() * 15).arg(at.y() * 15);
+    click(*m_editor, 2, 1);
+    click(*m_editor, 2, 1, Qt::RightButton, Qt::ControlModifier);
+    QCOMPARE(told, QStringList({"1 0 " + place, "2 2 " + place}));
+    told.clear();
+    QGuiApplication::clipboard()->setText("", QClipboard::Selection);
+    click(*m_editor, 2, 1, Qt::MiddleButton);
+    QCOMPARE(told, QStringList("4 0 " + place));
+}
+
+void tst_LEditOCXInput::mouse_click_comesAfterTheCaretMoved()
+{
+    m_editor->SetText("one two");
+    QString atClick;
+    connect(m_editor, &LEditOCX::Click, this, [&] {
+        m_editor->UpdateCurrentWord();
+        atClick += m_editor->CurrentWord();
+    });
+    click(*m_editor, 1, 5);
+    QCOMPARE(atClick, "two");
+    click(*m_editor, 1, 1, Qt::RightButton);
+    QCOMPARE(atClick, "two");
+}
+
+void tst_LEditOCXInput::mouse_rightButton_leavesCaretAndSelection()
+{
+    m_editor->SetText("one two");
+    select(*m_editor, 1, 0, 1, 3);
+    click(*m_editor, 1, 5, Qt::RightButton);
+    QCOMPARE(selection(*m_editor), "1:0-1:3");
+}
+
+void tst_LEditOCXInput::mouse_doubleAndTripleClick_selectWordAndLine()
+{
+    m_editor->SetText("one two_2 three\r\nfour");
+    const QPoint at = m_editor->PositionToPixels(1, 5) + QPoint(1, 5);
+    QTest::mouseClick(viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseDClick(viewport(), Qt::LeftButton, {}, at);
+    QCOMPARE(m_editor->SelText(), "two_2");
+    QTest::mouseClick(viewport(), Qt::LeftButton, {}, at);
+    QCOMPARE(m_editor->SelText(), "one two_2 three\r\n");
+}
+
+void tst_LEditOCXInput::mouse_drag_selects()
+{
+    m_editor->SetText("one two\r\nthree");
+    const auto at = [&](int line, int column) {
+        return m_editor->PositionToPixels(line, column) + QPoint(1, 5);
+    };
+    QTest::mousePress(viewport(), Qt::LeftButton, {}, at(1, 4));
+    QTest::mouseMove(viewport(), at(1, 6));
+    QTest::mouseMove(viewport(), at(2, 2));
+    QTest::mouseRelease(viewport(), Qt::LeftButton, {}, at(2, 2));
+    QCOMPARE(selection(*m_editor), "1:4-2:2");
+    // Never a rectangle, whatever is held.
+    for (const auto held :
+         {Qt::KeyboardModifiers(Qt::AltModifier), Qt::AltModifier | Qt::ControlModifier}) {
+        goTo(*m_editor, 1, 0);
+        QTest::mouseClick(viewport(), Qt::LeftButton, {}, at(2, 4));
+        QTest::mousePress(viewport(), Qt::LeftButton, held, at(1, 1));
+        QTest::mouseMove(viewport(), at(2, 3));
+        QTest::mouseRelease(viewport(), Qt::LeftButton, held, at(2, 3));
+        QCOMPARE(m_editor->SelText(), "ne two\r\nthr");
+    }
+}
+
+void tst_LEditOCXInput::mouse_wheel_isLeftToTheWindow()
+{
+    m_editor->SetText(QString("x\r\n").repeated(100));
+    m_editor->SetTopLine(10);
+    QWheelEvent wheel({50, 50}, m_editor->mapToGlobal(QPointF(50, 50)), {}, {0, -120}, {}, {},
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(viewport(), &wheel);
+    QVERIFY(!wheel.isAccepted());
+    QCOMPARE(m_editor->TopLine(), 10);
+}
+
+void tst_LEditOCXInput::menuKey_isTheRightButtonAtTheCaret()
+{
+    m_editor->SetText("one\r\ntwo");
+    goTo(*m_editor, 2, 2);
+    QList<EditorMouseButton> told;
+    connect(m_editor, &LEditOCX::MouseButton, this,
+            [&](EditorMouseButton &button) { told.append(button); });
+    QContextMenuEvent menu(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QApplication::sendEvent(m_editor->focusProxy(), &menu);
+    QCOMPARE(told.size(), 1);
+    QCOMPARE(told[0].Button, 2);
+    QCOMPARE(QPoint(told[0].X, told[0].Y), m_editor->PositionToPixels(2, 2) * 15);
+}
+
+void tst_LEditOCXInput::drop(const QMimeData &data, const QPoint &at)
+{
+    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(viewport(), &enter);
+    QDropEvent event(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(viewport(), &event);
+}
+
+void tst_LEditOCXInput::drop_file_reachesTheWindow()
+{
+    QMimeData file;
+    file.setUrls({QUrl::fromLocalFile("/tmp/piece.csd")});
+    file.setText("/tmp/piece.csd");
+    drop(file, {50, 50});
+    QCOMPARE(m_window->dropped, file.urls());
+    QCOMPARE(m_editor->Text(), "");
+}
+
+void tst_LEditOCXInput::drop_text_goesIntoTheDocument()
+{
+    m_editor->SetText("one two");
+    QList<int> told;
+    connect(m_editor, &LEditOCX::KeyPress, this, [&](int &character) { told.append(character); });
+    QMimeData text;
+    text.setText("new ");
+    drop(text, m_editor->PositionToPixels(1, 4) + QPoint(1, 5));
+    QCOMPARE(m_editor->Text(), "one new two");
+    QCOMPARE(told, QList<int>{22});
+    QVERIFY(m_window->dropped.isEmpty());
+}
+
+void tst_LEditOCXInput::accessible_activeTool_getsTheText()
+{
+    m_editor->SetText("one two");
+    QAccessible::setActive(true);
+    QAccessibleInterface *full = QAccessible::queryAccessibleInterface(m_editor->focusProxy());
+    QVERIFY(full && full->textInterface());
+    QCOMPARE(full->textInterface()->text(0, 7), "one two");
+    type(*m_editor, "x");
+    QAccessible::setActive(false);
+    QAccessibleInterface *plain = QAccessible::queryAccessibleInterface(m_editor->focusProxy());
+    QVERIFY(plain && !plain->textInterface());
+    QCOMPARE(plain->role(), QAccessible::EditableText);
+}
+
+QTEST_MAIN(tst_LEditOCXInput)
+#include "tst_LEditOCXInput.moc"
