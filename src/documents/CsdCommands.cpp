@@ -9,6 +9,7 @@ constexpr Command commands[] = {
     {"menuFileApriOrchestra", "&Open File", "", "Ctrl+O"},
     {"menuFileSalvaOrchestra", "&Save File", "", "Ctrl+S"},
     {"menuFileSalvaOrchestraNome", "Save File &As ..."},
+    {"menuFileProprieta", "File Prope&rties"},
     {"menuFileEsci", "E&xit"},
 
     {"menuModificaUndo", "&Undo", "(Ctrl+Z)"},
@@ -65,6 +66,8 @@ constexpr const char *fileMenu[] = {
     "menuFileApriOrchestra",
     "menuFileSalvaOrchestra",
     "menuFileSalvaOrchestraNome",
+    nullptr,
+    "menuFileProprieta",
     nullptr,
     "menuLastFile",
     nullptr,

@@ -154,6 +154,14 @@ void CsdDocument::Save() { save(); }
 
 void CsdDocument::SaveAs() { saveAs(); }
 
+void CsdDocument::Properties()
+{
+    if (m_program.config.CSDFileName.isEmpty())
+        m_program.dialogs.message({QStringLiteral("Cannot find File!")});
+    else
+        emit propertiesDue(m_program.config.CSDFileName);
+}
+
 CsdDocument::SaveResult CsdDocument::save()
 {
     const QString &path = m_program.config.CSDFileName;

@@ -32,6 +32,8 @@ public:
     void Save();
     void SaveAs();
 
+    void Properties();
+
     /// Opens the dropped file at \a path.
     void OpenByName(const QString &path);
     /// Opens a file of the recent list.
@@ -55,6 +57,8 @@ signals:
     void loaded();
     /// A file was opened: the recent list may have changed.
     void opened();
+    /// The properties of that file are to be shown.
+    void propertiesDue(const QString &path);
     /// The configuration names an orchestra or a score to open: its window takes over.
     void projectWindowDue();
 

@@ -21,6 +21,7 @@
 #include "language/ui/KeywordHelp.h"
 #include "navigation/ui/Bookmarks.h"
 #include "platform/Twips.h"
+#include "platform/ui/FileProperties.h"
 #include "preferences/ui/FormAbout.h"
 #include "preferences/ui/FormHelp.h"
 #include "preferences/ui/FormManual.h"
@@ -99,6 +100,8 @@ void FormCSD::buildControls()
     LabelTags = newLabel(QStringLiteral("LabelTags"), tr("Insert a tag"));
     List1 = new QListWidget(centralWidget());
     List1->setObjectName(QStringLiteral("List1"));
+    List1->setTextElideMode(Qt::ElideMiddle);
+    List1->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
     m_panels = new HelpPanels(config().Words, centralWidget());
     Toolbar1 = new QToolBar(centralWidget());
@@ -124,6 +127,7 @@ QTreeWidget *FormCSD::newTree(const QString &name)
     tree->setObjectName(name);
     tree->setHeaderHidden(true);
     tree->setRootIsDecorated(false);
+    tree->setTextElideMode(Qt::ElideMiddle);
     // The nodes are blue, which wants a light ground on every desktop.
     QPalette palette = tree->palette();
     palette.setColor(QPalette::Base, Qt::white);
@@ -206,12 +210,15 @@ void FormCSD::bindDocument()
     set.bind("menuFileApriOrchestra", m_document, &CsdDocument::Open);
     set.bind("menuFileSalvaOrchestra", m_document, &CsdDocument::Save);
     set.bind("menuFileSalvaOrchestraNome", m_document, &CsdDocument::SaveAs);
+    set.bind("menuFileProprieta", m_document, &CsdDocument::Properties);
     set.bind("menuFileEsci", this, [this] {
         config().FormCSDClosing = true;
         close();
     });
     set.bind("buttonDefaultDir", m_document, &CsdDocument::returnToWorkingDirectory);
 
+    connect(m_document, &CsdDocument::propertiesDue, this,
+            [this](const QString &path) { ShowFileProperties(this, path); });
     connect(m_document, &CsdDocument::titleDue, this, &FormCSD::writeTitle);
     connect(m_document, &CsdDocument::projectWindowDue, this, &FormCSD::handOverToProject);
     connect(m_document, &CsdDocument::begun, this, [this] { setSplit(false); });

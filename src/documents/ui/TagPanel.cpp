@@ -21,6 +21,7 @@ TagPanel::TagPanel(LEditOCX &editor, QTreeWidget &tree, QListWidget &list, const
         auto *node = new QTreeWidgetItem(&m_tree, {Missing});
         node->setForeground(0, QColor(0, 0, 255));
         m_list.addItem(word);
+        m_list.item(m_list.count() - 1)->setToolTip(word);
     }
     connect(&m_editor, &LEditOCX::Repaint, this, [this] { m_due = m_words.size() - 1; });
     connect(&m_list, &QListWidget::itemClicked, this,
