@@ -31,6 +31,7 @@ private slots:
     void keyDown_tellsKeyAndShift_data();
     void keyDown_tellsKeyAndShift();
     void keyDown_zero_swallowsTheKey();
+    void keyDown_handlerThatDeletesTheControl_isSafe();
     void keyPress_tellsCharacters_data();
     void keyPress_tellsCharacters();
     void keyPress_anotherCharacter_isTyped();
@@ -302,6 +303,14 @@ void tst_LEditOCXKeys::keyDown_zero_swallowsTheKey()
     QCOMPARE(m_editor->Text(), "abc");
     QCOMPARE(selection(*m_editor), "1:0-1:0");
     QVERIFY(!typed);
+}
+
+void tst_LEditOCXKeys::keyDown_handlerThatDeletesTheControl_isSafe()
+{
+    connect(m_editor, &LEditOCX::KeyDown, this, [&] { delete std::exchange(m_editor, nullptr); });
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, "x");
+    QVERIFY(static_cast<QObject *>(m_editor->focusProxy())->event(&key));
+    QVERIFY(!m_editor);
 }
 
 void tst_LEditOCXKeys::keyPress_tellsCharacters_data()
