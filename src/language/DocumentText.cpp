@@ -45,20 +45,15 @@ LineEnd prevailingLineEnd(QByteArrayView text)
     qsizetype crLf = 0;
     qsizetype lf = 0;
     qsizetype cr = 0;
-    const char *at = text.begin();
-    while (const void *found = std::memchr(at, '\n', size_t(text.end() - at))) {
-        at = static_cast<const char *>(found);
-        ++(at > text.begin() && at[-1] == '\r' ? crLf : lf);
-        if (++at == text.end())
-            break;
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        if (text[at] == '\n') {
+            ++lf;
+        } else if (text[at] == '\r') {
+            const bool pair = at + 1 < text.size() && text[at + 1] == '\n';
+            ++(pair ? crLf : cr);
+            at += pair ? 1 : 0;
+        }
     }
-    for (at = text.begin(); at < text.end(); ++at) {
-        at = static_cast<const char *>(std::memchr(at, '\r', size_t(text.end() - at)));
-        if (!at)
-            break;
-        ++cr;
-    }
-    cr -= crLf;
     if (crLf >= lf && crLf >= cr)
         return LineEnd::CrLf;
     return lf >= cr ? LineEnd::Lf : LineEnd::Cr;

@@ -66,6 +66,7 @@ void TextView::setUpScintilla()
     SendScintilla(SCI_CLEARALLCMDKEYS);
     SendScintilla(SCI_USEPOPUP, 0);
     SendScintilla(SCI_SETMARGINS, 0);
+    SendScintilla(SCI_SETMARGINLEFT, 0UL, 3L);
     SendScintilla(SCI_SETSCROLLWIDTH, 1);
     SendScintilla(SCI_SETSCROLLWIDTHTRACKING, true);
     SendScintilla(SCI_SETLAYOUTCACHE, SC_CACHE_PAGE);

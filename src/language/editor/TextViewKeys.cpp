@@ -5,6 +5,7 @@
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QPointer>
 
 namespace ardiphon {
 
@@ -25,9 +26,12 @@ bool TextView::event(QEvent *event)
 void TextView::keyPressEvent(QKeyEvent *event)
 {
     EditorKey key{event->key(), shiftState(event->modifiers())};
+    const QPointer<TextView> self(this);
     if (!isModifierKey(event->key()))
         m_owner.keyDown(key);
     event->accept();
+    if (!self) // the key closed the window
+        return;
     if (key.KeyCode == 0 || runCommand(event->key(), event->modifiers()) ||
         typeControlCharacter(event))
         return;

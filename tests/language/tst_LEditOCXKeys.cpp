@@ -1,36 +1,17 @@
-// The keys, the mouse, input methods, drops and the events of the editor control.
+// The keys, the input methods and the events of the editor control.
 
 #include "language/editor/LEditOCX.h"
 #include "support/EditorInput.h"
 
-#include <QAccessible>
 #include <QClipboard>
-#include <QDropEvent>
 #include <QInputMethodEvent>
-#include <QMimeData>
 #include <QShortcut>
 #include <QSignalSpy>
 
 using namespace ardiphon;
 using namespace EditorInput;
 
-namespace {
-
-// A window that notes the files dropped on it.
-class Window : public QWidget
-{
-public:
-    Window() { setAcceptDrops(true); }
-    QList<QUrl> dropped;
-
-protected:
-    void dragEnterEvent(QDragEnterEvent *event) override { event->acceptProposedAction(); }
-    void dropEvent(QDropEvent *event) override { dropped = event->mimeData()->urls(); }
-};
-
-} // namespace
-
-class tst_LEditOCXInput : public QObject
+class tst_LEditOCXKeys : public QObject
 {
     Q_OBJECT
 
@@ -38,7 +19,6 @@ private slots:
     void init();
     void cleanup() { m_window.reset(); }
 
-    // Keys.
     void key_moves_data();
     void key_moves();
     void key_changesText_data();
@@ -51,6 +31,7 @@ private slots:
     void keyDown_tellsKeyAndShift_data();
     void keyDown_tellsKeyAndShift();
     void keyDown_zero_swallowsTheKey();
+    void keyDown_handlerThatDeletesTheControl_isSafe();
     void keyPress_tellsCharacters_data();
     void keyPress_tellsCharacters();
     void keyPress_anotherCharacter_isTyped();
@@ -60,30 +41,14 @@ private slots:
     void inputMethod_commitsText();
     void focus_isTheView();
 
-    // Mouse.
-    void mouse_buttons_areTold();
-    void mouse_click_comesAfterTheCaretMoved();
-    void mouse_rightButton_leavesCaretAndSelection();
-    void mouse_doubleAndTripleClick_selectWordAndLine();
-    void mouse_drag_selects();
-    void mouse_wheel_isLeftToTheWindow();
-    void menuKey_isTheRightButtonAtTheCaret();
-    void drop_file_reachesTheWindow();
-    void drop_text_goesIntoTheDocument();
-
-    void accessible_activeTool_getsTheText();
-
 private:
-    QWidget *viewport() const { return m_editor->childAt(20, 20); }
-    void drop(const QMimeData &data, const QPoint &at);
-
-    std::unique_ptr<Window> m_window;
+    std::unique_ptr<QWidget> m_window;
     LEditOCX *m_editor = nullptr;
 };
 
-void tst_LEditOCXInput::init()
+void tst_LEditOCXKeys::init()
 {
-    m_window = std::make_unique<Window>();
+    m_window = std::make_unique<QWidget>();
     m_window->resize(640, 400);
     m_editor = new LEditOCX(m_window.get());
     m_editor->setGeometry(20, 30, 600, 300);
@@ -93,7 +58,7 @@ void tst_LEditOCXInput::init()
     m_editor->setFocus();
 }
 
-void tst_LEditOCXInput::key_moves_data()
+void tst_LEditOCXKeys::key_moves_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QList<int>>("from");
@@ -137,7 +102,7 @@ void tst_LEditOCXInput::key_moves_data()
     row("escape", {2, 1}, Qt::Key_Escape, {}, "2:1-2:1");
 }
 
-void tst_LEditOCXInput::key_moves()
+void tst_LEditOCXKeys::key_moves()
 {
     QFETCH(QString, text);
     QFETCH(QList<int>, from);
@@ -151,7 +116,7 @@ void tst_LEditOCXInput::key_moves()
     QCOMPARE(m_editor->Text(), text);
 }
 
-void tst_LEditOCXInput::key_changesText_data()
+void tst_LEditOCXKeys::key_changesText_data()
 {
     QTest::addColumn<QList<int>>("selected");
     QTest::addColumn<int>("key");
@@ -189,7 +154,7 @@ void tst_LEditOCXInput::key_changesText_data()
     row("ctrl+t", {1, 0, 1, 3}, Qt::Key_T, ctrl, "one two\r\nthree");
 }
 
-void tst_LEditOCXInput::key_changesText()
+void tst_LEditOCXKeys::key_changesText()
 {
     QFETCH(QList<int>, selected);
     QFETCH(int, key);
@@ -210,7 +175,7 @@ void tst_LEditOCXInput::key_changesText()
     }
 }
 
-void tst_LEditOCXInput::key_pageUpAndDown_movesByPages()
+void tst_LEditOCXKeys::key_pageUpAndDown_movesByPages()
 {
     m_editor->SetText(QString("x\r\n").repeated(300));
     goTo(*m_editor, 1, 0);
@@ -224,7 +189,7 @@ void tst_LEditOCXInput::key_pageUpAndDown_movesByPages()
     QCOMPARE(selection(*m_editor), QString("1:0-%1:0").arg(page + 1));
 }
 
-void tst_LEditOCXInput::key_visibleText_staysOnScreen()
+void tst_LEditOCXKeys::key_visibleText_staysOnScreen()
 {
     m_editor->SetText(QString("x\r\n").repeated(300));
     goTo(*m_editor, 150, 0);
@@ -239,7 +204,7 @@ void tst_LEditOCXInput::key_visibleText_staysOnScreen()
     QCOMPARE(m_editor->TopLine(), 145);
 }
 
-void tst_LEditOCXInput::key_insert_overwrites()
+void tst_LEditOCXKeys::key_insert_overwrites()
 {
     m_editor->SetText("abc\r\nd");
     goTo(*m_editor, 1, 1);
@@ -260,7 +225,7 @@ void tst_LEditOCXInput::key_insert_overwrites()
     QCOMPARE(m_editor->Text(), "xa123\r\nd");
 }
 
-void tst_LEditOCXInput::key_tabOnLines_indentsThem()
+void tst_LEditOCXKeys::key_tabOnLines_indentsThem()
 {
     m_editor->SetTabSize(4);
     m_editor->SetText("a\r\nb\r\nc");
@@ -275,7 +240,7 @@ void tst_LEditOCXInput::key_tabOnLines_indentsThem()
     QVERIFY(m_editor->hasFocus());
 }
 
-void tst_LEditOCXInput::key_enter_indentsAsTheLineAbove()
+void tst_LEditOCXKeys::key_enter_indentsAsTheLineAbove()
 {
     m_editor->SetText(" \t one");
     goTo(*m_editor, 1, 6);
@@ -293,7 +258,7 @@ void tst_LEditOCXInput::key_enter_indentsAsTheLineAbove()
     QCOMPARE(m_editor->Text(), " \t one\r\n \t x");
 }
 
-void tst_LEditOCXInput::keyDown_tellsKeyAndShift_data()
+void tst_LEditOCXKeys::keyDown_tellsKeyAndShift_data()
 {
     QTest::addColumn<int>("key");
     QTest::addColumn<int>("modifiers");
@@ -309,7 +274,7 @@ void tst_LEditOCXInput::keyDown_tellsKeyAndShift_data()
     QTest::newRow("function key") << int(Qt::Key_F12) << int(Qt::NoModifier) << 0;
 }
 
-void tst_LEditOCXInput::keyDown_tellsKeyAndShift()
+void tst_LEditOCXKeys::keyDown_tellsKeyAndShift()
 {
     QFETCH(int, key);
     QFETCH(int, modifiers);
@@ -324,7 +289,7 @@ void tst_LEditOCXInput::keyDown_tellsKeyAndShift()
     QCOMPARE(keys[0].second, shift);
 }
 
-void tst_LEditOCXInput::keyDown_zero_swallowsTheKey()
+void tst_LEditOCXKeys::keyDown_zero_swallowsTheKey()
 {
     m_editor->SetText("abc");
     goTo(*m_editor, 1, 0);
@@ -340,7 +305,15 @@ void tst_LEditOCXInput::keyDown_zero_swallowsTheKey()
     QVERIFY(!typed);
 }
 
-void tst_LEditOCXInput::keyPress_tellsCharacters_data()
+void tst_LEditOCXKeys::keyDown_handlerThatDeletesTheControl_isSafe()
+{
+    connect(m_editor, &LEditOCX::KeyDown, this, [&] { delete std::exchange(m_editor, nullptr); });
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, "x");
+    QVERIFY(static_cast<QObject *>(m_editor->focusProxy())->event(&key));
+    QVERIFY(!m_editor);
+}
+
+void tst_LEditOCXKeys::keyPress_tellsCharacters_data()
 {
     QTest::addColumn<int>("key");
     QTest::addColumn<int>("modifiers");
@@ -356,7 +329,7 @@ void tst_LEditOCXInput::keyPress_tellsCharacters_data()
     QTest::newRow("alt") << int(Qt::Key_F) << int(Qt::AltModifier) << QList<int>{};
 }
 
-void tst_LEditOCXInput::keyPress_tellsCharacters()
+void tst_LEditOCXKeys::keyPress_tellsCharacters()
 {
     QFETCH(int, key);
     QFETCH(int, modifiers);
@@ -372,7 +345,7 @@ void tst_LEditOCXInput::keyPress_tellsCharacters()
     QCOMPARE(m_editor->Text(), "one");
 }
 
-void tst_LEditOCXInput::keyPress_anotherCharacter_isTyped()
+void tst_LEditOCXKeys::keyPress_anotherCharacter_isTyped()
 {
     connect(m_editor, &LEditOCX::KeyPress, this, [](int &character) {
         if (character == 'a')
@@ -382,7 +355,7 @@ void tst_LEditOCXInput::keyPress_anotherCharacter_isTyped()
     QCOMPARE(m_editor->Text(), QString::fromUcs4(U"\U0001D11Eb"));
 }
 
-void tst_LEditOCXInput::keyPress_handlerThatMirrors_keepsTwoViewsAlike()
+void tst_LEditOCXKeys::keyPress_handlerThatMirrors_keepsTwoViewsAlike()
 {
     LEditOCX other;
     connect(m_editor, &LEditOCX::KeyPress, &other, [&](int &character) {
@@ -401,7 +374,7 @@ void tst_LEditOCXInput::keyPress_handlerThatMirrors_keepsTwoViewsAlike()
     QCOMPARE(other.Text(), "Jellp");
 }
 
-void tst_LEditOCXInput::shortcut_ofTheWindow_reachesIt()
+void tst_LEditOCXKeys::shortcut_ofTheWindow_reachesIt()
 {
     for (const QKeySequence &keys :
          {QKeySequence("Ctrl+S"), QKeySequence("F3"), QKeySequence("Ctrl+1"),
@@ -414,7 +387,7 @@ void tst_LEditOCXInput::shortcut_ofTheWindow_reachesIt()
     QCOMPARE(m_editor->Text(), "");
 }
 
-void tst_LEditOCXInput::shortcut_ofTheControl_staysWithIt()
+void tst_LEditOCXKeys::shortcut_ofTheControl_staysWithIt()
 {
     m_editor->SetText("one two");
     QShortcut copy(QKeySequence("Ctrl+A"), m_window.get());
@@ -427,7 +400,7 @@ void tst_LEditOCXInput::shortcut_ofTheControl_staysWithIt()
     QCOMPARE(m_editor->Text(), "x");
 }
 
-void tst_LEditOCXInput::inputMethod_commitsText()
+void tst_LEditOCXKeys::inputMethod_commitsText()
 {
     QList<int> told;
     connect(m_editor, &LEditOCX::KeyPress, this, [&](int &character) {
@@ -447,7 +420,7 @@ void tst_LEditOCXInput::inputMethod_commitsText()
     QCOMPARE(m_editor->Text(), "");
 }
 
-void tst_LEditOCXInput::focus_isTheView()
+void tst_LEditOCXKeys::focus_isTheView()
 {
     QVERIFY(m_editor->hasFocus());
     QVERIFY(m_editor->focusProxy()->hasFocus());
@@ -458,153 +431,5 @@ void tst_LEditOCXInput::focus_isTheView()
     QVERIFY(m_editor->hasFocus());
 }
 
-void tst_LEditOCXInput::mouse_buttons_areTold()
-{
-    m_editor->SetText("one\r\ntwo");
-    QStringList told;
-    connect(m_editor, &LEditOCX::MouseButton, this, [&](EditorMouseButton &button) {
-        told.append(QString("%1 %2 %3 %4")
-                        .arg(button.Button)
-                        .arg(button.Shift)
-                        .arg(button.X)
-                        .arg(button.Y));
-    });
-    const QPoint at = m_editor->PositionToPixels(2, 1) + QPoint(1, m_editor->LineHeight() / 2);
-    const QString place = QString("%1 %2").arg(at.x() * 15).arg(at.y() * 15);
-    click(*m_editor, 2, 1);
-    click(*m_editor, 2, 1, Qt::RightButton, Qt::ControlModifier);
-    QCOMPARE(told, QStringList({"1 0 " + place, "2 2 " + place}));
-    told.clear();
-    QGuiApplication::clipboard()->setText("", QClipboard::Selection);
-    click(*m_editor, 2, 1, Qt::MiddleButton);
-    QCOMPARE(told, QStringList("4 0 " + place));
-}
-
-void tst_LEditOCXInput::mouse_click_comesAfterTheCaretMoved()
-{
-    m_editor->SetText("one two");
-    QString atClick;
-    connect(m_editor, &LEditOCX::Click, this, [&] {
-        m_editor->UpdateCurrentWord();
-        atClick += m_editor->CurrentWord();
-    });
-    click(*m_editor, 1, 5);
-    QCOMPARE(atClick, "two");
-    click(*m_editor, 1, 1, Qt::RightButton);
-    QCOMPARE(atClick, "two");
-}
-
-void tst_LEditOCXInput::mouse_rightButton_leavesCaretAndSelection()
-{
-    m_editor->SetText("one two");
-    select(*m_editor, 1, 0, 1, 3);
-    click(*m_editor, 1, 5, Qt::RightButton);
-    QCOMPARE(selection(*m_editor), "1:0-1:3");
-}
-
-void tst_LEditOCXInput::mouse_doubleAndTripleClick_selectWordAndLine()
-{
-    m_editor->SetText("one two_2 three\r\nfour");
-    const QPoint at = m_editor->PositionToPixels(1, 5) + QPoint(1, 5);
-    QTest::mouseClick(viewport(), Qt::LeftButton, {}, at);
-    QTest::mouseDClick(viewport(), Qt::LeftButton, {}, at);
-    QCOMPARE(m_editor->SelText(), "two_2");
-    QTest::mouseClick(viewport(), Qt::LeftButton, {}, at);
-    QCOMPARE(m_editor->SelText(), "one two_2 three\r\n");
-}
-
-void tst_LEditOCXInput::mouse_drag_selects()
-{
-    m_editor->SetText("one two\r\nthree");
-    const auto at = [&](int line, int column) {
-        return m_editor->PositionToPixels(line, column) + QPoint(1, 5);
-    };
-    QTest::mousePress(viewport(), Qt::LeftButton, {}, at(1, 4));
-    QTest::mouseMove(viewport(), at(1, 6));
-    QTest::mouseMove(viewport(), at(2, 2));
-    QTest::mouseRelease(viewport(), Qt::LeftButton, {}, at(2, 2));
-    QCOMPARE(selection(*m_editor), "1:4-2:2");
-    // Never a rectangle, whatever is held.
-    for (const auto held :
-         {Qt::KeyboardModifiers(Qt::AltModifier), Qt::AltModifier | Qt::ControlModifier}) {
-        goTo(*m_editor, 1, 0);
-        QTest::mouseClick(viewport(), Qt::LeftButton, {}, at(2, 4));
-        QTest::mousePress(viewport(), Qt::LeftButton, held, at(1, 1));
-        QTest::mouseMove(viewport(), at(2, 3));
-        QTest::mouseRelease(viewport(), Qt::LeftButton, held, at(2, 3));
-        QCOMPARE(m_editor->SelText(), "ne two\r\nthr");
-    }
-}
-
-void tst_LEditOCXInput::mouse_wheel_isLeftToTheWindow()
-{
-    m_editor->SetText(QString("x\r\n").repeated(100));
-    m_editor->SetTopLine(10);
-    QWheelEvent wheel({50, 50}, m_editor->mapToGlobal(QPointF(50, 50)), {}, {0, -120}, {}, {},
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(viewport(), &wheel);
-    QVERIFY(!wheel.isAccepted());
-    QCOMPARE(m_editor->TopLine(), 10);
-}
-
-void tst_LEditOCXInput::menuKey_isTheRightButtonAtTheCaret()
-{
-    m_editor->SetText("one\r\ntwo");
-    goTo(*m_editor, 2, 2);
-    QList<EditorMouseButton> told;
-    connect(m_editor, &LEditOCX::MouseButton, this,
-            [&](EditorMouseButton &button) { told.append(button); });
-    QContextMenuEvent menu(QContextMenuEvent::Keyboard, QPoint(), QPoint());
-    QApplication::sendEvent(m_editor->focusProxy(), &menu);
-    QCOMPARE(told.size(), 1);
-    QCOMPARE(told[0].Button, 2);
-    QCOMPARE(QPoint(told[0].X, told[0].Y), m_editor->PositionToPixels(2, 2) * 15);
-}
-
-void tst_LEditOCXInput::drop(const QMimeData &data, const QPoint &at)
-{
-    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(viewport(), &enter);
-    QDropEvent event(at, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(viewport(), &event);
-}
-
-void tst_LEditOCXInput::drop_file_reachesTheWindow()
-{
-    QMimeData file;
-    file.setUrls({QUrl::fromLocalFile("/tmp/piece.csd")});
-    file.setText("/tmp/piece.csd");
-    drop(file, {50, 50});
-    QCOMPARE(m_window->dropped, file.urls());
-    QCOMPARE(m_editor->Text(), "");
-}
-
-void tst_LEditOCXInput::drop_text_goesIntoTheDocument()
-{
-    m_editor->SetText("one two");
-    QList<int> told;
-    connect(m_editor, &LEditOCX::KeyPress, this, [&](int &character) { told.append(character); });
-    QMimeData text;
-    text.setText("new ");
-    drop(text, m_editor->PositionToPixels(1, 4) + QPoint(1, 5));
-    QCOMPARE(m_editor->Text(), "one new two");
-    QCOMPARE(told, QList<int>{22});
-    QVERIFY(m_window->dropped.isEmpty());
-}
-
-void tst_LEditOCXInput::accessible_activeTool_getsTheText()
-{
-    m_editor->SetText("one two");
-    QAccessible::setActive(true);
-    QAccessibleInterface *full = QAccessible::queryAccessibleInterface(m_editor->focusProxy());
-    QVERIFY(full && full->textInterface());
-    QCOMPARE(full->textInterface()->text(0, 7), "one two");
-    type(*m_editor, "x");
-    QAccessible::setActive(false);
-    QAccessibleInterface *plain = QAccessible::queryAccessibleInterface(m_editor->focusProxy());
-    QVERIFY(plain && !plain->textInterface());
-    QCOMPARE(plain->role(), QAccessible::EditableText);
-}
-
-QTEST_MAIN(tst_LEditOCXInput)
-#include "tst_LEditOCXInput.moc"
+QTEST_MAIN(tst_LEditOCXKeys)
+#include "tst_LEditOCXKeys.moc"
