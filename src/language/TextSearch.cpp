@@ -20,9 +20,9 @@ bool isWordCharacter(char32_t c) { return c == U'_' || QChar::isLetterOrNumber(c
 // As characterAt, but any line end is one U+000A.
 Utf8Character unitAt(QByteArrayView text, qsizetype at)
 {
-    const Utf8Character character = characterAt(text, at);
-    if (character.code != U'\r')
-        return character;
+    const auto byte = static_cast<unsigned char>(text[at]);
+    if (byte != '\r')
+        return byte < 128 ? Utf8Character{byte, 1} : characterAt(text, at);
     const bool pair = at + 1 < text.size() && text[at + 1] == '\n';
     return {U'\n', pair ? 2 : 1};
 }

@@ -1,5 +1,7 @@
 #include "language/Utf8.h"
 
+#include <QStringDecoder>
+
 #include <algorithm>
 #include <bit>
 #include <cstdint>
@@ -74,6 +76,14 @@ bool isValidUtf8(QByteArrayView text)
         at += asciiPrefix(text.sliced(at));
     }
     return true;
+}
+
+QString stringOf(QByteArrayView text)
+{
+    if (!text.startsWith("\xEF\xBB\xBF"))
+        return QString::fromUtf8(text);
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    return decoder(text);
 }
 
 qsizetype utf16Length(QByteArrayView text)

@@ -21,6 +21,9 @@ qsizetype characterBefore(QByteArrayView text, qsizetype at);
 /// Whether \a text is well-formed UTF-8: no overlong form, no surrogate, nothing above U+10FFFF.
 bool isValidUtf8(QByteArrayView text);
 
+/// \a text as it is; unlike QString::fromUtf8, a U+FEFF at its start is a character too.
+QString stringOf(QByteArrayView text);
+
 /// The length of \a text in QChars.
 qsizetype utf16Length(QByteArrayView text);
 

@@ -201,7 +201,7 @@ std::optional<QByteArray> readDocumentFile(const QString &path)
     struct stat status;
     QByteArray bytes;
     if (!file.isValid() || !file.status(status) || !S_ISREG(status.st_mode) ||
-        !file.readAll(bytes, LargestDocument))
+        status.st_size > LargestDocument || !file.readAll(bytes, LargestDocument))
         return std::nullopt;
     return bytes;
 }

@@ -118,10 +118,10 @@ QList<QWidget *> Form1::buildSmallPictures()
 
 QLayout *Form1::buildDocuments()
 {
-    const auto project = [this] { newProject(); };
-    return addDocumentPictures([this] { newCsd(); }, m_windows.offerProjects()
-                                                         ? std::function<void()>(project)
-                                                         : std::function<void()>());
+    std::function<void()> project;
+    if (m_windows.offerProjects())
+        project = [this] { newProject(); };
+    return addDocumentPictures([this] { newCsd(); }, project);
 }
 
 QLayout *Form1::buildFiles()
@@ -129,25 +129,36 @@ QLayout *Form1::buildFiles()
     auto *const grid = new QGridLayout;
     grid->setHorizontalSpacing(2);
     grid->setVerticalSpacing(4);
-    for (int i = 0; i < int(LabelFiles.size()); ++i) {
-        auto *const file = new ChooserLabel(QStringLiteral("- BROWSE -"), FileLabelWidth, this);
-        file->setObjectName(QStringLiteral("LabelFiles(%1)").arg(i));
-        addLabel(file);
-        grid->addWidget(file, i, 1);
-        LabelFiles[std::size_t(i)] = file;
-        if (i == BrowseIndex)
-            break;
-        auto *const key = new ChooserLabel(QStringLiteral("&%1").arg(i + 1), KeyLabelWidth, this);
-        key->setObjectName(QStringLiteral("Label%1").arg(i + 1));
-        key->showAccessKey();
-        key->setAttribute(Qt::WA_TransparentForMouseEvents); // it counts as background
-        grid->addWidget(key, i, 0);
-        connect(file, &ChooserLabel::clicked, this, [this, i] { openListed(i); });
-        addKey(Qt::Key(Qt::Key_1 + i), [this, i] { openListed(i); });
+    for (int i = 0; i < RecentFileCount; ++i) {
+        grid->addWidget(buildKeyLabel(i + 1), i, 0);
+        grid->addWidget(
+            buildFileLabel(i, NoFile, Qt::Key(Qt::Key_1 + i), [this, i] { openListed(i); }), i, 1);
     }
-    connect(LabelFiles[BrowseIndex], &ChooserLabel::clicked, this, [this] { browse(); });
-    addKey(Qt::Key_B, [this] { browse(); });
+    grid->addWidget(
+        buildFileLabel(BrowseIndex, QStringLiteral("- BROWSE -"), Qt::Key_B, [this] { browse(); }),
+        BrowseIndex, 1);
     return grid;
+}
+
+QWidget *Form1::buildKeyLabel(int number)
+{
+    auto *const label = new ChooserLabel(QStringLiteral("&%1").arg(number), KeyLabelWidth, this);
+    label->setObjectName(QStringLiteral("Label%1").arg(number));
+    label->showAccessKey();
+    label->setAttribute(Qt::WA_TransparentForMouseEvents); // it counts as background
+    return label;
+}
+
+QWidget *Form1::buildFileLabel(int index, const QString &caption, Qt::Key key,
+                               const std::function<void()> &choice)
+{
+    auto *const label = new ChooserLabel(caption, FileLabelWidth, this);
+    label->setObjectName(QStringLiteral("LabelFiles(%1)").arg(index));
+    connect(label, &ChooserLabel::clicked, this, choice);
+    addLabel(label);
+    addKey(key, choice);
+    LabelFiles[std::size_t(index)] = label;
+    return label;
 }
 
 void Form1::readFiles()

@@ -43,6 +43,9 @@ private:
     QList<QWidget *> buildSmallPictures();
     QLayout *buildDocuments();
     QLayout *buildFiles();
+    QWidget *buildKeyLabel(int number);
+    QWidget *buildFileLabel(int index, const QString &caption, Qt::Key key,
+                            const std::function<void()> &choice);
     void readFiles();
 
     void newCsd();

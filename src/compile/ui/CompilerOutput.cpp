@@ -90,7 +90,9 @@ void CompilerOutput::setText(const QString &text)
 {
     m_text = text;
     m_shown = 0;
-    setPlainText(nextSlice());
+    clear();
+    showNextSlice();
+    moveCursor(QTextCursor::Start);
 }
 
 /// Takes the next slice of the text, whole lines, and sees to the one after it.
@@ -113,7 +115,7 @@ void CompilerOutput::showNextSlice()
 {
     QTextCursor end(document());
     end.movePosition(QTextCursor::End);
-    end.insertText(nextSlice(), QTextCharFormat());
+    end.insertText(nextSlice(), QTextCharFormat()); // not in the colour of what was there before
 }
 
 void CompilerOutput::insertBanner(qint64 milliseconds)

@@ -272,6 +272,11 @@ void FormCSD::bindWindow()
     for (const Tool &tool : tools())
         if (set.has(tool.command))
             set.bind(tool.command, m_tools, [this, &tool] { m_tools->toggle(tool); });
+    connect(findChild<QMenu *>(QStringLiteral("menuWindow")), &QMenu::aboutToShow, this, [this] {
+        for (const Tool &tool : tools())
+            if (commands().has(tool.command))
+                commands().action(tool.command)->setChecked(config().*tool.visible);
+    });
     set.bind("menuWindowAllTools", m_tools, &ToolToggles::hideOrRestoreAll);
     set.bind("menuWindowRestore", m_tools, &ToolToggles::restoreAll);
     connect(m_tools, &ToolToggles::arrangeDue, this, &FormCSD::arrangeWindow);

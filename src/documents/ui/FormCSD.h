@@ -90,7 +90,7 @@ private:
     ToolToggles *m_tools = nullptr;
     FontSizeMenu *m_fontSizes = nullptr;
     RecentMenu *m_recent = nullptr;
-    QTimer Timer1;
+    QTimer Timer1{this};
 };
 
 } // namespace ardiphon

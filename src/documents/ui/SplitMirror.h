@@ -35,7 +35,7 @@ private:
 
     LEditOCX &m_first;
     LEditOCX &m_second;
-    QTimer TimerAggiorna;
+    QTimer TimerAggiorna{this};
     bool View1Changed = false;
     bool View2Changed = false;
     bool m_split = false;

@@ -1,5 +1,6 @@
 #include "language/editor/LEditOCX.h"
 
+#include "language/Utf8.h"
 #include "language/editor/LEditOCXPrivate.h"
 #include "platform/DocumentFile.h"
 
@@ -91,6 +92,7 @@ void LEditOCX::Private::replaceDocument(DocumentText document)
     text.reset(document.utf8);
     text.setLineEndKind(form.lineEnd);
     bookmarks.attach();
+    aboutToDraw(1, int(view.SendScintilla(Sci::SCI_LINESONSCREEN)));
 }
 
 LEditOCX::LEditOCX(QWidget *parent) : QWidget(parent), d(std::make_unique<Private>(*this))
@@ -133,7 +135,7 @@ int LEditOCX::LineCount() const { return d->text.lineCount(); }
 
 QString LEditOCX::LineText(int line) const
 {
-    return d->text.hasLine(line) ? QString::fromUtf8(d->text.lineBytes(line)) : QString();
+    return d->text.hasLine(line) ? stringOf(d->text.lineBytes(line)) : QString();
 }
 
 int LEditOCX::LineLength(int line) const

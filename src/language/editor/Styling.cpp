@@ -1,5 +1,7 @@
 #include "language/editor/Styling.h"
 
+#include "language/Utf8.h"
+
 #include <Qsci/qsciscintillabase.h>
 
 #include <QFontDatabase>
@@ -17,14 +19,18 @@ using Sci = QsciScintillaBase;
 // the library's own ones.
 constexpr unsigned PlainStyle = 0;
 constexpr unsigned CommentStyle = 1;
-constexpr unsigned FirstTokenStyle = 2;
+constexpr unsigned RestStyles[] = {2, 3};
+constexpr unsigned FirstTokenStyle = 4;
 
 constexpr unsigned StrikeIndicator = 8;
 
 constexpr qsizetype CheckpointDistance = 1 << 14;
 
 // A line is coloured up to here; what lies behind is drawn plain.
-constexpr qsizetype ColoredLength = 1 << 16;
+constexpr qsizetype ColoredLength = 1 << 14;
+
+// The library remembers the widths of so many short pieces of text.
+constexpr int KnownWidths = 1 << 14;
 
 QColor toQColor(Color color) { return QColor(color.red(), color.green(), color.blue()); }
 
@@ -33,6 +39,24 @@ QByteArray familyToDraw(const QString &family)
 {
     const bool known = QFontDatabase::families().contains(family, Qt::CaseInsensitive);
     return (known ? family : QFontDatabase::systemFont(QFontDatabase::FixedFont).family()).toUtf8();
+}
+
+// The library measures a whole line before it draws any of it, and takes half a minute for one of
+// 5 MB: pieces of one style are measured anew each time, unless they are short and were seen
+// before. So the style changes here at every second character, between two that look alike.
+QByteArray stylesOfRest(QByteArrayView text)
+{
+    QByteArray styles(text.size(), char(RestStyles[0]));
+    unsigned piece = 0;
+    qsizetype pieceStart = 0;
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        if (at >= pieceStart + 2 && static_cast<unsigned char>(text[at]) < 0x80) {
+            piece = 1 - piece;
+            pieceStart = at;
+        }
+        styles[at] = char(RestStyles[piece]);
+    }
+    return styles;
 }
 
 } // namespace
@@ -64,6 +88,7 @@ LineState LineStates::at(int line)
 Styling::Styling(QsciScintillaBase &view, TextBuffer &text)
     : m_view(view), m_text(text), m_states(text), m_font(QStringLiteral("Courier New"), 10)
 {
+    m_view.SendScintilla(Sci::SCI_SETPOSITIONCACHE, KnownWidths);
     m_view.SendScintilla(Sci::SCI_INDICSETSTYLE, StrikeIndicator, long(Sci::INDIC_STRIKE));
     applyFont();
 }
@@ -157,8 +182,7 @@ unsigned Styling::styleOfToken(const Token &token, QByteArrayView line, const Li
     if (!token.comment) {
         if (!m_tokenColors)
             return PlainStyle;
-        colors =
-            m_tokenColors(token.kind, QString::fromUtf8(line.sliced(token.start, token.length)));
+        colors = m_tokenColors(token.kind, stringOf(line.sliced(token.start, token.length)));
     } else if (!own.fore) {
         return CommentStyle;
     }
@@ -168,13 +192,21 @@ unsigned Styling::styleOfToken(const Token &token, QByteArrayView line, const Li
 void Styling::colorLine(int line, LineState state, const LineColors &own)
 {
     const qsizetype start = m_text.lineStart(line);
-    const QByteArray text =
-        m_text.bytes(start, std::min(m_text.lineEnd(line), start + ColoredLength)).toByteArray();
+    const qsizetype end = m_text.lineEnd(line);
+    const qsizetype coloredEnd = std::min(end, start + ColoredLength);
+    const QByteArray text = m_text.bytes(start, coloredEnd).toByteArray();
     QByteArray styles(text.size(), char(PlainStyle));
     for (const Token &token : tokenizeLine(text, state)) {
         const unsigned style = styleOfToken(token, text, own);
         std::fill_n(styles.begin() + token.start, token.length, char(style));
     }
+    applyStyles(start, styles);
+    if (coloredEnd < end && m_view.SendScintilla(Sci::SCI_GETSTYLEAT, long(end - 1)) == PlainStyle)
+        applyStyles(coloredEnd, stylesOfRest(m_text.bytes(coloredEnd, end)));
+}
+
+void Styling::applyStyles(qsizetype start, const QByteArray &styles)
+{
     m_view.SendScintilla(Sci::SCI_STARTSTYLING, ulong(start));
     m_view.SendScintilla(Sci::SCI_SETSTYLINGEX, uintptr_t(styles.size()), styles.constData());
     if (m_font.strikeOut()) {

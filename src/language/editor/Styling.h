@@ -76,6 +76,7 @@ private:
     unsigned styleFor(Color back, Color fore);
     unsigned styleOfToken(const Token &token, QByteArrayView line, const LineColors &own);
     void colorLine(int line, LineState state, const LineColors &own);
+    void applyStyles(qsizetype start, const QByteArray &styles);
 
     QsciScintillaBase &m_view;
     TextBuffer &m_text;

@@ -51,7 +51,7 @@ char TextBuffer::byteAt(qsizetype offset) const
 
 QString TextBuffer::text(TextRange range) const
 {
-    return QString::fromUtf8(withLineEnds(bytes(range.start, range.end), LineEnd::CrLf));
+    return stringOf(withLineEnds(bytes(range.start, range.end), LineEnd::CrLf));
 }
 
 TextPosition TextBuffer::positionOf(qsizetype offset) const
@@ -105,12 +105,12 @@ void TextBuffer::reset(const QByteArray &utf8)
 {
     send(Sci::SCI_SETUNDOCOLLECTION, false);
     send(Sci::SCI_CLEARALL);
-    send(Sci::SCI_ALLOCATE, utf8.size());
+    // Room for what is typed too: text that leaves no gap at all makes the buffer twice as large.
+    send(Sci::SCI_ALLOCATE, utf8.size() + (1 << 16));
     m_view.SendScintilla(Sci::SCI_APPENDTEXT, uintptr_t(utf8.size()), utf8.constData());
     send(Sci::SCI_SETUNDOCOLLECTION, true);
     send(Sci::SCI_EMPTYUNDOBUFFER);
     send(Sci::SCI_SETSAVEPOINT);
-    send(Sci::SCI_GOTOPOS, 0);
 }
 
 EditStep::EditStep(QsciScintillaBase &view) : m_view(view)

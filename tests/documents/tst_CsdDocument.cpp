@@ -1,0 +1,459 @@
+#include "app/RecentFiles.h"
+#include "app/ui/FormNew.h"
+#include "documents/ui/FormCSD.h"
+#include "language/editor/LEditOCX.h"
+#include "support/TestProgram.h"
+
+#include <QApplication>
+#include <QMimeData>
+#include <QPointer>
+#include <QTimer>
+#include <QtTest>
+
+#include <memory>
+
+using namespace ardiphon;
+
+namespace {
+
+const QString SaveQuestion = QStringLiteral("File has changed!\r\nDo you want to save it?");
+const QString LeaveQuestion = QStringLiteral("File CSD has changed!\r\nDo you want to save it?");
+const QString TitleEnd = QStringLiteral(" - ArdiphonPro - Version 2.3.0");
+
+} // namespace
+
+/// The life of a CSD document, through the window's own menu entries, drops and closing.
+class tst_CsdDocument : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void load_namedFile_showsItAndPutsItOnTheRecentList();
+    void load_noName_isUntitled();
+    void load_directory_isEmptyAndCannotBeOverwritten();
+    void load_readOnlyFile_becomesWritable();
+
+    void save_untitled_asksForAName();
+    void save_cancelledName_keepsUntitledAndTheStar();
+    void save_named_writesTheBytesAndDropsTheStar();
+    void save_changedByAnotherProgram_asksFirst();
+    void saveAs_nameWithoutExtension_getsNone();
+
+    void open_modified_asksWithItsTitle_data();
+    void open_modified_asksWithItsTitle();
+    void open_cancelledSaveAs_goesOn();
+    void open_failedSave_asksAgain();
+    void open_anotherFile_replacesTheText();
+    void open_orchestra_handsOverAndKeepsThePath();
+    void recent_missingFile_saysSo();
+    void recent_otherFile_opens();
+
+    void new_cancelledChoice_keepsTheText();
+    void new_csd_beginsAnEmptyDocument();
+    void new_project_handsOver();
+
+    void drop_twoFiles_opensTheFirst();
+    void leave_answers_data();
+    void leave_answers();
+    void leave_cancelled_keepsTheWindowButClosesTheWords();
+    void title_modified_getsOneStar();
+
+private:
+    void show(const QString &file = {});
+    void trigger(const char *command);
+    void type(const QString &text);
+    void expectQuestion(const QString &title, Answer answer, const QString &text = SaveQuestion);
+    void chooseInFormNew(Qt::Key key);
+
+    std::unique_ptr<TestProgram> m_program;
+    QPointer<FormCSD> m_window;
+    LEditOCX *m_editor = nullptr;
+    int m_projectWindows = 0;
+};
+
+void tst_CsdDocument::init()
+{
+    m_program = std::make_unique<TestProgram>();
+    m_projectWindows = 0;
+    m_program->context.windows.showFormORCSCO = [this] { ++m_projectWindows; };
+}
+
+void tst_CsdDocument::cleanup()
+{
+    delete m_window; // before anything can fail: it must not outlive the configuration
+    QCOMPARE(m_program->dialogs.verify(), QString());
+    m_program.reset();
+}
+
+void tst_CsdDocument::show(const QString &file)
+{
+    m_program->config.CSDFileName = file;
+    m_window = new FormCSD(m_program->context);
+    m_window->show();
+    m_editor = m_window->findChild<LEditOCX *>(QStringLiteral("LEDIT1"));
+    QVERIFY(QTest::qWaitForWindowExposed(m_window));
+}
+
+void tst_CsdDocument::trigger(const char *command)
+{
+    auto *action = m_window->findChild<QAction *>(QLatin1String(command));
+    QVERIFY2(action, command);
+    action->trigger();
+}
+
+void tst_CsdDocument::type(const QString &text)
+{
+    QTest::keyClicks(m_editor->focusProxy(), text);
+}
+
+void tst_CsdDocument::expectQuestion(const QString &title, Answer answer, const QString &text)
+{
+    m_program->dialogs.expect({text, title, MessageIcon::Exclamation, MessageButtons::YesNoCancel},
+                              answer);
+}
+
+void tst_CsdDocument::chooseInFormNew(Qt::Key key)
+{
+    QTimer::singleShot(0, this, [key] {
+        auto *chooser = qobject_cast<FormNew *>(QApplication::activeModalWidget());
+        QVERIFY(chooser);
+        QTest::keyClick(chooser, key);
+    });
+}
+
+// Loading. ---------------------------------------------------------------------------------------
+
+void tst_CsdDocument::load_namedFile_showsItAndPutsItOnTheRecentList()
+{
+    const QString path = m_program->write(QStringLiteral("piece.csd"), "instr 1\nendin\n");
+    show(path);
+    QCOMPARE(m_editor->Text(), QStringLiteral("instr 1\r\nendin\r\n"));
+    QCOMPARE(m_window->windowTitle(), path + TitleEnd);
+    QVERIFY(!m_editor->GetState(2));
+    QCOMPARE(ReadRegistryString(m_program->settings, registry::RecentFilesKey,
+                                QStringLiteral("File1")),
+             path);
+}
+
+void tst_CsdDocument::load_noName_isUntitled()
+{
+    show();
+    QCOMPARE(m_program->config.CSDFileName, QStringLiteral("[Untitled]"));
+    QCOMPARE(m_window->windowTitle(), QStringLiteral("[Untitled]") + TitleEnd);
+}
+
+void tst_CsdDocument::load_directory_isEmptyAndCannotBeOverwritten()
+{
+    const QString path = m_program->path(QStringLiteral("folder.csd"));
+    QVERIFY(QDir().mkdir(path));
+    show(path);
+    QCOMPARE(m_editor->Text(), QString());
+    type(QStringLiteral("x"));
+    trigger("menuFileSalvaOrchestra");
+    QVERIFY(m_editor->GetState(2));
+    QVERIFY(QFileInfo(path).isDir());
+}
+
+void tst_CsdDocument::load_readOnlyFile_becomesWritable()
+{
+    const QString path = m_program->write(QStringLiteral("piece.csd"), "x");
+    QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadGroup));
+    show(path);
+    QCOMPARE(QFile::permissions(path) & (QFile::WriteOwner | QFile::WriteGroup),
+             QFile::Permissions(QFile::WriteOwner));
+}
+
+// Saving. ----------------------------------------------------------------------------------------
+
+void tst_CsdDocument::save_untitled_asksForAName()
+{
+    show();
+    type(QStringLiteral("e"));
+    const QString path = m_program->path(QStringLiteral("new.csd"));
+    m_program->dialogs.expectSave(QStringLiteral("Save File As ..."), path);
+    trigger("menuFileSalvaOrchestra");
+    QCOMPARE(m_program->read(QStringLiteral("new.csd")), QByteArray("e"));
+    QCOMPARE(m_program->config.CSDFileName, path);
+    QCOMPARE(m_window->windowTitle(), path + TitleEnd);
+    QCOMPARE(m_program->dialogs.fileQuestions.front().filter,
+             QStringLiteral("Csound CSD (*.csd)|*.csd|Text Files (*.txt)|*.txt|All Files (*.*)|*.*"));
+    // The new name is not put on the recent list here.
+    QCOMPARE(ReadRegistryString(m_program->settings, registry::RecentFilesKey,
+                                QStringLiteral("File1")),
+             QString());
+}
+
+void tst_CsdDocument::save_cancelledName_keepsUntitledAndTheStar()
+{
+    show();
+    type(QStringLiteral("e"));
+    m_program->dialogs.expectSave(QStringLiteral("Save File As ..."), std::nullopt);
+    trigger("menuFileSalvaOrchestra");
+    QCOMPARE(m_program->config.CSDFileName, QStringLiteral("[Untitled]"));
+    QVERIFY(m_editor->GetState(2));
+}
+
+void tst_CsdDocument::save_named_writesTheBytesAndDropsTheStar()
+{
+    const QString path = m_program->write(QStringLiteral("piece.csd"), "a\nb\xff\n");
+    show(path);
+    type(QStringLiteral("x"));
+    QTRY_COMPARE(m_window->windowTitle(), path + TitleEnd + u'*');
+    QTest::keyClick(m_editor->focusProxy(), Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(m_program->read(QStringLiteral("piece.csd")), QByteArray("xa\nb\xff\n"));
+    QCOMPARE(m_window->windowTitle(), path + TitleEnd);
+    QVERIFY(!m_editor->GetState(2));
+}
+
+void tst_CsdDocument::save_changedByAnotherProgram_asksFirst()
+{
+    const QString path = m_program->write(QStringLiteral("piece.csd"), "mine");
+    show(path);
+    type(QStringLiteral("x"));
+    m_program->write(QStringLiteral("piece.csd"), "someone else's");
+    const Message question{QStringLiteral("File has been changed by another program!\r\n"
+                                          "Do you want to overwrite it?"),
+                           QStringLiteral("Save File"), MessageIcon::Exclamation,
+                           MessageButtons::YesNo};
+    m_program->dialogs.expect(question, Answer::No);
+    trigger("menuFileSalvaOrchestra");
+    QCOMPARE(m_program->read(QStringLiteral("piece.csd")), QByteArray("someone else's"));
+    QVERIFY(m_editor->GetState(2));
+
+    m_program->dialogs.expect(question, Answer::Yes);
+    trigger("menuFileSalvaOrchestra");
+    QCOMPARE(m_program->read(QStringLiteral("piece.csd")), QByteArray("xmine"));
+
+    type(QStringLiteral("y")); // its own save is no stranger's change
+    trigger("menuFileSalvaOrchestra");
+    QCOMPARE(m_program->read(QStringLiteral("piece.csd")), QByteArray("xymine"));
+}
+
+void tst_CsdDocument::saveAs_nameWithoutExtension_getsNone()
+{
+    show();
+    type(QStringLiteral("e"));
+    m_program->dialogs.expectSave(QStringLiteral("Save File As ..."),
+                                  m_program->path(QStringLiteral("bare")));
+    trigger("menuFileSalvaOrchestraNome");
+    QCOMPARE(m_program->read(QStringLiteral("bare")), QByteArray("e"));
+}
+
+// Opening. ---------------------------------------------------------------------------------------
+
+void tst_CsdDocument::open_modified_asksWithItsTitle_data()
+{
+    QTest::addColumn<QByteArray>("command");
+    QTest::addColumn<QString>("title");
+    QTest::newRow("new") << QByteArray("menuFileNuovaOrchestra") << "New File";
+    QTest::newRow("open") << QByteArray("menuFileApriOrchestra") << "Open File";
+}
+
+void tst_CsdDocument::open_modified_asksWithItsTitle()
+{
+    QFETCH(QByteArray, command);
+    QFETCH(QString, title);
+    show();
+    type(QStringLiteral("e"));
+    expectQuestion(title, Answer::Cancel);
+    trigger(command.constData());
+    QCOMPARE(m_editor->Text(), QStringLiteral("e"));
+    QVERIFY(m_editor->hasFocus());
+}
+
+void tst_CsdDocument::open_cancelledSaveAs_goesOn()
+{
+    show();
+    type(QStringLiteral("e"));
+    expectQuestion(QStringLiteral("Open File"), Answer::Yes);
+    m_program->dialogs.expectSave(QStringLiteral("Save File As ..."), std::nullopt);
+    m_program->dialogs.expectOpen(QStringLiteral("Open File"), std::nullopt);
+    trigger("menuFileApriOrchestra");
+    QCOMPARE(m_editor->Text(), QStringLiteral("e"));
+}
+
+void tst_CsdDocument::open_failedSave_asksAgain()
+{
+    const QString folder = m_program->path(QStringLiteral("folder.csd"));
+    QVERIFY(QDir().mkdir(folder));
+    show(folder);
+    type(QStringLiteral("e"));
+    expectQuestion(QStringLiteral("Open File"), Answer::Yes);
+    expectQuestion(QStringLiteral("Open File"), Answer::Cancel);
+    trigger("menuFileApriOrchestra");
+    QCOMPARE(m_editor->Text(), QStringLiteral("e"));
+}
+
+void tst_CsdDocument::open_anotherFile_replacesTheText()
+{
+    show(m_program->write(QStringLiteral("one.csd"), "one"));
+    const QString other = m_program->write(QStringLiteral("two.txt"), "two");
+    m_program->dialogs.expectOpen(QStringLiteral("Open File"), other);
+    QTest::keyClick(m_editor->focusProxy(), Qt::Key_O, Qt::ControlModifier);
+    QCOMPARE(m_editor->Text(), QStringLiteral("two"));
+    QCOMPARE(m_window->windowTitle(), other + TitleEnd);
+    m_editor->Undo();
+    QCOMPARE(m_editor->Text(), QStringLiteral("two")); // the history was forgotten
+    QCOMPARE(m_program->dialogs.fileQuestions.front().filter,
+             QStringLiteral("CSound Files (*.csd;*.orc;*.sco)|*.csd;*.orc;*.sco|Csd Files "
+                            "(*.csd)|*.csd|Orc/Sco Files (*.orc;*.sco)|*.orc;*.sco|Text Files "
+                            "(*.txt)|*.txt|All Files (*.*)|*.*"));
+}
+
+void tst_CsdDocument::open_orchestra_handsOverAndKeepsThePath()
+{
+    show();
+    const QString path = m_program->write(QStringLiteral("piece.ORC"), "instr 1");
+    m_program->dialogs.expectOpen(QStringLiteral("Open File"), path);
+    trigger("menuFileApriOrchestra");
+    QCOMPARE(m_projectWindows, 1);
+    QCOMPARE(m_program->config.OrchestraFileName, path);
+    QCOMPARE(m_program->config.ScoreFileName, QString());
+    QCOMPARE(m_program->config.CSDFileName, path);
+    QTRY_VERIFY(!m_window);
+}
+
+void tst_CsdDocument::recent_missingFile_saysSo()
+{
+    const QString path = m_program->write(QStringLiteral("gone.csd"), "x");
+    show(path);
+    QVERIFY(QFile::remove(path));
+    m_program->dialogs.expect({QStringLiteral("File not found!"), QStringLiteral("File Error"),
+                               MessageIcon::Exclamation, MessageButtons::Ok});
+    trigger("menuLastFile(0)");
+    trigger("menuLastFile(1)"); // "..." means nothing
+    QCOMPARE(ReadRegistryString(m_program->settings, registry::RecentFilesKey,
+                                QStringLiteral("File1")),
+             path);
+}
+
+void tst_CsdDocument::recent_otherFile_opens()
+{
+    const QString first = m_program->write(QStringLiteral("one.csd"), "one");
+    UpdateRecentFiles(m_program->config, m_program->settings, first);
+    show();
+    type(QStringLiteral("e"));
+    expectQuestion(QStringLiteral("Save File"), Answer::No);
+    trigger("menuLastFile(0)");
+    QCOMPARE(m_editor->Text(), QStringLiteral("one"));
+    QCOMPARE(m_program->config.CSDFileName, first);
+}
+
+// New. -------------------------------------------------------------------------------------------
+
+void tst_CsdDocument::new_cancelledChoice_keepsTheText()
+{
+    show();
+    type(QStringLiteral("e"));
+    expectQuestion(QStringLiteral("New File"), Answer::No);
+    chooseInFormNew(Qt::Key_Escape);
+    trigger("menuFileNuovaOrchestra");
+    QCOMPARE(m_editor->Text(), QStringLiteral("e"));
+    QVERIFY(m_editor->GetState(2));
+}
+
+void tst_CsdDocument::new_csd_beginsAnEmptyDocument()
+{
+    show(m_program->write(QStringLiteral("piece.csd"), "x"));
+    trigger("buttonSplit");
+    chooseInFormNew(Qt::Key_C);
+    QTest::keyClick(m_editor->focusProxy(), Qt::Key_N, Qt::ControlModifier);
+    QCOMPARE(m_editor->Text(), QString());
+    QCOMPARE(m_window->windowTitle(), QStringLiteral("[Untitled]") + TitleEnd);
+    QVERIFY(!m_editor->GetState(2));
+    auto *second = m_window->findChild<LEditOCX *>(QStringLiteral("LEDIT2"));
+    QVERIFY(second->isHidden());
+    QCOMPARE(second->Text(), QString());
+    QVERIFY(!m_window->findChild<QAction *>(QStringLiteral("buttonSplit"))->isChecked());
+}
+
+void tst_CsdDocument::new_project_handsOver()
+{
+    show();
+    chooseInFormNew(Qt::Key_O);
+    trigger("menuFileNuovaOrchestra");
+    QCOMPARE(m_projectWindows, 1);
+    QCOMPARE(m_program->config.WindowWidth, 1000L * 15);
+    QVERIFY(!m_program->config.WindowMaximized);
+    QTRY_VERIFY(!m_window);
+}
+
+// Drops and leaving. -----------------------------------------------------------------------------
+
+void tst_CsdDocument::drop_twoFiles_opensTheFirst()
+{
+    show();
+    type(QStringLiteral("e"));
+    expectQuestion(QStringLiteral("Save File"), Answer::No);
+    const QString first = m_program->write(QStringLiteral("one.csd"), "one");
+    const QString second = m_program->write(QStringLiteral("two.csd"), "two");
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(first), QUrl::fromLocalFile(second)});
+    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_window, &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_window, &drop);
+    QCOMPARE(m_editor->Text(), QStringLiteral("one"));
+    QCOMPARE(m_program->config.LastFileName, first);
+}
+
+void tst_CsdDocument::leave_answers_data()
+{
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<QByteArray>("onDisk");
+    QTest::addColumn<bool>("toolsWritten");
+    QTest::newRow("yes") << int(Answer::Yes) << QByteArray("xold") << true;
+    QTest::newRow("no") << int(Answer::No) << QByteArray("old") << false;
+}
+
+void tst_CsdDocument::leave_answers()
+{
+    QFETCH(int, answer);
+    QFETCH(QByteArray, onDisk);
+    QFETCH(bool, toolsWritten);
+    show(m_program->write(QStringLiteral("piece.csd"), "old"));
+    m_program->write(QStringLiteral("tmp.txt"), "log");
+    type(QStringLiteral("x"));
+    trigger("menuWindowToolbar");
+    expectQuestion(QStringLiteral("Exit Program"), Answer(answer), LeaveQuestion);
+    trigger("menuFileEsci");
+    QTRY_VERIFY(!m_window);
+    QCOMPARE(m_program->read(QStringLiteral("piece.csd")), onDisk);
+    QCOMPARE(ReadRegistryString(m_program->settings, registry::WindowKey,
+                                QStringLiteral("Toolbar")),
+             toolsWritten ? QStringLiteral("HIDE") : QString());
+    QVERIFY(!QFile::exists(m_program->path(QStringLiteral("tmp.txt"))));
+}
+
+void tst_CsdDocument::leave_cancelled_keepsTheWindowButClosesTheWords()
+{
+    show();
+    type(QStringLiteral("x"));
+    m_program->write(QStringLiteral("tmp.txt"), "log");
+    QVERIFY(m_program->config.Words.ReadOpcodeRecord(1));
+    expectQuestion(QStringLiteral("Exit Program"), Answer::Cancel, LeaveQuestion);
+    trigger("menuFileEsci");
+    QVERIFY(m_window->isVisible());
+    QVERIFY(!m_program->config.Words.ReadOpcodeRecord(1));
+    QVERIFY(!QFile::exists(m_program->path(QStringLiteral("tmp.txt"))));
+}
+
+void tst_CsdDocument::title_modified_getsOneStar()
+{
+    show();
+    type(QStringLiteral("x"));
+    const QString starred = QStringLiteral("[Untitled]") + TitleEnd + u'*';
+    QTRY_COMPARE(m_window->windowTitle(), starred);
+    auto *timer = m_window->findChild<QTimer *>(QStringLiteral("Timer1"));
+    QVERIFY(timer);
+    QSignalSpy ticks(timer, &QTimer::timeout);
+    QTRY_VERIFY(ticks.count() > 1);
+    QCOMPARE(m_window->windowTitle(), starred);
+}
+
+QTEST_MAIN(tst_CsdDocument)
+#include "tst_CsdDocument.moc"

@@ -1,0 +1,684 @@
+#include "documents/Commands.h"
+#include "documents/ui/FormCSD.h"
+#include "language/editor/LEditOCX.h"
+#include "support/TestProgram.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPointer>
+#include <QRandomGenerator>
+#include <QToolBar>
+#include <QTreeWidget>
+#include <QWheelEvent>
+#include <QtTest>
+
+#include <memory>
+
+using namespace ardiphon;
+
+namespace {
+
+/// Lends what only a QObject's own class may ask.
+struct Listener : QObject
+{
+    static bool hears(const QAction *action)
+    {
+        const auto isConnected = &Listener::isSignalConnected;
+        return (action->*isConnected)(QMetaMethod::fromSignal(&QAction::triggered));
+    }
+};
+
+} // namespace
+
+/// The CSD window around the text: menus, toolbar, tools, split view, tag panel, bookmarks, popup,
+/// wheel and font sizes.
+class tst_FormCSD : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    // Menus and tables.
+    void commands_shown_haveOneHandlerAndTheirCaption();
+    void shortcuts_areThereOnce();
+    void accessKeys_areThereOnceInEachMenu();
+    void toolbar_everyButton_hasAnIconAndAName();
+    void popup_holdsTheEditEntriesAndTheBookmarks();
+
+    // Editing.
+    void edit_entries_actOnTheFirstView();
+    void edit_copyWhileSplit_copiesTheSecondViewBack();
+    void header_withSelection_takesItsPlace();
+    void template_isInsertedAtTheCaret();
+
+    // Tools.
+    void tools_keptValues_areApplied();
+    void tools_notKept_areShown();
+    void tools_toggle_showsAndHides();
+    void tools_hideAllThenToggle_bringsOneBack();
+    void tools_allFlagsOff_hideAllRestores();
+    void tools_menuWindow_checksMatchTheFlags();
+    void window_halves_fillTheWorkArea();
+
+    // Split view.
+    void split_letterInEitherView_showsInTheOtherAtOnce();
+    void split_enter_isCopiedAndKeepsTheScrollPosition();
+    void split_off_copiesNothing();
+    void split_randomEdits_endEqual();
+    void split_keys_moveTheFocus();
+
+    // Side panel.
+    void tags_documentWords_appearOneByOne();
+    void tags_listClick_insertsTheWordOnce();
+    void bookmarks_ctrlB_setsAndRemoves();
+    void bookmarks_sixteenth_isRefused();
+    void bookmarks_survive_inTheSideFile();
+    void bookmarks_sideFile_goesWithTheLast();
+    void bookmarks_documentWithTheSideFilesName_isSafe();
+    void bookmarks_click_goesToTheLine();
+
+    // Aids.
+    void gutter_press_selectsTheLine();
+    void wheel_scrollsTheFocusedView();
+    void fontSize_steps_stayBetween6And20();
+    void popup_rightClick_movesTheCaretUnlessInTheSelection();
+    void altKey_isSwallowed();
+
+private:
+    void show(const QByteArray &text = {});
+    QAction *action(const char *name) const;
+    void trigger(const char *name) { action(name)->trigger(); }
+    template <typename Control>
+    Control *control(const char *name) const
+    {
+        auto *found = m_window->findChild<Control *>(QLatin1String(name));
+        if (!found)
+            qFatal("no control %s", name);
+        return found;
+    }
+    LEditOCX *first() const { return control<LEditOCX>("LEDIT1"); }
+    LEditOCX *second() const { return control<LEditOCX>("LEDIT2"); }
+    static void caret(LEditOCX *editor, int line, int column, int endLine = 0, int endColumn = 0);
+    void scroll(int delta);
+
+    std::unique_ptr<TestProgram> m_program;
+    QPointer<FormCSD> m_window;
+};
+
+void tst_FormCSD::init() { m_program = std::make_unique<TestProgram>(); }
+
+void tst_FormCSD::cleanup()
+{
+    delete m_window;
+    QCOMPARE(m_program->dialogs.verify(), QString());
+    m_program.reset();
+}
+
+void tst_FormCSD::show(const QByteArray &text)
+{
+    m_program->config.CSDFileName = m_program->write(QStringLiteral("piece.csd"), text);
+    m_window = new FormCSD(m_program->context);
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window));
+    first()->setFocus();
+}
+
+QAction *tst_FormCSD::action(const char *name) const { return control<QAction>(name); }
+
+void tst_FormCSD::caret(LEditOCX *editor, int line, int column, int endLine, int endColumn)
+{
+    editor->SelStartLine = line;
+    editor->SelStartColumn = column;
+    editor->SelEndLine = endLine ? endLine : line;
+    editor->SelEndColumn = endLine ? endColumn : column;
+    editor->SetSelection();
+}
+
+// Menus and tables. ------------------------------------------------------------------------------
+
+void tst_FormCSD::commands_shown_haveOneHandlerAndTheirCaption()
+{
+    show();
+    for (const Command &command : csdCommands()) {
+        QAction *shown = action(command.name);
+        QVERIFY2(Listener::hears(shown), command.name);
+        QString caption = QLatin1String(command.caption);
+        if (*command.keyText)
+            caption += u'\t' + QLatin1String(command.keyText);
+        QCOMPARE(shown->text(), caption);
+    }
+    QCOMPARE(action("menuModificaUndo")->text(), QStringLiteral("&Undo\t(Ctrl+Z)"));
+    QCOMPARE(action("menuModificaRedo")->text(), QStringLiteral("&Redo\t(Ctrl+Alt+Z)"));
+    QCOMPARE(action("menuWindowAllTools")->text(), QStringLiteral("Hide/Show &All tools\tCTRL+5"));
+    QCOMPARE(action("menuFontSize(14)")->text(), QStringLiteral("20"));
+}
+
+void tst_FormCSD::shortcuts_areThereOnce()
+{
+    show();
+    QSet<QString> seen;
+    for (const QAction *each : m_window->findChildren<QAction *>()) {
+        const QString key = each->shortcut().toString();
+        QVERIFY2(key.isEmpty() || !seen.contains(key), qPrintable(key));
+        seen.insert(key);
+    }
+}
+
+void tst_FormCSD::accessKeys_areThereOnceInEachMenu()
+{
+    show();
+    for (const QMenu *menu : m_window->findChildren<QMenu *>()) {
+        QSet<QString> seen;
+        for (const QAction *each : menu->actions()) {
+            const QString key = QKeySequence::mnemonic(each->text()).toString();
+            QVERIFY2(key.isEmpty() || !seen.contains(key), qPrintable(menu->title() + key));
+            seen.insert(key);
+        }
+    }
+}
+
+void tst_FormCSD::toolbar_everyButton_hasAnIconAndAName()
+{
+    show();
+    for (const ToolButton &button : csdToolbar()) {
+        if (!button.name)
+            continue;
+        QVERIFY2(control<QWidget>(button.name), button.name);
+        QVERIFY2(!action(button.command)->icon().isNull(), button.icon);
+        QVERIFY2(!action(button.command)->icon().pixmap(20, 20).toImage().isNull(), button.icon);
+    }
+}
+
+void tst_FormCSD::popup_holdsTheEditEntriesAndTheBookmarks()
+{
+    show();
+    QStringList names;
+    for (const QAction *each : control<QMenu>("menuPopup")->actions())
+        if (!each->isSeparator())
+            names.append(each->objectName());
+    for (const char *name :
+         {"menuPopupTaglia", "menuPopupCopia", "menuPopupIncolla", "menuPopupUndo", "menuPopupRedo",
+          "menuPopupSelezionaTutto", "menuPopupBookmark", "menuPopupRemoveBookmark",
+          "menuPopupRemoveAllBookmarks"})
+        QVERIFY2(names.contains(QLatin1String(name)), name);
+}
+
+// Editing. ---------------------------------------------------------------------------------------
+
+void tst_FormCSD::edit_entries_actOnTheFirstView()
+{
+    show("one\ntwo\n");
+    trigger("buttonSplit");
+    second()->setFocus();
+    trigger("menuModificaSelezionaTutto");
+    QCOMPARE(first()->SelText(), QStringLiteral("one\r\ntwo\r\n"));
+    QCOMPARE(second()->SelText(), QString());
+    trigger("menuPopupTaglia");
+    QCOMPARE(first()->Text(), QString());
+    QTRY_COMPARE(second()->Text(), QString()); // the cut reaches the second view with a tick
+    trigger("menuModificaUndo");
+    QCOMPARE(first()->Text(), QStringLiteral("one\r\ntwo\r\n"));
+    trigger("menuModificaRedo");
+    QCOMPARE(first()->Text(), QString());
+    trigger("menuModificaIncolla");
+    QTRY_COMPARE(second()->Text(), QStringLiteral("one\r\ntwo\r\n"));
+}
+
+/// Copy marks the second view as the changed one, so its text comes back over the first.
+void tst_FormCSD::edit_copyWhileSplit_copiesTheSecondViewBack()
+{
+    show("one");
+    trigger("buttonSplit");
+    QTRY_VERIFY(!control<QTimer>("TimerAggiorna")->isActive());
+    first()->SetText(QStringLiteral("changed by code"));
+    trigger("menuModificaCopia");
+    QTRY_COMPARE(first()->Text(), QStringLiteral("one"));
+}
+
+void tst_FormCSD::header_withSelection_takesItsPlace()
+{
+    show("one two");
+    caret(first(), 1, 0, 1, 3);
+    trigger("menu44100Stereo");
+    const QString header = QStringLiteral("\r\n\tsr     = 44100\r\n\tkr     = 4410\r\n"
+                                          "\tksmps  = 10\r\n\tnchnls = 2\r\n");
+    QCOMPARE(first()->Text(), header + QStringLiteral(" two"));
+    trigger("menu44100Stereo");
+    QCOMPARE(first()->Text(), header + header + QStringLiteral(" two"));
+    QVERIFY(first()->hasFocus());
+}
+
+void tst_FormCSD::template_isInsertedAtTheCaret()
+{
+    show("ab");
+    trigger("buttonSplit");
+    caret(first(), 1, 1);
+    trigger("menuTemplateCSD");
+    QVERIFY(first()->Text().startsWith(QLatin1String("a\r\n<CsoundSynthesizer>\r\n\r\n<CsOptions>")));
+    QVERIFY(first()->Text().endsWith(QLatin1String("</CsoundSynthesizer>\r\n\r\nb")));
+    QCOMPARE(second()->Text(), first()->Text());
+}
+
+// Tools. -----------------------------------------------------------------------------------------
+
+void tst_FormCSD::tools_keptValues_areApplied()
+{
+    WriteRegistryString(m_program->settings, registry::WindowKey, QStringLiteral("LineNumbers"),
+                        QStringLiteral("HIDE"));
+    WriteRegistryString(m_program->settings, registry::WindowKey, QStringLiteral("Toolbar"),
+                        QStringLiteral("hide")); // only the exact word hides
+    show();
+    QVERIFY(!m_program->config.LineNumbersVisible);
+    QVERIFY(control<QWidget>("PicNumeri")->isHidden());
+    QVERIFY(m_program->config.ToolbarVisible);
+    QVERIFY(control<QWidget>("Toolbar1")->isVisible());
+}
+
+void tst_FormCSD::tools_notKept_areShown()
+{
+    WriteRegistryString(m_program->settings, registry::WindowKey, QStringLiteral("LineNumbers"),
+                        QStringLiteral("HIDE"));
+    m_program->config.SaveToolsPreferences = QStringLiteral("NO");
+    show();
+    QVERIFY(m_program->config.LineNumbersVisible);
+    trigger("menuWindowToolbar");
+    m_window->close();
+    QCOMPARE(ReadRegistryString(m_program->settings, registry::WindowKey,
+                                QStringLiteral("Toolbar")),
+             QString());
+}
+
+void tst_FormCSD::tools_toggle_showsAndHides()
+{
+    show();
+    const QRect wide = first()->geometry();
+    QTest::keyClick(first()->focusProxy(), Qt::Key_2, Qt::ControlModifier);
+    for (const char *name : {"Tree", "Tree2", "List1", "LabelTags", "LabelBookmarks", "LabelOwnBook"})
+        QVERIFY2(control<QWidget>(name)->isHidden(), name);
+    QVERIFY(first()->geometry().left() < wide.left());
+    QTest::keyClick(first()->focusProxy(), Qt::Key_1, Qt::ControlModifier);
+    QVERIFY(control<QWidget>("PicNumeri")->isHidden());
+    QTest::keyClick(first()->focusProxy(), Qt::Key_2, Qt::ControlModifier);
+    QVERIFY(control<QWidget>("Tree")->isVisible());
+}
+
+void tst_FormCSD::tools_hideAllThenToggle_bringsOneBack()
+{
+    show();
+    QTest::keyClick(first()->focusProxy(), Qt::Key_5, Qt::ControlModifier);
+    QVERIFY(control<QWidget>("PicNumeri")->isHidden());
+    QVERIFY(control<QWidget>("Toolbar1")->isHidden());
+    QVERIFY(m_program->config.LineNumbersVisible); // the flags did not change
+    trigger("menuWindowLineNumbers");
+    QVERIFY(!m_program->config.LineNumbersVisible);
+    trigger("menuWindowLineNumbers");
+    QVERIFY(control<QWidget>("PicNumeri")->isVisible());
+    QVERIFY(control<QWidget>("Toolbar1")->isHidden());
+    QTest::keyClick(first()->focusProxy(), Qt::Key_6, Qt::ControlModifier);
+    QVERIFY(control<QWidget>("Toolbar1")->isVisible());
+}
+
+void tst_FormCSD::tools_allFlagsOff_hideAllRestores()
+{
+    show();
+    m_program->config.LineNumbersVisible = m_program->config.BookBarVisible = false;
+    m_program->config.OnLineHelpVisible = m_program->config.ToolbarVisible = false;
+    control<QWidget>("Toolbar1")->hide();
+    trigger("menuWindowAllTools");
+    QVERIFY(control<QWidget>("Toolbar1")->isVisible());
+    QVERIFY(!m_program->config.ToolbarVisible);
+}
+
+void tst_FormCSD::tools_menuWindow_checksMatchTheFlags()
+{
+    show();
+    auto *menu = control<QMenu>("menuWindow");
+    trigger("menuWindowLineNumbers");
+    emit menu->aboutToShow();
+    QVERIFY(!action("menuWindowLineNumbers")->isChecked());
+    QVERIFY(action("menuWindowBarraBook")->isChecked());
+    QVERIFY(action("menuWindowToolbar")->isChecked());
+}
+
+void tst_FormCSD::window_halves_fillTheWorkArea()
+{
+    show();
+    const QRect area = m_window->screen()->availableGeometry();
+    trigger("menuWindowDown");
+    QTRY_COMPARE(m_window->frameGeometry().top(), area.top() + area.height() / 2);
+    trigger("menuWindowRight");
+    QTRY_COMPARE(m_window->frameGeometry().left(), area.left() + area.width() / 2);
+    QCOMPARE(m_program->config.WorkArea, area);
+}
+
+// Split view. ------------------------------------------------------------------------------------
+
+void tst_FormCSD::split_letterInEitherView_showsInTheOtherAtOnce()
+{
+    show("one\ntwo\n");
+    trigger("buttonSplit");
+    QCOMPARE(second()->Text(), first()->Text());
+    caret(second(), 2, 1);
+    QTest::keyClicks(second()->focusProxy(), QStringLiteral("x"));
+    QCOMPARE(first()->Text(), QStringLiteral("one\r\ntxwo\r\n"));
+    QCOMPARE(second()->Text(), first()->Text());
+    caret(first(), 1, 3);
+    QTest::keyClicks(first()->focusProxy(), QStringLiteral("y"));
+    QCOMPARE(second()->Text(), QStringLiteral("oney\r\ntxwo\r\n"));
+    QVERIFY(first()->GetState(2));
+}
+
+void tst_FormCSD::split_enter_isCopiedAndKeepsTheScrollPosition()
+{
+    show(QByteArray("line\n").repeated(500));
+    trigger("buttonSplit");
+    second()->SetTopLine(200);
+    caret(first(), 3, 2);
+    QTest::keyClick(first()->focusProxy(), Qt::Key_Return);
+    QTRY_COMPARE(second()->Text(), first()->Text());
+    QCOMPARE(second()->LineCount(), 502);
+    QCOMPARE(second()->TopLine(), 200);
+}
+
+void tst_FormCSD::split_off_copiesNothing()
+{
+    show("one");
+    QTest::keyClick(first()->focusProxy(), Qt::Key_Return);
+    QVERIFY(!control<QTimer>("TimerAggiorna")->isActive());
+    QCOMPARE(second()->Text(), QString());
+    trigger("buttonSplit");
+    trigger("buttonSplit");
+    QVERIFY(second()->isHidden());
+    QCOMPARE(second()->Text(), QString());
+}
+
+void tst_FormCSD::split_randomEdits_endEqual()
+{
+    show(QByteArray("instr 1\nasig oscil 1, 440\nendin\n").repeated(20));
+    trigger("buttonSplit");
+    auto *timer = control<QTimer>("TimerAggiorna");
+    QRandomGenerator random(20261120);
+    const Qt::Key keys[] = {Qt::Key_A,      Qt::Key_Return, Qt::Key_Backspace, Qt::Key_Down,
+                            Qt::Key_Delete, Qt::Key_Tab,    Qt::Key_End,       Qt::Key_Up};
+    for (int i = 0; i < 300; ++i) {
+        LEditOCX *view = random.bounded(2) ? first() : second();
+        const Qt::Key key = keys[random.bounded(8)];
+        const bool shift = random.bounded(5) == 0;
+        QTest::keyClick(view->focusProxy(), key, shift ? Qt::ShiftModifier : Qt::NoModifier);
+        if (timer->isActive())
+            QVERIFY(QSignalSpy(timer, &QTimer::timeout).wait());
+        if (first()->Text() != second()->Text())
+            QFAIL(qPrintable(QStringLiteral("after step %1, key %2").arg(i).arg(key)));
+    }
+}
+
+void tst_FormCSD::split_keys_moveTheFocus()
+{
+    show("one");
+    QTest::keyClick(first()->focusProxy(), Qt::Key_F12);
+    QVERIFY(first()->hasFocus()); // the second view is hidden
+    trigger("buttonSplit");
+    QTest::keyClick(first()->focusProxy(), Qt::Key_F12);
+    QVERIFY(second()->hasFocus());
+    QTest::keyClick(second()->focusProxy(), Qt::Key_F12);
+    QVERIFY(second()->hasFocus());
+    QTest::keyClick(second()->focusProxy(), Qt::Key_F11);
+    QVERIFY(first()->hasFocus());
+}
+
+// Side panel. ------------------------------------------------------------------------------------
+
+void tst_FormCSD::tags_documentWords_appearOneByOne()
+{
+    show("<CsScore>\n</CsScore>\n<csoptions>\n");
+    const auto *tree = control<QTreeWidget>("Tree");
+    QCOMPARE(tree->topLevelItemCount(), int(m_program->config.Words.CsdWords.size()) - 1);
+    QCOMPARE(tree->topLevelItem(0)->foreground(0).color(), QColor(0, 0, 255));
+    QTRY_COMPARE(tree->topLevelItem(7)->text(0), QStringLiteral("</CsScore>"));
+    QCOMPARE(tree->topLevelItem(6)->text(0), QStringLiteral("<CsScore>"));
+    QCOMPARE(tree->topLevelItem(2)->text(0), QStringLiteral("...")); // the case differs
+    first()->SetText(QStringLiteral("e"));
+    QTRY_COMPARE(tree->topLevelItem(7)->text(0), QStringLiteral("..."));
+}
+
+void tst_FormCSD::tags_listClick_insertsTheWordOnce()
+{
+    show("ab");
+    trigger("buttonSplit");
+    auto *list = control<QListWidget>("List1");
+    const QRect row = list->visualItemRect(list->item(2));
+    caret(first(), 1, 1);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, row.center());
+    QCOMPARE(first()->Text(), QStringLiteral("a<CsOptions>\r\nb"));
+    QCOMPARE(second()->Text(), first()->Text());
+    QVERIFY(!list->currentItem());
+    QVERIFY(first()->hasFocus());
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, row.center());
+    QCOMPARE(first()->Text(), QStringLiteral("a<CsOptions>\r\nb"));
+    QVERIFY(first()->hasFocus());
+}
+
+void tst_FormCSD::bookmarks_ctrlB_setsAndRemoves()
+{
+    show("instr\t1\n\nendin\n");
+    const auto *tree = control<QTreeWidget>("Tree2");
+    QCOMPARE(tree->topLevelItemCount(), 15);
+    QTest::keyClick(first()->focusProxy(), Qt::Key_B, Qt::ControlModifier);
+    QCOMPARE(tree->topLevelItem(0)->text(0), QStringLiteral("-> instr 1"));
+    QCOMPARE(first()->GetBookmarkLine(1), 1);
+    QVERIFY(m_program->config.CSDModified);
+    caret(first(), 3, 0);
+    trigger("menuPopupBookmark");
+    caret(first(), 1, 2);
+    trigger("menuToolsBookmark"); // the same command takes it away
+    QCOMPARE(tree->topLevelItem(0)->text(0), QStringLiteral("..."));
+    QCOMPARE(first()->GetBookmarkLine(1), -1);
+    caret(first(), 2, 0);
+    trigger("menuToolsBookmark"); // the free slot is the first to be used again
+    QCOMPARE(tree->topLevelItem(0)->text(0), QStringLiteral("->"));
+    trigger("menuToolsRemoveAllBookmark");
+    QCOMPARE(tree->topLevelItem(1)->text(0), QStringLiteral("..."));
+}
+
+void tst_FormCSD::bookmarks_sixteenth_isRefused()
+{
+    show(QByteArray("line\n").repeated(20));
+    for (int line = 1; line <= 15; ++line) {
+        caret(first(), line, 0);
+        trigger("menuToolsBookmark");
+    }
+    const Message full{QStringLiteral("You can insert max 15 Bookmarks!"),
+                       QStringLiteral("Bookmark informations"), MessageIcon::Information,
+                       MessageButtons::Ok};
+    caret(first(), 16, 0);
+    m_program->dialogs.expect(full);
+    trigger("menuToolsBookmark");
+    caret(first(), 3, 0); // even a line that has one
+    m_program->dialogs.expect(full);
+    trigger("menuToolsBookmark");
+    QCOMPARE(first()->GetBookmarkLine(3), 3);
+    trigger("menuToolsRemoveBookmark");
+    QCOMPARE(first()->GetBookmarkLine(3), -1);
+}
+
+void tst_FormCSD::bookmarks_survive_inTheSideFile()
+{
+    show("a\nb\nc\nd\n");
+    for (int line = 2; line <= 4; ++line) {
+        caret(first(), line, 0);
+        trigger("menuToolsBookmark");
+    }
+    caret(first(), 3, 0);
+    trigger("menuToolsRemoveBookmark");
+    caret(first(), 1, 0);
+    QTest::keyClick(first()->focusProxy(), Qt::Key_Return); // the lines move down by one
+    trigger("menuFileSalvaOrchestra");
+
+    const QByteArray none = QByteArray("[NONE]").leftJustified(20);
+    const auto record = [](const char *line, const char *text) {
+        return QByteArray(line).leftJustified(20) + QByteArray(text).leftJustified(20);
+    };
+    QCOMPARE(m_program->read(QStringLiteral("piece.bkm")),
+             record("3", "-> b") + none + none + record("5", "-> d") + QByteArray(none + none).repeated(12));
+    QVERIFY(!m_program->config.CSDModified);
+
+    delete m_window;
+    m_window = new FormCSD(m_program->context);
+    QCOMPARE(first()->GetBookmarkLine(1), 3);
+    QCOMPARE(first()->GetBookmarkLine(2), -1);
+    QCOMPARE(first()->GetBookmarkLine(3), 5);
+    QCOMPARE(control<QTreeWidget>("Tree2")->topLevelItem(2)->text(0),
+             QStringLiteral("-> d").leftJustified(20));
+}
+
+void tst_FormCSD::bookmarks_sideFile_goesWithTheLast()
+{
+    show("a\n");
+    trigger("menuToolsBookmark");
+    trigger("menuFileSalvaOrchestra");
+    QVERIFY(QFile::exists(m_program->path(QStringLiteral("piece.bkm"))));
+    trigger("menuToolsBookmark");
+    trigger("menuFileSalvaOrchestra");
+    QVERIFY(!QFile::exists(m_program->path(QStringLiteral("piece.bkm"))));
+}
+
+/// A text that bears a side file's name is still a text.
+void tst_FormCSD::bookmarks_documentWithTheSideFilesName_isSafe()
+{
+    show();
+    m_program->config.CSDFileName = m_program->write(QStringLiteral("text.bkm"), "my text");
+    delete m_window;
+    m_window = new FormCSD(m_program->context);
+    trigger("menuToolsBookmark");
+    trigger("menuFileSalvaOrchestra");
+    trigger("menuToolsRemoveAllBookmark");
+    trigger("menuFileSalvaOrchestra");
+    QCOMPARE(m_program->read(QStringLiteral("text.bkm")), QByteArray("my text"));
+}
+
+void tst_FormCSD::bookmarks_click_goesToTheLine()
+{
+    show(QByteArray("line\n").repeated(300));
+    caret(first(), 250, 0);
+    trigger("menuToolsBookmark");
+    caret(first(), 1, 0);
+    auto *tree = control<QTreeWidget>("Tree2");
+    const auto click = [tree](int node) {
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {},
+                          tree->visualItemRect(tree->topLevelItem(node)).center());
+    };
+    click(0);
+    first()->GetSelection();
+    QCOMPARE(first()->SelStartLine, 250);
+    QVERIFY(first()->TopLine() <= 250 && first()->TopLine() > 200);
+    QVERIFY(first()->hasFocus());
+    click(1); // a free slot only gives the focus
+    first()->GetSelection();
+    QCOMPARE(first()->SelStartLine, 250);
+    QVERIFY(first()->hasFocus());
+}
+
+// Aids. ------------------------------------------------------------------------------------------
+
+void tst_FormCSD::gutter_press_selectsTheLine()
+{
+    show("one\ntwo\nthree\n");
+    auto *gutter = control<QWidget>("PicNumeri");
+    const int height = first()->LineHeight();
+    QTest::mousePress(gutter, Qt::LeftButton, {}, QPoint(5, height + height / 2));
+    QCOMPARE(first()->SelText(), QStringLiteral("two"));
+    QVERIFY(first()->hasFocus());
+    QTest::mousePress(gutter, Qt::LeftButton, {}, QPoint(5, height * 15)); // below the text
+    first()->GetSelection();
+    QCOMPARE(first()->SelStartLine, first()->LineCount());
+}
+
+/// Turns the wheel over the view that has the focus, which leaves it to the window.
+void tst_FormCSD::scroll(int delta)
+{
+    const LEditOCX *editor = second()->hasFocus() ? second() : first();
+    QWidget *view = editor->childAt(20, 20);
+    for (QWidget *receiver : {view, static_cast<QWidget *>(m_window)}) {
+        QWheelEvent wheel(QPointF(20, 20), view->mapToGlobal(QPointF(20, 20)), {},
+                          QPoint(0, delta), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(receiver, &wheel);
+        QCOMPARE(wheel.isAccepted(), receiver == m_window);
+    }
+}
+
+void tst_FormCSD::wheel_scrollsTheFocusedView()
+{
+    m_program->config.WheelLinesCount = 6;
+    show(QByteArray("line\n").repeated(500));
+    trigger("buttonSplit");
+    scroll(-120);
+    QCOMPARE(first()->TopLine(), 7);
+    QCOMPARE(second()->TopLine(), 1);
+    scroll(-1); // only the sign counts
+    QCOMPARE(first()->TopLine(), 13);
+    scroll(120);
+    QCOMPARE(first()->TopLine(), 7);
+    second()->setFocus();
+    scroll(-120);
+    QCOMPARE(second()->TopLine(), 7);
+    QCOMPARE(first()->TopLine(), 7);
+}
+
+void tst_FormCSD::fontSize_steps_stayBetween6And20()
+{
+    show();
+    QVERIFY(action("menuFontSize(4)")->isChecked()); // 10 by default
+    trigger("menuFontSize(13)");
+    QCOMPARE(first()->FontSize(), 19.0);
+    trigger("buttonCaratterePiu");
+    trigger("buttonCaratterePiu");
+    QCOMPARE(first()->FontSize(), 20.0);
+    QVERIFY(action("menuFontSize(14)")->isChecked());
+    QVERIFY(!action("menuFontSize(13)")->isChecked());
+    trigger("menuFontSize(0)");
+    trigger("buttonCarattereMeno");
+    QCOMPARE(first()->FontSize(), 6.0);
+    QVERIFY(action("menuFontSize(0)")->isChecked());
+    trigger("buttonSplit");
+    QCOMPARE(second()->FontSize(), 6.0);
+}
+
+void tst_FormCSD::popup_rightClick_movesTheCaretUnlessInTheSelection()
+{
+    show("instr one\nendin\n");
+    auto *popup = control<QMenu>("menuPopup");
+    QWidget *view = first()->childAt(20, 20);
+    const auto rightClick = [&](int line, int column) {
+        const QPoint at = first()->PositionToPixels(line, column)
+                          + QPoint(2, first()->LineHeight() / 2);
+        QTest::mouseClick(view, Qt::RightButton, {}, view->mapFrom(first(), at));
+        QTRY_VERIFY(popup->isVisible());
+        popup->close();
+    };
+    caret(first(), 1, 2, 2, 3);
+    rightClick(2, 1); // inside
+    QCOMPARE(first()->SelectionLength(), 12);
+    rightClick(2, 4); // behind its end
+    QCOMPARE(first()->SelectionLength(), 0);
+    first()->GetSelection();
+    QCOMPARE(first()->SelStartLine, 2);
+    QCOMPARE(first()->SelStartColumn, 4);
+    caret(first(), 1, 2, 2, 3);
+    rightClick(1, 0); // before its start
+    QCOMPARE(first()->SelectionLength(), 0);
+}
+
+void tst_FormCSD::altKey_isSwallowed()
+{
+    show();
+    QTest::keyClick(first()->focusProxy(), Qt::Key_J, Qt::AltModifier);
+    QCOMPARE(first()->Text(), QString());
+}
+
+QTEST_MAIN(tst_FormCSD)
+#include "tst_FormCSD.moc"
