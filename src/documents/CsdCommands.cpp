@@ -16,6 +16,9 @@ constexpr Command commands[] = {
     {"menuModificaTaglia", "Cu&t", "(Ctrl+X)"},
     {"menuModificaCopia", "&Copy", "(Ctrl+C)"},
     {"menuModificaIncolla", "&Paste", "(Ctrl+V)"},
+    {"menuModificaTrova", "&Find", "(Ctrl+F)"},
+    {"menuModificaSostituisci", "F&ind and Replace", "(Ctrl+H)"},
+    {"menuModificaTrovaRiga", "Find &Line number", "(Ctrl+G)"},
     {"menuModificaSelezionaTutto", "Select &All", "(Ctrl+A)"},
 
     {"menuTemplateCSD", "&CSD Template"},
@@ -44,6 +47,9 @@ constexpr Command commands[] = {
     {"menuPopupBookmark", "Insert Bookmark"},
     {"menuPopupRemoveBookmark", "Remove Bookmark"},
     {"menuPopupRemoveAllBookmarks", "Remove All Bookmarks"},
+    {"menuPopupDefinition", "Go to definition"},
+    {"menuPopupReference", "Go to reference"},
+    {"menuPopupLastPosition", "Go to last position"},
 
     {"buttonDefaultDir", "Default Directory"},
     {"buttonCarattereMeno", "Smaller Font"},
@@ -69,6 +75,10 @@ constexpr const char *editMenu[] = {
     "menuModificaTaglia",
     "menuModificaCopia",
     "menuModificaIncolla",
+    nullptr,
+    "menuModificaTrova",
+    "menuModificaSostituisci",
+    "menuModificaTrovaRiga",
     nullptr,
     "menuModificaSelezionaTutto",
 };
@@ -112,6 +122,10 @@ constexpr const char *popupMenu[] = {
     "menuPopupBookmark",
     "menuPopupRemoveBookmark",
     "menuPopupRemoveAllBookmarks",
+    nullptr,
+    "menuPopupDefinition",
+    "menuPopupReference",
+    "menuPopupLastPosition",
 };
 
 constexpr Menu menus[] = {
@@ -134,6 +148,10 @@ constexpr ToolButton toolbar[] = {
     {"buttonSalvaProgetto", "menuFileSalvaOrchestra", "save", "Save File"},
     {"buttonSalvaProgettoNome", "menuFileSalvaOrchestraNome", "save-as", "Save File As"},
     {"buttonDefaultDir", "buttonDefaultDir", "default-folder", "Default Directory"},
+    line,
+    {"buttonTrova", "menuModificaTrova", "find", "Find"},
+    {"buttonSostituisci", "menuModificaSostituisci", "replace", "Find and Replace"},
+    {"buttonTrovaRiga", "menuModificaTrovaRiga", "find-line", "Find Line number"},
     line,
     {"buttonUndo", "menuModificaUndo", "undo", "Undo"},
     {"buttonRedo", "menuModificaRedo", "redo", "Redo"},

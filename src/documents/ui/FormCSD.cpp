@@ -13,11 +13,15 @@
 #include "documents/ui/TagPanel.h"
 #include "documents/ui/ToolToggles.h"
 #include "language/editor/LEditOCX.h"
-#include "language/ui/EditorPopup.h"
 #include "language/ui/EditorSettings.h"
 #include "language/ui/FontSizeMenu.h"
 #include "language/ui/Gutter.h"
+#include "navigation/SearchRules.h"
 #include "navigation/ui/Bookmarks.h"
+#include "navigation/ui/EditorSearch.h"
+#include "navigation/ui/InstrumentPanel.h"
+#include "navigation/ui/Instruments.h"
+#include "navigation/ui/SearchWindows.h"
 #include "platform/Twips.h"
 
 #include <QCloseEvent>
@@ -43,11 +47,6 @@ QRect inPixels(const QRect &twips)
             toPixels(twips.height())};
 }
 
-bool isEmptyText(const LEditOCX &editor)
-{
-    return editor.LineCount() <= 1 && editor.LineLength(1) == 0;
-}
-
 } // namespace
 
 FormCSD::FormCSD(ProgramContext &program) : EditorWindow(program)
@@ -58,6 +57,7 @@ FormCSD::FormCSD(ProgramContext &program) : EditorWindow(program)
     buildMenus();
     bindDocument();
     bindEditing();
+    bindNavigation();
     bindTools();
     bindWindow();
     groupTools();
@@ -137,6 +137,10 @@ void FormCSD::buildFeatures()
         FormNew::showModal(config(), program().windows, this);
     };
     m_document = new CsdDocument(*LEDIT1, *m_bookmarks, program(), chooseNew, this);
+    m_instruments = new Instruments(*LEDIT1);
+    Frame1 = new InstrumentPanel(*m_instruments, QStringLiteral("Toolbar2"), centralWidget());
+    Frame1->setObjectName(QStringLiteral("Frame1"));
+    m_search = new SearchWindows(config(), program().dialogs, {{CsdCaller, LEDIT1}}, *this);
     m_tags = new TagPanel(*LEDIT1, *Tree, *List1, config().Words.CsdWords);
     m_mirror = new SplitMirror(*LEDIT1, *LEDIT2, this);
     m_tools = new ToolToggles(program(), this);
@@ -173,7 +177,7 @@ void FormCSD::groupTools()
     m_tools->add(tools()[0], PicNumeri);
     m_tools->add(tools()[0], PicNumeri2, [this] { return isSplit(); });
     for (QWidget *control : std::initializer_list<QWidget *>{Tree, Tree2, List1, LabelTags,
-                                                             LabelBookmarks, LabelOwnBook})
+                                                             LabelBookmarks, LabelOwnBook, Frame1})
         m_tools->add(tools()[1], control);
     m_tools->add(tools()[3], Toolbar1);
 }
@@ -239,8 +243,6 @@ void FormCSD::bindEditing()
     set.bindTo("menuPopupCopia", "menuModificaCopia");
     set.bindTo("menuPopupIncolla", "menuModificaIncolla");
     set.bindTo("menuPopupSelezionaTutto", "menuModificaSelezionaTutto");
-    for (LEditOCX *view : {LEDIT1, LEDIT2})
-        new EditorPopup(*view, *menuPopup, [] {});
     bindViewKeys(LEDIT1, ViewPosition::First);
     bindViewKeys(LEDIT2, ViewPosition::Second);
 }
@@ -309,7 +311,7 @@ void FormCSD::handleViewKey(LEditOCX *view, ViewPosition position, EditorKey &ke
             LEDIT2->setFocus();
         break;
     default:
-        break;
+        navigateByKey(view, meaning);
     }
 }
 
@@ -374,7 +376,7 @@ void FormCSD::arrangeWindow()
         {PicNumeri2, at.PicNumeri2},     {Tree, at.Tree},
         {Tree2, at.Tree2},               {List1, at.List1},
         {LabelTags, at.LabelTags},       {LabelBookmarks, at.LabelBookmarks},
-        {LabelOwnBook, at.LabelOwnBook},
+        {LabelOwnBook, at.LabelOwnBook}, {Frame1, at.Frame1},
     };
     for (const auto &[control, place] : places)
         control->setGeometry(inPixels(place));

@@ -15,10 +15,14 @@ namespace ardiphon {
 
 class Bookmarks;
 class CsdDocument;
+class Definitions;
 class FontSizeMenu;
 class Gutter;
+class InstrumentPanel;
+class Instruments;
 class LEditOCX;
 class RecentMenu;
+class SearchWindows;
 class SplitMirror;
 class TagPanel;
 class ToolToggles;
@@ -55,11 +59,13 @@ private:
     // Binding.
     void bindDocument();
     void bindEditing();
+    void bindNavigation();
     void bindTools();
     void bindWindow();
     void bindViewKeys(LEditOCX *view, ViewPosition position);
 
     void handleViewKey(LEditOCX *view, ViewPosition position, EditorKey &key);
+    void navigateByKey(LEditOCX *view, ViewKey key);
     void insertText(const QString &text);
     void setSplit(bool on);
     bool isSplit() const;
@@ -81,9 +87,13 @@ private:
     QLabel *LabelBookmarks = nullptr;
     QLabel *LabelOwnBook = nullptr;
     QLabel *LabelTags = nullptr;
+    InstrumentPanel *Frame1 = nullptr;
     QMenu *menuPopup = nullptr;
 
     Bookmarks *m_bookmarks = nullptr;
+    Instruments *m_instruments = nullptr;
+    SearchWindows *m_search = nullptr;
+    Definitions *m_definitions = nullptr;
     CsdDocument *m_document = nullptr;
     TagPanel *m_tags = nullptr;
     SplitMirror *m_mirror = nullptr;
