@@ -16,7 +16,9 @@ constexpr int RightButton = 2;
 /// What a click of the left button at that place does: it moves the caret there.
 void clickLeft(const LEditOCX &editor, QPoint at)
 {
-    QWidget *view = editor.focusProxy();
+    QWidget *view = editor.childAt(at);
+    if (!view)
+        return;
     const QPointF local = view->mapFrom(&editor, at);
     const QPointF global = view->mapToGlobal(local);
     QMouseEvent press(QEvent::MouseButtonPress, local, global, Qt::LeftButton, Qt::LeftButton,

@@ -7,6 +7,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QToolBar>
 
 namespace ardiphon {
@@ -14,7 +15,21 @@ namespace ardiphon {
 namespace {
 
 constexpr QSize ButtonIconSize(16, 16);
-constexpr QSize GripSize(16, 16);
+constexpr QSize GripSize(7, 58);
+
+/// Two columns of dots, as on other things that can be moved.
+QPixmap gripPicture(const QWidget &panel)
+{
+    constexpr int step = 4;
+    QPixmap picture(GripSize * panel.devicePixelRatio());
+    picture.setDevicePixelRatio(panel.devicePixelRatio());
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    for (int y = 1; y + 1 < GripSize.height(); y += step)
+        for (int x = 0; x + 1 < GripSize.width(); x += step)
+            painter.fillRect(x, y, 2, 2, panel.palette().mid());
+    return picture;
+}
 
 } // namespace
 
@@ -25,16 +40,16 @@ InstrumentPanel::InstrumentPanel(Instruments &instruments, const QString &number
     setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
     ImageINSTR = new QLabel(this);
     ImageINSTR->setObjectName(QStringLiteral("ImageINSTR"));
-    ImageINSTR->setPixmap(
-        programIcon(QStringLiteral("find-instrument")).pixmap(GripSize, devicePixelRatio()));
+    ImageINSTR->setPixmap(gripPicture(*this));
     Toolbar_INSTR = newToolbar(QStringLiteral("Toolbar_INSTR"));
+    addMoves(instruments);
     TextInstr = new QLineEdit(this);
     TextInstr->setObjectName(QStringLiteral("TextInstr"));
     Label1 = new QLabel(tr("Go to:"), this);
     Label1->setObjectName(QStringLiteral("Label1"));
     Label1->setBuddy(TextInstr);
     m_numberToolbar = newToolbar(numberToolbar);
-    fillToolbars(instruments);
+    addNumber(instruments);
     layOut();
 }
 
@@ -56,7 +71,7 @@ void InstrumentPanel::addButton(QToolBar &bar, const char *icon, const QString &
     button->setFocusPolicy(Qt::TabFocus);
 }
 
-void InstrumentPanel::fillToolbars(Instruments &instruments)
+void InstrumentPanel::addMoves(Instruments &instruments)
 {
     addButton(*Toolbar_INSTR, "instrument-first", tr("First instrument"),
               [&instruments] { instruments.GoToFirstInstrument(); });
@@ -66,7 +81,10 @@ void InstrumentPanel::fillToolbars(Instruments &instruments)
               [&instruments] { instruments.GoToNextInstrument(); });
     addButton(*Toolbar_INSTR, "instrument-last", tr("Last instrument"),
               [&instruments] { instruments.GoToLastInstrument(); });
+}
 
+void InstrumentPanel::addNumber(Instruments &instruments)
+{
     const auto goToNumber = [this, &instruments] { instruments.GoToInstrumentNumber(*TextInstr); };
     addButton(*m_numberToolbar, "find-instrument", tr("Go to the instrument of this number"),
               goToNumber);
@@ -77,10 +95,10 @@ void InstrumentPanel::layOut()
 {
     auto *rows = new QGridLayout(this);
     rows->setContentsMargins(4, 2, 2, 2);
-    rows->setSpacing(2);
-    rows->addWidget(ImageINSTR, 0, 0);
+    rows->setSpacing(3);
+    rows->addWidget(ImageINSTR, 0, 0, 2, 1);
     rows->addWidget(Toolbar_INSTR, 0, 1, 1, 3);
-    rows->addWidget(Label1, 1, 0, 1, 2);
+    rows->addWidget(Label1, 1, 1);
     rows->addWidget(TextInstr, 1, 2);
     rows->addWidget(m_numberToolbar, 1, 3);
     rows->setColumnStretch(2, 1);

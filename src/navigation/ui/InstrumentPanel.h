@@ -2,6 +2,8 @@
 
 #include <QFrame>
 
+#include <functional>
+
 class QLabel;
 class QLineEdit;
 class QToolBar;
@@ -28,7 +30,8 @@ private:
     QToolBar *newToolbar(const QString &name);
     void addButton(QToolBar &bar, const char *icon, const QString &toolTip,
                    const std::function<void()> &go);
-    void fillToolbars(Instruments &instruments);
+    void addMoves(Instruments &instruments);
+    void addNumber(Instruments &instruments);
     void layOut();
 
     QLabel *ImageINSTR;
