@@ -22,6 +22,7 @@ public:
     TextRange record() const;
     void show(TextRange range);
     std::optional<TextRange> find(TextRange from) const;
+    std::optional<TextRange> findBehind(const TextSearch &search, qsizetype from) const;
     void changeFont(const std::function<void(QFont &)> &change);
 
     LEditOCX &control;

@@ -19,11 +19,21 @@ void LEditOCX::SetFindWholeWord(bool wholeWord) { d->findWholeWord = wholeWord; 
 std::optional<TextRange> LEditOCX::Private::find(TextRange from) const
 {
     const TextSearch search(findText, findWholeWord);
-    const QByteArrayView bytes = text.bytes(0, text.size());
     if (findDirection == 0)
-        return search.backward(bytes, from.start);
-    const auto found = search.forward(bytes, from.end);
-    return found || findDirection == 1 ? found : search.forward(bytes, 0);
+        return search.backward(text.bytes(0, text.size()), from.start);
+    const auto found = findBehind(search, from.end);
+    return found || findDirection == 1 ? found : findBehind(search, 0);
+}
+
+// Asks for no more of the text than is searched: all of it would close the buffer's gap, and after
+// each replacement that costs as much as the text is long.
+std::optional<TextRange> LEditOCX::Private::findBehind(const TextSearch &search,
+                                                       qsizetype from) const
+{
+    constexpr qsizetype longestCharacter = 4; // what stands before a match decides too
+    const qsizetype start = std::max<qsizetype>(from - longestCharacter, 0);
+    const auto found = search.forward(text.bytes(start, text.size()), from - start);
+    return found ? std::optional(TextRange{start + found->start, start + found->end}) : found;
 }
 
 int LEditOCX::FindFirst()

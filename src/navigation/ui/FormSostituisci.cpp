@@ -109,6 +109,8 @@ void FormSostituisci::replaceFromCaret()
     while (findFirst(*served, Text1->text(), FindDirection::Down, Check1->isChecked()))
         served->ReplaceCurrent();
     served->setUpdatesEnabled(true);
+    served->GetSelection();
+    served->SetSelection(); // scrolls to where it ended
     m_beep();
     emit replaced(served);
     Text1->setFocus();
