@@ -13,6 +13,7 @@
 #include "documents/ui/TagPanel.h"
 #include "documents/ui/ToolToggles.h"
 #include "language/editor/LEditOCX.h"
+#include "language/ui/EditorPopup.h"
 #include "language/ui/EditorSettings.h"
 #include "language/ui/FontSizeMenu.h"
 #include "language/ui/Gutter.h"
@@ -243,6 +244,8 @@ void FormCSD::bindEditing()
     set.bindTo("menuPopupCopia", "menuModificaCopia");
     set.bindTo("menuPopupIncolla", "menuModificaIncolla");
     set.bindTo("menuPopupSelezionaTutto", "menuModificaSelezionaTutto");
+    for (LEditOCX *view : {LEDIT1, LEDIT2})
+        new EditorPopup(*view, *menuPopup, [this, view] { preparePopup(*view); });
     bindViewKeys(LEDIT1, ViewPosition::First);
     bindViewKeys(LEDIT2, ViewPosition::Second);
 }

@@ -65,6 +65,7 @@ private:
     void bindViewKeys(LEditOCX *view, ViewPosition position);
 
     void handleViewKey(LEditOCX *view, ViewPosition position, EditorKey &key);
+    void preparePopup(LEditOCX &view);
     void navigateByKey(LEditOCX *view, ViewKey key);
     void insertText(const QString &text);
     void setSplit(bool on);

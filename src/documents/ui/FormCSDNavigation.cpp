@@ -5,7 +5,6 @@
 #include "documents/ui/FormCSD.h"
 #include "documents/ui/SplitMirror.h"
 #include "language/editor/LEditOCX.h"
-#include "language/ui/EditorPopup.h"
 #include "navigation/SearchRules.h"
 #include "navigation/ui/Definitions.h"
 #include "navigation/ui/Instruments.h"
@@ -29,9 +28,9 @@ void FormCSD::bindNavigation()
     set.bind("menuPopupDefinition", m_definitions, &Definitions::GoToDefinition);
     set.bind("menuPopupReference", m_definitions, &Definitions::GoToReference);
     set.bind("menuPopupLastPosition", this, [] {}); // no position is kept to go back to
-    for (LEditOCX *view : {LEDIT1, LEDIT2})
-        new EditorPopup(*view, *menuPopup, [this, view] { m_definitions->prepareEntries(*view); });
 }
+
+void FormCSD::preparePopup(LEditOCX &view) { m_definitions->prepareEntries(view); }
 
 void FormCSD::navigateByKey(LEditOCX *view, ViewKey key)
 {
