@@ -17,6 +17,9 @@ constexpr Command commands[] = {
     {"menuModificaTaglia", "Cu&t", "(Ctrl+X)"},
     {"menuModificaCopia", "&Copy", "(Ctrl+C)"},
     {"menuModificaIncolla", "&Paste", "(Ctrl+V)"},
+    {"menuModificaTrova", "&Find", "(Ctrl+F)"},
+    {"menuModificaSostituisci", "F&ind and Replace", "(Ctrl+H)"},
+    {"menuModificaTrovaRiga", "Find &Line number", "(Ctrl+G)"},
     {"menuModificaSelezionaTutto", "Select &All", "(Ctrl+A)"},
 
     {"menuTemplateCSD", "&CSD Template"},
@@ -51,6 +54,9 @@ constexpr Command commands[] = {
     {"menuPopupBookmark", "Insert Bookmark"},
     {"menuPopupRemoveBookmark", "Remove Bookmark"},
     {"menuPopupRemoveAllBookmarks", "Remove All Bookmarks"},
+    {"menuPopupDefinition", "Go to definition"},
+    {"menuPopupReference", "Go to reference"},
+    {"menuPopupLastPosition", "Go to last position"},
     {"menuPopupOpcodeHelp", "Opcode -> Help"},
 
     {"buttonDefaultDir", "Default Directory"},
@@ -75,8 +81,9 @@ constexpr const char *fileMenu[] = {
 };
 
 constexpr const char *editMenu[] = {
-    "menuModificaUndo",  "menuModificaRedo",    nullptr, "menuModificaTaglia",
-    "menuModificaCopia", "menuModificaIncolla", nullptr, "menuModificaSelezionaTutto",
+    "menuModificaUndo",        "menuModificaRedo",      nullptr, "menuModificaTaglia",
+    "menuModificaCopia",       "menuModificaIncolla",   nullptr, "menuModificaTrova",
+    "menuModificaSostituisci", "menuModificaTrovaRiga", nullptr, "menuModificaSelezionaTutto",
 };
 
 constexpr const char *formatMenu[] = {"menuSize"};
@@ -125,6 +132,10 @@ constexpr const char *popupMenu[] = {
     "menuPopupRemoveBookmark",
     "menuPopupRemoveAllBookmarks",
     nullptr,
+    "menuPopupDefinition",
+    "menuPopupReference",
+    "menuPopupLastPosition",
+    nullptr,
     "menuPopupOpcodeHelp",
 };
 
@@ -149,6 +160,10 @@ constexpr ToolButton toolbar[] = {
     {"buttonSalvaProgetto", "menuFileSalvaOrchestra", "save", "Save File"},
     {"buttonSalvaProgettoNome", "menuFileSalvaOrchestraNome", "save-as", "Save File As"},
     {"buttonDefaultDir", "buttonDefaultDir", "default-folder", "Default Directory"},
+    line,
+    {"buttonTrova", "menuModificaTrova", "find", "Find"},
+    {"buttonSostituisci", "menuModificaSostituisci", "replace", "Find and Replace"},
+    {"buttonTrovaRiga", "menuModificaTrovaRiga", "find-line", "Find Line number"},
     line,
     {"buttonUndo", "menuModificaUndo", "undo", "Undo"},
     {"buttonRedo", "menuModificaRedo", "redo", "Redo"},

@@ -3,7 +3,6 @@
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
 #include "app/ui/FormNew.h"
-#include "compile/ui/CsdCompileLauncher.h"
 #include "documents/CsdWindowLayout.h"
 #include "documents/DocumentRules.h"
 #include "documents/Headers.h"
@@ -13,17 +12,18 @@
 #include "documents/ui/TagPanel.h"
 #include "documents/ui/ToolToggles.h"
 #include "language/editor/LEditOCX.h"
-#include "language/ui/EditorPopup.h"
 #include "language/ui/EditorSettings.h"
 #include "language/ui/FontSizeMenu.h"
 #include "language/ui/Gutter.h"
 #include "language/ui/HelpPanels.h"
 #include "language/ui/KeywordHelp.h"
+#include "navigation/SearchRules.h"
 #include "navigation/ui/Bookmarks.h"
+#include "navigation/ui/EditorSearch.h"
+#include "navigation/ui/InstrumentPanel.h"
+#include "navigation/ui/Instruments.h"
+#include "navigation/ui/SearchWindows.h"
 #include "platform/Twips.h"
-#include "platform/ui/FileProperties.h"
-#include "preferences/ui/FormAbout.h"
-#include "preferences/ui/FormHelp.h"
 #include "preferences/ui/FormManual.h"
 
 #include <QCloseEvent>
@@ -49,11 +49,6 @@ QRect inPixels(const QRect &twips)
             toPixels(twips.height())};
 }
 
-bool isEmptyText(const LEditOCX &editor)
-{
-    return editor.LineCount() <= 1 && editor.LineLength(1) == 0;
-}
-
 } // namespace
 
 FormCSD::FormCSD(ProgramContext &program) : EditorWindow(program)
@@ -64,6 +59,7 @@ FormCSD::FormCSD(ProgramContext &program) : EditorWindow(program)
     buildMenus();
     bindDocument();
     bindEditing();
+    bindNavigation();
     bindTools();
     bindWindow();
     bindHelp();
@@ -149,6 +145,10 @@ void FormCSD::buildFeatures()
     const auto chooseNew = [this] { FormNew::showModal(config(), program().windows, this); };
     m_document = new CsdDocument(*LEDIT1, *m_bookmarks, program(), chooseNew, this);
     m_help = std::make_unique<KeywordHelp>(config(), program().dialogs, manualViewer(this));
+    m_instruments = new Instruments(*LEDIT1);
+    Frame1 = new InstrumentPanel(*m_instruments, QStringLiteral("Toolbar2"), centralWidget());
+    Frame1->setObjectName(QStringLiteral("Frame1"));
+    m_search = new SearchWindows(config(), program().dialogs, {{CsdCaller, LEDIT1}}, *this);
     m_tags = new TagPanel(*LEDIT1, *Tree, *List1, config().Words.CsdWords);
     m_mirror = new SplitMirror(*LEDIT1, *LEDIT2, this);
     m_tools = new ToolToggles(program(), this);
@@ -185,7 +185,7 @@ void FormCSD::groupTools()
     m_tools->add(tools()[0], PicNumeri);
     m_tools->add(tools()[0], PicNumeri2, [this] { return isSplit(); });
     for (QWidget *control : std::initializer_list<QWidget *>{Tree, Tree2, List1, LabelTags,
-                                                             LabelBookmarks, LabelOwnBook})
+                                                             LabelBookmarks, LabelOwnBook, Frame1})
         m_tools->add(tools()[1], control);
     m_tools->add(tools()[2], m_panels->TextOpcode);
     m_tools->add(tools()[2], m_panels->TextParametri);
@@ -199,168 +199,6 @@ void FormCSD::openNamedDocument()
     else
         m_document->OpenNamedOnLoad(config().CSDFileName);
     writeTitle();
-}
-
-// Binding. ---------------------------------------------------------------------------------------
-
-void FormCSD::bindDocument()
-{
-    CommandSet &set = commands();
-    set.bind("menuFileNuovaOrchestra", m_document, &CsdDocument::New);
-    set.bind("menuFileApriOrchestra", m_document, &CsdDocument::Open);
-    set.bind("menuFileSalvaOrchestra", m_document, &CsdDocument::Save);
-    set.bind("menuFileSalvaOrchestraNome", m_document, &CsdDocument::SaveAs);
-    set.bind("menuFileProprieta", m_document, &CsdDocument::Properties);
-    set.bind("menuFileEsci", this, [this] {
-        config().FormCSDClosing = true;
-        close();
-    });
-    set.bind("buttonDefaultDir", m_document, &CsdDocument::returnToWorkingDirectory);
-
-    connect(m_document, &CsdDocument::propertiesDue, this,
-            [this](const QString &path) { ShowFileProperties(this, path); });
-    connect(m_document, &CsdDocument::titleDue, this, &FormCSD::writeTitle);
-    connect(m_document, &CsdDocument::projectWindowDue, this, &FormCSD::handOverToProject);
-    connect(m_document, &CsdDocument::begun, this, [this] { setSplit(false); });
-    connect(m_document, &CsdDocument::begun, m_tags, &TagPanel::clear);
-    connect(m_document, &CsdDocument::begun, m_panels, &HelpPanels::clear);
-    connect(m_document, &CsdDocument::loaded, this, &FormCSD::textReplaced);
-    connect(m_document, &CsdDocument::opened, m_recent, &RecentMenu::refresh);
-    connect(m_recent, &RecentMenu::chosen, m_document, &CsdDocument::OpenRecent);
-}
-
-/// The entries of the menu act on the first view, whichever has the focus. Which view each of them
-/// marks as changed is as users of the program know it: Copy marks the second.
-void FormCSD::bindEditing()
-{
-    CommandSet &set = commands();
-    const auto edit = [this, &set](const char *name, auto operation) {
-        set.bind(name, this, [this, operation] {
-            (LEDIT1->*operation)();
-            m_mirror->setView1Changed();
-        });
-    };
-    edit("menuModificaUndo", &LEditOCX::Undo);
-    edit("menuModificaRedo", &LEditOCX::Redo);
-    edit("menuModificaTaglia", &LEditOCX::Cut);
-    edit("menuModificaIncolla", &LEditOCX::Paste);
-    set.bind("menuModificaCopia", this, [this] {
-        LEDIT1->Copy();
-        m_mirror->setView2Changed();
-    });
-    set.bind("menuModificaSelezionaTutto", LEDIT1, &LEditOCX::SelectAll);
-    set.bind("menuTemplateCSD", this, [this] { insertText(csdTemplate()); });
-
-    set.bindTo("menuPopupUndo", "menuModificaUndo");
-    set.bindTo("menuPopupRedo", "menuModificaRedo");
-    set.bindTo("menuPopupTaglia", "menuModificaTaglia");
-    set.bindTo("menuPopupCopia", "menuModificaCopia");
-    set.bindTo("menuPopupIncolla", "menuModificaIncolla");
-    set.bindTo("menuPopupSelezionaTutto", "menuModificaSelezionaTutto");
-    for (LEditOCX *view : {LEDIT1, LEDIT2})
-        new EditorPopup(*view, *menuPopup, [this, view] { preparePopup(*view); });
-    bindViewKeys(LEDIT1, ViewPosition::First);
-    bindViewKeys(LEDIT2, ViewPosition::Second);
-}
-
-void FormCSD::bindTools()
-{
-    CommandSet &set = commands();
-    set.bind("menuCSound", this,
-             [this] { launchCsdCompile(config(), program().dialogs, *LEDIT1, this); });
-
-    set.bind("menuPopupBookmark", m_bookmarks, &Bookmarks::InsertBookmark);
-    set.bind("menuPopupRemoveBookmark", m_bookmarks, &Bookmarks::RemoveBookmark);
-    set.bind("menuPopupRemoveAllBookmarks", m_bookmarks, &Bookmarks::RemoveAllBookmarks);
-    set.bindTo("menuToolsBookmark", "menuPopupBookmark");
-    set.bindTo("menuToolsRemoveBookmark", "menuPopupRemoveBookmark");
-    set.bindTo("menuToolsRemoveAllBookmark", "menuPopupRemoveAllBookmarks");
-    connect(m_bookmarks, &Bookmarks::visited, LEDIT1, qOverload<>(&QWidget::setFocus));
-
-    connect(m_tags, &TagPanel::inserted, m_mirror, &SplitMirror::copyFirstToSecond);
-    set.bind("buttonCarattereMeno", m_fontSizes, &FontSizeMenu::stepDown);
-    set.bind("buttonCaratterePiu", m_fontSizes, &FontSizeMenu::stepUp);
-    connect(m_fontSizes, &FontSizeMenu::chosen, this, &FormCSD::applyFontSize);
-    set.bind("buttonSplit", this, &FormCSD::setSplit);
-}
-
-void FormCSD::bindWindow()
-{
-    CommandSet &set = commands();
-    for (const Tool &tool : tools())
-        set.bind(tool.command, m_tools, [this, &tool] { m_tools->toggle(tool); });
-    connect(findChild<QMenu *>(QStringLiteral("menuWindow")), &QMenu::aboutToShow, this, [this] {
-        for (const Tool &tool : tools())
-            commands().action(tool.command)->setChecked(config().*tool.visible);
-    });
-    set.bind("menuWindowAllTools", m_tools, &ToolToggles::hideOrRestoreAll);
-    set.bind("menuWindowRestore", m_tools, &ToolToggles::restoreAll);
-    connect(m_tools, &ToolToggles::arrangeDue, this, &FormCSD::arrangeWindow);
-
-    set.bind("menuWindowUp", this, [this] { moveToHalf(ScreenHalf::Upper); });
-    set.bind("menuWindowDown", this, [this] { moveToHalf(ScreenHalf::Lower); });
-    set.bind("menuWindowLeft", this, [this] { moveToHalf(ScreenHalf::Left); });
-    set.bind("menuWindowRight", this, [this] { moveToHalf(ScreenHalf::Right); });
-}
-
-void FormCSD::bindHelp()
-{
-    CommandSet &set = commands();
-    const auto ask = [this, &set](const char *name, void (KeywordHelp::*request)()) {
-        set.bind(name, this, [this, request] { (m_help.get()->*request)(); });
-    };
-    ask("menuInfoCsoundHelp", &KeywordHelp::helpIndex);
-    ask("menuInfoCSoundAVHelp", &KeywordHelp::csoundAvHelp);
-    ask("buttonOpcodeHelp", &KeywordHelp::opcodeHelp);
-    ask("buttonFlagsHelp", &KeywordHelp::flagsHelp);
-    ask("menuPopupOpcodeHelp", &KeywordHelp::menuPopupOpcodeHelp);
-    set.bind("menuInfoArdiphonHelp", this, [this] { FormHelp(this).exec(); });
-    set.bind("menuInfoAbout", this,
-             [this] { FormAbout(config().Words.OpcodeHelpVersion, this).exec(); });
-    m_panels->follow(LEDIT1);
-    m_panels->follow(LEDIT2);
-}
-
-/// The entries of the popup that name the word that was clicked.
-void FormCSD::preparePopup(LEditOCX &view)
-{
-    commands().action("menuPopupOpcodeHelp")->setText(m_help->prepareMenu(view, ViewLanguage::Csd));
-}
-
-void FormCSD::bindViewKeys(LEditOCX *view, ViewPosition position)
-{
-    connect(view, &LEditOCX::KeyDown, this,
-            [this, view, position](EditorKey &key) { handleViewKey(view, position, key); });
-}
-
-void FormCSD::handleViewKey(LEditOCX *view, ViewPosition position, EditorKey &key)
-{
-    const ViewKey meaning = csdViewKey(key.KeyCode, key.Shift, position);
-    if (!reachesControl(meaning))
-        key.KeyCode = 0;
-    switch (meaning) {
-    case ViewKey::CloseWindow:
-        close();
-        break;
-    case ViewKey::Redo:
-        view->Redo();
-        break;
-    case ViewKey::KeywordHelp:
-        m_help->keyHelp(*view, ViewLanguage::Csd);
-        break;
-    case ViewKey::HelpIndex:
-        m_help->keyIndex();
-        break;
-    case ViewKey::FocusFirstView:
-        LEDIT1->setFocus();
-        break;
-    case ViewKey::FocusSecondView:
-        if (isSplit())
-            LEDIT2->setFocus();
-        break;
-    default:
-        break;
-    }
 }
 
 // What the window does itself. -------------------------------------------------------------------
@@ -432,6 +270,7 @@ void FormCSD::arrangeWindow()
         {LabelTags, at.LabelTags},
         {LabelBookmarks, at.LabelBookmarks},
         {LabelOwnBook, at.LabelOwnBook},
+        {Frame1, at.Frame1},
     };
     for (const auto &[control, place] : places)
         control->setGeometry(inPixels(place));

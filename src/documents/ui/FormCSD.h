@@ -17,12 +17,16 @@ namespace ardiphon {
 
 class Bookmarks;
 class CsdDocument;
+class Definitions;
 class FontSizeMenu;
 class Gutter;
 class HelpPanels;
 class KeywordHelp;
+class InstrumentPanel;
+class Instruments;
 class LEditOCX;
 class RecentMenu;
+class SearchWindows;
 class SplitMirror;
 class TagPanel;
 class ToolToggles;
@@ -60,6 +64,7 @@ private:
     // Binding.
     void bindDocument();
     void bindEditing();
+    void bindNavigation();
     void bindTools();
     void bindWindow();
     void bindHelp();
@@ -67,6 +72,7 @@ private:
 
     void preparePopup(LEditOCX &view);
     void handleViewKey(LEditOCX *view, ViewPosition position, EditorKey &key);
+    void navigateByKey(LEditOCX *view, ViewKey key);
     void insertText(const QString &text);
     void setSplit(bool on);
     bool isSplit() const;
@@ -88,9 +94,13 @@ private:
     QLabel *LabelBookmarks = nullptr;
     QLabel *LabelOwnBook = nullptr;
     QLabel *LabelTags = nullptr;
+    InstrumentPanel *Frame1 = nullptr;
     QMenu *menuPopup = nullptr;
 
     Bookmarks *m_bookmarks = nullptr;
+    Instruments *m_instruments = nullptr;
+    SearchWindows *m_search = nullptr;
+    Definitions *m_definitions = nullptr;
     CsdDocument *m_document = nullptr;
     HelpPanels *m_panels = nullptr;
     std::unique_ptr<KeywordHelp> m_help;

@@ -77,7 +77,10 @@ TextRange TextBuffer::selection() const
     return {send(Sci::SCI_GETSELECTIONSTART), send(Sci::SCI_GETSELECTIONEND)};
 }
 
-void TextBuffer::select(TextRange range) { send(Sci::SCI_SETSEL, range.start, range.end); }
+void TextBuffer::select(TextRange range)
+{
+    send(Sci::SCI_SETSELECTION, range.end, range.start);
+}
 
 qsizetype TextBuffer::caret() const { return send(Sci::SCI_GETCURRENTPOS); }
 
