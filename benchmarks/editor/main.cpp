@@ -186,7 +186,7 @@ int main(int argc, char **argv)
     const QString medium = write(folder, "medium.sco", score(50'000));
     const QString matches = write(folder, "matches.sco", score(100'000));
     const QString longLine =
-        write(folder, "line.sco", QByteArray("440.25 ").repeated(5 * 1024 * 1024 / 7));
+        write(folder, "line.sco", score(100) + QByteArray("440.25 ").repeated(5 * 1024 * 1024 / 7));
 
     ConfigurationBlock config;
     config.Words.LoadWordTables(QCoreApplication::applicationDirPath() + "/../bin/");
@@ -205,12 +205,17 @@ int main(int argc, char **argv)
     reportKeystrokes(editor, "50,000 lines, with an assistive tool", 0);
     QAccessible::setActive(false);
     measureReplaceAll(editor, matches);
-    report("open and paint one line of 5 MB",
+    report("open a line of 5 MB behind 100 others and jump to its end",
            medianOf(3,
                     [&] {
                         return processTime([&] {
                             editor.ClearDocument();
                             editor.LoadFile(longLine);
+                            paint(editor);
+                            goTo(editor, 101);
+                            paint(editor);
+                            editor.SelStartColumn = editor.SelEndColumn = editor.LineLength(101);
+                            editor.SetSelection();
                             paint(editor);
                         });
                     }),
