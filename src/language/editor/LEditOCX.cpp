@@ -60,7 +60,7 @@ void LEditOCX::Private::replaceDocument(DocumentText document)
     text.reset(document.utf8);
     text.setLineEndKind(form.lineEnd);
     bookmarks.attach();
-    aboutToDraw(1, int(view.SendScintilla(Sci::SCI_LINESONSCREEN)));
+    styling.prepareLongLines();
 }
 
 LEditOCX::LEditOCX(QWidget *parent) : QWidget(parent), d(std::make_unique<Private>(*this))
