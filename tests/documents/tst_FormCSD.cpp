@@ -690,8 +690,13 @@ void tst_FormCSD::popup_rightClick_movesTheCaretUnlessInTheSelection()
 void tst_FormCSD::altKey_isSwallowed()
 {
     show();
-    QTest::keyClick(first()->focusProxy(), Qt::Key_J, Qt::AltModifier);
-    QCOMPARE(first()->Text(), QString());
+    for (const Qt::Key key : {Qt::Key_F, Qt::Key_J}) {
+        QTest::keyClick(first()->focusProxy(), key, Qt::AltModifier);
+        QCOMPARE(first()->Text(), QString());
+        QVERIFY(!QApplication::activePopupWidget()); // no menu opens
+    }
+    QTest::keyClick(m_window->windowHandle(), Qt::Key_F, Qt::AltModifier);
+    QVERIFY(!QApplication::activePopupWidget());
 }
 
 // Help. ------------------------------------------------------------------------------------------

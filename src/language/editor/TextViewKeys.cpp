@@ -9,13 +9,15 @@
 
 namespace ardiphon {
 
-// A key that the view itself answers is not taken for a shortcut of the window.
+// A key that the view itself answers is not taken for a shortcut of the window, and with Alt none
+// is taken for the access key of a menu.
 bool TextView::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride) {
         const auto *key = static_cast<QKeyEvent *>(event);
         if (commandOfKey(key->key(), key->modifiers()) != NoCommand ||
-            controlCharacterOfKey(key->key(), key->modifiers()) != 0 || typesText(*key)) {
+            controlCharacterOfKey(key->key(), key->modifiers()) != 0 || typesText(*key) ||
+            key->modifiers() == Qt::AltModifier) {
             event->accept();
             return true;
         }
