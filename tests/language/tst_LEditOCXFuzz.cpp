@@ -209,7 +209,7 @@ void tst_LEditOCXFuzz::callDocument()
         m_editor->LoadFile(below(2) ? m_file : m_folder.path());
         break;
     case 3:
-        m_editor->SaveFile(below(2) ? m_file : anyText());
+        m_editor->SaveFile(below(2) ? m_file : m_folder.filePath(anyText().replace('/', '|')));
         break;
     case 4:
         m_editor->GetState(anyNumber());
