@@ -156,7 +156,8 @@ private:
 
 void tst_DocumentFile::init()
 {
-    m_folder = std::make_unique<QTemporaryDir>();
+    // Where every user may go, as the tests that become somebody else need it.
+    m_folder = std::make_unique<QTemporaryDir>("/tmp/tst_DocumentFile-XXXXXX");
     m_file = path("piece.csd");
 }
 

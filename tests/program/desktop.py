@@ -76,16 +76,30 @@ class Desktop:
         done = subprocess.run(command, env=self.environment, capture_output=True, text=True)
         return done.stdout.strip() if done.returncode == 0 else ""
 
+    def has_focus(self, title):
+        """Whether a window whose title matches has the focus."""
+        return title in self.tell("xdotool", "getactivewindow", "getwindowname")
+
     def window(self, title):
         """Waits until a window whose title matches has the focus."""
-
-        def focused():
-            return self.tell("xdotool", "getactivewindow", "getwindowname")
-
-        wait_for(f"the window {title!r}", lambda: title in focused())
+        wait_for(f"the window {title!r}", lambda: self.has_focus(title))
 
     def key(self, *keys):
         self.tell("xdotool", "key", "--clearmodifiers", *keys)
+
+    def key_until(self, keys, what, condition):
+        """Presses the keys, and again each second that the condition does not come true: a user
+        whose key fell between two windows does the same."""
+        pressed = 0
+
+        def pressed_and_true():
+            nonlocal pressed
+            if time.monotonic() - pressed > 1:
+                self.key(*keys)
+                pressed = time.monotonic()
+            return condition()
+
+        return wait_for(what, pressed_and_true)
 
     def type(self, text):
         self.tell("xdotool", "type", "--clearmodifiers", text)

@@ -25,8 +25,8 @@ def first_settings(desktop):
 
 def compile_the_piece(desktop, piece):
     desktop.window(f"{piece} - ArdiphonPro - Version 2.3.0")
-    desktop.key("F3")
-    desktop.window("CSound Console Compiler")
+    console = "CSound Console Compiler"
+    desktop.key_until(["F3"], console, lambda: desktop.has_focus(console))
     desktop.key("alt+c")
     return wait_for(
         "the banner over the log",
@@ -53,10 +53,9 @@ def check_sound(path):
 
 
 def leave(desktop, program):
-    desktop.key("alt+x")
-    desktop.window("ArdiphonPro - Version 2.3.0")
-    desktop.key("alt+F4")
-    wait_for("the program's end", lambda: program.poll() is not None)
+    editor = "ArdiphonPro - Version 2.3.0"
+    desktop.key_until(["alt+x"], editor, lambda: desktop.has_focus(editor))
+    desktop.key_until(["alt+F4"], "the program's end", lambda: program.poll() is not None)
     assert program.returncode == 0, program.returncode
 
 

@@ -102,6 +102,7 @@ void FormCSD::buildControls()
     m_panels = new HelpPanels(config().Words, centralWidget());
     Toolbar1 = new QToolBar(centralWidget());
     Toolbar1->setObjectName(QStringLiteral("Toolbar1"));
+    Toolbar1->setMovable(false);
     Toolbar1->setIconSize(ToolIconSize);
 }
 

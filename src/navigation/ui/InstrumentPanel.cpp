@@ -56,6 +56,7 @@ InstrumentPanel::InstrumentPanel(Instruments &instruments, const QString &number
 QToolBar *InstrumentPanel::newToolbar(const QString &name)
 {
     auto *bar = new QToolBar(this);
+    bar->setMovable(false);
     bar->setObjectName(name);
     bar->setIconSize(ButtonIconSize);
     return bar;
