@@ -9,12 +9,29 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
+
+namespace {
+
+/// What was given on the command line, as one text. There are no options: a word that begins with
+/// a "-" is part of a name.
+QString commandText(int argc, char *argv[])
+{
+    QStringList words;
+    for (int i = 1; i < argc; ++i)
+        words.append(QFile::decodeName(argv[i]));
+    return words.join(u' ');
+}
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
     using namespace ardiphon;
 
-    QApplication application(argc, argv);
+    const QString command = commandText(argc, argv);
+    int nameAlone = 1; // the toolkit would take words for options of its own
+    QApplication application(nameAlone, argv);
     QApplication::setApplicationName(QStringLiteral("ArdiphonPro"));
     QApplication::setApplicationVersion(QStringLiteral(ARDIPHON_VERSION));
 
@@ -30,7 +47,6 @@ int main(int argc, char *argv[])
     start.showAbout = [&config](QWidget *owner) {
         FormAbout(config.Words.OpcodeHelpVersion, owner).exec();
     };
-    start.Load(QApplication::arguments().mid(1).join(u' '), QApplication::applicationDirPath(),
-                runFolder.path());
+    start.Load(command, QApplication::applicationDirPath(), runFolder.path());
     return QApplication::exec();
 }
