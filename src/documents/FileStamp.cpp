@@ -9,7 +9,6 @@ FileStamp FileStamp::of(const QString &path)
     FileStamp stamp;
     const QFileInfo file(path);
     if (file.exists()) {
-        stamp.m_path = path;
         stamp.m_written = file.lastModified();
         stamp.m_size = file.size();
     }
@@ -19,7 +18,7 @@ FileStamp FileStamp::of(const QString &path)
 bool FileStamp::isOutdated(const QString &path) const
 {
     const FileStamp now = of(path);
-    return now.m_size >= 0 && m_path == path && !(now == *this);
+    return !(now == FileStamp()) && !(now == *this);
 }
 
 } // namespace ardiphon

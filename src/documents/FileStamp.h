@@ -9,17 +9,17 @@ namespace ardiphon {
 class FileStamp
 {
 public:
+    /// The stamp of a file that does not exist.
     FileStamp() = default;
-    /// The stamp of the file as it is now; one that does not exist has none.
+    /// The stamp of the file at \a path as it is now.
     static FileStamp of(const QString &path);
 
-    /// Whether the file is there, and is not as it was when this stamp was taken of that path.
+    /// Whether there is a file at \a path, and not as it was when this stamp was taken.
     bool isOutdated(const QString &path) const;
 
     friend bool operator==(const FileStamp &, const FileStamp &) = default;
 
 private:
-    QString m_path;
     QDateTime m_written;
     qint64 m_size = -1;
 };

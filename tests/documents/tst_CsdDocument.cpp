@@ -42,6 +42,7 @@ private slots:
     void save_cancelledName_keepsUntitledAndTheStar();
     void save_named_writesTheBytesAndDropsTheStar();
     void save_changedByAnotherProgram_asksFirst();
+    void save_madeByAnotherProgram_asksFirst();
     void saveAs_nameWithoutExtension_getsNone();
 
     void open_modified_asksWithItsTitle_data();
@@ -232,6 +233,20 @@ void tst_CsdDocument::save_changedByAnotherProgram_asksFirst()
     type(QStringLiteral("y")); // its own save is no stranger's change
     trigger("menuFileSalvaOrchestra");
     QCOMPARE(m_program->read(QStringLiteral("piece.csd")), QByteArray("xymine"));
+}
+
+void tst_CsdDocument::save_madeByAnotherProgram_asksFirst()
+{
+    show(m_program->path(QStringLiteral("later.csd"))); // there is no such file yet
+    type(QStringLiteral("x"));
+    m_program->write(QStringLiteral("later.csd"), "someone else's");
+    m_program->dialogs.expect({QStringLiteral("File has been changed by another program!\r\n"
+                                              "Do you want to overwrite it?"),
+                               QStringLiteral("Save File"), MessageIcon::Exclamation,
+                               MessageButtons::YesNo},
+                              Answer::No);
+    trigger("menuFileSalvaOrchestra");
+    QCOMPARE(m_program->read(QStringLiteral("later.csd")), QByteArray("someone else's"));
 }
 
 void tst_CsdDocument::saveAs_nameWithoutExtension_getsNone()
