@@ -25,6 +25,7 @@ private slots:
     void find_enter_movesOn();
     void find_directions_data();
     void find_directions();
+    void find_caretWithinTheOnlyMatch_findsIt();
     void find_insideALongerWord_isNoMatchAsDefault();
     void find_miss_changesNothing();
     void find_typingMeanwhile_startsAtTheCaret();
@@ -101,6 +102,21 @@ void tst_FindWindows::find_directions()
         QCOMPARE(selection(*project.first), last);
     }
     QCOMPARE(project.dialogs.verify(), QString());
+}
+
+void tst_FindWindows::find_caretWithinTheOnlyMatch_findsIt()
+{
+    const QString match = QString::fromUtf8("\u20ac\u00e9\u00e9\u20ac");
+    ProjectWindow project("a " + match + match, QString());
+    project.search->open(SearchKind::Find, OrchestraCaller);
+    const Opened search(project.window, SearchKind::Find);
+    search.text()->setText(match + match);
+    search.choose("Check1");
+    for (int column = 2; column <= 10; ++column) {
+        goTo(*project.first, 1, column);
+        search.click("Command1");
+        QCOMPARE(selection(*project.first), QStringLiteral("1:2-1:10"));
+    }
 }
 
 void tst_FindWindows::find_insideALongerWord_isNoMatchAsDefault()

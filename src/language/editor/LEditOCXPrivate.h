@@ -22,7 +22,7 @@ public:
     TextRange record() const;
     void show(TextRange range);
     std::optional<TextRange> find(TextRange from) const;
-    std::optional<TextRange> findBehind(qsizetype from) const;
+    std::optional<TextRange> findBetween(qsizetype from, qsizetype to) const;
     void changeFont(const std::function<void(QFont &)> &change);
 
     LEditOCX &control;

@@ -32,17 +32,20 @@ std::optional<TextRange> LEditOCX::Private::find(TextRange from) const
 {
     if (findDirection == 0)
         return search.backward(text.bytes(0, text.size()), from.start);
-    const auto found = findBehind(from.end);
-    return found || findDirection == 1 ? found : findBehind(0);
+    const auto found = findBetween(from.end, text.size());
+    return found || findDirection == 1 ? found : findBetween(0, from.end);
 }
 
-// Asks for no more of the text than is searched: all of it would close the buffer's gap, and after
-// each replacement that costs as much as the text is long.
-std::optional<TextRange> LEditOCX::Private::findBehind(qsizetype from) const
+// The first match that begins at \a from or behind it, as long as one begins before \a to. Asks for
+// no more of the text than that: all of it would close the buffer's gap, and after each replacement
+// that costs as much as the text is long.
+std::optional<TextRange> LEditOCX::Private::findBetween(qsizetype from, qsizetype to) const
 {
-    constexpr qsizetype longestCharacter = 4; // what stands before a match decides too
+    constexpr qsizetype longestCharacter = 4; // the ones before and behind a match decide too
+    const qsizetype longestMatch = findText.size() * longestCharacter;
     const qsizetype start = std::max<qsizetype>(from - longestCharacter, 0);
-    const auto found = search.forward(text.bytes(start, text.size()), from - start);
+    const qsizetype end = std::min(to + longestMatch + longestCharacter, text.size());
+    const auto found = search.forward(text.bytes(start, end), from - start);
     return found ? std::optional(TextRange{start + found->start, start + found->end}) : found;
 }
 
