@@ -51,4 +51,9 @@ QString proposedName(const QString &path, const QString &ending)
     return name.left(std::max<qsizetype>(name.size() - 4, 0)) + ending;
 }
 
+Message conversionError()
+{
+    return {QStringLiteral("Conversion Error!"), QStringLiteral("Error!"), MessageIcon::Critical};
+}
+
 } // namespace ardiphon

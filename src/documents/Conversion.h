@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Dialogs.h"
+
 #include <QString>
 
 #include <optional>
@@ -19,5 +21,8 @@ QString csdText(const QString &orchestra, const QString &score);
 /// The name that a conversion proposes for its result: the file name of \a path, less its last four
 /// characters, and \a ending. "" for an empty path.
 QString proposedName(const QString &path, const QString &ending);
+
+/// What is said where a text has not the tags of a CSD.
+Message conversionError();
 
 } // namespace ardiphon

@@ -16,6 +16,7 @@
 #include <QtTest>
 
 #include <memory>
+#include <ranges>
 
 using namespace ardiphon;
 
@@ -144,7 +145,8 @@ void tst_FormCSD::caret(LEditOCX *editor, int line, int column, int endLine, int
 void tst_FormCSD::commands_shown_haveOneHandlerAndTheirCaption()
 {
     show();
-    for (const Command &command : csdCommands()) {
+    const std::span<const Command> tables[] = {csdCommands(), editorCommands()};
+    for (const Command &command : tables | std::views::join) {
         QAction *shown = action(command.name);
         QVERIFY2(Listener::hears(shown), command.name);
         QString caption = QLatin1String(command.caption);

@@ -14,19 +14,12 @@
 #include "documents/ui/ToolToggles.h"
 #include "language/editor/LEditOCX.h"
 #include "language/ui/EditorPopup.h"
-#include "language/ui/EditorSettings.h"
-#include "language/ui/FontSizeMenu.h"
 #include "language/ui/Gutter.h"
 #include "language/ui/HelpPanels.h"
-#include "language/ui/KeywordHelp.h"
 #include "navigation/ui/Bookmarks.h"
 #include "platform/Twips.h"
-#include "preferences/ui/FormAbout.h"
-#include "preferences/ui/FormHelp.h"
-#include "preferences/ui/FormManual.h"
 
 #include <QCloseEvent>
-#include <QFile>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
@@ -40,13 +33,7 @@ namespace {
 
 constexpr int TextState = 2;
 constexpr int RefreshInterval = 100; // milliseconds
-constexpr QSize ToolIconSize(20, 20);
-
-QRect inPixels(const QRect &twips)
-{
-    return {toPixels(twips.x()), toPixels(twips.y()), toPixels(twips.width()),
-            toPixels(twips.height())};
-}
+constexpr int ToolIconSize = 20;
 
 bool isEmptyText(const LEditOCX &editor)
 {
@@ -61,11 +48,10 @@ FormCSD::FormCSD(ProgramContext &program) : EditorWindow(program)
     buildControls();
     buildFeatures();
     buildMenus();
+    bindCommon();
     bindDocument();
     bindEditing();
     bindTools();
-    bindWindow();
-    bindHelp();
     groupTools();
     m_tools->load();
     takePlacement();
@@ -77,15 +63,12 @@ FormCSD::FormCSD(ProgramContext &program) : EditorWindow(program)
     LEDIT1->setFocus();
 }
 
-FormCSD::~FormCSD() = default;
-
 // Building. --------------------------------------------------------------------------------------
 
 void FormCSD::buildControls()
 {
-    setCentralWidget(new QWidget(this));
-    LEDIT1 = newEditor(QStringLiteral("LEDIT1"));
-    LEDIT2 = newEditor(QStringLiteral("LEDIT2"));
+    LEDIT1 = newEditor(QStringLiteral("LEDIT1"), ViewLanguage::Csd);
+    LEDIT2 = newEditor(QStringLiteral("LEDIT2"), ViewLanguage::Csd);
     LEDIT2->hide();
     PicNumeri = new Gutter(*LEDIT1, centralWidget());
     PicNumeri->setObjectName(QStringLiteral("PicNumeri"));
@@ -101,41 +84,9 @@ void FormCSD::buildControls()
     List1->setObjectName(QStringLiteral("List1"));
 
     m_panels = new HelpPanels(config().Words, centralWidget());
-    Toolbar1 = new QToolBar(centralWidget());
-    Toolbar1->setObjectName(QStringLiteral("Toolbar1"));
-    Toolbar1->setIconSize(ToolIconSize);
-}
-
-LEditOCX *FormCSD::newEditor(const QString &name)
-{
-    auto *editor = new LEditOCX(centralWidget());
-    editor->setObjectName(name);
-    editor->ClearState(TextState);
-    applySettings(*editor, config());
-    editor->SetGetTokenColors([this](TokenKind kind, const QString &text) {
-        return GetTokenColors(config(), ViewLanguage::Csd, kind, text);
-    });
-    return editor;
-}
-
-QTreeWidget *FormCSD::newTree(const QString &name)
-{
-    auto *tree = new QTreeWidget(centralWidget());
-    tree->setObjectName(name);
-    tree->setHeaderHidden(true);
-    tree->setRootIsDecorated(false);
-    // The nodes are blue, which wants a light ground on every desktop.
-    QPalette palette = tree->palette();
-    palette.setColor(QPalette::Base, Qt::white);
-    tree->setPalette(palette);
-    return tree;
-}
-
-QLabel *FormCSD::newLabel(const QString &name, const QString &caption)
-{
-    auto *label = new QLabel(caption, centralWidget());
-    label->setObjectName(name);
-    return label;
+    m_panels->follow(LEDIT1);
+    m_panels->follow(LEDIT2);
+    Toolbar1 = newToolbar(QStringLiteral("Toolbar1"), ToolIconSize);
 }
 
 void FormCSD::buildFeatures()
@@ -143,49 +94,33 @@ void FormCSD::buildFeatures()
     m_bookmarks = new Bookmarks(*LEDIT1, *Tree2, config().CSDModified, QStringLiteral("bkm"),
                                 program().dialogs);
     const auto chooseNew = [this] { FormNew::showModal(config(), program().windows, this); };
-    m_document = new CsdDocument(*LEDIT1, *m_bookmarks, program(), chooseNew, this);
-    m_help = std::make_unique<KeywordHelp>(config(), program().dialogs, manualViewer(this));
+    m_document = new CsdDocument(*LEDIT1, *m_bookmarks, program(), files(), chooseNew, this);
     m_tags = new TagPanel(*LEDIT1, *Tree, *List1, config().Words.CsdWords);
     m_mirror = new SplitMirror(*LEDIT1, *LEDIT2, this);
-    m_tools = new ToolToggles(program(), this);
-    m_fontSizes = new FontSizeMenu(config(), this);
-    m_recent = new RecentMenu(program(), this);
+    m_tools = new ToolToggles(
+        program(), {&LineNumbersTool, &BookBarTool, &OnLineHelpTool, &ToolbarTool}, this);
 }
 
 void FormCSD::buildMenus()
 {
     CommandSet &set = commands();
-    set.add(csdCommands());
-    addHeaders();
-    set.addGroup("menuLastFile", m_recent->entries());
-    set.addGroup("menuFontSize", m_fontSizes->entries());
+    addCommands(csdCommands());
     set.fill(*menuBar(), csdMenus(), csdSubmenus());
     set.fill(*Toolbar1, csdToolbar());
     menuPopup = new QMenu(this);
     set.fill(*menuPopup, csdPopup());
 }
 
-void FormCSD::addHeaders()
-{
-    QList<QAction *> actions;
-    for (const Header &header : headers()) {
-        commands().add({header.name, header.caption});
-        commands().bind(header.name, this, [this, &header] { insertText(headerText(header)); });
-        actions.append(commands().action(header.name));
-    }
-    commands().addGroup("menuHeaders", actions);
-}
-
 void FormCSD::groupTools()
 {
-    m_tools->add(tools()[0], PicNumeri);
-    m_tools->add(tools()[0], PicNumeri2, [this] { return isSplit(); });
+    m_tools->add(LineNumbersTool, PicNumeri);
+    m_tools->add(LineNumbersTool, PicNumeri2, [this] { return isSplit(); });
     for (QWidget *control : std::initializer_list<QWidget *>{Tree, Tree2, List1, LabelTags,
                                                              LabelBookmarks, LabelOwnBook})
-        m_tools->add(tools()[1], control);
-    m_tools->add(tools()[2], m_panels->TextOpcode);
-    m_tools->add(tools()[2], m_panels->TextParametri);
-    m_tools->add(tools()[3], Toolbar1);
+        m_tools->add(BookBarTool, control);
+    m_tools->add(OnLineHelpTool, m_panels->TextOpcode);
+    m_tools->add(OnLineHelpTool, m_panels->TextParametri);
+    m_tools->add(ToolbarTool, Toolbar1);
 }
 
 void FormCSD::openNamedDocument()
@@ -206,20 +141,18 @@ void FormCSD::bindDocument()
     set.bind("menuFileApriOrchestra", m_document, &CsdDocument::Open);
     set.bind("menuFileSalvaOrchestra", m_document, &CsdDocument::Save);
     set.bind("menuFileSalvaOrchestraNome", m_document, &CsdDocument::SaveAs);
-    set.bind("menuFileEsci", this, [this] {
-        config().FormCSDClosing = true;
-        close();
-    });
-    set.bind("buttonDefaultDir", m_document, &CsdDocument::returnToWorkingDirectory);
+    set.bind("menuFileImportaORCSCO", m_document, &CsdDocument::ImportProject);
+    set.bind("menuFileConvertToORCSCO", m_document, &CsdDocument::ExportToProject);
 
     connect(m_document, &CsdDocument::titleDue, this, &FormCSD::writeTitle);
-    connect(m_document, &CsdDocument::projectWindowDue, this, &FormCSD::handOverToProject);
+    connect(m_document, &CsdDocument::projectWindowDue, this,
+            [this] { handOver(program().windows.showFormORCSCO); });
     connect(m_document, &CsdDocument::begun, this, [this] { setSplit(false); });
     connect(m_document, &CsdDocument::begun, m_tags, &TagPanel::clear);
     connect(m_document, &CsdDocument::begun, m_panels, &HelpPanels::clear);
     connect(m_document, &CsdDocument::loaded, this, &FormCSD::textReplaced);
-    connect(m_document, &CsdDocument::opened, m_recent, &RecentMenu::refresh);
-    connect(m_recent, &RecentMenu::chosen, m_document, &CsdDocument::OpenRecent);
+    connect(m_document, &CsdDocument::opened, &recent(), &RecentMenu::refresh);
+    connect(&recent(), &RecentMenu::chosen, m_document, &CsdDocument::OpenRecent);
 }
 
 /// The entries of the menu act on the first view, whichever has the focus. Which view each of them
@@ -244,14 +177,9 @@ void FormCSD::bindEditing()
     set.bind("menuModificaSelezionaTutto", LEDIT1, &LEditOCX::SelectAll);
     set.bind("menuTemplateCSD", this, [this] { insertText(csdTemplate()); });
 
-    set.bindTo("menuPopupUndo", "menuModificaUndo");
-    set.bindTo("menuPopupRedo", "menuModificaRedo");
-    set.bindTo("menuPopupTaglia", "menuModificaTaglia");
-    set.bindTo("menuPopupCopia", "menuModificaCopia");
-    set.bindTo("menuPopupIncolla", "menuModificaIncolla");
-    set.bindTo("menuPopupSelezionaTutto", "menuModificaSelezionaTutto");
     for (LEditOCX *view : {LEDIT1, LEDIT2})
-        new EditorPopup(*view, *menuPopup, [this, view] { preparePopup(*view); });
+        new EditorPopup(*view, *menuPopup,
+                        [this, view] { preparePopup(*view, ViewLanguage::Csd); });
     bindViewKeys(LEDIT1, ViewPosition::First);
     bindViewKeys(LEDIT2, ViewPosition::Second);
 }
@@ -265,59 +193,11 @@ void FormCSD::bindTools()
     set.bind("menuPopupBookmark", m_bookmarks, &Bookmarks::InsertBookmark);
     set.bind("menuPopupRemoveBookmark", m_bookmarks, &Bookmarks::RemoveBookmark);
     set.bind("menuPopupRemoveAllBookmarks", m_bookmarks, &Bookmarks::RemoveAllBookmarks);
-    set.bindTo("menuToolsBookmark", "menuPopupBookmark");
-    set.bindTo("menuToolsRemoveBookmark", "menuPopupRemoveBookmark");
-    set.bindTo("menuToolsRemoveAllBookmark", "menuPopupRemoveAllBookmarks");
     connect(m_bookmarks, &Bookmarks::visited, LEDIT1, qOverload<>(&QWidget::setFocus));
 
     connect(m_tags, &TagPanel::inserted, m_mirror, &SplitMirror::copyFirstToSecond);
-    set.bind("buttonCarattereMeno", m_fontSizes, &FontSizeMenu::stepDown);
-    set.bind("buttonCaratterePiu", m_fontSizes, &FontSizeMenu::stepUp);
-    connect(m_fontSizes, &FontSizeMenu::chosen, this, &FormCSD::applyFontSize);
     set.bind("buttonSplit", this, &FormCSD::setSplit);
-}
-
-void FormCSD::bindWindow()
-{
-    CommandSet &set = commands();
-    for (const Tool &tool : tools())
-        set.bind(tool.command, m_tools, [this, &tool] { m_tools->toggle(tool); });
-    connect(findChild<QMenu *>(QStringLiteral("menuWindow")), &QMenu::aboutToShow, this, [this] {
-        for (const Tool &tool : tools())
-            commands().action(tool.command)->setChecked(config().*tool.visible);
-    });
-    set.bind("menuWindowAllTools", m_tools, &ToolToggles::hideOrRestoreAll);
-    set.bind("menuWindowRestore", m_tools, &ToolToggles::restoreAll);
-    connect(m_tools, &ToolToggles::arrangeDue, this, &FormCSD::arrangeWindow);
-
-    set.bind("menuWindowUp", this, [this] { moveToHalf(ScreenHalf::Upper); });
-    set.bind("menuWindowDown", this, [this] { moveToHalf(ScreenHalf::Lower); });
-    set.bind("menuWindowLeft", this, [this] { moveToHalf(ScreenHalf::Left); });
-    set.bind("menuWindowRight", this, [this] { moveToHalf(ScreenHalf::Right); });
-}
-
-void FormCSD::bindHelp()
-{
-    CommandSet &set = commands();
-    const auto ask = [this, &set](const char *name, void (KeywordHelp::*request)()) {
-        set.bind(name, this, [this, request] { (m_help.get()->*request)(); });
-    };
-    ask("menuInfoCsoundHelp", &KeywordHelp::helpIndex);
-    ask("menuInfoCSoundAVHelp", &KeywordHelp::csoundAvHelp);
-    ask("buttonOpcodeHelp", &KeywordHelp::opcodeHelp);
-    ask("buttonFlagsHelp", &KeywordHelp::flagsHelp);
-    ask("menuPopupOpcodeHelp", &KeywordHelp::menuPopupOpcodeHelp);
-    set.bind("menuInfoArdiphonHelp", this, [this] { FormHelp(this).exec(); });
-    set.bind("menuInfoAbout", this,
-             [this] { FormAbout(config().Words.OpcodeHelpVersion, this).exec(); });
-    m_panels->follow(LEDIT1);
-    m_panels->follow(LEDIT2);
-}
-
-/// The entries of the popup that name the word that was clicked.
-void FormCSD::preparePopup(LEditOCX &view)
-{
-    commands().action("menuPopupOpcodeHelp")->setText(m_help->prepareMenu(view, ViewLanguage::Csd));
+    EditorWindow::bindTools(*m_tools);
 }
 
 void FormCSD::bindViewKeys(LEditOCX *view, ViewPosition position)
@@ -332,18 +212,6 @@ void FormCSD::handleViewKey(LEditOCX *view, ViewPosition position, EditorKey &ke
     if (!reachesControl(meaning))
         key.KeyCode = 0;
     switch (meaning) {
-    case ViewKey::CloseWindow:
-        close();
-        break;
-    case ViewKey::Redo:
-        view->Redo();
-        break;
-    case ViewKey::KeywordHelp:
-        m_help->keyHelp(*view, ViewLanguage::Csd);
-        break;
-    case ViewKey::HelpIndex:
-        m_help->keyIndex();
-        break;
     case ViewKey::FocusFirstView:
         LEDIT1->setFocus();
         break;
@@ -352,7 +220,7 @@ void FormCSD::handleViewKey(LEditOCX *view, ViewPosition position, EditorKey &ke
             LEDIT2->setFocus();
         break;
     default:
-        break;
+        followKey(*view, ViewLanguage::Csd, meaning);
     }
 }
 
@@ -360,11 +228,8 @@ void FormCSD::handleViewKey(LEditOCX *view, ViewPosition position, EditorKey &ke
 
 void FormCSD::insertText(const QString &text)
 {
-    if (LEDIT1->SelectionLength() > 0)
-        LEDIT1->SetSelText(QString());
-    LEDIT1->SetSelText(text);
+    insertInto(*LEDIT1, text);
     m_mirror->copyFirstToSecond();
-    LEDIT1->setFocus();
 }
 
 bool FormCSD::isSplit() const { return !LEDIT2->isHidden(); }
@@ -427,13 +292,7 @@ void FormCSD::arrangeWindow()
         {LabelOwnBook, at.LabelOwnBook},
     };
     for (const auto &[control, place] : places)
-        control->setGeometry(inPixels(place));
-}
-
-void FormCSD::resizeEvent(QResizeEvent *event)
-{
-    EditorWindow::resizeEvent(event);
-    arrangeWindow();
+        control->setGeometry(toPixels(place));
 }
 
 /// Runs ten times a second; costs nothing while nothing changes.
@@ -466,13 +325,6 @@ LEditOCX *FormCSD::focusedEditor() const
     return isSplit() && LEDIT2->hasFocus() ? LEDIT2 : nullptr;
 }
 
-void FormCSD::handOverToProject()
-{
-    TrovaPosForm();
-    program().windows.showFormORCSCO();
-    close();
-}
-
 /// The steps behind the question run after a Cancel too; only the window stays.
 void FormCSD::closeEvent(QCloseEvent *event)
 {
@@ -482,11 +334,7 @@ void FormCSD::closeEvent(QCloseEvent *event)
         m_bookmarks->saveIfChanged(config().CSDFileName);
         m_tools->save();
     }
-    const bool closedByUser = event->spontaneous();
-    if (closedByUser || config().FormCSDClosing)
-        config().Words.CloseOpcodeFile();
-    QFile::remove(config().RootPath + QStringLiteral("tmp.txt"));
-    event->setAccepted(leaves);
+    endClosing(*event, leaves);
 }
 
 } // namespace ardiphon

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "documents/Commands.h"
+
+namespace ardiphon {
+
+// What the menus of both editor windows hold alike. ----------------------------------------------
+
+inline constexpr const char *EditMenu[] = {
+    "menuModificaUndo",  "menuModificaRedo",    nullptr, "menuModificaTaglia",
+    "menuModificaCopia", "menuModificaIncolla", nullptr, "menuModificaSelezionaTutto",
+};
+
+inline constexpr const char *FormatMenu[] = {"menuSize"};
+inline constexpr const char *SizeMenu[] = {"menuFontSize"};
+
+inline constexpr const char *WindowMenu[] = {
+    "menuWindowLineNumbers",
+    "menuWindowBarraBook",
+    "menuWindowHelp",
+    "menuWindowToolbar",
+    nullptr,
+    "menuWindowAllTools",
+    "menuWindowRestore",
+    nullptr,
+    "menuWindowUp",
+    "menuWindowDown",
+    "menuWindowLeft",
+    "menuWindowRight",
+};
+
+inline constexpr const char *InfoMenu[] = {
+    "menuInfoArdiphonHelp", nullptr, "menuInfoCsoundHelp",
+    "menuInfoCSoundAVHelp", nullptr, "menuInfoAbout",
+};
+
+inline constexpr const char *PopupMenu[] = {
+    "menuPopupTaglia",
+    "menuPopupCopia",
+    "menuPopupIncolla",
+    nullptr,
+    "menuPopupUndo",
+    "menuPopupRedo",
+    nullptr,
+    "menuPopupSelezionaTutto",
+    nullptr,
+    "menuPopupBookmark",
+    "menuPopupRemoveBookmark",
+    "menuPopupRemoveAllBookmarks",
+    nullptr,
+    "menuPopupOpcodeHelp",
+};
+
+inline constexpr ToolButton ToolbarLine = {nullptr, nullptr, nullptr, nullptr};
+
+} // namespace ardiphon
