@@ -11,13 +11,13 @@ constexpr int toPixels(int twips) { return twips / TwipsPerPixel; }
 constexpr int toTwips(int pixels) { return pixels * TwipsPerPixel; }
 
 constexpr QPoint toPixels(QPoint twips) { return {toPixels(twips.x()), toPixels(twips.y())}; }
-constexpr QSize toPixels(QSize twips)
-{
-    return {toPixels(twips.width()), toPixels(twips.height())};
-}
+/// Edges that fall together in twips do so in pixels.
 constexpr QRect toPixels(const QRect &twips)
 {
-    return {toPixels(twips.topLeft()), toPixels(twips.size())};
+    const int left = toPixels(twips.x());
+    const int top = toPixels(twips.y());
+    return {left, top, toPixels(twips.x() + twips.width()) - left,
+            toPixels(twips.y() + twips.height()) - top};
 }
 
 } // namespace ardiphon
