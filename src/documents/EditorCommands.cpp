@@ -5,6 +5,7 @@ namespace ardiphon {
 namespace {
 
 constexpr Command commands[] = {
+    {"menuFileProprieta", "File Prope&rties"},
     {"menuFileEsci", "E&xit"},
 
     {"menuModificaUndo", "&Undo", "(Ctrl+Z)"},
@@ -12,6 +13,9 @@ constexpr Command commands[] = {
     {"menuModificaTaglia", "Cu&t", "(Ctrl+X)"},
     {"menuModificaCopia", "&Copy", "(Ctrl+C)"},
     {"menuModificaIncolla", "&Paste", "(Ctrl+V)"},
+    {"menuModificaTrova", "&Find", "(Ctrl+F)"},
+    {"menuModificaSostituisci", "F&ind and Replace", "(Ctrl+H)"},
+    {"menuModificaTrovaRiga", "Find &Line number", "(Ctrl+G)"},
     {"menuModificaSelezionaTutto", "Select &All", "(Ctrl+A)"},
 
     {"menuToolsBookmark", "Insert &Bookmark", "", "Ctrl+B"},
@@ -43,6 +47,9 @@ constexpr Command commands[] = {
     {"menuPopupBookmark", "Insert Bookmark"},
     {"menuPopupRemoveBookmark", "Remove Bookmark"},
     {"menuPopupRemoveAllBookmarks", "Remove All Bookmarks"},
+    {"menuPopupDefinition", "Go to definition"},
+    {"menuPopupReference", "Go to reference"},
+    {"menuPopupLastPosition", "Go to last position"},
     {"menuPopupOpcodeHelp", "Opcode -> Help"},
 
     {"buttonDefaultDir", "Default Directory"},

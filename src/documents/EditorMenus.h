@@ -4,28 +4,23 @@
 
 namespace ardiphon {
 
-// What the menus of both editor windows hold alike. ----------------------------------------------
+// What the menus of both editor windows hold alike; a command that a window lacks is left out
+// there. ----------------------------------------------
 
 inline constexpr const char *EditMenu[] = {
-    "menuModificaUndo",  "menuModificaRedo",    nullptr, "menuModificaTaglia",
-    "menuModificaCopia", "menuModificaIncolla", nullptr, "menuModificaSelezionaTutto",
+    "menuModificaUndo",        "menuModificaRedo",      nullptr, "menuModificaTaglia",
+    "menuModificaCopia",       "menuModificaIncolla",   nullptr, "menuModificaTrova",
+    "menuModificaSostituisci", "menuModificaTrovaRiga", nullptr, "menuModificaSelezionaTutto",
 };
 
 inline constexpr const char *FormatMenu[] = {"menuSize"};
 inline constexpr const char *SizeMenu[] = {"menuFontSize"};
 
 inline constexpr const char *WindowMenu[] = {
-    "menuWindowLineNumbers",
-    "menuWindowBarraBook",
-    "menuWindowHelp",
-    "menuWindowToolbar",
-    nullptr,
-    "menuWindowAllTools",
-    "menuWindowRestore",
-    nullptr,
-    "menuWindowUp",
-    "menuWindowDown",
-    "menuWindowLeft",
+    "menuWindowLineNumbers", "menuWindowBarraBook",  "menuWindowHelp",
+    "menuWindowToolbar",     "menuWindowInstrument", nullptr,
+    "menuWindowAllTools",    "menuWindowRestore",    nullptr,
+    "menuWindowUp",          "menuWindowDown",       "menuWindowLeft",
     "menuWindowRight",
 };
 
@@ -47,6 +42,10 @@ inline constexpr const char *PopupMenu[] = {
     "menuPopupBookmark",
     "menuPopupRemoveBookmark",
     "menuPopupRemoveAllBookmarks",
+    nullptr,
+    "menuPopupDefinition",
+    "menuPopupReference",
+    "menuPopupLastPosition",
     nullptr,
     "menuPopupOpcodeHelp",
 };

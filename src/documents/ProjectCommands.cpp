@@ -25,6 +25,14 @@ constexpr Command commands[] = {
     {"menuVisualizzaOrchestra", "&Orchestra view", "", "F7", true},
     {"menuVisualizzaScore", "&Score view", "", "F8", true},
     {"menuVisualizzaReset", "&Reset windows to normal position", "", "F9"},
+    {"menuWindowInstrument", "I&nstrument search", "CTRL+7", "Ctrl+7", true},
+
+    {"buttonTrovaOrchestra", "Find (Orchestra)"},
+    {"buttonSostituisciOrchestra", "Find and Replace (Orchestra)"},
+    {"buttonTrovaRigaOrchestra", "Find Line number (Orchestra)"},
+    {"buttonTrovaScore", "Find (Score)"},
+    {"buttonSostituisciScore", "Find and Replace (Score)"},
+    {"buttonTrovaRigaScore", "Find Line number (Score)"},
 };
 
 constexpr const char *fileMenu[] = {
@@ -45,6 +53,8 @@ constexpr const char *fileMenu[] = {
     nullptr,
     "menuFileImportaCSD",
     "menuFileConvertToCSD",
+    nullptr,
+    "menuFileProprieta",
     nullptr,
     "menuLastFile",
     nullptr,
@@ -111,7 +121,13 @@ constexpr ToolButton orchestraButtons[] = {
     {"buttonApriOrchestra", "menuFileApriOrchestra", "open", "Open Orchestra"},
     {"buttonSalvaOrchestra", "menuFileSalvaOrchestra", "save", "Save Orchestra"},
     {"buttonSalvaOrchestraNome", "menuFileSalvaOrchestraNome", "save-as", "Save Orchestra As"},
+    {"buttonTrovaOrchestra", "buttonTrovaOrchestra", "find", "Find (Orchestra)"},
+    {"buttonSostituisciOrchestra", "buttonSostituisciOrchestra", "replace",
+     "Find and Replace (Orchestra)"},
+    {"buttonTrovaRigaOrchestra", "buttonTrovaRigaOrchestra", "find-line",
+     "Find Line number (Orchestra)"},
     {"buttonBookmarks", "menuWindowBarraBook", "bookmark", "Bookmarks"},
+    {"buttonInstrument", "menuWindowInstrument", "find-instrument", "Instrument search"},
 };
 
 constexpr ToolButton scoreButtons[] = {
@@ -119,6 +135,9 @@ constexpr ToolButton scoreButtons[] = {
     {"buttonApriScore", "menuFileApriScore", "open", "Open Score"},
     {"buttonSalvaScore", "menuFileSalvaScore", "save", "Save Score"},
     {"buttonSalvaScoreNome", "menuFileSalvaScoreNome", "save-as", "Save Score As"},
+    {"buttonTrovaScore", "buttonTrovaScore", "find", "Find (Score)"},
+    {"buttonSostituisciScore", "buttonSostituisciScore", "replace", "Find and Replace (Score)"},
+    {"buttonTrovaRigaScore", "buttonTrovaRigaScore", "find-line", "Find Line number (Score)"},
     {"buttonBookmarks", "menuWindowBarraBook", "bookmark", "Bookmarks"},
 };
 

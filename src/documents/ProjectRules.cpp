@@ -9,8 +9,10 @@
 
 namespace ardiphon {
 
-const ProjectHalf OrchestraHalf{QStringLiteral("Orchestra"), QStringLiteral("orc")};
-const ProjectHalf ScoreHalf{QStringLiteral("Score"), QStringLiteral("sco")};
+const ProjectHalf OrchestraHalf{QStringLiteral("Orchestra"), QStringLiteral("orc"),
+                                QStringLiteral("Cannot find File Orchestra")};
+const ProjectHalf ScoreHalf{QStringLiteral("Score"), QStringLiteral("sco"),
+                            QStringLiteral("Cannot find File Score!")};
 
 QString ProjectHalf::changedLine() const
 {

@@ -9,8 +9,9 @@ namespace ardiphon {
 /// One of the two documents of a project, and the texts that name it.
 struct ProjectHalf
 {
-    QString name;      ///< "Orchestra" or "Score"
-    QString extension; ///< "orc" or "sco"
+    QString name;        ///< "Orchestra" or "Score"
+    QString extension;   ///< "orc" or "sco"
+    QString missingText; ///< what is said when it has no name to show properties of
 
     QString changedLine() const; ///< the first line of its save question
     QString openTitle() const;

@@ -2,11 +2,40 @@
 
 #include "language/Utf8.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace ardiphon {
 
 namespace {
+
+/// Walks over the line ends of a text; each byte is looked at once for either kind.
+class LineEndFinder
+{
+public:
+    explicit LineEndFinder(QByteArrayView text) : m_text(text) {}
+
+    /// The first line end from \a at on, or the end of the text. \a at only grows.
+    qsizetype next(qsizetype at)
+    {
+        if (m_carriageReturn < at)
+            m_carriageReturn = find('\r', at);
+        if (m_lineFeed < at)
+            m_lineFeed = find('\n', at);
+        return std::min(m_carriageReturn, m_lineFeed);
+    }
+
+private:
+    qsizetype find(char byte, qsizetype at) const
+    {
+        const void *found = std::memchr(m_text.data() + at, byte, std::size_t(m_text.size() - at));
+        return found ? static_cast<const char *>(found) - m_text.data() : m_text.size();
+    }
+
+    QByteArrayView m_text;
+    qsizetype m_carriageReturn = -1;
+    qsizetype m_lineFeed = -1;
+};
 
 constexpr QByteArrayView ByteOrderMark("\xEF\xBB\xBF");
 
@@ -16,20 +45,15 @@ LineEnd prevailingLineEnd(QByteArrayView text)
     qsizetype crLf = 0;
     qsizetype lf = 0;
     qsizetype cr = 0;
-    const char *at = text.begin();
-    while (const void *found = std::memchr(at, '\n', size_t(text.end() - at))) {
-        at = static_cast<const char *>(found);
-        ++(at > text.begin() && at[-1] == '\r' ? crLf : lf);
-        if (++at == text.end())
-            break;
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        if (text[at] == '\n') {
+            ++lf;
+        } else if (text[at] == '\r') {
+            const bool pair = at + 1 < text.size() && text[at + 1] == '\n';
+            ++(pair ? crLf : cr);
+            at += pair ? 1 : 0;
+        }
     }
-    for (at = text.begin(); at < text.end(); ++at) {
-        at = static_cast<const char *>(std::memchr(at, '\r', size_t(text.end() - at)));
-        if (!at)
-            break;
-        ++cr;
-    }
-    cr -= crLf;
     if (crLf >= lf && crLf >= cr)
         return LineEnd::CrLf;
     return lf >= cr ? LineEnd::Lf : LineEnd::Cr;
@@ -117,17 +141,17 @@ QByteArray encodeDocument(const QByteArray &utf8, DocumentForm &form)
 
 QByteArray withLineEnds(QByteArrayView text, LineEnd lineEnd)
 {
-    QByteArray result;
-    result.reserve(text.size());
     const QByteArrayView end = bytesOf(lineEnd);
-    for (qsizetype at = 0; at < text.size(); ++at) {
-        if (text[at] != '\r' && text[at] != '\n') {
-            result.append(text[at]);
-            continue;
-        }
-        if (text[at] == '\r' && at + 1 < text.size() && text[at + 1] == '\n')
-            ++at;
+    LineEndFinder finder(text);
+    QByteArray result;
+    result.reserve(text.size() + (end.size() - 1) * std::count(text.begin(), text.end(), '\n'));
+    for (qsizetype at = 0; at < text.size();) {
+        const qsizetype stop = finder.next(at);
+        result.append(text.sliced(at, stop - at));
+        if (stop == text.size())
+            break;
         result.append(end);
+        at = stop + (text.sliced(stop).startsWith("\r\n") ? 2 : 1);
     }
     return result;
 }

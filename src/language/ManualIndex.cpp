@@ -19,6 +19,9 @@ struct NamedPage
     QLatin1String title; ///< in the manual's contents
 };
 
+// Far more than a manual has; a start page may lie in a folder of anything.
+constexpr qint64 mostBytesOfPages = 128 * 1024 * 1024;
+
 const QLatin1String tagChapter("Unified File Format for Orchestras and Scores");
 const QLatin1String statementChapter("Score Statements");
 
@@ -115,10 +118,16 @@ void ManualIndex::readSynopses()
     m_synopsesRead = true;
     QStringList files(m_files.begin(), m_files.end());
     files.sort(); // of two pages that tell the same syntax always the same one answers
-    for (const QString &file : files)
-        for (const QString &name : manualSynopses(readManualPage(m_folder + u'/' + file)))
+    qint64 bytesRead = 0;
+    for (const QString &file : files) {
+        const QByteArray page = readManualPage(m_folder + u'/' + file);
+        bytesRead += page.size();
+        if (bytesRead > mostBytesOfPages)
+            return;
+        for (const QString &name : manualSynopses(page))
             if (!m_synopses.contains(name))
                 m_synopses.insert(name, file);
+    }
 }
 
 std::optional<QUrl> ManualIndex::urlOf(const QString &target) const

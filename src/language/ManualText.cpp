@@ -69,6 +69,7 @@ QByteArray readManualPage(const QString &path, qint64 limit)
 QString plainManualText(const QByteArray &html)
 {
     QByteArray text;
+    text.reserve(html.size());
     bool inTag = false;
     for (const char c : html) {
         if (c == '<')

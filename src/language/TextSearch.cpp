@@ -4,6 +4,9 @@
 
 #include <QChar>
 
+#include <algorithm>
+#include <cstring>
+
 namespace ardiphon {
 
 namespace {
@@ -55,6 +58,8 @@ TextSearch::TextSearch(const QString &textToFind, bool wholeWord) : m_wholeWord(
     // Characters above 127 may fold to a letter below it, as the Kelvin sign does to k.
     for (unsigned byte = 128; byte < 256; ++byte)
         m_firstBytes[byte] = first >= 128 || QChar::isLetter(first);
+    if (std::count(m_firstBytes.begin(), m_firstBytes.end(), true) == 1)
+        m_onlyFirstByte = char(first);
 }
 
 std::optional<TextRange> TextSearch::matchAt(QByteArrayView text, qsizetype at) const
@@ -91,13 +96,25 @@ std::optional<TextRange> TextSearch::forward(QByteArrayView text, qsizetype from
 {
     if (m_find.empty())
         return std::nullopt;
-    for (qsizetype at = std::max<qsizetype>(from, 0); at < text.size(); ++at) {
-        if (!m_firstBytes[static_cast<unsigned char>(text[at])])
-            continue;
+    for (qsizetype at = nextCandidate(text, std::max<qsizetype>(from, 0)); at < text.size();
+         at = nextCandidate(text, at + 1)) {
         if (const auto match = matchAt(text, at))
             return match;
     }
     return std::nullopt;
+}
+
+/// The first place from \a from on where a match may begin, or the end of the text.
+qsizetype TextSearch::nextCandidate(QByteArrayView text, qsizetype from) const
+{
+    if (m_onlyFirstByte && from < text.size()) {
+        const void *found =
+            std::memchr(text.data() + from, *m_onlyFirstByte, std::size_t(text.size() - from));
+        return found ? static_cast<const char *>(found) - text.data() : text.size();
+    }
+    while (from < text.size() && !m_firstBytes[static_cast<unsigned char>(text[from])])
+        ++from;
+    return from;
 }
 
 std::optional<TextRange> TextSearch::backward(QByteArrayView text, qsizetype before) const

@@ -32,12 +32,14 @@ public:
     std::optional<TextRange> backward(QByteArrayView text, qsizetype before) const;
 
 private:
+    qsizetype nextCandidate(QByteArrayView text, qsizetype from) const;
     std::optional<TextRange> matchAt(QByteArrayView text, qsizetype at) const;
     bool standsAlone(QByteArrayView text, TextRange match) const;
 
     std::vector<char32_t> m_find; ///< folded; a line end is one U+000A
     bool m_wholeWord;
     std::array<bool, 256> m_firstBytes{}; ///< the bytes with which a match may begin
+    std::optional<char> m_onlyFirstByte;  ///< where there is but one
 };
 
 } // namespace ardiphon

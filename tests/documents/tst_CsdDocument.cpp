@@ -5,6 +5,8 @@
 #include "support/TestProgram.h"
 
 #include <QApplication>
+#include <QDialog>
+#include <QLabel>
 #include <QMimeData>
 #include <QPointer>
 #include <QTimer>
@@ -62,6 +64,8 @@ private slots:
     void import_missingScore_saysSo();
     void import_cancelledQuestion_changesNothing();
 
+    void properties_noName_saysSo();
+    void properties_file_areShown();
     void drop_twoFiles_opensTheFirst();
     void leave_answers_data();
     void leave_answers();
@@ -384,6 +388,31 @@ void tst_CsdDocument::new_project_handsOver()
     QCOMPARE(m_program->config.WindowWidth, 1000L * 15);
     QVERIFY(!m_program->config.WindowMaximized);
     QTRY_VERIFY(!m_window);
+}
+
+// Properties. ------------------------------------------------------------------------------------
+
+void tst_CsdDocument::properties_noName_saysSo()
+{
+    show();
+    m_program->config.CSDFileName.clear();
+    m_program->dialogs.expect({QStringLiteral("Cannot find File!"), ProgramTitle,
+                               MessageIcon::Exclamation, MessageButtons::Ok});
+    trigger("menuFileProprieta");
+}
+
+void tst_CsdDocument::properties_file_areShown()
+{
+    show(m_program->write(QStringLiteral("piece.csd"), "12345"));
+    trigger("menuFileProprieta");
+    QTRY_VERIFY(m_window->findChild<QDialog *>(QStringLiteral("FileProperties")));
+    QStringList texts;
+    const auto *dialog = m_window->findChild<QDialog *>(QStringLiteral("FileProperties"));
+    for (const QLabel *label : dialog->findChildren<QLabel *>())
+        texts.append(label->text());
+    QVERIFY(texts.contains(QStringLiteral("piece.csd")));
+    QVERIFY(texts.contains(QStringLiteral("5 bytes")));
+    QVERIFY(texts.contains(m_program->folder.path()));
 }
 
 // Drops and leaving. -----------------------------------------------------------------------------

@@ -1,10 +1,12 @@
 #include "documents/CommandChecks.h"
 #include "documents/ui/FormCSD.h"
 #include "language/editor/LEditOCX.h"
+#include "support/EditorInput.h"
 #include "support/TestProgram.h"
 
 #include <QApplication>
-#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
@@ -74,6 +76,12 @@ private slots:
     void fontSize_steps_stayBetween6And20();
     void popup_rightClick_movesTheCaretUnlessInTheSelection();
     void altKey_isSwallowed();
+
+    // Help.
+    void help_clickOnOpcode_fillsThePanels();
+    void help_popup_namesTheWord();
+    void help_noManual_saysWhichWay();
+    void help_about_showsTheTablesVersion();
 
 private:
     void show(const QByteArray &text = {});
@@ -643,8 +651,81 @@ void tst_FormCSD::popup_rightClick_movesTheCaretUnlessInTheSelection()
 void tst_FormCSD::altKey_isSwallowed()
 {
     show();
-    QTest::keyClick(first()->focusProxy(), Qt::Key_J, Qt::AltModifier);
-    QCOMPARE(first()->Text(), QString());
+    for (const Qt::Key key : {Qt::Key_F, Qt::Key_J}) {
+        QTest::keyClick(first()->focusProxy(), key, Qt::AltModifier);
+        QCOMPARE(first()->Text(), QString());
+        QVERIFY(!QApplication::activePopupWidget()); // no menu opens
+    }
+    QTest::keyClick(m_window->windowHandle(), Qt::Key_F, Qt::AltModifier);
+    QVERIFY(!QApplication::activePopupWidget());
+}
+
+// Help. ------------------------------------------------------------------------------------------
+
+void tst_FormCSD::help_clickOnOpcode_fillsThePanels()
+{
+    show("asig oscil 1, 440\n");
+    const auto *opcode = control<QLineEdit>("TextOpcode");
+    const auto *parameters = control<QLineEdit>("TextParametri");
+    QCOMPARE(opcode->text(), QStringLiteral("(Opcode)"));
+    EditorInput::click(*first(), 1, 6);
+    QVERIFY(opcode->text().startsWith(QLatin1String("[oscil] - ")));
+    QVERIFY(parameters->text().contains(QLatin1String("oscil")));
+    const QString shown = opcode->text();
+    EditorInput::click(*first(), 1, 1); // no opcode
+    QCOMPARE(opcode->text(), shown);
+    trigger("buttonSplit");
+    EditorInput::click(*second(), 1, 6);
+    QCOMPARE(opcode->text(), shown);
+    QTest::keyClick(first()->focusProxy(), Qt::Key_3, Qt::ControlModifier);
+    QVERIFY(opcode->isHidden());
+    QVERIFY(parameters->isHidden());
+}
+
+void tst_FormCSD::help_popup_namesTheWord()
+{
+    show("asig oscil 1, 440\n");
+    EditorInput::click(*first(), 1, 6, Qt::RightButton);
+    QCOMPARE(action("menuPopupOpcodeHelp")->text(), QStringLiteral("oscil -> Help"));
+    control<QMenu>("menuPopup")->close();
+    EditorInput::click(*first(), 1, 1, Qt::RightButton);
+    QCOMPARE(action("menuPopupOpcodeHelp")->text(), QStringLiteral("Opcode -> Help"));
+    control<QMenu>("menuPopup")->close();
+}
+
+void tst_FormCSD::help_noManual_saysWhichWay()
+{
+    m_program->config.FileGuida.clear();
+    show("oscil");
+    const Message byKey{QStringLiteral("No File associated to Csound Help\r\n"
+                                       "Select File->Settings->CSound Help")};
+    const Message byEntry{QStringLiteral("No File defined for CSound Help\r\n"
+                                         "Please set: File->Settings->CSound Help")};
+    for (const Qt::Key key : {Qt::Key_F1, Qt::Key_F2}) {
+        m_program->dialogs.expect(byKey);
+        QTest::keyClick(first()->focusProxy(), key);
+    }
+    m_program->dialogs.expect(byKey);
+    trigger("menuPopupOpcodeHelp");
+    for (const char *entry :
+         {"menuInfoCsoundHelp", "menuInfoCSoundAVHelp", "buttonOpcodeHelp", "buttonFlagsHelp"}) {
+        m_program->dialogs.expect(byEntry);
+        trigger(entry);
+    }
+}
+
+void tst_FormCSD::help_about_showsTheTablesVersion()
+{
+    show();
+    QTimer::singleShot(0, m_window, [this] {
+        auto *about = QApplication::activeModalWidget();
+        QVERIFY(about);
+        const auto *version = about->findChild<QLabel *>(QStringLiteral("lbl_Aggiornamento"));
+        QCOMPARE(version->text(), QStringLiteral("Opcode On-Line Help Version ") +
+                                      m_program->config.Words.OpcodeHelpVersion);
+        QTest::keyClick(about, Qt::Key_Escape);
+    });
+    trigger("menuInfoAbout");
 }
 
 QTEST_MAIN(tst_FormCSD)

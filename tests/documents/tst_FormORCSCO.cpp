@@ -2,6 +2,7 @@
 #include "documents/ProjectWindow.h"
 
 #include <QClipboard>
+#include <QDialog>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QToolBar>
@@ -48,6 +49,14 @@ private slots:
     void help_clickInTheScore_leavesThePanels();
     void colors_ofTheHalves_differ();
     void wheel_scrollsTheFocusedEditor();
+
+    // Navigation.
+    void search_menu_servesTheFocusedEditor();
+    void search_toolbars_serveTheirOwnEditor();
+    void search_emptyText_leadsToTheOrchestra();
+    void definition_inTheScore_isNotOffered();
+    void instrumentPanel_movesInTheOrchestra();
+    void properties_ofTheFocusedHalf();
 
     // Tools.
     void tools_toggle_bothGutters();
@@ -422,6 +431,120 @@ void tst_FormORCSCO::wheel_scrollsTheFocusedEditor()
     QApplication::sendEvent(m->window, &wheel);
     QCOMPARE(m->score->TopLine(), 5);
     QCOMPARE(m->orchestra->TopLine(), 1);
+}
+
+// Navigation. ------------------------------------------------------------------------------------
+
+namespace {
+
+QStringList openTitles()
+{
+    QStringList titles;
+    for (const QWidget *window : QApplication::topLevelWidgets())
+        if (window->isVisible() && !window->objectName().startsWith(QLatin1String("FormORCSCO")))
+            titles.append(window->windowTitle());
+    return titles;
+}
+
+} // namespace
+
+void tst_FormORCSCO::search_menu_servesTheFocusedEditor()
+{
+    m->showPair();
+    m->control<QLineEdit>("TextOpcode")->setFocus();
+    m->trigger("menuModificaTrova"); // the focus is on neither
+    QCOMPARE(openTitles(), QStringList());
+    m->score->setFocus();
+    m->trigger("menuModificaTrova");
+    QCOMPARE(openTitles(), QStringList{QStringLiteral("Find (Score)")});
+    QCOMPARE(m->config.FindCaller, QStringLiteral("SCORE"));
+}
+
+void tst_FormORCSCO::search_toolbars_serveTheirOwnEditor()
+{
+    m->showPair();
+    m->score->setFocus();
+    QTest::mouseClick(m->control<QWidget>("buttonTrovaOrchestra"), Qt::LeftButton);
+    QCOMPARE(m->config.FindCaller, QStringLiteral("ORCHESTRA"));
+    m->trigger("buttonSostituisciScore");
+    QCOMPARE(m->config.ReplaceCaller, QStringLiteral("SCORE"));
+    m->trigger("buttonTrovaRigaScore");
+    QCOMPARE(m->config.FindLineCaller, QStringLiteral("SCORE"));
+    m->trigger("buttonTrovaScore");
+    QCOMPARE(m->config.FindCaller, QStringLiteral("SCORE"));
+    m->trigger("buttonTrovaRigaOrchestra");
+    QCOMPARE(m->config.FindLineCaller, QStringLiteral("ORCHESTRA"));
+    m->trigger("buttonSostituisciOrchestra");
+    QCOMPARE(m->config.ReplaceCaller, QStringLiteral("ORCHESTRA"));
+}
+
+void tst_FormORCSCO::search_emptyText_leadsToTheOrchestra()
+{
+    m->showPair("o", "");
+    m->score->setFocus();
+    const Message none{QStringLiteral("No Document loaded!"), ProgramTitle,
+                       MessageIcon::Information, MessageButtons::Ok};
+    m->dialogs.expect(none);
+    m->trigger("menuModificaTrova");
+    QVERIFY(m->score->hasFocus());
+    m->dialogs.expect(none);
+    press(m->score, Qt::Key_F, Qt::ControlModifier);
+    QVERIFY(m->orchestra->hasFocus()); // only the menu leads back
+    QCOMPARE(openTitles(), QStringList());
+}
+
+void tst_FormORCSCO::definition_inTheScore_isNotOffered()
+{
+    m->showPair("gkone init 1\n", "gkone\n");
+    auto *popup = m->control<QMenu>("menuPopup");
+    for (LEditOCX *editor : {m->score, m->orchestra}) {
+        click(editor, 1, 2, Qt::RightButton);
+        QTRY_VERIFY(popup->isVisible());
+        popup->close();
+        QCOMPARE(m->control<QAction>("menuPopupDefinition")->isEnabled(), editor == m->orchestra);
+        QCOMPARE(m->control<QAction>("menuPopupReference")->isEnabled(), editor == m->orchestra);
+    }
+}
+
+void tst_FormORCSCO::instrumentPanel_movesInTheOrchestra()
+{
+    m->showPair("a\ninstr 1\nendin\ninstr 22\nendin\n");
+    auto *panel = m->control<QWidget>("PictureInstrument");
+    QVERIFY(!panel->isVisible());
+    press(m->score, Qt::Key_7, Qt::ControlModifier);
+    QVERIFY(panel->isVisible());
+    const QPoint start(m->window->centralWidget()->width() - panel->width() - 10, 3);
+    QCOMPARE(panel->pos(), start);
+    m->score->setFocus();
+    auto *number = m->control<QLineEdit>("TextInstr");
+    number->setText(QStringLiteral("22"));
+    QTest::keyClick(number, Qt::Key_Return);
+    m->orchestra->GetSelection();
+    QCOMPARE(m->orchestra->SelStartLine, 4);
+    QVERIFY(m->orchestra->hasFocus());
+    drag(m->control<QWidget>("ImageINSTR"), {-40, 30});
+    QCOMPARE(panel->pos(), start + QPoint(-40, 30));
+    QTest::mouseClick(m->control<QWidget>("buttonInstrument"), Qt::LeftButton);
+    QVERIFY(!panel->isVisible());
+}
+
+void tst_FormORCSCO::properties_ofTheFocusedHalf()
+{
+    m->config.OrchestraFileName = m->write(QStringLiteral("piece.orc"), "o");
+    m->show();
+    m->control<QLineEdit>("TextOpcode")->setFocus();
+    m->trigger("menuFileProprieta"); // on neither
+    m->score->setFocus();
+    m->expectMessage(QStringLiteral("Cannot find File Score!"));
+    m->trigger("menuFileProprieta");
+    m->config.OrchestraFileName.clear();
+    m->orchestra->setFocus();
+    m->expectMessage(QStringLiteral("Cannot find File Orchestra"));
+    m->trigger("menuFileProprieta");
+    QVERIFY(!m->window->findChild<QDialog *>(QStringLiteral("FileProperties")));
+    m->config.OrchestraFileName = m->path(QStringLiteral("piece.orc"));
+    m->trigger("menuFileProprieta");
+    QTRY_VERIFY(m->window->findChild<QDialog *>(QStringLiteral("FileProperties")));
 }
 
 // Tools. -----------------------------------------------------------------------------------------

@@ -1,13 +1,9 @@
-// The document, the selection record, the search, the bookmarks and the drawing of the editor
-// control.
+// The document, its files and the selection record of the editor control.
 
 #include "language/editor/LEditOCX.h"
 #include "support/EditorInput.h"
 
 #include <QDir>
-#include <QFontDatabase>
-#include <QScrollBar>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 
 using namespace ardiphon;
@@ -21,7 +17,6 @@ private slots:
     void init();
     void cleanup() { m_editor.reset(); }
 
-    // The document.
     void text_newControl_isEmpty();
     void text_anyLineEnds_areCrLf();
     void lines_outsideTheText_areEmpty();
@@ -35,8 +30,6 @@ private slots:
     void state_followsUndoToTheSavedText();
     void resetUndo_keepsTheModifiedState();
     void clearDocument_forgetsTextAndHistory();
-
-    // Files.
     void loadFile_anyBytes_saveGivesThemBack_data();
     void loadFile_anyBytes_saveGivesThemBack();
     void loadFile_lf_newLinesAreLf();
@@ -45,8 +38,6 @@ private slots:
     void loadFile_tenMegabyteLine_isEditable();
     void saveFile_failed_staysModified();
     void saveFile_latin1WithCharacterOutside_writesUtf8();
-
-    // Selection.
     void selection_record_isNotLive();
     void setSelection_outsideTheText_isClamped_data();
     void setSelection_outsideTheText_isClamped();
@@ -57,39 +48,7 @@ private slots:
     void currentWord_followsTheCaret_data();
     void currentWord_followsTheCaret();
 
-    // Search.
-    void findFirst_directions_data();
-    void findFirst_directions();
-    void findFirst_miss_leavesEverything();
-    void findNext_leavesTheViewAlone();
-    void replaceCurrent_goesOnBehindTheText();
-    void replaceCurrent_withoutMatch_doesNothing();
-    void replaceAll_isOneStepOfHistory();
-    void replaceAll_randomText_asTheModel();
-
-    // Bookmarks.
-    void bookmark_followsEditsAboveIt();
-    void bookmark_lineDeleted_movesToTheNext();
-    void bookmark_allDeleted_isLineOne();
-    void bookmark_badArguments_changeNothing();
-    void bookmark_clearDocument_keepsItsLine();
-    void bookmark_line_isDrawnInItsColors();
-
-    // The view.
-    void topLine_isClamped();
-    void positionToPixels_growsWithLineAndColumn();
-    void font_setAndRead();
-    void font_missingFamily_keepsItsName();
-    void tabSize_movesTheTabStop();
-    void tokenColors_areAskedForWhatIsSeen();
-    void tokenColors_commentsAreNeverAsked();
-    void tokenColors_commentOpened_recolorsBelow();
-    void tokenColors_aNewAnswer_showsAtTheNextRepaint();
-    void tokenColors_moreThanTheStyles_areAllDrawn();
-    void colors_areDrawn();
-
 private:
-    QColor pixel(int line, int column);
     void load(const QByteArray &bytes);
     QByteArray saved();
 
@@ -103,13 +62,6 @@ void tst_LEditOCX::init()
     m_editor->resize(600, 300);
     m_editor->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_editor.get()));
-}
-
-// The colour behind a character, at its upper left corner.
-QColor tst_LEditOCX::pixel(int line, int column)
-{
-    const QPixmap picture = m_editor->grab();
-    return picture.toImage().pixelColor(m_editor->PositionToPixels(line, column) + QPoint(1, 1));
 }
 
 void tst_LEditOCX::load(const QByteArray &bytes)
@@ -455,411 +407,6 @@ void tst_LEditOCX::currentWord_followsTheCaret()
     goTo(*m_editor, line, column);
     m_editor->UpdateCurrentWord();
     QCOMPARE(m_editor->CurrentWord(), word);
-}
-
-void tst_LEditOCX::findFirst_directions_data()
-{
-    QTest::addColumn<int>("direction");
-    QTest::addColumn<QStringList>("found");
-    QTest::newRow("forward") << 1 << QStringList{"2:0-2:2", "3:3-3:5", ""};
-    QTest::newRow("backward") << 0 << QStringList{"1:0-1:2", ""};
-    QTest::newRow("both") << 2 << QStringList{"2:0-2:2", "3:3-3:5", "1:0-1:2", "2:0-2:2"};
-}
-
-void tst_LEditOCX::findFirst_directions()
-{
-    QFETCH(int, direction);
-    QFETCH(QStringList, found);
-    m_editor->SetText("in a\r\nIN\r\n   in endin");
-    goTo(*m_editor, 1, 3);
-    m_editor->SetFindText("in");
-    m_editor->SetFindWholeWord(true);
-    m_editor->SetFindDirection(direction);
-    for (const QString &match : found) {
-        QCOMPARE(m_editor->FindFirst(), match.isEmpty() ? 0 : 1);
-        if (!match.isEmpty()) {
-            QCOMPARE(selection(*m_editor), match);
-            QCOMPARE(m_editor->SelText().toLower(), "in");
-        }
-    }
-}
-
-void tst_LEditOCX::findFirst_miss_leavesEverything()
-{
-    m_editor->SetText("one two");
-    select(*m_editor, 1, 1, 1, 4);
-    m_editor->SetFindText("three");
-    m_editor->SetFindDirection(2);
-    m_editor->SelStartColumn = 99;
-    QCOMPARE(m_editor->FindFirst(), 0);
-    QCOMPARE(m_editor->FindNext(), 0);
-    QCOMPARE(m_editor->SelStartColumn, 99);
-    QCOMPARE(selection(*m_editor), "1:1-1:4");
-    m_editor->SetFindText("");
-    QCOMPARE(m_editor->FindFirst(), 0);
-}
-
-void tst_LEditOCX::findNext_leavesTheViewAlone()
-{
-    m_editor->SetText(QString("x\r\n").repeated(300) + "instr 7\r\nendin\r\n");
-    goTo(*m_editor, 2, 0);
-    m_editor->SetFindText("endin");
-    m_editor->SetFindWholeWord(true);
-    m_editor->SetFindDirection(1);
-    m_editor->SelStartLine = m_editor->SelEndLine = 1;
-    m_editor->SelStartColumn = m_editor->SelEndColumn = 0;
-    QCOMPARE(m_editor->FindNext(), 1);
-    QCOMPARE(m_editor->SelStartLine, 302);
-    QCOMPARE(m_editor->SelEndColumn, 5);
-    QCOMPARE(m_editor->TopLine(), 1);
-    QCOMPARE(m_editor->SelectionLength(), 0);
-    m_editor->SetFindText("instr");
-    m_editor->SetFindDirection(0);
-    QCOMPARE(m_editor->FindNext(), 1);
-    QCOMPARE(m_editor->SelStartLine, 301);
-    m_editor->SetSelection();
-    QCOMPARE(m_editor->SelText(), "instr");
-    QVERIFY(m_editor->TopLine() > 1);
-}
-
-void tst_LEditOCX::replaceCurrent_goesOnBehindTheText()
-{
-    m_editor->SetText("a ba a");
-    goTo(*m_editor, 1, 0);
-    m_editor->SetFindText("a");
-    m_editor->SetReplaceText("aa");
-    m_editor->SetFindWholeWord(false);
-    m_editor->SetFindDirection(1);
-    int count = 0;
-    while (m_editor->FindFirst() == 1 && ++count < 10)
-        m_editor->ReplaceCurrent();
-    QCOMPARE(count, 3);
-    QCOMPARE(m_editor->Text(), "aa baa aa");
-    m_editor->Undo();
-    QCOMPARE(m_editor->Text(), "aa baa a");
-}
-
-void tst_LEditOCX::replaceCurrent_withoutMatch_doesNothing()
-{
-    m_editor->SetText("a b");
-    m_editor->SetFindText("a");
-    m_editor->SetReplaceText("x");
-    select(*m_editor, 1, 2, 1, 3);
-    m_editor->ReplaceCurrent();
-    QCOMPARE(m_editor->FindFirst(), 0);
-    m_editor->SetFindDirection(2);
-    QCOMPARE(m_editor->FindFirst(), 1);
-    select(*m_editor, 1, 2, 1, 3);
-    m_editor->ReplaceCurrent();
-    QCOMPARE(m_editor->Text(), "a b");
-}
-
-void tst_LEditOCX::replaceAll_isOneStepOfHistory()
-{
-    load("i1 i1\ni11 I1\r");
-    m_editor->SetBookmarkLine(3, 2);
-    m_editor->SetFindText("i1");
-    m_editor->SetReplaceText("i1\r\ni1");
-    m_editor->SetFindWholeWord(true);
-    m_editor->ReplaceAll();
-    QCOMPARE(m_editor->Text(), "i1\r\ni1 i1\r\ni1\r\ni11 i1\r\ni1\r\n");
-    QCOMPARE(m_editor->GetBookmarkLine(3), 4);
-    m_editor->Undo();
-    QVERIFY(!m_editor->GetState(2));
-    QCOMPARE(saved(), QByteArray("i1 i1\ni11 I1\r"));
-    m_editor->SetFindText("none");
-    m_editor->ReplaceAll();
-    QVERIFY(!m_editor->GetState(2));
-}
-
-void tst_LEditOCX::replaceAll_randomText_asTheModel()
-{
-    QRandomGenerator random(23);
-    const auto any = [&](int most) {
-        QString text;
-        for (int i = random.bounded(most); i > 0; --i)
-            text += QString::fromUtf8("aAb \né")[random.bounded(6)];
-        return text;
-    };
-    m_editor->SetFindWholeWord(false);
-    for (int round = 0; round < 2000; ++round) {
-        QString text = any(30);
-        const QString find = any(3);
-        const QString replacement = any(3);
-        m_editor->SetText(text);
-        m_editor->SetFindText(find);
-        m_editor->SetReplaceText(replacement);
-        m_editor->ReplaceAll();
-        if (!find.isEmpty())
-            text.replace(find, replacement, Qt::CaseInsensitive);
-        QCOMPARE(m_editor->Text(), text.replace('\n', "\r\n"));
-    }
-}
-
-void tst_LEditOCX::bookmark_followsEditsAboveIt()
-{
-    m_editor->SetText("1\r\n2\r\n3\r\n4\r\n5");
-    m_editor->SetBookmarkLine(1, 4);
-    m_editor->SetBookmarkLine(15, 4);
-    goTo(*m_editor, 2, 0);
-    press(*m_editor, Qt::Key_Return);
-    QCOMPARE(m_editor->GetBookmarkLine(1), 5);
-    m_editor->Undo();
-    QCOMPARE(m_editor->GetBookmarkLine(1), 4);
-    m_editor->Redo();
-    QCOMPARE(m_editor->GetBookmarkLine(15), 5);
-    select(*m_editor, 1, 0, 4, 0);
-    press(*m_editor, Qt::Key_Delete);
-    QCOMPARE(m_editor->GetBookmarkLine(1), 2);
-    goTo(*m_editor, 2, 0); // a line end before its text moves the bookmark with the text
-    press(*m_editor, Qt::Key_Return);
-    QCOMPARE(m_editor->GetBookmarkLine(1), 3);
-    goTo(*m_editor, 5, 0); // below it
-    press(*m_editor, Qt::Key_Return);
-    QCOMPARE(m_editor->GetBookmarkLine(1), 3);
-    m_editor->SetBookmarkLine(1, -1);
-    QCOMPARE(m_editor->GetBookmarkLine(1), -1);
-    QCOMPARE(m_editor->GetBookmarkLine(15), 3);
-}
-
-void tst_LEditOCX::bookmark_lineDeleted_movesToTheNext()
-{
-    m_editor->SetText("1\r\n2\r\n3\r\n4");
-    m_editor->SetBookmarkLine(1, 2);
-    select(*m_editor, 2, 0, 3, 0);
-    m_editor->SetSelText("");
-    QCOMPARE(m_editor->Text(), "1\r\n3\r\n4");
-    QCOMPARE(m_editor->GetBookmarkLine(1), 2);
-}
-
-void tst_LEditOCX::bookmark_allDeleted_isLineOne()
-{
-    m_editor->SetText("1\r\n2\r\n3\r\n4");
-    m_editor->SetBookmarkLine(1, 3);
-    m_editor->SetText("");
-    QCOMPARE(m_editor->GetBookmarkLine(1), 1);
-}
-
-void tst_LEditOCX::bookmark_badArguments_changeNothing()
-{
-    m_editor->SetText("1\r\n2");
-    m_editor->SetBookmarkLine(1, 2);
-    for (int line : {0, -2, 3, INT_MAX, INT_MIN})
-        m_editor->SetBookmarkLine(1, line);
-    QCOMPARE(m_editor->GetBookmarkLine(1), 2);
-    for (int index : {-1, 32, INT_MAX, INT_MIN}) {
-        m_editor->SetBookmarkLine(index, 1);
-        m_editor->SetBookmarkBackColor(index, Color());
-        m_editor->ClearBookmarkForeColor(index);
-        QCOMPARE(m_editor->GetBookmarkLine(index), -1);
-    }
-}
-
-void tst_LEditOCX::bookmark_clearDocument_keepsItsLine()
-{
-    m_editor->SetText("1\r\n2\r\n3");
-    m_editor->SetBookmarkLine(1, 3);
-    m_editor->ClearDocument();
-    QCOMPARE(m_editor->GetBookmarkLine(1), 3);
-    load("a\nb\nc\nd\n");
-    goTo(*m_editor, 1, 0);
-    press(*m_editor, Qt::Key_Return);
-    QCOMPARE(m_editor->GetBookmarkLine(1), 4);
-}
-
-void tst_LEditOCX::bookmark_line_isDrawnInItsColors()
-{
-    int asked = 0;
-    m_editor->SetGetTokenColors([&](TokenKind, const QString &) {
-        ++asked;
-        return TokenColors{Color::rgb(255, 255, 255), Color::rgb(0, 0, 0)};
-    });
-    m_editor->SetText("one\r\ntwo ; x\r\nthree");
-    m_editor->SetBookmarkLine(2, 2);
-    m_editor->SetBookmarkBackColor(2, Color::rgb(240, 0, 0));
-    m_editor->SetBookmarkForeColor(2, Color::rgb(255, 255, 255));
-    QCOMPARE(pixel(2, 0), QColor(240, 0, 0));
-    QCOMPARE(pixel(1, 0), QColor(255, 255, 255));
-    const QImage picture = m_editor->grab().toImage();
-    QCOMPARE(picture.pixelColor(500, m_editor->PositionToPixels(2, 0).y() + 1), QColor(240, 0, 0));
-    m_editor->ClearBookmarkBackColor(2);
-    m_editor->ClearBookmarkForeColor(2);
-    QCOMPARE(pixel(2, 0), QColor(255, 255, 255));
-}
-
-void tst_LEditOCX::topLine_isClamped()
-{
-    m_editor->SetText(QString("x\r\n").repeated(200));
-    QSignalSpy repaints(m_editor.get(), &LEditOCX::Repaint);
-    m_editor->SetTopLine(50);
-    QCOMPARE(m_editor->TopLine(), 50);
-    QTRY_VERIFY(!repaints.isEmpty());
-    m_editor->SetTopLine(-7);
-    QCOMPARE(m_editor->TopLine(), 1);
-    m_editor->SetTopLine(INT_MAX);
-    QVERIFY(m_editor->TopLine() > 150 && m_editor->TopLine() <= 201);
-    m_editor->SetTopLine(INT_MIN);
-    QCOMPARE(m_editor->TopLine(), 1);
-}
-
-void tst_LEditOCX::positionToPixels_growsWithLineAndColumn()
-{
-    m_editor->SetText("one\r\ntwo");
-    const QPoint first = m_editor->PositionToPixels(1, 0);
-    QCOMPARE(first.y(), 0);
-    QVERIFY(first.x() >= 0 && first.x() < 10);
-    QCOMPARE(m_editor->PositionToPixels(2, 0), first + QPoint(0, m_editor->LineHeight()));
-    const int advance = m_editor->PositionToPixels(1, 1).x() - first.x();
-    QVERIFY(advance > 0);
-    QVERIFY(qAbs(m_editor->PositionToPixels(1, 3).x() - first.x() - 3 * advance) <= 3);
-}
-
-void tst_LEditOCX::font_setAndRead()
-{
-    QCOMPARE(m_editor->FontName(), "Courier New");
-    QSignalSpy repaints(m_editor.get(), &LEditOCX::Repaint);
-    const int before = m_editor->LineHeight();
-    m_editor->SetFontSize(20);
-    QCOMPARE(m_editor->FontSize(), 20.0);
-    QVERIFY(m_editor->LineHeight() > before);
-    QVERIFY(!repaints.isEmpty());
-    m_editor->SetFontSize(0);
-    m_editor->SetFontSize(qQNaN());
-    QCOMPARE(m_editor->FontSize(), 20.0);
-    m_editor->SetFontName("DejaVu Sans Mono");
-    m_editor->SetFontName("");
-    QCOMPARE(m_editor->FontName(), "DejaVu Sans Mono");
-    m_editor->SetText("iii");
-    const QImage plain = m_editor->grab().toImage();
-    const QList<void (LEditOCX::*)(bool)> flags{&LEditOCX::SetFontBold, &LEditOCX::SetFontItalic,
-                                                &LEditOCX::SetFontUnderline,
-                                                &LEditOCX::SetFontStrikethrough};
-    for (const auto flag : flags) {
-        (m_editor.get()->*flag)(true);
-        QVERIFY(m_editor->grab().toImage() != plain);
-        (m_editor.get()->*flag)(false);
-        QVERIFY(m_editor->grab().toImage() == plain);
-    }
-}
-
-void tst_LEditOCX::font_missingFamily_keepsItsName()
-{
-    m_editor->SetFontName("No Such Font");
-    QCOMPARE(m_editor->FontName(), "No Such Font");
-    m_editor->SetText("iiii\r\nWWWW");
-    QCOMPARE(m_editor->PositionToPixels(1, 4).x(), m_editor->PositionToPixels(2, 4).x());
-}
-
-void tst_LEditOCX::tabSize_movesTheTabStop()
-{
-    m_editor->SetText("\tx\r\n1234");
-    m_editor->SetTabSize(4);
-    QCOMPARE(m_editor->TabSize(), 4);
-    QCOMPARE(m_editor->PositionToPixels(1, 1).x(), m_editor->PositionToPixels(2, 4).x());
-    m_editor->SetTabSize(0);
-    m_editor->SetTabSize(-3);
-    QCOMPARE(m_editor->TabSize(), 4);
-}
-
-void tst_LEditOCX::tokenColors_areAskedForWhatIsSeen()
-{
-    QStringList asked;
-    m_editor->SetGetTokenColors([&](TokenKind kind, const QString &text) {
-        if (kind == TokenKind::Word)
-            asked.append(text);
-        return TokenColors{Color::rgb(255, 255, 255), Color::rgb(0, 0, 0)};
-    });
-    QString text = "/* over\r\n";
-    for (int line = 2; line < 5000; ++line)
-        text += line == 2500 ? QString("*/\r\n") : QString("w%1\r\n").arg(line);
-    m_editor->SetText(text);
-    m_editor->grab();
-    QVERIFY(asked.isEmpty());
-    goTo(*m_editor, 4990, 0);
-    m_editor->grab();
-    QVERIFY(asked.contains("w4990"));
-    QVERIFY(!asked.contains("w4000"));
-    asked.clear();
-    m_editor->SetTopLine(2495);
-    m_editor->grab();
-    QVERIFY(asked.contains("w2501"));
-    QVERIFY(!asked.contains("w2499"));
-}
-
-void tst_LEditOCX::tokenColors_commentsAreNeverAsked()
-{
-    QStringList asked;
-    m_editor->SetGetTokenColors([&](TokenKind kind, const QString &text) {
-        asked.append(QString::number(int(kind), 16) + ' ' + text);
-        return TokenColors{};
-    });
-    m_editor->SetText("a = \"q\" 0dbfs ; no /* no\r\n/* no */ b");
-    m_editor->grab();
-    asked.removeDuplicates();
-    QCOMPARE(asked, QStringList({"1 a", "8000 =", "6001 \"q\"", "0 0dbfs", "1 b"}));
-}
-
-void tst_LEditOCX::tokenColors_commentOpened_recolorsBelow()
-{
-    m_editor->SetBackColor(Color::rgb(1, 2, 3));
-    m_editor->SetGetTokenColors([](TokenKind, const QString &) {
-        return TokenColors{Color::rgb(0, 200, 0), Color::rgb(0, 0, 0)};
-    });
-    m_editor->SetText("one\r\n\r\nword");
-    QCOMPARE(pixel(3, 0), QColor(0, 200, 0));
-    goTo(*m_editor, 1, 0);
-    type(*m_editor, "/*");
-    QTRY_COMPARE(pixel(3, 0), QColor(1, 2, 3));
-    m_editor->Undo();
-    QTRY_COMPARE(pixel(3, 0), QColor(0, 200, 0));
-}
-
-void tst_LEditOCX::tokenColors_aNewAnswer_showsAtTheNextRepaint()
-{
-    Color back = Color::rgb(0, 200, 0);
-    m_editor->SetGetTokenColors([&](TokenKind, const QString &) {
-        return TokenColors{back, Color::rgb(0, 0, 0)};
-    });
-    m_editor->SetText("word");
-    QCOMPARE(pixel(1, 0), QColor(0, 200, 0));
-    back = Color::rgb(200, 0, 0);
-    QCOMPARE(pixel(1, 0), QColor(200, 0, 0));
-}
-
-void tst_LEditOCX::tokenColors_moreThanTheStyles_areAllDrawn()
-{
-    m_editor->SetGetTokenColors([](TokenKind, const QString &text) {
-        return TokenColors{Color::rgb(text.mid(1).toUInt() % 256, text.mid(1).toUInt() / 256, 77),
-                           Color::rgb(0, 0, 0)};
-    });
-    QString text;
-    for (int line = 1; line <= 600; ++line)
-        text += QString("w%1\r\n").arg(line);
-    m_editor->SetText(text);
-    for (int top = 1; top <= 580; top += 10) {
-        m_editor->SetTopLine(top);
-        QTRY_COMPARE(pixel(top + 3, 0), QColor((top + 3) % 256, (top + 3) / 256, 77));
-    }
-}
-
-void tst_LEditOCX::colors_areDrawn()
-{
-    m_editor->SetBackColor(Color::rgb(10, 20, 30));
-    m_editor->SetSelectionBackColor(Color::rgb(40, 50, 60));
-    m_editor->SetSelectionForeColor(Color::rgb(255, 255, 255));
-    m_editor->SetText("xx ; yy");
-    select(*m_editor, 1, 0, 1, 2);
-    QCOMPARE(pixel(1, 0), QColor(40, 50, 60));
-    QCOMPARE(pixel(1, 5), QColor(10, 20, 30));
-    m_editor->SetForeColor(Color::rgb(0, 255, 0));
-    const QImage picture = m_editor->grab().toImage();
-    const QPoint comment = m_editor->PositionToPixels(1, 5);
-    bool green = false;
-    for (int x = comment.x(); x < comment.x() + 20; ++x) {
-        for (int y = 0; y < m_editor->LineHeight(); ++y)
-            green |= picture.pixelColor(x, y).green() > 150;
-    }
-    QVERIFY(green);
 }
 
 QTEST_MAIN(tst_LEditOCX)

@@ -39,6 +39,7 @@ private:
     void write(const QString &name, const QByteArray &bytes) const;
 
     const QString m_manual = QStringLiteral("/usr/share/doc/csound-doc/html");
+    ManualIndex m_installed{m_manual + QStringLiteral("/index.html")};
     WordTables m_words;
     QTemporaryDir m_folder;
 };
@@ -110,8 +111,7 @@ void tst_ManualIndex::keyword_arrivesAtItsPage_data()
 void tst_ManualIndex::keyword_arrivesAtItsPage()
 {
     QFETCH(QString, keyword);
-    ManualIndex index(m_manual + QStringLiteral("/index.html"));
-    const std::optional<QUrl> found = index.find(keyword);
+    const std::optional<QUrl> found = m_installed.find(keyword);
     QTEST(found ? found->fileName() : QString(), "file");
     if (found)
         QCOMPARE(QFileInfo(found->toLocalFile()).path(), m_manual);
@@ -119,12 +119,11 @@ void tst_ManualIndex::keyword_arrivesAtItsPage()
 
 void tst_ManualIndex::tags_arriveAtTheirHeadings()
 {
-    ManualIndex index(m_manual + QStringLiteral("/index.html"));
     const QByteArray chapter = page(QStringLiteral("CommandUnifile.html"));
     for (const char *tag :
          {"CsOptions", "CsInstruments", "CsScore", "CsFileB", "CsLicence", "html"}) {
         for (const char *form : {"<%1>", "</%1>"}) {
-            const auto found = index.find(QString::fromLatin1(form).arg(QLatin1String(tag)));
+            const auto found = m_installed.find(QString::fromLatin1(form).arg(QLatin1String(tag)));
             QVERIFY2(found, tag);
             QCOMPARE(found->fileName(), QStringLiteral("CommandUnifile.html"));
             const qsizetype anchor = chapter.indexOf("id=\"" + found->fragment().toLatin1() + '"');
@@ -134,18 +133,17 @@ void tst_ManualIndex::tags_arriveAtTheirHeadings()
             QVERIFY2(heading.contains(QByteArray("&lt;") + tag + "&gt;"), heading.constData());
         }
     }
-    const auto whole = index.find(QStringLiteral("<CsoundSynthesizer>"));
+    const auto whole = m_installed.find(QStringLiteral("<CsoundSynthesizer>"));
     QVERIFY(whole);
     QCOMPARE(whole->fileName(), QStringLiteral("CommandUnifile.html"));
 }
 
 void tst_ManualIndex::everyTag_hasAPage()
 {
-    ManualIndex index(m_manual + QStringLiteral("/index.html"));
     for (const QString &tag : m_words.CsdWords.mid(1))
-        QVERIFY2(index.find(tag), qPrintable(tag));
+        QVERIFY2(m_installed.find(tag), qPrintable(tag));
     for (const QString &statement : m_words.ScoreWords.mid(1))
-        QVERIFY2(index.find(statement + QStringLiteral(" (score statement)")),
+        QVERIFY2(m_installed.find(statement + QStringLiteral(" (score statement)")),
                  qPrintable(statement));
 }
 
@@ -164,11 +162,10 @@ void tst_ManualIndex::everyOpcodeWithAPage_resolves()
             for (auto word = name.globalMatch(pre.next().captured(1)); word.hasNext();)
                 explained.insert(word.next().captured(1).trimmed());
     }
-    ManualIndex index(m_manual + QStringLiteral("/index.html"));
     QStringList lacking;
     QStringList missed;
     for (const QString &opcode : m_words.OpcodeNames.mid(1, m_words.OpcodeCount - 1)) {
-        if (index.find(opcode))
+        if (m_installed.find(opcode))
             continue;
         lacking.append(opcode);
         if (explained.contains(opcode))
@@ -184,11 +181,10 @@ void tst_ManualIndex::everyOpcodeWithAPage_resolves()
 
 void tst_ManualIndex::resolvedPage_speaksOfTheOpcode()
 {
-    ManualIndex index(m_manual + QStringLiteral("/index.html"));
     QHash<QString, QString> texts;
     QStringList elsewhere;
     for (const QString &opcode : m_words.OpcodeNames.mid(1, m_words.OpcodeCount - 1)) {
-        const auto found = index.find(opcode);
+        const auto found = m_installed.find(opcode);
         if (!found)
             continue;
         QString &text = texts[found->fileName()];
@@ -198,8 +194,8 @@ void tst_ManualIndex::resolvedPage_speaksOfTheOpcode()
             elsewhere.append(opcode);
     }
     // Spellings and families that the manual explains without naming each one.
-    static const QRegularExpression known(
-        QStringLiteral("^(py|la_[ik]_|(#endif|c[in]n?kgoto|cingoto|enduntil|ithen|kthen|slicearray_i)$)"));
+    static const QRegularExpression known(QStringLiteral(
+        "^(py|la_[ik]_|(#endif|c[in]n?kgoto|cingoto|enduntil|ithen|kthen|slicearray_i)$)"));
     elsewhere.removeIf([](const QString &name) { return known.match(name).hasMatch(); });
     QVERIFY2(elsewhere.isEmpty(), qPrintable(elsewhere.join(u' ')));
 }

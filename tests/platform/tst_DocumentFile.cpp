@@ -25,7 +25,8 @@ using namespace ardiphon;
 
 namespace {
 
-const QByteArray OldBytes = QByteArray("old text\n").repeated(500);
+// The longer one is the old, so that writing in place goes over a mixture of both.
+const QByteArray OldBytes = QByteArray("old text\n").repeated(2000);
 const QByteArray NewBytes = QByteArray("the new one\r\n").repeated(900);
 
 void put(const QString &path, const QByteArray &bytes)

@@ -55,7 +55,7 @@ def check_sound(path):
 def leave(desktop, program):
     desktop.key("alt+x")
     desktop.window("ArdiphonPro - Version 2.3.0")
-    desktop.key("alt+f", "x")
+    desktop.key("alt+F4")
     wait_for("the program's end", lambda: program.poll() is not None)
     assert program.returncode == 0, program.returncode
 

@@ -30,7 +30,8 @@ const QString ChangedLine = QStringLiteral("File has changed!");
 CsdDocument::CsdDocument(LEditOCX &editor, Bookmarks &bookmarks, ProgramContext &program,
                          FileChooser &files, std::function<void()> chooseNew, QObject *parent)
     : EditedFile(editor, bookmarks, program.config.CSDFileName,
-                 {QStringLiteral("Save File"), QStringLiteral("Save File As ..."), SaveFilter},
+                 {QStringLiteral("Save File"), QStringLiteral("Save File As ..."), SaveFilter,
+                  QStringLiteral("Cannot find File!")},
                  program, files, parent),
       m_chooseNew(std::move(chooseNew))
 {

@@ -17,7 +17,7 @@ constexpr int TextState = 2;
 
 } // namespace
 
-EditedFile::EditedFile(LEditOCX &editor, Bookmarks &bookmarks, QString &fileName, SaveTexts texts,
+EditedFile::EditedFile(LEditOCX &editor, Bookmarks &bookmarks, QString &fileName, FileTexts texts,
                        ProgramContext &program, FileChooser &files, QObject *parent)
     : QObject(parent),
       m_editor(editor),
@@ -81,6 +81,15 @@ SaveResult EditedFile::write()
     }
     emit titleDue();
     return written ? SaveResult::Saved : SaveResult::Failed;
+}
+
+/// The marker of an untitled document is a name here.
+void EditedFile::Properties()
+{
+    if (m_fileName.isEmpty())
+        m_program.dialogs.message({m_texts.missingFile});
+    else
+        emit propertiesDue(m_fileName);
 }
 
 void EditedFile::load(const QString &path)

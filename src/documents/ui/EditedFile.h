@@ -14,12 +14,13 @@ class Bookmarks;
 class FileChooser;
 class LEditOCX;
 
-/// The texts of the dialogs that save one document.
-struct SaveTexts
+/// The texts of one document's dialogs.
+struct FileTexts
 {
     QString overwriteTitle; ///< of the question before another program's changes are lost
     QString saveAsTitle;
     QString saveAsFilter;
+    QString missingFile; ///< what is said where properties are asked for and there is no name
 };
 
 /// One text and its file: an editor, its bookmarks, and the name under which the configuration
@@ -30,7 +31,7 @@ class EditedFile : public QObject
 
 public:
     /// \a fileName: the field of the configuration that names the document.
-    EditedFile(LEditOCX &editor, Bookmarks &bookmarks, QString &fileName, SaveTexts texts,
+    EditedFile(LEditOCX &editor, Bookmarks &bookmarks, QString &fileName, FileTexts texts,
                ProgramContext &program, FileChooser &files, QObject *parent);
 
     LEditOCX &editor() const { return m_editor; }
@@ -48,6 +49,9 @@ public:
     /// Writes the document to \a path, which becomes its name.
     SaveResult saveTo(const QString &path);
 
+    /// Has the properties of the file shown.
+    void Properties();
+
     /// Takes text and bookmarks from the file at \a path, which becomes its name.
     void load(const QString &path);
     /// Empties the document, which goes by \a name from now on.
@@ -63,6 +67,8 @@ signals:
     void begun();
     /// Another document's text stands in the editor.
     void loaded();
+    /// The properties of that file are to be shown.
+    void propertiesDue(const QString &path);
     /// A file was opened: the recent list may have changed.
     void opened();
 
@@ -80,7 +86,7 @@ private:
     LEditOCX &m_editor;
     Bookmarks &m_bookmarks;
     QString &m_fileName;
-    const SaveTexts m_texts;
+    const FileTexts m_texts;
     ProgramContext &m_program;
     FileChooser &m_files;
     FileStamp m_stamp; ///< of the file as it was loaded or saved here

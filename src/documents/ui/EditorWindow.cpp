@@ -6,6 +6,7 @@
 #include "language/editor/LEditOCX.h"
 #include "language/ui/FontSizeMenu.h"
 #include "language/ui/KeywordHelp.h"
+#include "navigation/ui/Definitions.h"
 #include "platform/Twips.h"
 #include "preferences/ui/FormManual.h"
 
@@ -101,6 +102,7 @@ void EditorWindow::insertInto(LEditOCX &editor, const QString &text)
 
 void EditorWindow::preparePopup(LEditOCX &view, ViewLanguage language)
 {
+    m_definitions->prepareEntries(view, language != ViewLanguage::Score);
     commands().action("menuPopupOpcodeHelp")->setText(m_help->prepareMenu(view, language));
 }
 

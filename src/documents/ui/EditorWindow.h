@@ -5,6 +5,7 @@
 #include "documents/ui/CommandSet.h"
 #include "language/EditorKeyRules.h"
 #include "language/TokenColors.h"
+#include "navigation/ui/SearchWindows.h"
 
 #include <QMainWindow>
 
@@ -17,6 +18,7 @@ namespace ardiphon {
 
 struct ConfigurationBlock;
 struct ProgramContext;
+class Definitions;
 class FontSizeMenu;
 class KeywordHelp;
 class LEditOCX;
@@ -41,7 +43,7 @@ protected:
     CommandSet &commands() { return m_commands; }
     FileChooser &files() { return m_files; }
     RecentMenu &recent() const { return *m_recent; }
-    FontSizeMenu &fontSizes() const { return *m_fontSizes; }
+    SearchWindows &search() const { return *m_search; }
 
     // Building. The controls stand on the central widget and bear \a name.
     LEditOCX *newEditor(const QString &name, ViewLanguage language);
@@ -58,8 +60,13 @@ protected:
     /// and the popup entries that stand for entries of the menus.
     void bindCommon();
     void bindTools(ToolToggles &toggles);
-    /// Puts the caption of the popup's help entry right for the word that was clicked.
+    /// Makes the search windows for \a editors, and the way to definitions in the first of them.
+    /// \a open: what the three entries of the menu do.
+    void bindSearch(const QList<ServedEditor> &editors, std::function<void(SearchKind)> open);
+    /// Names the word that was clicked in the popup's entries.
     void preparePopup(LEditOCX &view, ViewLanguage language);
+    /// The search that a key of a view asks for, if it does.
+    static std::optional<SearchKind> searchKindOf(ViewKey key);
     /// Does what a key means in every view; nothing for one that only some windows know.
     void followKey(LEditOCX &view, ViewLanguage language, ViewKey key);
 
@@ -105,6 +112,8 @@ private:
     RecentMenu *m_recent;
     FontSizeMenu *m_fontSizes;
     std::unique_ptr<KeywordHelp> m_help;
+    SearchWindows *m_search = nullptr;
+    Definitions *m_definitions = nullptr;
 };
 
 } // namespace ardiphon

@@ -10,6 +10,7 @@
 #include "language/ui/EditorSettings.h"
 #include "language/ui/FontSizeMenu.h"
 #include "language/ui/KeywordHelp.h"
+#include "navigation/ui/Definitions.h"
 #include "preferences/ui/FormAbout.h"
 #include "preferences/ui/FormHelp.h"
 
@@ -44,6 +45,7 @@ QTreeWidget *EditorWindow::newTree(const QString &name, QWidget *parent)
     tree->setObjectName(name);
     tree->setHeaderHidden(true);
     tree->setRootIsDecorated(false);
+    tree->setTextElideMode(Qt::ElideMiddle);
     QPalette palette = tree->palette();
     palette.setColor(QPalette::Base, Qt::white);
     tree->setPalette(palette);
@@ -138,6 +140,39 @@ void EditorWindow::bindHalves()
     bind("menuWindowDown", ScreenHalf::Lower);
     bind("menuWindowLeft", ScreenHalf::Left);
     bind("menuWindowRight", ScreenHalf::Right);
+}
+
+void EditorWindow::bindSearch(const QList<ServedEditor> &editors,
+                              std::function<void(SearchKind)> open)
+{
+    m_search = new SearchWindows(config(), m_program.dialogs, editors, *this);
+    const auto search = [this, &open](const char *name, SearchKind kind) {
+        m_commands.bind(name, m_search, [open, kind] { open(kind); });
+    };
+    search("menuModificaTrova", SearchKind::Find);
+    search("menuModificaSostituisci", SearchKind::Replace);
+    search("menuModificaTrovaRiga", SearchKind::FindLine);
+
+    m_definitions = new Definitions(*editors.front().editor, config().Words,
+                                    *m_commands.action("menuPopupDefinition"),
+                                    *m_commands.action("menuPopupReference"));
+    m_commands.bind("menuPopupDefinition", m_definitions, &Definitions::GoToDefinition);
+    m_commands.bind("menuPopupReference", m_definitions, &Definitions::GoToReference);
+    m_commands.bind("menuPopupLastPosition", this, [] {}); // no position is kept to go back to
+}
+
+std::optional<SearchKind> EditorWindow::searchKindOf(ViewKey key)
+{
+    switch (key) {
+    case ViewKey::Find:
+        return SearchKind::Find;
+    case ViewKey::Replace:
+        return SearchKind::Replace;
+    case ViewKey::FindLine:
+        return SearchKind::FindLine;
+    default:
+        return std::nullopt;
+    }
 }
 
 void EditorWindow::bindTools(ToolToggles &toggles)

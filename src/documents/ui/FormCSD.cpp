@@ -3,20 +3,19 @@
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
 #include "app/ui/FormNew.h"
-#include "compile/ui/CsdCompileLauncher.h"
 #include "documents/CsdWindowLayout.h"
 #include "documents/DocumentRules.h"
-#include "documents/Headers.h"
 #include "documents/ui/CsdDocument.h"
-#include "documents/ui/RecentMenu.h"
 #include "documents/ui/SplitMirror.h"
 #include "documents/ui/TagPanel.h"
 #include "documents/ui/ToolToggles.h"
 #include "language/editor/LEditOCX.h"
-#include "language/ui/EditorPopup.h"
 #include "language/ui/Gutter.h"
 #include "language/ui/HelpPanels.h"
 #include "navigation/ui/Bookmarks.h"
+#include "navigation/ui/EditorSearch.h"
+#include "navigation/ui/InstrumentPanel.h"
+#include "navigation/ui/Instruments.h"
 #include "platform/Twips.h"
 
 #include <QCloseEvent>
@@ -35,11 +34,6 @@ constexpr int TextState = 2;
 constexpr int RefreshInterval = 100; // milliseconds
 constexpr int ToolIconSize = 20;
 
-bool isEmptyText(const LEditOCX &editor)
-{
-    return editor.LineCount() <= 1 && editor.LineLength(1) == 0;
-}
-
 } // namespace
 
 FormCSD::FormCSD(ProgramContext &program) : EditorWindow(program)
@@ -51,6 +45,7 @@ FormCSD::FormCSD(ProgramContext &program) : EditorWindow(program)
     bindCommon();
     bindDocument();
     bindEditing();
+    bindNavigation();
     bindTools();
     groupTools();
     m_tools->load();
@@ -82,6 +77,8 @@ void FormCSD::buildControls()
     LabelTags = newLabel(QStringLiteral("LabelTags"), tr("Insert a tag"));
     List1 = new QListWidget(centralWidget());
     List1->setObjectName(QStringLiteral("List1"));
+    List1->setTextElideMode(Qt::ElideMiddle);
+    List1->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
     m_panels = new HelpPanels(config().Words, centralWidget());
     m_panels->follow(LEDIT1);
@@ -95,6 +92,9 @@ void FormCSD::buildFeatures()
                                 program().dialogs);
     const auto chooseNew = [this] { FormNew::showModal(config(), program().windows, this); };
     m_document = new CsdDocument(*LEDIT1, *m_bookmarks, program(), files(), chooseNew, this);
+    m_instruments = new Instruments(*LEDIT1);
+    Frame1 = new InstrumentPanel(*m_instruments, QStringLiteral("Toolbar2"), centralWidget());
+    Frame1->setObjectName(QStringLiteral("Frame1"));
     m_tags = new TagPanel(*LEDIT1, *Tree, *List1, config().Words.CsdWords);
     m_mirror = new SplitMirror(*LEDIT1, *LEDIT2, this);
     m_tools = new ToolToggles(
@@ -116,7 +116,7 @@ void FormCSD::groupTools()
     m_tools->add(LineNumbersTool, PicNumeri);
     m_tools->add(LineNumbersTool, PicNumeri2, [this] { return isSplit(); });
     for (QWidget *control : std::initializer_list<QWidget *>{Tree, Tree2, List1, LabelTags,
-                                                             LabelBookmarks, LabelOwnBook})
+                                                             LabelBookmarks, LabelOwnBook, Frame1})
         m_tools->add(BookBarTool, control);
     m_tools->add(OnLineHelpTool, m_panels->TextOpcode);
     m_tools->add(OnLineHelpTool, m_panels->TextParametri);
@@ -130,98 +130,6 @@ void FormCSD::openNamedDocument()
     else
         m_document->OpenNamedOnLoad(config().CSDFileName);
     writeTitle();
-}
-
-// Binding. ---------------------------------------------------------------------------------------
-
-void FormCSD::bindDocument()
-{
-    CommandSet &set = commands();
-    set.bind("menuFileNuovaOrchestra", m_document, &CsdDocument::New);
-    set.bind("menuFileApriOrchestra", m_document, &CsdDocument::Open);
-    set.bind("menuFileSalvaOrchestra", m_document, &CsdDocument::Save);
-    set.bind("menuFileSalvaOrchestraNome", m_document, &CsdDocument::SaveAs);
-    set.bind("menuFileImportaORCSCO", m_document, &CsdDocument::ImportProject);
-    set.bind("menuFileConvertToORCSCO", m_document, &CsdDocument::ExportToProject);
-
-    connect(m_document, &CsdDocument::titleDue, this, &FormCSD::writeTitle);
-    connect(m_document, &CsdDocument::projectWindowDue, this,
-            [this] { handOver(program().windows.showFormORCSCO); });
-    connect(m_document, &CsdDocument::begun, this, [this] { setSplit(false); });
-    connect(m_document, &CsdDocument::begun, m_tags, &TagPanel::clear);
-    connect(m_document, &CsdDocument::begun, m_panels, &HelpPanels::clear);
-    connect(m_document, &CsdDocument::loaded, this, &FormCSD::textReplaced);
-    connect(m_document, &CsdDocument::opened, &recent(), &RecentMenu::refresh);
-    connect(&recent(), &RecentMenu::chosen, m_document, &CsdDocument::OpenRecent);
-}
-
-/// The entries of the menu act on the first view, whichever has the focus. Which view each of them
-/// marks as changed is as users of the program know it: Copy marks the second.
-void FormCSD::bindEditing()
-{
-    CommandSet &set = commands();
-    const auto edit = [this, &set](const char *name, auto operation) {
-        set.bind(name, this, [this, operation] {
-            (LEDIT1->*operation)();
-            m_mirror->setView1Changed();
-        });
-    };
-    edit("menuModificaUndo", &LEditOCX::Undo);
-    edit("menuModificaRedo", &LEditOCX::Redo);
-    edit("menuModificaTaglia", &LEditOCX::Cut);
-    edit("menuModificaIncolla", &LEditOCX::Paste);
-    set.bind("menuModificaCopia", this, [this] {
-        LEDIT1->Copy();
-        m_mirror->setView2Changed();
-    });
-    set.bind("menuModificaSelezionaTutto", LEDIT1, &LEditOCX::SelectAll);
-    set.bind("menuTemplateCSD", this, [this] { insertText(csdTemplate()); });
-
-    for (LEditOCX *view : {LEDIT1, LEDIT2})
-        new EditorPopup(*view, *menuPopup,
-                        [this, view] { preparePopup(*view, ViewLanguage::Csd); });
-    bindViewKeys(LEDIT1, ViewPosition::First);
-    bindViewKeys(LEDIT2, ViewPosition::Second);
-}
-
-void FormCSD::bindTools()
-{
-    CommandSet &set = commands();
-    set.bind("menuCSound", this,
-             [this] { launchCsdCompile(config(), program().dialogs, *LEDIT1, this); });
-
-    set.bind("menuPopupBookmark", m_bookmarks, &Bookmarks::InsertBookmark);
-    set.bind("menuPopupRemoveBookmark", m_bookmarks, &Bookmarks::RemoveBookmark);
-    set.bind("menuPopupRemoveAllBookmarks", m_bookmarks, &Bookmarks::RemoveAllBookmarks);
-    connect(m_bookmarks, &Bookmarks::visited, LEDIT1, qOverload<>(&QWidget::setFocus));
-
-    connect(m_tags, &TagPanel::inserted, m_mirror, &SplitMirror::copyFirstToSecond);
-    set.bind("buttonSplit", this, &FormCSD::setSplit);
-    EditorWindow::bindTools(*m_tools);
-}
-
-void FormCSD::bindViewKeys(LEditOCX *view, ViewPosition position)
-{
-    connect(view, &LEditOCX::KeyDown, this,
-            [this, view, position](EditorKey &key) { handleViewKey(view, position, key); });
-}
-
-void FormCSD::handleViewKey(LEditOCX *view, ViewPosition position, EditorKey &key)
-{
-    const ViewKey meaning = csdViewKey(key.KeyCode, key.Shift, position);
-    if (!reachesControl(meaning))
-        key.KeyCode = 0;
-    switch (meaning) {
-    case ViewKey::FocusFirstView:
-        LEDIT1->setFocus();
-        break;
-    case ViewKey::FocusSecondView:
-        if (isSplit())
-            LEDIT2->setFocus();
-        break;
-    default:
-        followKey(*view, ViewLanguage::Csd, meaning);
-    }
 }
 
 // What the window does itself. -------------------------------------------------------------------
@@ -290,6 +198,7 @@ void FormCSD::arrangeWindow()
         {LabelTags, at.LabelTags},
         {LabelBookmarks, at.LabelBookmarks},
         {LabelOwnBook, at.LabelOwnBook},
+        {Frame1, at.Frame1},
     };
     for (const auto &[control, place] : places)
         control->setGeometry(toPixels(place));

@@ -16,6 +16,8 @@ class Bookmarks;
 class CsdDocument;
 class Gutter;
 class HelpPanels;
+class InstrumentPanel;
+class Instruments;
 class LEditOCX;
 class SplitMirror;
 class TagPanel;
@@ -51,10 +53,12 @@ private:
     // Binding.
     void bindDocument();
     void bindEditing();
+    void bindNavigation();
     void bindTools();
     void bindViewKeys(LEditOCX *view, ViewPosition position);
 
     void handleViewKey(LEditOCX *view, ViewPosition position, EditorKey &key);
+    void navigateByKey(LEditOCX *view, ViewKey key);
     void setSplit(bool on);
     bool isSplit() const;
     void refresh();
@@ -72,9 +76,11 @@ private:
     QLabel *LabelBookmarks = nullptr;
     QLabel *LabelOwnBook = nullptr;
     QLabel *LabelTags = nullptr;
+    InstrumentPanel *Frame1 = nullptr;
     QMenu *menuPopup = nullptr;
 
     Bookmarks *m_bookmarks = nullptr;
+    Instruments *m_instruments = nullptr;
     CsdDocument *m_document = nullptr;
     HelpPanels *m_panels = nullptr;
     TagPanel *m_tags = nullptr;

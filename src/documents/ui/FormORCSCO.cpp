@@ -9,17 +9,16 @@
 #include "documents/ui/HalfDocument.h"
 #include "documents/ui/HalfView.h"
 #include "documents/ui/ProjectDocument.h"
-#include "documents/ui/RecentMenu.h"
 #include "documents/ui/SplitterGrip.h"
 #include "documents/ui/ToolToggles.h"
 #include "language/editor/LEditOCX.h"
-#include "language/ui/EditorPopup.h"
 #include "language/ui/Gutter.h"
 #include "language/ui/HelpPanels.h"
 #include "navigation/ui/Bookmarks.h"
+#include "navigation/ui/InstrumentPanel.h"
+#include "navigation/ui/Instruments.h"
 #include "platform/Twips.h"
 
-#include <QActionGroup>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QMenu>
@@ -34,14 +33,8 @@ namespace {
 constexpr int RefreshInterval = 100; // milliseconds
 constexpr int ToolIconSize = 18;
 constexpr int HalfToolIconSize = 16;
+constexpr QSize InstrumentPanelSize(150, 90);
 constexpr int LabelFontSize = 11; // pixels: the labels' row is 14 high
-
-constexpr std::pair<Arrangement, const char *> arrangementCommands[] = {
-    {Arrangement::Horizontal, "menuVisualizzaOrizzontale"},
-    {Arrangement::Vertical, "menuVisualizzaVerticale"},
-    {Arrangement::Orchestra, "menuVisualizzaOrchestra"},
-    {Arrangement::Score, "menuVisualizzaScore"},
-};
 
 /// A toolbar as small as its buttons, on a ground of its own: the halves' toolbars may overlap.
 void makeCompact(QToolBar &toolbar)
@@ -64,7 +57,8 @@ FormORCSCO::FormORCSCO(ProgramContext &program) : EditorWindow(program)
     bindCommon();
     bindProject();
     bindEditing();
-    bindBookmarks();
+    bindNavigation();
+    bindPanels();
     bindArrangements();
     groupTools();
     m_tools->load();
@@ -91,6 +85,13 @@ void FormORCSCO::buildControls()
     PictureBookmarks = new BookmarksPanel(centralWidget());
     PictureBookmarks->setObjectName(QStringLiteral("PictureBookmarks"));
     m_bookmarksPanel = new FloatingPanel(*PictureBookmarks, *PictureBookmarks->grip());
+    auto *instruments = new Instruments(*LEDIT1);
+    PictureInstrument =
+        new InstrumentPanel(*instruments, QStringLiteral("Toolbar_INSTR_2"), centralWidget());
+    PictureInstrument->setObjectName(QStringLiteral("PictureInstrument"));
+    PictureInstrument->setAutoFillBackground(true);
+    PictureInstrument->resize(InstrumentPanelSize);
+    m_instrumentPanel = new FloatingPanel(*PictureInstrument, *PictureInstrument->grip());
 }
 
 void FormORCSCO::buildGrips()
@@ -109,14 +110,13 @@ void FormORCSCO::buildHalves()
     auto *Tree2 = newTree(QStringLiteral("Tree2"));
     PictureBookmarks->add(QStringLiteral("frameBookmarks1"), tr("Orchestra:"), Tree1);
     PictureBookmarks->add(QStringLiteral("frameBookmarks2"), tr("Score:"), Tree2);
-    m_orchestraBookmarks = new Bookmarks(*LEDIT1, *Tree1, config().OrchestraModified,
-                                         QStringLiteral("bko"), program().dialogs);
-    m_scoreBookmarks = new Bookmarks(*LEDIT2, *Tree2, config().ScoreModified, QStringLiteral("bks"),
-                                     program().dialogs);
-    m_orchestra = newHalf(OrchestraHalf, *LEDIT1, *m_orchestraBookmarks, config().OrchestraFileName,
+    auto *orchestra = new Bookmarks(*LEDIT1, *Tree1, config().OrchestraModified,
+                                    QStringLiteral("bko"), program().dialogs);
+    auto *score = new Bookmarks(*LEDIT2, *Tree2, config().ScoreModified, QStringLiteral("bks"),
+                                program().dialogs);
+    m_orchestra = newHalf(OrchestraHalf, *LEDIT1, *orchestra, config().OrchestraFileName,
                           QStringLiteral("1"));
-    m_score =
-        newHalf(ScoreHalf, *LEDIT2, *m_scoreBookmarks, config().ScoreFileName, QStringLiteral("2"));
+    m_score = newHalf(ScoreHalf, *LEDIT2, *score, config().ScoreFileName, QStringLiteral("2"));
     buildGrips();
 
     const auto chooseNew = [this] { FormNew::showModal(config(), program().windows, this); };
@@ -169,113 +169,6 @@ void FormORCSCO::groupTools()
     bindTools(*m_tools);
 }
 
-// Binding. ---------------------------------------------------------------------------------------
-
-void FormORCSCO::bindProject()
-{
-    CommandSet &set = commands();
-    set.bind("menuFileNuovoProgetto", m_project, &ProjectDocument::New);
-    set.bind("menuFileApriProgetto", m_project, &ProjectDocument::Open);
-    set.bind("menuFileSalvaProgetto", m_project, &ProjectDocument::Save);
-    set.bind("menuFileSalvaProgettoNome", m_project, &ProjectDocument::SaveAs);
-    set.bind("menuFileImportaCSD", m_project, &ProjectDocument::ImportCsd);
-    set.bind("menuFileConvertToCSD", m_project, &ProjectDocument::ExportToCsd);
-
-    HalfDocument *orchestra = &m_orchestra->document();
-    set.bind("menuFileNuovaOrchestra", orchestra, &HalfDocument::New);
-    set.bind("menuFileApriOrchestra", orchestra, &HalfDocument::Open);
-    set.bind("menuFileSalvaOrchestra", orchestra, &HalfDocument::Save);
-    set.bind("menuFileSalvaOrchestraNome", orchestra, &HalfDocument::SaveAs);
-    HalfDocument *score = &m_score->document();
-    set.bind("menuFileNuovaScore", score, &HalfDocument::New);
-    set.bind("menuFileApriScore", score, &HalfDocument::Open);
-    set.bind("menuFileSalvaScore", score, &HalfDocument::Save);
-    set.bind("menuFileSalvaScoreNome", score, &HalfDocument::SaveAs);
-
-    connect(orchestra, &HalfDocument::begun, m_panels, &HelpPanels::clear);
-    connect(score, &HalfDocument::begun, m_panels, &HelpPanels::clear);
-    connect(m_project, &ProjectDocument::opened, &recent(), &RecentMenu::refresh);
-    connect(m_project, &ProjectDocument::csdWindowDue, this,
-            [this] { handOver(program().windows.showFormCSD); });
-    connect(&recent(), &RecentMenu::chosen, m_project, &ProjectDocument::OpenRecent);
-}
-
-/// The entries of the menu act on the editor that has the focus, and do nothing without one.
-void FormORCSCO::bindEditing()
-{
-    const auto edit = [this](const char *name, void (LEditOCX::*operation)()) {
-        commands().bind(name, this, [this, operation] {
-            if (LEditOCX *editor = focusedEditor())
-                (editor->*operation)();
-        });
-    };
-    edit("menuModificaUndo", &LEditOCX::Undo);
-    edit("menuModificaRedo", &LEditOCX::Redo);
-    edit("menuModificaTaglia", &LEditOCX::Cut);
-    edit("menuModificaCopia", &LEditOCX::Copy);
-    edit("menuModificaIncolla", &LEditOCX::Paste);
-    edit("menuModificaSelezionaTutto", &LEditOCX::SelectAll);
-    bindView(LEDIT1, ViewLanguage::Orchestra, ViewPosition::First);
-    bindView(LEDIT2, ViewLanguage::Score, ViewPosition::Second);
-}
-
-void FormORCSCO::bindView(LEditOCX *view, ViewLanguage language, ViewPosition position)
-{
-    new EditorPopup(*view, *menuPopup, [this, view, language] { preparePopup(*view, language); });
-    connect(view, &LEditOCX::KeyDown, this, [this, view, language, position](EditorKey &key) {
-        handleViewKey(*view, language, position, key);
-    });
-}
-
-void FormORCSCO::bindBookmarks()
-{
-    const auto bind = [this](const char *name, void (Bookmarks::*operation)()) {
-        commands().bind(name, this, [this, operation] {
-            if (Bookmarks *bookmarks = focusedBookmarks())
-                (bookmarks->*operation)();
-        });
-    };
-    bind("menuPopupBookmark", &Bookmarks::InsertBookmark);
-    bind("menuPopupRemoveBookmark", &Bookmarks::RemoveBookmark);
-    bind("menuPopupRemoveAllBookmarks", &Bookmarks::RemoveAllBookmarks);
-
-    commands().bind("menuWindowBarraBook", this, &FormORCSCO::toggleBookmarksPanel);
-}
-
-void FormORCSCO::bindArrangements()
-{
-    auto *oneOfFour = new QActionGroup(this);
-    for (const auto &[arrangement, command] : arrangementCommands) {
-        oneOfFour->addAction(commands().action(command));
-        commands().bind(command, this, [this, chosen = arrangement] { arrange(chosen); });
-    }
-    commands().bind("menuVisualizzaReset", this, &FormORCSCO::arrangeWindow);
-    connect(SplitterH, &SplitterGrip::dragged, this,
-            [this](int top) { dragged(dragSplitterH(windowState(), m_layout, top)); });
-    connect(SplitterV, &SplitterGrip::dragged, this,
-            [this](int left) { dragged(dragSplitterV(windowState(), m_layout, left)); });
-}
-
-void FormORCSCO::handleViewKey(LEditOCX &view, ViewLanguage language, ViewPosition position,
-                               EditorKey &key)
-{
-    const ViewKey meaning = projectViewKey(key.KeyCode, key.Shift, position);
-    if (!reachesControl(meaning))
-        key.KeyCode = 0;
-    switch (meaning) {
-    case ViewKey::FocusFirstView:
-        if (m_orchestra->isShown())
-            LEDIT1->setFocus();
-        break;
-    case ViewKey::FocusSecondView:
-        if (m_score->isShown())
-            LEDIT2->setFocus();
-        break;
-    default:
-        followKey(view, language, meaning);
-    }
-}
-
 // Arrangements. ----------------------------------------------------------------------------------
 
 Arrangement FormORCSCO::arrangement() const { return arrangementNamed(config().Arrangement); }
@@ -285,8 +178,7 @@ void FormORCSCO::arrangeWindow() { arrange(arrangement()); }
 void FormORCSCO::arrange(Arrangement chosen)
 {
     config().Arrangement = arrangementName(chosen);
-    for (const auto &[arrangement, command] : arrangementCommands)
-        commands().action(command)->setChecked(arrangement == chosen);
+    checkArrangement(chosen);
     m_orchestra->setShown(showsOrchestra(chosen), config().LineNumbersVisible);
     m_score->setShown(showsScore(chosen), config().LineNumbersVisible);
     SplitterH->setVisible(chosen == Arrangement::Horizontal);
@@ -342,24 +234,34 @@ void FormORCSCO::dragged(const std::optional<ProjectLayout> &layout)
 
 // What the window does itself. -------------------------------------------------------------------
 
+void FormORCSCO::toggle(FloatingPanel &panel, QPoint topLeft)
+{
+    if (panel.isShown())
+        panel.hide();
+    else
+        panel.showAt(toPixels(topLeft));
+}
+
 void FormORCSCO::toggleBookmarksPanel()
 {
-    if (m_bookmarksPanel->isShown()) {
-        m_bookmarksPanel->hide();
-    } else {
-        const int left = toTwips(frameGeometry().width() - PictureBookmarks->width()) - 400;
-        const int top = toTwips(LEDIT1->y()) + 33;
-        m_bookmarksPanel->showAt(toPixels(QPoint(left, top)));
-    }
+    const int left = toTwips(frameGeometry().width() - PictureBookmarks->width()) - 400;
+    toggle(*m_bookmarksPanel, {left, toTwips(LEDIT1->y()) + 33});
     commands().action("menuWindowBarraBook")->setChecked(m_bookmarksPanel->isShown());
 }
 
-Bookmarks *FormORCSCO::focusedBookmarks() const
+void FormORCSCO::toggleInstrumentPanel()
+{
+    const int left = toTwips(centralWidget()->width() - PictureInstrument->width()) - 150;
+    toggle(*m_instrumentPanel, {left, 50});
+    commands().action("menuWindowInstrument")->setChecked(m_instrumentPanel->isShown());
+}
+
+HalfView *FormORCSCO::focusedHalf() const
 {
     const LEditOCX *editor = focusedEditor();
     if (!editor)
         return nullptr;
-    return editor == LEDIT1 ? m_orchestraBookmarks : m_scoreBookmarks;
+    return editor == LEDIT1 ? m_orchestra : m_score;
 }
 
 LEditOCX *FormORCSCO::focusedEditor() const

@@ -16,6 +16,7 @@ class Gutter;
 class HalfDocument;
 class HalfView;
 class HelpPanels;
+class InstrumentPanel;
 class ProjectDocument;
 class SplitterGrip;
 class ToolToggles;
@@ -54,16 +55,21 @@ private:
     // Binding.
     void bindProject();
     void bindEditing();
-    void bindBookmarks();
+    void bindNavigation();
+    void bindPanels();
     void bindArrangements();
     void bindView(LEditOCX *view, ViewLanguage language, ViewPosition position);
 
     void handleViewKey(LEditOCX &view, ViewLanguage language, ViewPosition position,
                        EditorKey &key);
-    Bookmarks *focusedBookmarks() const;
+    /// The half whose editor has the focus, or none.
+    HalfView *focusedHalf() const;
+    static void toggle(FloatingPanel &panel, QPoint topLeft);
     void toggleBookmarksPanel();
+    void toggleInstrumentPanel();
 
-    void arrange(Arrangement arrangement);
+    void arrange(Arrangement chosen);
+    void checkArrangement(Arrangement chosen);
     Arrangement arrangement() const;
     ProjectWindowState windowState() const;
     void place(const ProjectLayout &layout);
@@ -75,16 +81,16 @@ private:
     SplitterGrip *SplitterH = nullptr;
     SplitterGrip *SplitterV = nullptr;
     BookmarksPanel *PictureBookmarks = nullptr;
+    InstrumentPanel *PictureInstrument = nullptr;
     QMenu *menuPopup = nullptr;
 
     HelpPanels *m_panels = nullptr;
-    Bookmarks *m_orchestraBookmarks = nullptr;
-    Bookmarks *m_scoreBookmarks = nullptr;
     HalfView *m_orchestra = nullptr;
     HalfView *m_score = nullptr;
     ProjectDocument *m_project = nullptr;
     ToolToggles *m_tools = nullptr;
     FloatingPanel *m_bookmarksPanel = nullptr;
+    FloatingPanel *m_instrumentPanel = nullptr;
     ProjectLayout m_layout;
     QTimer Timer1{this};
 };

@@ -12,7 +12,8 @@ HalfDocument::HalfDocument(const ProjectHalf &half, LEditOCX &editor, Bookmarks 
                            QString &fileName, LEditOCX &focusedOnCancel, ProgramContext &program,
                            FileChooser &files, QObject *parent)
     : EditedFile(editor, bookmarks, fileName,
-                 {QStringLiteral("Save ") + half.name, half.saveTitle(), half.saveFilter()},
+                 {QStringLiteral("Save ") + half.name, half.saveTitle(), half.saveFilter(),
+                  half.missingText},
                  program, files, parent),
       m_half(half),
       m_focusedOnCancel(focusedOnCancel)

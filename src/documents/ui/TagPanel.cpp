@@ -1,6 +1,8 @@
 #include "documents/ui/TagPanel.h"
 
 #include "language/editor/LEditOCX.h"
+#include "navigation/SearchRules.h"
+#include "navigation/ui/EditorSearch.h"
 #include "navigation/ui/TextScan.h"
 
 #include <QListWidget>
@@ -21,8 +23,11 @@ TagPanel::TagPanel(LEditOCX &editor, QTreeWidget &tree, QListWidget &list, const
         auto *node = new QTreeWidgetItem(&m_tree, {Missing});
         node->setForeground(0, QColor(0, 0, 255));
         m_list.addItem(word);
+        m_list.item(m_list.count() - 1)->setToolTip(word);
     }
     connect(&m_editor, &LEditOCX::Repaint, this, [this] { m_due = m_words.size() - 1; });
+    connect(&m_tree, &QTreeWidget::itemClicked, this,
+            [this](const QTreeWidgetItem *node) { goTo(node->text(0)); });
     connect(&m_list, &QListWidget::itemClicked, this,
             [this](const QListWidgetItem *item) { insertWord(item->text()); });
 }
@@ -52,6 +57,15 @@ void TagPanel::clear()
     for (int i = 0; i < m_tree.topLevelItemCount(); ++i)
         m_tree.topLevelItem(i)->setText(0, Missing);
     m_due = m_words.size() - 1;
+}
+
+void TagPanel::goTo(const QString &word)
+{
+    if (word != Missing) {
+        findFirst(m_editor, word, FindDirection::UpDown, true);
+        m_editor.SetFindWholeWord(false);
+    }
+    m_editor.setFocus();
 }
 
 void TagPanel::insertWord(const QString &word)

@@ -11,7 +11,8 @@ namespace ardiphon {
 class LEditOCX;
 
 /// The words of a CSD beside the text: a tree of those that the document holds, refreshed one word
-/// at a time, and a list of all of them from which one can be inserted.
+/// at a time, where a click goes to the word, and a list of all of them from which one can be
+/// inserted.
 class TagPanel : public QObject
 {
     Q_OBJECT
@@ -31,6 +32,7 @@ signals:
     void inserted();
 
 private:
+    void goTo(const QString &word);
     void insertWord(const QString &word);
     bool isShown(const QString &word) const;
 

@@ -110,6 +110,12 @@ int controlCharacterOfKey(int key, Qt::KeyboardModifiers modifiers)
     }
 }
 
+bool isModifierKey(int key)
+{
+    return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr ||
+           key == Qt::Key_Super_L || key == Qt::Key_Super_R;
+}
+
 bool typesText(const QKeyEvent &event)
 {
     constexpr Qt::KeyboardModifiers commands =

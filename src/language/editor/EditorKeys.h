@@ -20,6 +20,9 @@ unsigned commandOfKey(int key, Qt::KeyboardModifiers modifiers);
 /// The character that a key types as such: 13 Enter, 9 Tab, 8 Backspace, 127 Delete; else 0.
 int controlCharacterOfKey(int key, Qt::KeyboardModifiers modifiers);
 
+/// Whether it is Shift, Ctrl or another key that only changes what others do.
+bool isModifierKey(int key);
+
 /// Whether the key puts its text into the document.
 bool typesText(const QKeyEvent &event);
 

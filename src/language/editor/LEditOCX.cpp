@@ -1,5 +1,6 @@
 #include "language/editor/LEditOCX.h"
 
+#include "language/TextDifference.h"
 #include "language/Utf8.h"
 #include "language/editor/LEditOCXPrivate.h"
 #include "platform/DocumentFile.h"
@@ -16,39 +17,6 @@ using Sci = QsciScintillaBase;
 namespace {
 
 QString canonical(const QString &path) { return QFileInfo(path).canonicalFilePath(); }
-
-// The stretch of a text that is to be replaced, and by which stretch of another.
-struct Difference
-{
-    TextRange old;
-    TextRange replacement;
-};
-
-// Whether an offset in the text lies between two characters and not inside a line end.
-bool isBoundary(QByteArrayView text, qsizetype at)
-{
-    if (at <= 0 || at >= text.size())
-        return true;
-    if (text[at - 1] == '\r' && text[at] == '\n')
-        return false;
-    return (static_cast<unsigned char>(text[at]) & 0xC0) != 0x80;
-}
-
-// What is left between the common head and the common tail of two texts of like line ends.
-Difference differenceOf(QByteArrayView old, QByteArrayView text)
-{
-    const qsizetype shorter = std::min(old.size(), text.size());
-    qsizetype head =
-        std::mismatch(old.begin(), old.begin() + shorter, text.begin()).first - old.begin();
-    while (!isBoundary(old, head) || !isBoundary(text, head))
-        --head;
-    qsizetype tail = 0;
-    while (tail < shorter - head && old[old.size() - 1 - tail] == text[text.size() - 1 - tail])
-        ++tail;
-    while (!isBoundary(old, old.size() - tail) || !isBoundary(text, text.size() - tail))
-        --tail;
-    return {{head, old.size() - tail}, {head, text.size() - tail}};
-}
 
 } // namespace
 
@@ -92,7 +60,7 @@ void LEditOCX::Private::replaceDocument(DocumentText document)
     text.reset(document.utf8);
     text.setLineEndKind(form.lineEnd);
     bookmarks.attach();
-    aboutToDraw(1, int(view.SendScintilla(Sci::SCI_LINESONSCREEN)));
+    styling.prepareLongLines();
 }
 
 LEditOCX::LEditOCX(QWidget *parent) : QWidget(parent), d(std::make_unique<Private>(*this))
@@ -110,25 +78,14 @@ QString LEditOCX::Text() const { return d->text.text({0, d->text.size()}); }
 
 void LEditOCX::SetText(const QString &text)
 {
-    const QByteArray utf8 = text.toUtf8();
-    // Offsets are found in texts whose line ends are alike, and told as lines and columns.
-    const QByteArray wanted = withLineEnds(utf8, LineEnd::Lf);
-    const QByteArray present = withLineEnds(d->text.bytes(0, d->text.size()), LineEnd::Lf);
-    const Difference difference = differenceOf(present, wanted);
-    if (difference.old.start == difference.old.end &&
-        difference.replacement.start == difference.replacement.end)
+    const QByteArray wanted = text.toUtf8();
+    const TextDifference difference = differenceOf(d->text.bytes(0, d->text.size()), wanted);
+    if (difference.isNone())
         return;
-    const auto toOffset = [&](qsizetype at) {
-        const QByteArrayView before = QByteArrayView(present).first(at);
-        const qsizetype lineStart = before.lastIndexOf('\n') + 1;
-        const int line = int(std::count(before.begin(), before.end(), '\n')) + 1;
-        return d->text.lineStart(line) + (at - lineStart);
-    };
     const EditStep step(d->view);
-    d->text.replace(
-        {toOffset(difference.old.start), toOffset(difference.old.end)},
-        QByteArrayView(wanted).sliced(difference.replacement.start,
-                                      difference.replacement.end - difference.replacement.start));
+    d->text.replace(difference.present,
+                    QByteArrayView(wanted).sliced(difference.wanted.start,
+                                                  difference.wanted.end - difference.wanted.start));
 }
 
 int LEditOCX::LineCount() const { return d->text.lineCount(); }

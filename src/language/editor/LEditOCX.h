@@ -30,8 +30,11 @@ struct EditorMouseButton
 /// The editor control: one document with its typing, caret and selection, history, clipboard, file
 /// load and save, search, bookmarks, and the tokens that colouring asks for.
 ///
-/// Lines count from 1 and columns, in characters, from 0. `Text` has CR LF line ends whatever the
-/// file has. A call that cannot be carried out changes nothing.
+/// Lines count from 1 and columns, in characters (QChars), from 0. `Text` has CR LF line ends
+/// whatever the file has. A call that cannot be carried out changes nothing.
+///
+/// What is not the control's own goes on to the window: files that are dropped, the wheel, and the
+/// keys that neither type nor edit. The view inside is the focus proxy, so keys are sent to that.
 class LEditOCX : public QWidget
 {
     Q_OBJECT
@@ -55,7 +58,8 @@ public:
     /// In characters; 0 for a line that does not exist.
     int LineLength(int line) const;
 
-    /// Empties the document; it has no file, no bookmark slot moves.
+    /// Empties the document; it has no file, no history and is not modified. No bookmark slot
+    /// moves.
     void ClearDocument();
     /// Reads \a path into the document. False when it could not be read: the document is empty
     /// then, and a SaveFile to that same path is refused as long as the file exists.
@@ -142,7 +146,8 @@ public:
 
     // Bookmarks. ---------------------------------------------------------------------------------
 
-    /// Puts slot \a index (from 0) on \a line; -1 frees it. The line follows the edits above it.
+    /// Puts slot \a index, 0 to 31, on \a line; -1 frees it. The line follows the edits above it;
+    /// when it is deleted, the slot is on the line that takes its place.
     void SetBookmarkLine(int index, int line);
     /// The line of the slot, -1 when it is free.
     int GetBookmarkLine(int index) const;
@@ -152,11 +157,14 @@ public:
     void ClearBookmarkForeColor(int index);
 
 signals:
+    /// The left button went up; the caret is where it went down.
     void Click();
     /// What is on screen changed: text, scroll position, size or font.
     void Repaint();
     void KeyDown(ardiphon::EditorKey &key);
-    /// A character is about to be typed; a handler may set it to 0 to swallow it.
+    /// A character is about to be typed; a handler may set it to 0 to swallow it. Enter is 13, Tab
+    /// 9, Backspace 8 and Delete 127. Text that the mouse brought in or took away is told
+    /// afterwards, as 22 and 24, the codes of Ctrl+V and Ctrl+X.
     void KeyPress(int &character);
     void MouseButton(ardiphon::EditorMouseButton &button);
 

@@ -22,6 +22,7 @@ public:
     TextRange record() const;
     void show(TextRange range);
     std::optional<TextRange> find(TextRange from) const;
+    std::optional<TextRange> findBehind(qsizetype from) const;
     void changeFont(const std::function<void(QFont &)> &change);
 
     LEditOCX &control;
@@ -39,6 +40,7 @@ public:
     QString replaceText;
     int findDirection = 1;
     bool findWholeWord = false;
+    TextSearch search{findText, findWholeWord}; ///< made anew when one of these changes
     std::optional<TextRange> match; ///< of the last FindFirst, until the text changes
 
 private:

@@ -4,7 +4,13 @@
 
 namespace ardiphon {
 
-void LEditOCX::SetFindText(const QString &text) { d->findText = text; }
+void LEditOCX::SetFindText(const QString &text)
+{
+    if (text == d->findText)
+        return;
+    d->findText = text;
+    d->search = TextSearch(d->findText, d->findWholeWord);
+}
 
 void LEditOCX::SetReplaceText(const QString &text) { d->replaceText = text; }
 
@@ -14,16 +20,30 @@ void LEditOCX::SetFindDirection(int direction)
         d->findDirection = direction;
 }
 
-void LEditOCX::SetFindWholeWord(bool wholeWord) { d->findWholeWord = wholeWord; }
+void LEditOCX::SetFindWholeWord(bool wholeWord)
+{
+    if (wholeWord == d->findWholeWord)
+        return;
+    d->findWholeWord = wholeWord;
+    d->search = TextSearch(d->findText, d->findWholeWord);
+}
 
 std::optional<TextRange> LEditOCX::Private::find(TextRange from) const
 {
-    const TextSearch search(findText, findWholeWord);
-    const QByteArrayView bytes = text.bytes(0, text.size());
     if (findDirection == 0)
-        return search.backward(bytes, from.start);
-    const auto found = search.forward(bytes, from.end);
-    return found || findDirection == 1 ? found : search.forward(bytes, 0);
+        return search.backward(text.bytes(0, text.size()), from.start);
+    const auto found = findBehind(from.end);
+    return found || findDirection == 1 ? found : findBehind(0);
+}
+
+// Asks for no more of the text than is searched: all of it would close the buffer's gap, and after
+// each replacement that costs as much as the text is long.
+std::optional<TextRange> LEditOCX::Private::findBehind(qsizetype from) const
+{
+    constexpr qsizetype longestCharacter = 4; // what stands before a match decides too
+    const qsizetype start = std::max<qsizetype>(from - longestCharacter, 0);
+    const auto found = search.forward(text.bytes(start, text.size()), from - start);
+    return found ? std::optional(TextRange{start + found->start, start + found->end}) : found;
 }
 
 int LEditOCX::FindFirst()
@@ -54,7 +74,7 @@ void LEditOCX::ReplaceCurrent()
 
 void LEditOCX::ReplaceAll()
 {
-    const TextSearch search(d->findText, d->findWholeWord);
+    const TextSearch &search = d->search;
     std::vector<TextRange> matches;
     const QByteArrayView bytes = d->text.bytes(0, d->text.size());
     for (auto match = search.forward(bytes, 0); match; match = search.forward(bytes, match->end))

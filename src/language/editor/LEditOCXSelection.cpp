@@ -23,9 +23,13 @@ TextRange LEditOCX::Private::record() const
     return {std::min(start, end), std::max(start, end)};
 }
 
+// A long run of searches and replacements turns the updates off: to find out what to scroll to, the
+// library lays out a line at each of them, which takes far longer than they do.
 void LEditOCX::Private::show(TextRange range)
 {
     text.select(range);
+    if (!control.updatesEnabled())
+        return;
     view.SendScintilla(Sci::SCI_SCROLLRANGE, ulong(range.start), long(range.end));
     view.SendScintilla(Sci::SCI_CHOOSECARETX);
 }
@@ -43,6 +47,9 @@ void LEditOCX::SetSelText(const QString &text)
     const EditStep step(d->view);
     const qsizetype end = d->text.replace(d->text.selection(), text.toUtf8());
     d->text.select({end, end});
+    if (!updatesEnabled())
+        return;
+    d->view.SendScintilla(Sci::SCI_SCROLLCARET);
     d->view.SendScintilla(Sci::SCI_CHOOSECARETX);
 }
 

@@ -10,25 +10,19 @@ namespace ardiphon {
 
 namespace {
 
-// Asked first with a view's own class; without an answer the library is asked with its base class.
-QAccessibleInterface *plainInterface(const QString &className, QObject *object)
-{
-    if (QAccessible::isActive() ||
-        className != QLatin1String(TextView::staticMetaObject.className()))
-        return nullptr;
-    return new QAccessibleWidget(qobject_cast<QWidget *>(object), QAccessible::EditableText);
-}
-
-// Views that were asked for their interface keep it, so it is dropped when the other kind is
-// wanted.
-class InterfaceChanger : public QAccessible::ActivationObserver
+// Notes whether an assistive tool is connected. Views that were asked for their interface keep it,
+// so it is dropped when the other kind is wanted.
+class ToolWatcher : public QAccessible::ActivationObserver
 {
 public:
-    InterfaceChanger() { QAccessible::installActivationObserver(this); }
-    ~InterfaceChanger() { QAccessible::removeActivationObserver(this); }
+    ToolWatcher() { QAccessible::installActivationObserver(this); }
+    ~ToolWatcher() { QAccessible::removeActivationObserver(this); }
 
-    void accessibilityActiveChanged(bool) override
+    bool toolConnected() const { return m_connected; }
+
+    void accessibilityActiveChanged(bool connected) override
     {
+        m_connected = connected;
         for (QWidget *widget : QApplication::allWidgets()) {
             if (!qobject_cast<TextView *>(widget))
                 continue;
@@ -36,13 +30,31 @@ public:
                 QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(present));
         }
     }
+
+private:
+    bool m_connected = QAccessible::isActive();
 };
+
+const ToolWatcher &toolWatcher()
+{
+    static const ToolWatcher watcher;
+    return watcher;
+}
+
+// Asked first with a view's own class; without an answer the library is asked with its base class.
+QAccessibleInterface *plainInterface(const QString &className, QObject *object)
+{
+    if (className != QLatin1String(TextView::staticMetaObject.className()) ||
+        toolWatcher().toolConnected())
+        return nullptr;
+    return new QAccessibleWidget(qobject_cast<QWidget *>(object), QAccessible::EditableText);
+}
 
 } // namespace
 
 void installPlainAccessible()
 {
-    static const InterfaceChanger changer;
+    toolWatcher();
     QAccessible::installFactory(plainInterface);
 }
 

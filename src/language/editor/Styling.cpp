@@ -217,6 +217,20 @@ void Styling::applyStyles(qsizetype start, const QByteArray &styles)
     }
 }
 
+void Styling::prepareLongLines()
+{
+    int line = 0;
+    for (qsizetype at = 0; at + ColoredLength <= m_text.size(); at += ColoredLength) {
+        if (m_text.lineOf(at) == line || m_text.lineEnd(m_text.lineOf(at)) < at + ColoredLength)
+            continue;
+        line = m_text.lineOf(at);
+        const LineState state = stateAt(line);
+        const long mark = m_view.SendScintilla(Sci::SCI_GETENDSTYLED);
+        colorLine(line, state, {});
+        m_view.SendScintilla(Sci::SCI_STARTSTYLING, ulong(mark));
+    }
+}
+
 void Styling::prepare(int first, int last, const std::function<LineColors(int line)> &lineColors)
 {
     const qsizetype kept = m_view.SendScintilla(Sci::SCI_GETENDSTYLED);

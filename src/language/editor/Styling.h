@@ -66,6 +66,10 @@ public:
     /// \a lineColors tells the colours of a whole line.
     void prepare(int first, int last, const std::function<LineColors(int line)> &lineColors);
 
+    /// Colours every very long line of a new document, which has to happen before the view measures
+    /// it; that it does wherever the caret goes.
+    void prepareLongLines();
+
     /// What an existing line begins in.
     LineState stateAt(int line);
 

@@ -57,7 +57,9 @@ QString TextBuffer::text(TextRange range) const
 TextPosition TextBuffer::positionOf(qsizetype offset) const
 {
     const int line = lineOf(offset);
-    return {line, int(utf16Length(bytes(lineStart(line), offset)))};
+    // A caret may stand between a CR and an LF that met when what was between them was deleted.
+    const qsizetype inLine = std::min(offset, lineEnd(line));
+    return {line, int(utf16Length(bytes(lineStart(line), inLine)))};
 }
 
 qsizetype TextBuffer::offsetOf(TextPosition position) const
@@ -75,7 +77,10 @@ TextRange TextBuffer::selection() const
     return {send(Sci::SCI_GETSELECTIONSTART), send(Sci::SCI_GETSELECTIONEND)};
 }
 
-void TextBuffer::select(TextRange range) { send(Sci::SCI_SETSEL, range.start, range.end); }
+void TextBuffer::select(TextRange range)
+{
+    send(Sci::SCI_SETSELECTION, range.end, range.start);
+}
 
 qsizetype TextBuffer::caret() const { return send(Sci::SCI_GETCURRENTPOS); }
 

@@ -44,6 +44,7 @@ public:
     qsizetype offsetOf(TextPosition position) const;
 
     TextRange selection() const;
+    /// With the caret at its end; scrolls nothing.
     void select(TextRange range);
     qsizetype caret() const;
 

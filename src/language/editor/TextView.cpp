@@ -29,6 +29,14 @@ int buttonNumber(Qt::MouseButton button)
     }
 }
 
+// Without what the library would take for the wish to select a rectangle.
+QMouseEvent streamEvent(const QMouseEvent &event)
+{
+    return QMouseEvent(event.type(), event.position(), event.scenePosition(),
+                       event.globalPosition(), event.button(), event.buttons(),
+                       event.modifiers() & Qt::ShiftModifier);
+}
+
 // The codes that Ctrl+X and Ctrl+V stand for.
 constexpr int MovedOut = 24;
 constexpr int MovedIn = 22;
@@ -52,12 +60,13 @@ void TextView::setUpScintilla()
 {
     SendScintilla(SCI_SETCODEPAGE, SC_CP_UTF8);
     SendScintilla(SCI_SETLEXER, SCLEX_CONTAINER);
-    // The library tells an accessible interface about every change, counting characters from the
-    // document's start each time; what the control needs to know comes in other ways.
-    SendScintilla(SCI_SETMODEVENTMASK, 0);
+    // What is told behind a change the library also tells an accessible interface, for which it
+    // counts the characters from the document's start each time. Before a change it does not.
+    SendScintilla(SCI_SETMODEVENTMASK, SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE);
     SendScintilla(SCI_CLEARALLCMDKEYS);
     SendScintilla(SCI_USEPOPUP, 0);
     SendScintilla(SCI_SETMARGINS, 0);
+    SendScintilla(SCI_SETMARGINLEFT, 0UL, 3L);
     SendScintilla(SCI_SETSCROLLWIDTH, 1);
     SendScintilla(SCI_SETSCROLLWIDTHTRACKING, true);
     SendScintilla(SCI_SETLAYOUTCACHE, SC_CACHE_PAGE);
@@ -103,26 +112,30 @@ void TextView::tellMouseButton(const QMouseEvent *event)
 
 void TextView::mousePressEvent(QMouseEvent *event)
 {
+    QMouseEvent plain = streamEvent(*event);
     tellMouseButton(event);
     if (event->button() != Qt::RightButton)
-        withMouseEdits([&] { QsciScintillaBase::mousePressEvent(event); });
+        withMouseEdits([&] { QsciScintillaBase::mousePressEvent(&plain); });
 }
 
 void TextView::mouseDoubleClickEvent(QMouseEvent *event)
 {
+    QMouseEvent plain = streamEvent(*event);
     tellMouseButton(event);
     if (event->button() != Qt::RightButton)
-        QsciScintillaBase::mouseDoubleClickEvent(event);
+        QsciScintillaBase::mouseDoubleClickEvent(&plain);
 }
 
 void TextView::mouseMoveEvent(QMouseEvent *event)
 {
-    withMouseEdits([&] { QsciScintillaBase::mouseMoveEvent(event); });
+    QMouseEvent plain = streamEvent(*event);
+    withMouseEdits([&] { QsciScintillaBase::mouseMoveEvent(&plain); });
 }
 
 void TextView::mouseReleaseEvent(QMouseEvent *event)
 {
-    withMouseEdits([&] { QsciScintillaBase::mouseReleaseEvent(event); });
+    QMouseEvent plain = streamEvent(*event);
+    withMouseEdits([&] { QsciScintillaBase::mouseReleaseEvent(&plain); });
     if (event->button() == Qt::LeftButton &&
         viewport()->rect().contains(event->position().toPoint()))
         m_owner.click();

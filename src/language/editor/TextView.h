@@ -57,7 +57,7 @@ private:
     bool runCommand(int key, Qt::KeyboardModifiers modifiers);
     bool typeControlCharacter(const QKeyEvent *event);
     void typeText(const QString &text);
-    void typeCharacter(const QString &character);
+    void typeCharacter(char32_t code);
     void insertNewLine();
     bool selectCharacterToOverwrite();
     void goToVisible(bool end, bool extend);

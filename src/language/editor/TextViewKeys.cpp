@@ -5,16 +5,19 @@
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QPointer>
 
 namespace ardiphon {
 
-// A key that the view itself answers is not taken for a shortcut of the window.
+// A key that the view itself answers is not taken for a shortcut of the window, and with Alt none
+// is taken for the access key of a menu.
 bool TextView::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride) {
         const auto *key = static_cast<QKeyEvent *>(event);
         if (commandOfKey(key->key(), key->modifiers()) != NoCommand ||
-            controlCharacterOfKey(key->key(), key->modifiers()) != 0 || typesText(*key)) {
+            controlCharacterOfKey(key->key(), key->modifiers()) != 0 || typesText(*key) ||
+            key->modifiers() == Qt::AltModifier) {
             event->accept();
             return true;
         }
@@ -25,8 +28,12 @@ bool TextView::event(QEvent *event)
 void TextView::keyPressEvent(QKeyEvent *event)
 {
     EditorKey key{event->key(), shiftState(event->modifiers())};
-    m_owner.keyDown(key);
+    const QPointer<TextView> self(this);
+    if (!isModifierKey(event->key()))
+        m_owner.keyDown(key);
     event->accept();
+    if (!self) // the key closed the window
+        return;
     if (key.KeyCode == 0 || runCommand(event->key(), event->modifiers()) ||
         typeControlCharacter(event))
         return;
@@ -125,12 +132,19 @@ void TextView::typeText(const QString &text)
         if (typed == 0 && overwrites)
             SendScintilla(SCI_SETEMPTYSELECTION, caret);
         else if (typed != 0)
-            typeCharacter(QString::fromUcs4(reinterpret_cast<const char32_t *>(&typed), 1));
+            typeCharacter(char32_t(typed));
     }
 }
 
-void TextView::typeCharacter(const QString &character)
+// The library joins what it is given as a key to one step of history, but refuses what needs two
+// QChars.
+void TextView::typeCharacter(char32_t code)
 {
+    const QString character = QString::fromUcs4(&code, 1);
+    if (code > 0xFFFF) {
+        SendScintilla(SCI_REPLACESEL, character.toUtf8().constData());
+        return;
+    }
     QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, character);
     QsciScintillaBase::keyPressEvent(&typed);
 }

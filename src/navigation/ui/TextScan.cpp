@@ -1,12 +1,12 @@
 #include "navigation/ui/TextScan.h"
 
 #include "language/editor/LEditOCX.h"
+#include "navigation/SearchRules.h"
+#include "navigation/ui/EditorSearch.h"
 
 namespace ardiphon {
 
 namespace {
-
-constexpr int Forward = 1;
 
 bool recordHolds(const LEditOCX &editor, const QString &text)
 {
@@ -17,13 +17,10 @@ bool recordHolds(const LEditOCX &editor, const QString &text)
 
 bool containsExactly(LEditOCX &editor, const QString &text)
 {
-    editor.SelStartLine = editor.SelEndLine = 1;
-    editor.SelStartColumn = editor.SelEndColumn = 0;
-    editor.SetFindWholeWord(false);
-    editor.SetFindDirection(Forward);
-    editor.SetFindText(text);
+    const KeptRecord kept(editor); // a timer scans, and others are at work with the record
+    setRecord(editor, 1, 0);
     // The editor's own search pays no regard to case, so each match is looked at.
-    while (editor.FindNext() == 1)
+    while (findNext(editor, text, FindDirection::Down, false))
         if (recordHolds(editor, text))
             return true;
     return false;

@@ -1,0 +1,40 @@
+#include "navigation/SearchRules.h"
+
+#include "app/Numbers.h"
+
+#include <QRegularExpression>
+
+#include <limits>
+
+namespace ardiphon {
+
+QString captionForCaller(const QString &title, const QString &caller)
+{
+    if (caller == OrchestraCaller)
+        return title + QStringLiteral(" (Orchestra)");
+    if (caller == ScoreCaller)
+        return title + QStringLiteral(" (Score)");
+    return title;
+}
+
+QString fieldTextFromSelection(const QString &selection)
+{
+    return selection.trimmed().left(LongestFieldText);
+}
+
+bool isNumber(const QString &text)
+{
+    static const QRegularExpression number(
+        QStringLiteral("\\A\\s*[+-]?(\\d++\\.?\\d*+|\\.\\d++)([eE][+-]?\\d++)?\\s*\\z"));
+    return number.match(text).hasMatch();
+}
+
+std::optional<int> lineNumberFrom(const QString &text)
+{
+    if (!isNumber(text))
+        return std::nullopt;
+    using Limits = std::numeric_limits<int>;
+    return roundedWithin(leadingNumber(text), Limits::min(), Limits::max());
+}
+
+} // namespace ardiphon

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace ardiphon {
+
+/// The values that the editor's `FindDirection` takes.
+namespace FindDirection {
+inline constexpr int Up = 0;     ///< from the selection's start to the top
+inline constexpr int Down = 1;   ///< from the selection's end to the bottom
+inline constexpr int UpDown = 2; ///< as Down, and then from the top on
+} // namespace FindDirection
+
+/// The caller words, by which a search window knows the editor that it serves.
+inline const QString CsdCaller = QStringLiteral("CSD");
+inline const QString OrchestraCaller = QStringLiteral("ORCHESTRA");
+inline const QString ScoreCaller = QStringLiteral("SCORE");
+
+/// The caption of a search window: its title, and the editor where the window has two of them.
+QString captionForCaller(const QString &title, const QString &caller);
+
+/// As many characters of a text to find are taken as a field still shows without delay.
+inline constexpr int LongestFieldText = 250'000;
+
+/// What a search window takes over from a selection: the text without the blanks, tabs and line
+/// ends around it, cut behind `LongestFieldText` characters.
+QString fieldTextFromSelection(const QString &selection);
+
+/// Whether the whole of \a text is one number: perhaps a sign, digits with at most one point,
+/// perhaps an exponent, blanks around it allowed.
+bool isNumber(const QString &text);
+
+/// The line that a user asks for by \a text: its number rounded to the nearest whole one, a half to
+/// the even neighbour, kept within an int. Empty when the text is no number. Whether the document
+/// has such a line is not looked at.
+std::optional<int> lineNumberFrom(const QString &text);
+
+} // namespace ardiphon

@@ -1,0 +1,64 @@
+#include "navigation/ui/EditorSearch.h"
+
+#include "language/editor/LEditOCX.h"
+
+namespace ardiphon {
+
+namespace {
+
+void setSearch(LEditOCX &editor, const QString &text, int direction, bool wholeWord)
+{
+    editor.SetFindWholeWord(wholeWord);
+    editor.SetFindDirection(direction);
+    editor.SetFindText(text);
+}
+
+} // namespace
+
+bool isEmptyText(const LEditOCX &editor)
+{
+    return editor.LineCount() <= 1 && editor.LineLength(1) == 0;
+}
+
+bool findFirst(LEditOCX &editor, const QString &text, int direction, bool wholeWord)
+{
+    setSearch(editor, text, direction, wholeWord);
+    return editor.FindFirst() == 1;
+}
+
+bool findNext(LEditOCX &editor, const QString &text, int direction, bool wholeWord)
+{
+    setSearch(editor, text, direction, wholeWord);
+    return editor.FindNext() == 1;
+}
+
+void setRecord(LEditOCX &editor, int line, int column)
+{
+    editor.SelStartLine = editor.SelEndLine = line;
+    editor.SelStartColumn = editor.SelEndColumn = column;
+}
+
+void giveFocus(LEditOCX &editor)
+{
+    editor.window()->activateWindow();
+    editor.setFocus();
+}
+
+KeptRecord::KeptRecord(LEditOCX &editor)
+    : m_editor(editor),
+      m_startLine(editor.SelStartLine),
+      m_startColumn(editor.SelStartColumn),
+      m_endLine(editor.SelEndLine),
+      m_endColumn(editor.SelEndColumn)
+{
+}
+
+KeptRecord::~KeptRecord()
+{
+    m_editor.SelStartLine = m_startLine;
+    m_editor.SelStartColumn = m_startColumn;
+    m_editor.SelEndLine = m_endLine;
+    m_editor.SelEndColumn = m_endColumn;
+}
+
+} // namespace ardiphon

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+
+namespace ardiphon {
+
+class LEditOCX;
+
+/// Whether the document holds no character at all; asks for no copy of it.
+bool isEmptyText(const LEditOCX &editor);
+
+/// Sets the search properties and calls `FindFirst`: true when found, and then the match is
+/// selected and shown. \a direction: one of FindDirection.
+bool findFirst(LEditOCX &editor, const QString &text, int direction, bool wholeWord);
+
+/// Sets the search properties and calls `FindNext`: true when found, and then the match is in the
+/// selection record.
+bool findNext(LEditOCX &editor, const QString &text, int direction, bool wholeWord);
+
+/// Makes the selection record an empty place.
+void setRecord(LEditOCX &editor, int line, int column);
+
+/// Gives the editor the focus, and its window if another one is in front.
+void giveFocus(LEditOCX &editor);
+
+/// Keeps an editor's selection record as it stands for the life of this object.
+class KeptRecord
+{
+public:
+    explicit KeptRecord(LEditOCX &editor);
+    ~KeptRecord();
+    Q_DISABLE_COPY_MOVE(KeptRecord)
+
+private:
+    LEditOCX &m_editor;
+    const int m_startLine;
+    const int m_startColumn;
+    const int m_endLine;
+    const int m_endColumn;
+};
+
+} // namespace ardiphon

@@ -1,0 +1,108 @@
+#include "navigation/ui/SearchWindows.h"
+
+#include "app/ConfigurationBlock.h"
+#include "language/editor/LEditOCX.h"
+#include "navigation/ui/EditorSearch.h"
+#include "navigation/ui/FormSostituisci.h"
+#include "navigation/ui/FormTrovaRiga.h"
+#include "navigation/ui/formTrova.h"
+#include "platform/Dialogs.h"
+
+#include <QEvent>
+
+namespace ardiphon {
+
+SearchWindows::SearchWindows(ConfigurationBlock &config, Dialogs &dialogs,
+                             QList<ServedEditor> editors, QWidget &owner,
+                             std::function<void()> beep)
+    : QObject(&owner),
+      m_config(config),
+      m_dialogs(dialogs),
+      m_editors(std::move(editors)),
+      m_owner(owner),
+      m_beep(std::move(beep))
+{
+    m_owner.installEventFilter(this);
+}
+
+LEditOCX *SearchWindows::editorOf(const QString &caller) const
+{
+    for (const ServedEditor &served : m_editors)
+        if (served.caller == caller)
+            return served.editor;
+    return nullptr;
+}
+
+QString &SearchWindows::callerWord(SearchKind kind) const
+{
+    switch (kind) {
+    case SearchKind::Find:
+        return m_config.FindCaller;
+    case SearchKind::Replace:
+        return m_config.ReplaceCaller;
+    case SearchKind::FindLine:
+        break;
+    }
+    return m_config.FindLineCaller;
+}
+
+SearchWindow *SearchWindows::newWindow(SearchKind kind)
+{
+    const SearchContext context{callerWord(kind),
+                                [this](const QString &caller) { return editorOf(caller); },
+                                m_dialogs, &m_owner};
+    if (kind == SearchKind::Find)
+        return new formTrova(context);
+    if (kind == SearchKind::FindLine)
+        return new FormTrovaRiga(context);
+    auto *const window = new FormSostituisci(context, m_beep);
+    connect(window, &FormSostituisci::replaced, this, &SearchWindows::replaced);
+    return window;
+}
+
+void SearchWindows::open(SearchKind kind, const QString &caller)
+{
+    if (LEditOCX *const editor = editorOf(caller))
+        open(kind, caller, *editor, *editor);
+}
+
+void SearchWindows::open(SearchKind kind, const QString &caller, const LEditOCX &lookedAt,
+                         LEditOCX &focusedWithoutText)
+{
+    if (isEmptyText(lookedAt)) {
+        m_dialogs.message(
+            {QStringLiteral("No Document loaded!"), ProgramTitle, MessageIcon::Information});
+        focusedWithoutText.setFocus();
+        return;
+    }
+    QPointer<SearchWindow> &window = m_windows[std::size_t(kind)];
+    if (window)
+        window->close();
+    callerWord(kind) = caller;
+    window = newWindow(kind);
+    window->show();
+}
+
+void SearchWindows::openForFocus(SearchKind kind)
+{
+    for (const ServedEditor &served : m_editors)
+        if (served.editor->hasFocus())
+            return open(kind, served.caller);
+}
+
+/// A closed owner lives on until its events are done, and what it owns would still be seen.
+bool SearchWindows::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Hide && !event->spontaneous())
+        closeAll();
+    return QObject::eventFilter(watched, event);
+}
+
+void SearchWindows::closeAll()
+{
+    for (const QPointer<SearchWindow> &window : m_windows)
+        if (window)
+            window->close();
+}
+
+} // namespace ardiphon

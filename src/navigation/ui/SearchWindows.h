@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QApplication>
+#include <QPointer>
+
+#include <array>
+#include <functional>
+
+namespace ardiphon {
+
+struct ConfigurationBlock;
+class Dialogs;
+class LEditOCX;
+class SearchWindow;
+
+/// The three search windows, in the order of the menu.
+enum class SearchKind { Find, Replace, FindLine };
+
+/// An editor that search windows serve, and the caller word by which they know it.
+struct ServedEditor
+{
+    QString caller;
+    LEditOCX *editor;
+};
+
+/// Opens the search windows of one editor window: at most one of each kind, each anew, and none
+/// that is seen longer than its owner.
+class SearchWindows : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// \a owner: the editor window, which holds the \a editors and owns this object.
+    SearchWindows(ConfigurationBlock &config, Dialogs &dialogs, QList<ServedEditor> editors,
+                  QWidget &owner, std::function<void()> beep = &QApplication::beep);
+
+    /// Opens the window of that kind on the editor of \a caller. With no text there it says so,
+    /// gives the focus to that editor and opens nothing.
+    void open(SearchKind kind, const QString &caller);
+    /// The same for a command that looks at the text of another editor, or gives the focus to
+    /// another one after the message.
+    void open(SearchKind kind, const QString &caller, const LEditOCX &lookedAt,
+              LEditOCX &focusedWithoutText);
+    /// Opens it on the editor that has the focus; nothing when none has it.
+    void openForFocus(SearchKind kind);
+
+    /// The editor of that caller word, or null.
+    LEditOCX *editorOf(const QString &caller) const;
+
+signals:
+    /// A window may have changed the text of that editor.
+    void replaced(ardiphon::LEditOCX *editor);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    QString &callerWord(SearchKind kind) const;
+    SearchWindow *newWindow(SearchKind kind);
+    void closeAll();
+
+    ConfigurationBlock &m_config;
+    Dialogs &m_dialogs;
+    const QList<ServedEditor> m_editors;
+    QWidget &m_owner;
+    const std::function<void()> m_beep;
+    std::array<QPointer<SearchWindow>, 3> m_windows;
+};
+
+} // namespace ardiphon

@@ -1,0 +1,85 @@
+#include "language/TextDifference.h"
+
+#include <QRandomGenerator>
+#include <QtTest>
+
+using namespace ardiphon;
+
+class tst_TextDifference : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void texts_differ_inTheseStretches_data();
+    void texts_differ_inTheseStretches();
+    void randomTexts_replaced_becomeAlike();
+};
+
+void tst_TextDifference::texts_differ_inTheseStretches_data()
+{
+    QTest::addColumn<QByteArray>("present");
+    QTest::addColumn<QByteArray>("wanted");
+    QTest::addColumn<QByteArray>("old");  ///< what of the first is replaced
+    QTest::addColumn<QByteArray>("text"); ///< by what of the second
+    const auto row = [](const char *name, const char *present, const char *wanted, const char *old,
+                        const char *text) {
+        QTest::newRow(name) << QByteArray(present) << QByteArray(wanted) << QByteArray(old)
+                            << QByteArray(text);
+    };
+    row("alike", "abc", "abc", "", "");
+    row("both empty", "", "", "", "");
+    row("a letter more", "ac", "abc", "", "b");
+    row("a letter less", "abc", "ac", "b", "");
+    row("another letter", "abc", "axc", "b", "x");
+    row("all else", "abc", "xyz", "abc", "xyz");
+    row("line ends of three kinds", "a\nb\rc\r\n", "a\r\nb\r\nc\r\n", "", "");
+    row("a line more", "a\nc\n", "a\r\nb\r\nc\r\n", "", "b\r\n");
+    row("repetition", "aa", "aaa", "", "a");
+    row("a repeated line", "a\na\n", "a\r\na\r\na\r\n", "", "a\r\n");
+    row("half a character alike", "x\xC3\xA9y", "x\xC3\xA8y", "\xC3\xA9", "\xC3\xA8");
+    row("tail of a character alike", "x\xC3\xA9y", "x\xC4\xA9y", "\xC3\xA9", "\xC4\xA9");
+    row("a line end more", "a\nb", "a\r\n\r\nb", "", "\r\n");
+}
+
+void tst_TextDifference::texts_differ_inTheseStretches()
+{
+    QFETCH(QByteArray, present);
+    QFETCH(QByteArray, wanted);
+    QFETCH(QByteArray, old);
+    QFETCH(QByteArray, text);
+    const TextDifference difference = differenceOf(present, wanted);
+    const auto stretch = [](const QByteArray &of, TextRange range) {
+        return of.mid(range.start, range.end - range.start);
+    };
+    QCOMPARE(stretch(present, difference.present), old);
+    QCOMPARE(stretch(wanted, difference.wanted), text);
+    QCOMPARE(difference.isNone(), old.isEmpty() && text.isEmpty());
+}
+
+void tst_TextDifference::randomTexts_replaced_becomeAlike()
+{
+    QRandomGenerator random(42);
+    const QByteArray pieces[] = {"a", "b", "\n", "\r\n", "\r", "\xC3\xA9", "\xE2\x82\xAC"};
+    const auto make = [&] {
+        QByteArray text;
+        for (int i = random.bounded(12); i > 0; --i)
+            text += pieces[random.bounded(7)];
+        return text;
+    };
+    const auto alike = [](QByteArray text) {
+        return text.replace("\r\n", "\n").replace('\r', '\n');
+    };
+    for (int i = 0; i < 20000; ++i) {
+        const QByteArray present = make();
+        const QByteArray wanted = make();
+        const TextDifference difference = differenceOf(present, wanted);
+        QByteArray result = alike(present.left(difference.present.start));
+        result += alike(
+            wanted.mid(difference.wanted.start, difference.wanted.end - difference.wanted.start));
+        result += alike(present.mid(difference.present.end));
+        QCOMPARE(result, alike(wanted));
+    }
+}
+
+QTEST_APPLESS_MAIN(tst_TextDifference)
+#include "tst_TextDifference.moc"

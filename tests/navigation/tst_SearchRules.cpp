@@ -1,0 +1,217 @@
+#include "navigation/DefinitionRules.h"
+#include "navigation/SearchRules.h"
+
+#include <QtTest>
+
+#include <limits>
+
+using namespace ardiphon;
+
+class tst_SearchRules : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void caption_caller_isAdded_data();
+    void caption_caller_isAdded();
+    void fieldText_selection_losesBlanksAround_data();
+    void fieldText_selection_losesBlanksAround();
+    void fieldText_hugeSelection_isCut();
+    void isNumber_text_data();
+    void isNumber_text();
+    void lineNumber_text_isRoundedAndKept_data();
+    void lineNumber_text_isRoundedAndKept();
+    void wordToFind_definition_data();
+    void wordToFind_definition();
+    void wordToFind_reference_data();
+    void wordToFind_reference();
+    void rules_differ_asTheTableSays();
+    void entryCaption_longWord_isCutAt50();
+};
+
+void tst_SearchRules::caption_caller_isAdded_data()
+{
+    QTest::addColumn<QString>("caller");
+    QTest::addColumn<QString>("caption");
+    QTest::newRow("csd") << "CSD"
+                         << "Find";
+    QTest::newRow("orchestra") << "ORCHESTRA"
+                               << "Find (Orchestra)";
+    QTest::newRow("score") << "SCORE"
+                           << "Find (Score)";
+    QTest::newRow("none") << ""
+                          << "Find";
+}
+
+void tst_SearchRules::caption_caller_isAdded()
+{
+    QFETCH(QString, caller);
+    QTEST(captionForCaller(QStringLiteral("Find"), caller), "caption");
+}
+
+void tst_SearchRules::fieldText_selection_losesBlanksAround_data()
+{
+    QTest::addColumn<QString>("selection");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("blanks") << "  kamp  "
+                            << "kamp";
+    QTest::newRow("inner blanks stay") << " instr  1 "
+                                       << "instr  1";
+    QTest::newRow("a whole line") << "\tendin\r\n"
+                                  << "endin";
+    QTest::newRow("two lines") << " a\r\n b "
+                               << "a\r\n b";
+    QTest::newRow("only blanks") << "   "
+                                 << "";
+}
+
+void tst_SearchRules::fieldText_selection_losesBlanksAround()
+{
+    QFETCH(QString, selection);
+    QTEST(fieldTextFromSelection(selection), "text");
+}
+
+void tst_SearchRules::fieldText_hugeSelection_isCut()
+{
+    QCOMPARE(fieldTextFromSelection(QString(100'000, u'x')).size(), 100'000);
+    QCOMPARE(fieldTextFromSelection(QString(LongestFieldText + 1, u'x')).size(), LongestFieldText);
+}
+
+void tst_SearchRules::isNumber_text_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("number");
+    for (const char *text : {"1", "12", " 12 ", "-5", "+5", "12.6", ".5", "5.", "1e3", "1E-3",
+                             "99999999999", "\t7\t", "1e999"})
+        QTest::addRow("'%s'", text) << text << true;
+    for (const char *text : {"", " ", "a", "12a", "a12", "1 2", "1.2.3", "-", "+-1", ".", "e3",
+                             "1e", "1e+", "--1", "0x10", "1,5", "kamp"})
+        QTest::addRow("no number: '%s'", text) << text << false;
+    QTest::newRow("two lines") << "1\n2" << false;
+}
+
+void tst_SearchRules::isNumber_text()
+{
+    QFETCH(QString, text);
+    QTEST(isNumber(text), "number");
+}
+
+void tst_SearchRules::lineNumber_text_isRoundedAndKept_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("line"); // -1: none
+    using Limits = std::numeric_limits<int>;
+    QTest::newRow("plain") << "12" << 12;
+    QTest::newRow("blanks") << " 12 " << 12;
+    QTest::newRow("zero") << "0" << 0;
+    QTest::newRow("negative") << "-5" << -5;
+    QTest::newRow("exponent") << "1e3" << 1000;
+    QTest::newRow("upwards") << "12.6" << 13;
+    QTest::newRow("half to even, down") << "12.5" << 12;
+    QTest::newRow("half to even, up") << "13.5" << 14;
+    QTest::newRow("too large") << "99999999999" << Limits::max();
+    QTest::newRow("too small") << "-99999999999" << Limits::min();
+    QTest::newRow("large exponent") << "1e99" << Limits::max();
+    QTest::newRow("letters") << "12a" << -1;
+    QTest::newRow("nothing") << "" << -1;
+}
+
+void tst_SearchRules::lineNumber_text_isRoundedAndKept()
+{
+    QFETCH(QString, text);
+    QTEST(lineNumberFrom(text).value_or(-1), "line");
+}
+
+void tst_SearchRules::wordToFind_definition_data()
+{
+    QTest::addColumn<QString>("word");
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("global");
+    QTest::newRow("local") << "kamp"
+                           << "kamp line 0, p3, 1"
+                           << "kamp" << false;
+    QTest::newRow("global") << "gaout"
+                            << "outs gaout"
+                            << "gaout" << true;
+    QTest::newRow("G is no g") << "Gain"
+                               << "outs Gain"
+                               << "Gain" << false;
+    QTest::newRow("macro") << "$HALL."
+                           << "k $HALL."
+                           << "HALL" << true;
+    QTest::newRow("macro without point") << "$HALL"
+                                         << "k $HALL"
+                                         << "HALL" << true;
+    QTest::newRow("point alone") << "kamp."
+                                 << "kamp."
+                                 << "kamp" << false;
+    QTest::newRow("undef") << "HALL"
+                           << "#undef HALL"
+                           << "HALL" << true;
+    QTest::newRow("define") << "HALL"
+                            << "#define HALL # 1 #"
+                            << "HALL" << false;
+    QTest::newRow("undef in capitals") << "HALL"
+                                       << "#UNDEF HALL"
+                                       << "HALL" << false;
+    QTest::newRow("dollar alone") << "$"
+                                  << "$"
+                                  << "" << true;
+}
+
+void tst_SearchRules::wordToFind_definition()
+{
+    QFETCH(QString, word);
+    QFETCH(QString, line);
+    const WordToFind found = wordToFind(Definition, word, line);
+    QTEST(found.text, "text");
+    QTEST(found.global, "global");
+}
+
+void tst_SearchRules::wordToFind_reference_data()
+{
+    QTest::addColumn<QString>("word");
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<bool>("global");
+    QTest::newRow("local") << "kamp"
+                           << "kamp line 0, p3, 1" << false;
+    QTest::newRow("global") << "gaout"
+                            << "outs gaout" << true;
+    QTest::newRow("macro") << "$HALL."
+                           << "k $HALL." << false;
+    QTest::newRow("undef") << "HALL"
+                           << "#undef HALL" << false;
+    QTest::newRow("define") << "HALL"
+                            << "#define HALL # 1 #" << true;
+    QTest::newRow("define in capitals") << "HALL"
+                                        << "#DEFINE HALL # 1 #" << false;
+}
+
+void tst_SearchRules::wordToFind_reference()
+{
+    QFETCH(QString, word);
+    QFETCH(QString, line);
+    const WordToFind found = wordToFind(Reference, word, line);
+    QCOMPARE(found.text, word);
+    QTEST(found.global, "global");
+}
+
+void tst_SearchRules::rules_differ_asTheTableSays()
+{
+    QVERIFY(Definition.globalFromTop && !Reference.globalFromTop);
+    QVERIFY(Definition.localFromInstrument && !Reference.localFromInstrument);
+    QVERIFY(Definition.focusesWithoutWord && !Reference.focusesWithoutWord);
+}
+
+void tst_SearchRules::entryCaption_longWord_isCutAt50()
+{
+    QCOMPARE(definitionCaption(QStringLiteral("kamp")), QStringLiteral("Go to definition of kamp"));
+    QCOMPARE(referenceCaption(QStringLiteral("kamp")), QStringLiteral("Go to reference of kamp"));
+    const QString x50(50, u'x');
+    QCOMPARE(definitionCaption(x50 + u'y'), QStringLiteral("Go to definition of ") + x50);
+    QCOMPARE(referenceCaption(x50 + u'y'), QStringLiteral("Go to reference of ") + x50);
+}
+
+QTEST_GUILESS_MAIN(tst_SearchRules)
+#include "tst_SearchRules.moc"
