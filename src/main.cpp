@@ -3,6 +3,7 @@
 #include "app/modRegistry.h"
 #include "app/ui/Form1.h"
 #include "documents/ui/FormCSD.h"
+#include "documents/ui/FormORCSCO.h"
 #include "platform/RunFolder.h"
 #include "platform/ui/QtDialogs.h"
 #include "preferences/ui/FormAbout.h"
@@ -42,6 +43,7 @@ int main(int argc, char *argv[])
 
     ProgramContext program{config, settings, dialogs, {}};
     program.windows.showFormCSD = [&program] { (new FormCSD(program))->show(); };
+    program.windows.showFormORCSCO = [&program] { (new FormORCSCO(program))->show(); };
 
     Form1 start(config, settings, dialogs, program.windows);
     start.showAbout = [&config](QWidget *owner) {

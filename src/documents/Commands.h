@@ -7,8 +7,8 @@ namespace ardiphon {
 /// One thing that the user can ask of an editor window. Menus, toolbars and popups show it by name.
 struct Command
 {
-    const char *name;    ///< its fixed name, and the objectName of its action
-    const char *caption; ///< with "&" before the access key
+    const char *name;          ///< its fixed name, and the objectName of its action
+    const char *caption;       ///< with "&" before the access key
     const char *keyText = "";  ///< shown behind a tab, where the key is not the shortcut's own text
     const char *shortcut = ""; ///< in Qt's portable notation; "" for none
     bool checkable = false;
@@ -33,12 +33,24 @@ struct ToolButton
     const char *toolTip;
 };
 
-// The CSD window: its commands, its menu bar from left to right, its submenus, its popup menu and
-// its toolbar.
+/// The commands that both editor windows have.
+std::span<const Command> editorCommands();
+
+// The CSD window: its own commands, its menu bar from left to right, its submenus, its popup menu
+// and its toolbar.
 std::span<const Command> csdCommands();
 std::span<const Menu> csdMenus();
 std::span<const Menu> csdSubmenus();
 const Menu &csdPopup();
 std::span<const ToolButton> csdToolbar();
+
+// The project's window, with the toolbars of its two halves.
+std::span<const Command> projectCommands();
+std::span<const Menu> projectMenus();
+std::span<const Menu> projectSubmenus();
+const Menu &projectPopup();
+std::span<const ToolButton> projectToolbar();
+std::span<const ToolButton> orchestraToolbar();
+std::span<const ToolButton> scoreToolbar();
 
 } // namespace ardiphon

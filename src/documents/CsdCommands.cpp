@@ -1,4 +1,4 @@
-#include "documents/Commands.h"
+#include "documents/EditorMenus.h"
 
 namespace ardiphon {
 
@@ -9,61 +9,11 @@ constexpr Command commands[] = {
     {"menuFileApriOrchestra", "&Open File", "", "Ctrl+O"},
     {"menuFileSalvaOrchestra", "&Save File", "", "Ctrl+S"},
     {"menuFileSalvaOrchestraNome", "Save File &As ..."},
-    {"menuFileProprieta", "File Prope&rties"},
-    {"menuFileEsci", "E&xit"},
-
-    {"menuModificaUndo", "&Undo", "(Ctrl+Z)"},
-    {"menuModificaRedo", "&Redo", "(Ctrl+Alt+Z)"},
-    {"menuModificaTaglia", "Cu&t", "(Ctrl+X)"},
-    {"menuModificaCopia", "&Copy", "(Ctrl+C)"},
-    {"menuModificaIncolla", "&Paste", "(Ctrl+V)"},
-    {"menuModificaTrova", "&Find", "(Ctrl+F)"},
-    {"menuModificaSostituisci", "F&ind and Replace", "(Ctrl+H)"},
-    {"menuModificaTrovaRiga", "Find &Line number", "(Ctrl+G)"},
-    {"menuModificaSelezionaTutto", "Select &All", "(Ctrl+A)"},
-
+    {"menuFileImportaORCSCO", "Import ORC/SCO to CSD"},
+    {"menuFileConvertToORCSCO", "Export CSD to ORC/SCO"},
     {"menuTemplateCSD", "&CSD Template"},
-
     {"menuCSound", "&CSound", "", "F3"},
-    {"menuToolsBookmark", "Insert &Bookmark", "", "Ctrl+B"},
-    {"menuToolsRemoveBookmark", "Remove B&ookmark"},
-    {"menuToolsRemoveAllBookmark", "&Remove All Bookmarks"},
-
-    {"menuWindowLineNumbers", "&Line numbers", "CTRL+1", "Ctrl+1", true},
-    {"menuWindowBarraBook", "&Bookmarks", "CTRL+2", "Ctrl+2", true},
-    {"menuWindowHelp", "&On-Line Help", "CTRL+3", "Ctrl+3", true},
-    {"menuWindowToolbar", "&Toolbar", "CTRL+4", "Ctrl+4", true},
-    {"menuWindowAllTools", "Hide/Show &All tools", "CTRL+5", "Ctrl+5"},
-    {"menuWindowRestore", "&Restore all tools", "CTRL+6", "Ctrl+6"},
-    {"menuWindowUp", "Window &Up"},
-    {"menuWindowDown", "Window &Down"},
-    {"menuWindowLeft", "Window L&eft"},
-    {"menuWindowRight", "Window R&ight"},
-
-    {"menuInfoArdiphonHelp", "&Ardiphon Help"},
-    {"menuInfoCsoundHelp", "CSound &Help"},
-    {"menuInfoCSoundAVHelp", "CSoundA&V Help"},
-    {"menuInfoAbout", "&About"},
-
-    {"menuPopupTaglia", "Cu&t"},
-    {"menuPopupCopia", "&Copy"},
-    {"menuPopupIncolla", "&Paste"},
-    {"menuPopupUndo", "&Undo"},
-    {"menuPopupRedo", "&Redo"},
-    {"menuPopupSelezionaTutto", "Select &All"},
-    {"menuPopupBookmark", "Insert Bookmark"},
-    {"menuPopupRemoveBookmark", "Remove Bookmark"},
-    {"menuPopupRemoveAllBookmarks", "Remove All Bookmarks"},
-    {"menuPopupDefinition", "Go to definition"},
-    {"menuPopupReference", "Go to reference"},
-    {"menuPopupLastPosition", "Go to last position"},
-    {"menuPopupOpcodeHelp", "Opcode -> Help"},
-
-    {"buttonDefaultDir", "Default Directory"},
-    {"buttonCarattereMeno", "Smaller Font"},
-    {"buttonCaratterePiu", "Larger Font"},
     {"buttonSplit", "Split CSD Window", "", "", true},
-    {"buttonOpcodeHelp", "Opcode Help"},
     {"buttonFlagsHelp", "Command Line Flags"},
 };
 
@@ -73,6 +23,9 @@ constexpr const char *fileMenu[] = {
     "menuFileSalvaOrchestra",
     "menuFileSalvaOrchestraNome",
     nullptr,
+    "menuFileImportaORCSCO",
+    "menuFileConvertToORCSCO",
+    nullptr,
     "menuFileProprieta",
     nullptr,
     "menuLastFile",
@@ -80,14 +33,6 @@ constexpr const char *fileMenu[] = {
     "menuFileEsci",
 };
 
-constexpr const char *editMenu[] = {
-    "menuModificaUndo",        "menuModificaRedo",      nullptr, "menuModificaTaglia",
-    "menuModificaCopia",       "menuModificaIncolla",   nullptr, "menuModificaTrova",
-    "menuModificaSostituisci", "menuModificaTrovaRiga", nullptr, "menuModificaSelezionaTutto",
-};
-
-constexpr const char *formatMenu[] = {"menuSize"};
-constexpr const char *sizeMenu[] = {"menuFontSize"};
 constexpr const char *headerMenu[] = {"menuHeaders", nullptr, "menuTemplateCSD"};
 
 constexpr const char *toolsMenu[] = {
@@ -98,61 +43,18 @@ constexpr const char *toolsMenu[] = {
     "menuToolsRemoveAllBookmark",
 };
 
-constexpr const char *windowMenu[] = {
-    "menuWindowLineNumbers",
-    "menuWindowBarraBook",
-    "menuWindowHelp",
-    "menuWindowToolbar",
-    nullptr,
-    "menuWindowAllTools",
-    "menuWindowRestore",
-    nullptr,
-    "menuWindowUp",
-    "menuWindowDown",
-    "menuWindowLeft",
-    "menuWindowRight",
-};
-
-constexpr const char *infoMenu[] = {
-    "menuInfoArdiphonHelp", nullptr, "menuInfoCsoundHelp",
-    "menuInfoCSoundAVHelp", nullptr, "menuInfoAbout",
-};
-
-constexpr const char *popupMenu[] = {
-    "menuPopupTaglia",
-    "menuPopupCopia",
-    "menuPopupIncolla",
-    nullptr,
-    "menuPopupUndo",
-    "menuPopupRedo",
-    nullptr,
-    "menuPopupSelezionaTutto",
-    nullptr,
-    "menuPopupBookmark",
-    "menuPopupRemoveBookmark",
-    "menuPopupRemoveAllBookmarks",
-    nullptr,
-    "menuPopupDefinition",
-    "menuPopupReference",
-    "menuPopupLastPosition",
-    nullptr,
-    "menuPopupOpcodeHelp",
-};
-
 constexpr Menu menus[] = {
-    {"menuFile", "&File", fileMenu},        {"menuModifica", "&Edit", editMenu},
-    {"menuFormato", "F&ormat", formatMenu}, {"menuHeader", "&Header", headerMenu},
-    {"menuTools", "&Tools", toolsMenu},     {"menuWindow", "&Window", windowMenu},
-    {"menuInfo", "&Info", infoMenu},
+    {"menuFile", "&File", fileMenu},        {"menuModifica", "&Edit", EditMenu},
+    {"menuFormato", "F&ormat", FormatMenu}, {"menuHeader", "&Header", headerMenu},
+    {"menuTools", "&Tools", toolsMenu},     {"menuWindow", "&Window", WindowMenu},
+    {"menuInfo", "&Info", InfoMenu},
 };
 
 constexpr Menu submenus[] = {
-    {"menuSize", "&Size", sizeMenu},
+    {"menuSize", "&Size", SizeMenu},
 };
 
-constexpr Menu popup = {"menuPopup", "", popupMenu};
-
-constexpr ToolButton line = {nullptr, nullptr, nullptr, nullptr};
+constexpr Menu popup = {"menuPopup", "", PopupMenu};
 
 constexpr ToolButton toolbar[] = {
     {"buttonNuovoProgetto", "menuFileNuovaOrchestra", "new", "New File"},
@@ -160,20 +62,20 @@ constexpr ToolButton toolbar[] = {
     {"buttonSalvaProgetto", "menuFileSalvaOrchestra", "save", "Save File"},
     {"buttonSalvaProgettoNome", "menuFileSalvaOrchestraNome", "save-as", "Save File As"},
     {"buttonDefaultDir", "buttonDefaultDir", "default-folder", "Default Directory"},
-    line,
+    ToolbarLine,
     {"buttonTrova", "menuModificaTrova", "find", "Find"},
     {"buttonSostituisci", "menuModificaSostituisci", "replace", "Find and Replace"},
     {"buttonTrovaRiga", "menuModificaTrovaRiga", "find-line", "Find Line number"},
-    line,
+    ToolbarLine,
     {"buttonUndo", "menuModificaUndo", "undo", "Undo"},
     {"buttonRedo", "menuModificaRedo", "redo", "Redo"},
-    line,
+    ToolbarLine,
     {"buttonCarattereMeno", "buttonCarattereMeno", "font-smaller", "Smaller Font"},
     {"buttonCaratterePiu", "buttonCaratterePiu", "font-larger", "Larger Font"},
     {"buttonSplit", "buttonSplit", "split", "Split CSD Window"},
-    line,
+    ToolbarLine,
     {"buttonCsound", "menuCSound", "compile", "CSound Console Compiler"},
-    line,
+    ToolbarLine,
     {"buttonHelp", "menuInfoCsoundHelp", "help", "CSound Help"},
     {"buttonOpcodeHelp", "buttonOpcodeHelp", "opcode-help", "Opcode Help"},
     {"buttonDirectHelp", "menuInfoCSoundAVHelp", "direct-help", "CSoundAV Help"},

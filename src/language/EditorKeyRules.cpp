@@ -66,6 +66,20 @@ ViewKey csdViewKey(int keyCode, int shift, ViewPosition view)
     return functionKey(keyCode, view);
 }
 
+ViewKey projectViewKey(int keyCode, int shift, ViewPosition view)
+{
+    const ViewKey key = csdViewKey(keyCode, shift, view);
+    switch (key) {
+    case ViewKey::FirstInstrument:
+    case ViewKey::PreviousInstrument:
+    case ViewKey::NextInstrument:
+    case ViewKey::LastInstrument:
+        return ViewKey::PassOn;
+    default:
+        return key;
+    }
+}
+
 bool reachesControl(ViewKey key)
 {
     switch (key) {

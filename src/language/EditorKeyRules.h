@@ -28,6 +28,9 @@ enum class ViewPosition { First, Second };
 /// in a view of the CSD window.
 ViewKey csdViewKey(int keyCode, int shift, ViewPosition view);
 
+/// The same for a view of the project's window, where the instruments have no keys.
+ViewKey projectViewKey(int keyCode, int shift, ViewPosition view);
+
 /// Whether the key goes to the control as well.
 bool reachesControl(ViewKey key);
 

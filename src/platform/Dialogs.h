@@ -28,6 +28,7 @@ struct FileQuestion
     QString title;
     QString filter;    ///< pairs "description|patterns", joined by "|", patterns joined by ";"
     QString directory; ///< the folder to begin in; "" leaves it to the platform
+    QString proposedName = {}; ///< what the field of the file name holds at first
 };
 
 /// Everything that the program asks its user. The rules talk to this interface only, so they can

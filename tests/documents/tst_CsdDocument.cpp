@@ -58,6 +58,13 @@ private slots:
     void new_csd_beginsAnEmptyDocument();
     void new_project_handsOver();
 
+    void export_emptyText_saysSo();
+    void export_noScore_writesNothing();
+    void export_parts_areWrittenAsTheyStand();
+    void import_pair_makesAnUntitledText();
+    void import_missingScore_saysSo();
+    void import_cancelledQuestion_changesNothing();
+
     void properties_noName_saysSo();
     void properties_file_areShown();
     void drop_twoFiles_opensTheFirst();
@@ -424,6 +431,88 @@ void tst_CsdDocument::properties_file_areShown()
 }
 
 // Drops and leaving. -----------------------------------------------------------------------------
+
+// To and from an orchestra and a score.
+// ------------------------------------------------------------
+
+namespace {
+
+const QString ExportTitle = QStringLiteral("Save Orc/Sco As ... (*.ORC/*.SCO)");
+const QString ImportTitle = QStringLiteral("Open Project (Orchestra & Score)");
+
+} // namespace
+
+void tst_CsdDocument::export_emptyText_saysSo()
+{
+    show();
+    m_program->dialogs.expect({QStringLiteral("No available Document to export!")});
+    trigger("menuFileConvertToORCSCO");
+}
+
+void tst_CsdDocument::export_noScore_writesNothing()
+{
+    show(m_program->write(QStringLiteral("piece.csd"), "<CsInstruments>o</CsInstruments>"));
+    m_program->dialogs.expect({QStringLiteral("Conversion Error!"), QStringLiteral("Error!"),
+                               MessageIcon::Critical, MessageButtons::Ok});
+    trigger("menuFileConvertToORCSCO");
+    QCOMPARE(m_editor->Text(), QStringLiteral("<CsInstruments>o</CsInstruments>"));
+}
+
+void tst_CsdDocument::export_parts_areWrittenAsTheyStand()
+{
+    show(m_program->write(QStringLiteral("piece.csd"), "<CsInstruments>\no\n</CsInstruments>"
+                                                       "<CsScore>s</CsScore>"));
+    m_program->dialogs.expectSave(ExportTitle, m_program->path(QStringLiteral("parts.orc")));
+    trigger("menuFileConvertToORCSCO");
+    QCOMPARE(m_program->read(QStringLiteral("parts.orc")), QByteArray("\r\no\r\n"));
+    QCOMPARE(m_program->read(QStringLiteral("parts.sco")), QByteArray("s"));
+    const FileQuestion &question = m_program->dialogs.fileQuestions.back();
+    QCOMPARE(question.filter, QStringLiteral("Csound Orc/Sco (*.orc/*.sco)|*.orc"));
+    QCOMPARE(question.proposedName, QStringLiteral("piece.orc"));
+    QCOMPARE(m_program->config.CSDFileName, m_program->path(QStringLiteral("piece.csd")));
+    QVERIFY(!m_editor->GetState(2));
+}
+
+void tst_CsdDocument::import_pair_makesAnUntitledText()
+{
+    show(m_program->write(QStringLiteral("piece.csd"), "old"));
+    m_program->write(QStringLiteral("parts.SCO"), "s");
+    m_program->dialogs.expectOpen(ImportTitle,
+                                  m_program->write(QStringLiteral("parts.orc"), "o\n"));
+    trigger("menuFileImportaORCSCO");
+    QCOMPARE(m_editor->Text(),
+             QStringLiteral("<CsoundSynthesizer>\r\n\r\n<CsOptions>\r\n</CsOptions>\r\n\r\n"
+                            "<CsInstruments>\r\n\r\no\r\n\r\n\r\n</CsInstruments>\r\n\r\n"
+                            "<CsScore>\r\n\r\ns\r\n\r\n</CsScore>\r\n\r\n"
+                            "</CsoundSynthesizer>\r\n\r\n"));
+    QCOMPARE(m_program->config.CSDFileName, QStringLiteral("[Untitled]"));
+    QVERIFY(m_window->windowTitle().startsWith(QStringLiteral("[Untitled]") + TitleEnd));
+    QCOMPARE(m_program->config.OrchestraFileName, QString());
+    QVERIFY(m_editor->GetState(2));
+    QCOMPARE(m_program->dialogs.fileQuestions.back().filter,
+             QStringLiteral("Csound files (orc & sco)|*.orc"));
+    QCOMPARE(m_program->read(QStringLiteral("piece.csd")), QByteArray("old"));
+}
+
+void tst_CsdDocument::import_missingScore_saysSo()
+{
+    show(m_program->write(QStringLiteral("piece.csd"), "old"));
+    m_program->dialogs.expectOpen(ImportTitle, m_program->write(QStringLiteral("parts.orc"), "o"));
+    m_program->dialogs.expect({QStringLiteral("File Score: ") +
+                               m_program->path(QStringLiteral("parts.sco")) +
+                               QStringLiteral(" hasn't found!")});
+    trigger("menuFileImportaORCSCO");
+    QCOMPARE(m_editor->Text(), QStringLiteral("old"));
+}
+
+void tst_CsdDocument::import_cancelledQuestion_changesNothing()
+{
+    show();
+    type(QStringLiteral("e"));
+    expectQuestion(QStringLiteral("Import Orc/Sco Files"), Answer::Cancel);
+    trigger("menuFileImportaORCSCO");
+    QCOMPARE(m_editor->Text(), QStringLiteral("e"));
+}
 
 void tst_CsdDocument::drop_twoFiles_opensTheFirst()
 {

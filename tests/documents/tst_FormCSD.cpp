@@ -1,4 +1,4 @@
-#include "documents/Commands.h"
+#include "documents/CommandChecks.h"
 #include "documents/ui/FormCSD.h"
 #include "language/editor/LEditOCX.h"
 #include "support/EditorInput.h"
@@ -20,20 +20,6 @@
 #include <memory>
 
 using namespace ardiphon;
-
-namespace {
-
-/// Lends what only a QObject's own class may ask.
-struct Listener : QObject
-{
-    static bool hears(const QAction *action)
-    {
-        const auto isConnected = &Listener::isSignalConnected;
-        return (action->*isConnected)(QMetaMethod::fromSignal(&QAction::triggered));
-    }
-};
-
-} // namespace
 
 /// The CSD window around the text: menus, toolbar, tools, split view, tag panel, bookmarks, popup,
 /// wheel and font sizes.
@@ -152,14 +138,8 @@ void tst_FormCSD::caret(LEditOCX *editor, int line, int column, int endLine, int
 void tst_FormCSD::commands_shown_haveOneHandlerAndTheirCaption()
 {
     show();
-    for (const Command &command : csdCommands()) {
-        QAction *shown = action(command.name);
-        QVERIFY2(Listener::hears(shown), command.name);
-        QString caption = QLatin1String(command.caption);
-        if (*command.keyText)
-            caption += u'\t' + QLatin1String(command.keyText);
-        QCOMPARE(shown->text(), caption);
-    }
+    QCOMPARE(CommandChecks::unbound(*m_window, csdCommands()), QStringList());
+    QCOMPARE(CommandChecks::unbound(*m_window, editorCommands()), QStringList());
     QCOMPARE(action("menuModificaUndo")->text(), QStringLiteral("&Undo\t(Ctrl+Z)"));
     QCOMPARE(action("menuModificaRedo")->text(), QStringLiteral("&Redo\t(Ctrl+Alt+Z)"));
     QCOMPARE(action("menuWindowAllTools")->text(), QStringLiteral("Hide/Show &All tools\tCTRL+5"));
@@ -169,40 +149,21 @@ void tst_FormCSD::commands_shown_haveOneHandlerAndTheirCaption()
 void tst_FormCSD::shortcuts_areThereOnce()
 {
     show();
-    QSet<QString> seen;
-    for (const QAction *each : m_window->findChildren<QAction *>()) {
-        const QString key = each->shortcut().toString();
-        QVERIFY2(key.isEmpty() || !seen.contains(key), qPrintable(key));
-        seen.insert(key);
-    }
+    QCOMPARE(CommandChecks::doubleShortcuts(*m_window), QStringList());
 }
 
 void tst_FormCSD::accessKeys_areThereOnceInEachMenu()
 {
     show();
-    const QString givenTwice = QStringLiteral("Alt+A"); // "&Ardiphon Help" and "&About"
-    for (const QMenu *menu : m_window->findChildren<QMenu *>()) {
-        QSet<QString> seen;
-        for (const QAction *each : menu->actions()) {
-            const QString key = QKeySequence::mnemonic(each->text()).toString();
-            const bool given = key == givenTwice && menu->objectName() == QLatin1String("menuInfo");
-            QVERIFY2(key.isEmpty() || given || !seen.contains(key),
-                     qPrintable(menu->title() + key));
-            seen.insert(key);
-        }
-    }
+    // "&Ardiphon Help" and "&About" are given so.
+    QCOMPARE(CommandChecks::doubleAccessKeys(*m_window),
+             QStringList{QStringLiteral("menuInfo Alt+A")});
 }
 
 void tst_FormCSD::toolbar_everyButton_hasAnIconAndAName()
 {
     show();
-    for (const ToolButton &button : csdToolbar()) {
-        if (!button.name)
-            continue;
-        QVERIFY2(control<QWidget>(button.name), button.name);
-        QVERIFY2(!action(button.command)->icon().isNull(), button.icon);
-        QVERIFY2(!action(button.command)->icon().pixmap(20, 20).toImage().isNull(), button.icon);
-    }
+    QCOMPARE(CommandChecks::bareButtons(*m_window, csdToolbar()), QStringList());
 }
 
 void tst_FormCSD::popup_holdsTheEditEntriesAndTheBookmarks()

@@ -2,11 +2,18 @@
 
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
+#include "documents/ui/RecentMenu.h"
 #include "language/editor/LEditOCX.h"
+#include "language/ui/FontSizeMenu.h"
+#include "language/ui/KeywordHelp.h"
+#include "navigation/ui/Definitions.h"
 #include "platform/Twips.h"
+#include "preferences/ui/FormManual.h"
 
+#include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QFile>
 #include <QMimeData>
 #include <QScreen>
 #include <QWheelEvent>
@@ -28,12 +35,21 @@ QString droppedFile(const QMimeData &data)
 
 } // namespace
 
-EditorWindow::EditorWindow(ProgramContext &program) : m_program(program), m_commands(this)
+EditorWindow::EditorWindow(ProgramContext &program)
+    : m_program(program),
+      m_commands(this),
+      m_files(program),
+      m_recent(new RecentMenu(program, this)),
+      m_fontSizes(new FontSizeMenu(program.config, this)),
+      m_help(std::make_unique<KeywordHelp>(program.config, program.dialogs, manualViewer(this)))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setAcceptDrops(true);
     setMinimumSize(SmallestWindow);
+    setCentralWidget(new QWidget(this));
 }
+
+EditorWindow::~EditorWindow() = default;
 
 ConfigurationBlock &EditorWindow::config() const { return m_program.config; }
 
@@ -60,6 +76,56 @@ void EditorWindow::takePlacement()
     resize(toPixels(int(kept.WindowWidth)), toPixels(int(kept.WindowHeight)));
 }
 
+void EditorWindow::handOver(const std::function<void()> &showOther)
+{
+    TrovaPosForm();
+    showOther();
+    close();
+}
+
+void EditorWindow::endClosing(QCloseEvent &event, bool leaves)
+{
+    const bool closedByUser = event.spontaneous();
+    if (closedByUser || config().FormCSDClosing)
+        config().Words.CloseOpcodeFile();
+    QFile::remove(config().RootPath + QStringLiteral("tmp.txt"));
+    event.setAccepted(leaves);
+}
+
+void EditorWindow::insertInto(LEditOCX &editor, const QString &text)
+{
+    if (editor.SelectionLength() > 0)
+        editor.SetSelText(QString());
+    editor.SetSelText(text);
+    editor.setFocus();
+}
+
+void EditorWindow::preparePopup(LEditOCX &view, ViewLanguage language)
+{
+    m_definitions->prepareEntries(view, language != ViewLanguage::Score);
+    commands().action("menuPopupOpcodeHelp")->setText(m_help->prepareMenu(view, language));
+}
+
+void EditorWindow::followKey(LEditOCX &view, ViewLanguage language, ViewKey key)
+{
+    switch (key) {
+    case ViewKey::CloseWindow:
+        close();
+        break;
+    case ViewKey::Redo:
+        view.Redo();
+        break;
+    case ViewKey::KeywordHelp:
+        m_help->keyHelp(view, language);
+        break;
+    case ViewKey::HelpIndex:
+        m_help->keyIndex();
+        break;
+    default:
+        break;
+    }
+}
+
 void EditorWindow::moveToHalf(ScreenHalf half)
 {
     config().WorkArea = screen()->availableGeometry();
@@ -69,6 +135,12 @@ void EditorWindow::moveToHalf(ScreenHalf half)
     const QRect place = halfOf(config().WorkArea, half);
     move(place.topLeft());
     resize(place.size() - frame);
+}
+
+void EditorWindow::resizeEvent(QResizeEvent *event)
+{
+    QMainWindow::resizeEvent(event);
+    arrangeWindow();
 }
 
 /// Only the direction of the wheel counts: a notch scrolls as many lines as the user has set.

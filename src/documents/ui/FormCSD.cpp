@@ -5,29 +5,20 @@
 #include "app/ui/FormNew.h"
 #include "documents/CsdWindowLayout.h"
 #include "documents/DocumentRules.h"
-#include "documents/Headers.h"
 #include "documents/ui/CsdDocument.h"
-#include "documents/ui/RecentMenu.h"
 #include "documents/ui/SplitMirror.h"
 #include "documents/ui/TagPanel.h"
 #include "documents/ui/ToolToggles.h"
 #include "language/editor/LEditOCX.h"
-#include "language/ui/EditorSettings.h"
-#include "language/ui/FontSizeMenu.h"
 #include "language/ui/Gutter.h"
 #include "language/ui/HelpPanels.h"
-#include "language/ui/KeywordHelp.h"
-#include "navigation/SearchRules.h"
 #include "navigation/ui/Bookmarks.h"
 #include "navigation/ui/EditorSearch.h"
 #include "navigation/ui/InstrumentPanel.h"
 #include "navigation/ui/Instruments.h"
-#include "navigation/ui/SearchWindows.h"
 #include "platform/Twips.h"
-#include "preferences/ui/FormManual.h"
 
 #include <QCloseEvent>
-#include <QFile>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
@@ -41,13 +32,7 @@ namespace {
 
 constexpr int TextState = 2;
 constexpr int RefreshInterval = 100; // milliseconds
-constexpr QSize ToolIconSize(20, 20);
-
-QRect inPixels(const QRect &twips)
-{
-    return {toPixels(twips.x()), toPixels(twips.y()), toPixels(twips.width()),
-            toPixels(twips.height())};
-}
+constexpr int ToolIconSize = 20;
 
 } // namespace
 
@@ -57,12 +42,11 @@ FormCSD::FormCSD(ProgramContext &program) : EditorWindow(program)
     buildControls();
     buildFeatures();
     buildMenus();
+    bindCommon();
     bindDocument();
     bindEditing();
     bindNavigation();
     bindTools();
-    bindWindow();
-    bindHelp();
     groupTools();
     m_tools->load();
     takePlacement();
@@ -74,15 +58,12 @@ FormCSD::FormCSD(ProgramContext &program) : EditorWindow(program)
     LEDIT1->setFocus();
 }
 
-FormCSD::~FormCSD() = default;
-
 // Building. --------------------------------------------------------------------------------------
 
 void FormCSD::buildControls()
 {
-    setCentralWidget(new QWidget(this));
-    LEDIT1 = newEditor(QStringLiteral("LEDIT1"));
-    LEDIT2 = newEditor(QStringLiteral("LEDIT2"));
+    LEDIT1 = newEditor(QStringLiteral("LEDIT1"), ViewLanguage::Csd);
+    LEDIT2 = newEditor(QStringLiteral("LEDIT2"), ViewLanguage::Csd);
     LEDIT2->hide();
     PicNumeri = new Gutter(*LEDIT1, centralWidget());
     PicNumeri->setObjectName(QStringLiteral("PicNumeri"));
@@ -100,43 +81,9 @@ void FormCSD::buildControls()
     List1->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
     m_panels = new HelpPanels(config().Words, centralWidget());
-    Toolbar1 = new QToolBar(centralWidget());
-    Toolbar1->setObjectName(QStringLiteral("Toolbar1"));
-    Toolbar1->setMovable(false);
-    Toolbar1->setIconSize(ToolIconSize);
-}
-
-LEditOCX *FormCSD::newEditor(const QString &name)
-{
-    auto *editor = new LEditOCX(centralWidget());
-    editor->setObjectName(name);
-    editor->ClearState(TextState);
-    applySettings(*editor, config());
-    editor->SetGetTokenColors([this](TokenKind kind, const QString &text) {
-        return GetTokenColors(config(), ViewLanguage::Csd, kind, text);
-    });
-    return editor;
-}
-
-QTreeWidget *FormCSD::newTree(const QString &name)
-{
-    auto *tree = new QTreeWidget(centralWidget());
-    tree->setObjectName(name);
-    tree->setHeaderHidden(true);
-    tree->setRootIsDecorated(false);
-    tree->setTextElideMode(Qt::ElideMiddle);
-    // The nodes are blue, which wants a light ground on every desktop.
-    QPalette palette = tree->palette();
-    palette.setColor(QPalette::Base, Qt::white);
-    tree->setPalette(palette);
-    return tree;
-}
-
-QLabel *FormCSD::newLabel(const QString &name, const QString &caption)
-{
-    auto *label = new QLabel(caption, centralWidget());
-    label->setObjectName(name);
-    return label;
+    m_panels->follow(LEDIT1);
+    m_panels->follow(LEDIT2);
+    Toolbar1 = newToolbar(QStringLiteral("Toolbar1"), ToolIconSize);
 }
 
 void FormCSD::buildFeatures()
@@ -144,53 +91,36 @@ void FormCSD::buildFeatures()
     m_bookmarks = new Bookmarks(*LEDIT1, *Tree2, config().CSDModified, QStringLiteral("bkm"),
                                 program().dialogs);
     const auto chooseNew = [this] { FormNew::showModal(config(), program().windows, this); };
-    m_document = new CsdDocument(*LEDIT1, *m_bookmarks, program(), chooseNew, this);
-    m_help = std::make_unique<KeywordHelp>(config(), program().dialogs, manualViewer(this));
+    m_document = new CsdDocument(*LEDIT1, *m_bookmarks, program(), files(), chooseNew, this);
     m_instruments = new Instruments(*LEDIT1);
     Frame1 = new InstrumentPanel(*m_instruments, QStringLiteral("Toolbar2"), centralWidget());
     Frame1->setObjectName(QStringLiteral("Frame1"));
-    m_search = new SearchWindows(config(), program().dialogs, {{CsdCaller, LEDIT1}}, *this);
     m_tags = new TagPanel(*LEDIT1, *Tree, *List1, config().Words.CsdWords);
     m_mirror = new SplitMirror(*LEDIT1, *LEDIT2, this);
-    m_tools = new ToolToggles(program(), this);
-    m_fontSizes = new FontSizeMenu(config(), this);
-    m_recent = new RecentMenu(program(), this);
+    m_tools = new ToolToggles(
+        program(), {&LineNumbersTool, &BookBarTool, &OnLineHelpTool, &ToolbarTool}, this);
 }
 
 void FormCSD::buildMenus()
 {
     CommandSet &set = commands();
-    set.add(csdCommands());
-    addHeaders();
-    set.addGroup("menuLastFile", m_recent->entries());
-    set.addGroup("menuFontSize", m_fontSizes->entries());
+    addCommands(csdCommands());
     set.fill(*menuBar(), csdMenus(), csdSubmenus());
     set.fill(*Toolbar1, csdToolbar());
     menuPopup = new QMenu(this);
     set.fill(*menuPopup, csdPopup());
 }
 
-void FormCSD::addHeaders()
-{
-    QList<QAction *> actions;
-    for (const Header &header : headers()) {
-        commands().add({header.name, header.caption});
-        commands().bind(header.name, this, [this, &header] { insertText(headerText(header)); });
-        actions.append(commands().action(header.name));
-    }
-    commands().addGroup("menuHeaders", actions);
-}
-
 void FormCSD::groupTools()
 {
-    m_tools->add(tools()[0], PicNumeri);
-    m_tools->add(tools()[0], PicNumeri2, [this] { return isSplit(); });
+    m_tools->add(LineNumbersTool, PicNumeri);
+    m_tools->add(LineNumbersTool, PicNumeri2, [this] { return isSplit(); });
     for (QWidget *control : std::initializer_list<QWidget *>{Tree, Tree2, List1, LabelTags,
                                                              LabelBookmarks, LabelOwnBook, Frame1})
-        m_tools->add(tools()[1], control);
-    m_tools->add(tools()[2], m_panels->TextOpcode);
-    m_tools->add(tools()[2], m_panels->TextParametri);
-    m_tools->add(tools()[3], Toolbar1);
+        m_tools->add(BookBarTool, control);
+    m_tools->add(OnLineHelpTool, m_panels->TextOpcode);
+    m_tools->add(OnLineHelpTool, m_panels->TextParametri);
+    m_tools->add(ToolbarTool, Toolbar1);
 }
 
 void FormCSD::openNamedDocument()
@@ -206,11 +136,8 @@ void FormCSD::openNamedDocument()
 
 void FormCSD::insertText(const QString &text)
 {
-    if (LEDIT1->SelectionLength() > 0)
-        LEDIT1->SetSelText(QString());
-    LEDIT1->SetSelText(text);
+    insertInto(*LEDIT1, text);
     m_mirror->copyFirstToSecond();
-    LEDIT1->setFocus();
 }
 
 bool FormCSD::isSplit() const { return !LEDIT2->isHidden(); }
@@ -274,13 +201,7 @@ void FormCSD::arrangeWindow()
         {Frame1, at.Frame1},
     };
     for (const auto &[control, place] : places)
-        control->setGeometry(inPixels(place));
-}
-
-void FormCSD::resizeEvent(QResizeEvent *event)
-{
-    EditorWindow::resizeEvent(event);
-    arrangeWindow();
+        control->setGeometry(toPixels(place));
 }
 
 /// Runs ten times a second; costs nothing while nothing changes.
@@ -313,13 +234,6 @@ LEditOCX *FormCSD::focusedEditor() const
     return isSplit() && LEDIT2->hasFocus() ? LEDIT2 : nullptr;
 }
 
-void FormCSD::handOverToProject()
-{
-    TrovaPosForm();
-    program().windows.showFormORCSCO();
-    close();
-}
-
 /// The steps behind the question run after a Cancel too; only the window stays.
 void FormCSD::closeEvent(QCloseEvent *event)
 {
@@ -329,11 +243,7 @@ void FormCSD::closeEvent(QCloseEvent *event)
         m_bookmarks->saveIfChanged(config().CSDFileName);
         m_tools->save();
     }
-    const bool closedByUser = event->spontaneous();
-    if (closedByUser || config().FormCSDClosing)
-        config().Words.CloseOpcodeFile();
-    QFile::remove(config().RootPath + QStringLiteral("tmp.txt"));
-    event->setAccepted(leaves);
+    endClosing(*event, leaves);
 }
 
 } // namespace ardiphon

@@ -1,11 +1,8 @@
 #pragma once
 
 #include "documents/ui/EditorWindow.h"
-#include "language/EditorKeyRules.h"
 
 #include <QTimer>
-
-#include <memory>
 
 class QLabel;
 class QListWidget;
@@ -17,16 +14,11 @@ namespace ardiphon {
 
 class Bookmarks;
 class CsdDocument;
-class Definitions;
-class FontSizeMenu;
 class Gutter;
 class HelpPanels;
-class KeywordHelp;
 class InstrumentPanel;
 class Instruments;
 class LEditOCX;
-class RecentMenu;
-class SearchWindows;
 class SplitMirror;
 class TagPanel;
 class ToolToggles;
@@ -41,23 +33,20 @@ class FormCSD : public EditorWindow
 public:
     /// Opens the document that `CSDFileName` names, or an empty one when it names none.
     explicit FormCSD(ProgramContext &program);
-    ~FormCSD() override;
 
 protected:
     void openDroppedFile(const QString &path) override;
     LEditOCX *focusedEditor() const override;
+    void insertText(const QString &text) override;
+    void applyFontSize() override;
+    void arrangeWindow() override;
     void closeEvent(QCloseEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     // Building, in the order of the load.
     void buildControls();
-    LEditOCX *newEditor(const QString &name);
-    QTreeWidget *newTree(const QString &name);
-    QLabel *newLabel(const QString &name, const QString &caption);
     void buildFeatures();
     void buildMenus();
-    void addHeaders();
     void groupTools();
     void openNamedDocument();
 
@@ -66,22 +55,15 @@ private:
     void bindEditing();
     void bindNavigation();
     void bindTools();
-    void bindWindow();
-    void bindHelp();
     void bindViewKeys(LEditOCX *view, ViewPosition position);
 
-    void preparePopup(LEditOCX &view);
     void handleViewKey(LEditOCX *view, ViewPosition position, EditorKey &key);
     void navigateByKey(LEditOCX *view, ViewKey key);
-    void insertText(const QString &text);
     void setSplit(bool on);
     bool isSplit() const;
-    void applyFontSize();
-    void arrangeWindow();
     void refresh();
     void writeTitle();
     void textReplaced();
-    void handOverToProject();
 
     LEditOCX *LEDIT1 = nullptr;
     LEditOCX *LEDIT2 = nullptr;
@@ -99,16 +81,11 @@ private:
 
     Bookmarks *m_bookmarks = nullptr;
     Instruments *m_instruments = nullptr;
-    SearchWindows *m_search = nullptr;
-    Definitions *m_definitions = nullptr;
     CsdDocument *m_document = nullptr;
     HelpPanels *m_panels = nullptr;
-    std::unique_ptr<KeywordHelp> m_help;
     TagPanel *m_tags = nullptr;
     SplitMirror *m_mirror = nullptr;
     ToolToggles *m_tools = nullptr;
-    FontSizeMenu *m_fontSizes = nullptr;
-    RecentMenu *m_recent = nullptr;
     QTimer Timer1{this};
 };
 

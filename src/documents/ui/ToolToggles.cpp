@@ -12,13 +12,6 @@ namespace ardiphon {
 
 namespace {
 
-constexpr Tool fourTools[] = {
-    {"menuWindowLineNumbers", "LineNumbers", &ConfigurationBlock::LineNumbersVisible},
-    {"menuWindowBarraBook", "BookBar", &ConfigurationBlock::BookBarVisible},
-    {"menuWindowHelp", "OnLineHelp", &ConfigurationBlock::OnLineHelpVisible},
-    {"menuWindowToolbar", "Toolbar", &ConfigurationBlock::ToolbarVisible},
-};
-
 const QString Hidden = QStringLiteral("HIDE");
 
 bool keepsTools(const ConfigurationBlock &config)
@@ -28,10 +21,14 @@ bool keepsTools(const ConfigurationBlock &config)
 
 } // namespace
 
-std::span<const Tool> tools() { return fourTools; }
+const Tool LineNumbersTool{"menuWindowLineNumbers", "LineNumbers",
+                           &ConfigurationBlock::LineNumbersVisible};
+const Tool BookBarTool{"menuWindowBarraBook", "BookBar", &ConfigurationBlock::BookBarVisible};
+const Tool OnLineHelpTool{"menuWindowHelp", "OnLineHelp", &ConfigurationBlock::OnLineHelpVisible};
+const Tool ToolbarTool{"menuWindowToolbar", "Toolbar", &ConfigurationBlock::ToolbarVisible};
 
-ToolToggles::ToolToggles(ProgramContext &program, QObject *parent)
-    : QObject(parent), m_program(program)
+ToolToggles::ToolToggles(ProgramContext &program, QList<const Tool *> tools, QObject *parent)
+    : QObject(parent), m_program(program), m_tools(std::move(tools))
 {
 }
 
@@ -43,14 +40,14 @@ void ToolToggles::add(const Tool &tool, QWidget *control, std::function<bool()> 
 void ToolToggles::load()
 {
     ConfigurationBlock &config = m_program.config;
-    for (const Tool &tool : tools()) {
+    for (const Tool *tool : m_tools) {
         const QString kept = keepsTools(config)
                                  ? ReadRegistryString(m_program.settings, registry::WindowKey,
-                                                      QLatin1String(tool.value))
+                                                      QLatin1String(tool->value))
                                  : QString();
         // Set the wrong way round, so that the toggle leaves it as it should be.
-        config.*tool.visible = kept == Hidden;
-        toggle(tool);
+        config.*tool->visible = kept == Hidden;
+        toggle(*tool);
     }
 }
 
@@ -59,9 +56,9 @@ void ToolToggles::save() const
     const ConfigurationBlock &config = m_program.config;
     if (!keepsTools(config))
         return;
-    for (const Tool &tool : tools())
-        WriteRegistryString(m_program.settings, registry::WindowKey, QLatin1String(tool.value),
-                            config.*tool.visible ? QString() : Hidden);
+    for (const Tool *tool : m_tools)
+        WriteRegistryString(m_program.settings, registry::WindowKey, QLatin1String(tool->value),
+                            config.*tool->visible ? QString() : Hidden);
 }
 
 void ToolToggles::toggle(const Tool &tool)
@@ -80,22 +77,22 @@ void ToolToggles::show(const Tool &tool, bool visible)
 
 void ToolToggles::hideOrRestoreAll()
 {
-    const bool noneShown =
-        std::none_of(std::begin(fourTools), std::end(fourTools),
-                     [this](const Tool &tool) { return m_program.config.*tool.visible; });
+    const bool noneShown = std::none_of(m_tools.begin(), m_tools.end(), [this](const Tool *tool) {
+        return m_program.config.*tool->visible;
+    });
     if (noneShown) {
         restoreAll();
         return;
     }
-    for (const Tool &tool : tools())
-        show(tool, false);
+    for (const Tool *tool : m_tools)
+        show(*tool, false);
     emit arrangeDue();
 }
 
 void ToolToggles::restoreAll()
 {
-    for (const Tool &tool : tools())
-        show(tool, true);
+    for (const Tool *tool : m_tools)
+        show(*tool, true);
     emit arrangeDue();
 }
 

@@ -5,7 +5,6 @@
 #include <QObject>
 
 #include <functional>
-#include <span>
 
 class QWidget;
 
@@ -22,8 +21,10 @@ struct Tool
     bool ConfigurationBlock::*visible;
 };
 
-/// The four tools, in the order of the menu.
-std::span<const Tool> tools();
+extern const Tool LineNumbersTool;
+extern const Tool BookBarTool;
+extern const Tool OnLineHelpTool;
+extern const Tool ToolbarTool;
 
 /// Shows and hides the tools of an editor window, and keeps their flags between runs.
 class ToolToggles : public QObject
@@ -31,7 +32,10 @@ class ToolToggles : public QObject
     Q_OBJECT
 
 public:
-    ToolToggles(ProgramContext &program, QObject *parent);
+    /// \a tools: those that the window has, in the order of its menu.
+    ToolToggles(ProgramContext &program, QList<const Tool *> tools, QObject *parent);
+
+    const QList<const Tool *> &tools() const { return m_tools; }
 
     /// Names a control that belongs to \a tool. While \a available is false it stays hidden.
     void add(
@@ -61,6 +65,7 @@ private:
     void show(const Tool &tool, bool visible);
 
     ProgramContext &m_program;
+    const QList<const Tool *> m_tools;
     QHash<const Tool *, QList<Control>> m_controls;
 };
 

@@ -84,6 +84,8 @@ std::optional<QString> askForFile(const FileQuestion &question, QFileDialog::Acc
         dialog.setNameFilters(filters);
     if (!question.directory.isEmpty())
         dialog.setDirectory(question.directory);
+    if (!question.proposedName.isEmpty())
+        dialog.selectFile(question.proposedName);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     return dialog.selectedFiles().constFirst();

@@ -1,0 +1,65 @@
+#include "documents/Commands.h"
+
+namespace ardiphon {
+
+namespace {
+
+constexpr Command commands[] = {
+    {"menuFileProprieta", "File Prope&rties"},
+    {"menuFileEsci", "E&xit"},
+
+    {"menuModificaUndo", "&Undo", "(Ctrl+Z)"},
+    {"menuModificaRedo", "&Redo", "(Ctrl+Alt+Z)"},
+    {"menuModificaTaglia", "Cu&t", "(Ctrl+X)"},
+    {"menuModificaCopia", "&Copy", "(Ctrl+C)"},
+    {"menuModificaIncolla", "&Paste", "(Ctrl+V)"},
+    {"menuModificaTrova", "&Find", "(Ctrl+F)"},
+    {"menuModificaSostituisci", "F&ind and Replace", "(Ctrl+H)"},
+    {"menuModificaTrovaRiga", "Find &Line number", "(Ctrl+G)"},
+    {"menuModificaSelezionaTutto", "Select &All", "(Ctrl+A)"},
+
+    {"menuToolsBookmark", "Insert &Bookmark", "", "Ctrl+B"},
+    {"menuToolsRemoveBookmark", "Remove B&ookmark"},
+    {"menuToolsRemoveAllBookmark", "&Remove All Bookmarks"},
+
+    {"menuWindowLineNumbers", "&Line numbers", "CTRL+1", "Ctrl+1", true},
+    {"menuWindowBarraBook", "&Bookmarks", "CTRL+2", "Ctrl+2", true},
+    {"menuWindowHelp", "&On-Line Help", "CTRL+3", "Ctrl+3", true},
+    {"menuWindowToolbar", "&Toolbar", "CTRL+4", "Ctrl+4", true},
+    {"menuWindowAllTools", "Hide/Show &All tools", "CTRL+5", "Ctrl+5"},
+    {"menuWindowRestore", "&Restore all tools", "CTRL+6", "Ctrl+6"},
+    {"menuWindowUp", "Window &Up"},
+    {"menuWindowDown", "Window &Down"},
+    {"menuWindowLeft", "Window L&eft"},
+    {"menuWindowRight", "Window R&ight"},
+
+    {"menuInfoArdiphonHelp", "&Ardiphon Help"},
+    {"menuInfoCsoundHelp", "CSound &Help"},
+    {"menuInfoCSoundAVHelp", "CSoundA&V Help"},
+    {"menuInfoAbout", "&About"},
+
+    {"menuPopupTaglia", "Cu&t"},
+    {"menuPopupCopia", "&Copy"},
+    {"menuPopupIncolla", "&Paste"},
+    {"menuPopupUndo", "&Undo"},
+    {"menuPopupRedo", "&Redo"},
+    {"menuPopupSelezionaTutto", "Select &All"},
+    {"menuPopupBookmark", "Insert Bookmark"},
+    {"menuPopupRemoveBookmark", "Remove Bookmark"},
+    {"menuPopupRemoveAllBookmarks", "Remove All Bookmarks"},
+    {"menuPopupDefinition", "Go to definition"},
+    {"menuPopupReference", "Go to reference"},
+    {"menuPopupLastPosition", "Go to last position"},
+    {"menuPopupOpcodeHelp", "Opcode -> Help"},
+
+    {"buttonDefaultDir", "Default Directory"},
+    {"buttonCarattereMeno", "Smaller Font"},
+    {"buttonCaratterePiu", "Larger Font"},
+    {"buttonOpcodeHelp", "Opcode Help"},
+};
+
+} // namespace
+
+std::span<const Command> editorCommands() { return commands; }
+
+} // namespace ardiphon

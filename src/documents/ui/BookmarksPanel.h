@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QFrame>
+
+class QLabel;
+class QTreeWidget;
+class QVBoxLayout;
+
+namespace ardiphon {
+
+/// The panel with the bookmarks of a project: a heading by which it is moved, and under it a framed
+/// tree for each half.
+class BookmarksPanel : public QFrame
+{
+    Q_OBJECT
+
+public:
+    explicit BookmarksPanel(QWidget *parent);
+
+    /// Takes \a tree into a frame of that name with that title.
+    void add(const QString &name, const QString &title, QTreeWidget *tree);
+
+    QWidget *grip() const;
+
+private:
+    QLabel *LabelBookmarks;
+    QVBoxLayout *m_column;
+};
+
+} // namespace ardiphon

@@ -1,0 +1,66 @@
+#include "documents/ui/HalfDocument.h"
+
+#include "app/ConfigurationBlock.h"
+#include "app/ProgramContext.h"
+#include "documents/DocumentRules.h"
+#include "documents/FileChooser.h"
+#include "language/editor/LEditOCX.h"
+
+namespace ardiphon {
+
+HalfDocument::HalfDocument(const ProjectHalf &half, LEditOCX &editor, Bookmarks &bookmarks,
+                           QString &fileName, LEditOCX &focusedOnCancel, ProgramContext &program,
+                           FileChooser &files, QObject *parent)
+    : EditedFile(editor, bookmarks, fileName,
+                 {QStringLiteral("Save ") + half.name, half.saveTitle(), half.saveFilter(),
+                  half.missingText},
+                 program, files, parent),
+      m_half(half),
+      m_focusedOnCancel(focusedOnCancel)
+{
+}
+
+void HalfDocument::New()
+{
+    if (!mayDropText(QStringLiteral("New ") + m_half.name))
+        return;
+    saveBookmarksIfChanged();
+    beginEmpty(Untitled);
+    editor().setFocus();
+}
+
+void HalfDocument::Open()
+{
+    if (!mayDropText(QStringLiteral("Open ") + m_half.name))
+        return;
+    saveBookmarksIfChanged();
+    const auto path = files().open(m_half.openTitle(), m_half.openFilter());
+    if (!path)
+        return;
+    load(*path);
+    editor().SetFontSize(config().FontSize);
+    noteOpened();
+}
+
+void HalfDocument::OpenRecent(const QString &path)
+{
+    if (!mayDropText(QStringLiteral("Save ") + m_half.name))
+        return;
+    saveBookmarksIfChanged();
+    load(path);
+    editor().setFocus();
+}
+
+Answer HalfDocument::askToSave(const QString &title)
+{
+    const Answer answer = ardiphon::askToSave(
+        program().dialogs, saveQuestion(title, m_half.changedLine()),
+        [this] { return isModified(); }, [this] { return save(); });
+    if (answer == Answer::Cancel)
+        m_focusedOnCancel.setFocus();
+    return answer;
+}
+
+bool HalfDocument::mayDropText(const QString &title) { return askToSave(title) != Answer::Cancel; }
+
+} // namespace ardiphon

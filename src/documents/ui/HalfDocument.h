@@ -1,0 +1,36 @@
+#pragma once
+
+#include "documents/ProjectRules.h"
+#include "documents/ui/EditedFile.h"
+
+namespace ardiphon {
+
+/// One of the two documents of a project, on its own: no partner is looked for here.
+class HalfDocument : public EditedFile
+{
+    Q_OBJECT
+
+public:
+    /// \a focusedOnCancel: the editor that a Cancel at the save question leads to.
+    HalfDocument(const ProjectHalf &half, LEditOCX &editor, Bookmarks &bookmarks, QString &fileName,
+                 LEditOCX &focusedOnCancel, ProgramContext &program, FileChooser &files,
+                 QObject *parent);
+
+    const ProjectHalf &half() const { return m_half; }
+
+    void New();
+    void Open();
+    /// Opens a file of the recent list.
+    void OpenRecent(const QString &path);
+
+    /// The save question under that title. A Cancel has given the focus away.
+    Answer askToSave(const QString &title);
+
+private:
+    bool mayDropText(const QString &title);
+
+    const ProjectHalf &m_half;
+    LEditOCX &m_focusedOnCancel;
+};
+
+} // namespace ardiphon

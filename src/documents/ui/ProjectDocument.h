@@ -1,0 +1,83 @@
+#pragma once
+
+#include "documents/SaveQuestion.h"
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+
+namespace ardiphon {
+
+struct ConfigurationBlock;
+struct ProgramContext;
+class FileChooser;
+class HalfDocument;
+
+/// The life of a project: an orchestra and a score as a pair. The pair has no file of its own; the
+/// partner's name follows from the path that is opened or saved.
+class ProjectDocument : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// \a chooseNew asks what kind of document to begin and leaves the answer in
+    /// `NewDocumentChoice`.
+    ProjectDocument(HalfDocument &orchestra, HalfDocument &score, ProgramContext &program,
+                    FileChooser &files, std::function<void()> chooseNew, QObject *parent);
+
+    void New();
+    void Open();
+    void Save() { save(); }
+    void SaveAs() { saveAs(); }
+
+    /// Opens what the configuration names, or begins with two untitled documents.
+    void OpenNamedOnLoad();
+    /// Opens the orchestra or score at \a path and its partner, which may be missing.
+    void OpenProjectFile(const QString &path);
+    void OpenDroppedFile(const QString &path);
+    /// Opens a file of the recent list: one half alone, or a CSD in its own window.
+    void OpenRecent(const QString &path);
+
+    /// Writes both texts to one CSD.
+    void ExportToCsd();
+    /// Replaces both texts by the parts of a CSD.
+    void ImportCsd();
+
+    /// Asks for each modified half whether to save it before the program is left. False after a
+    /// Cancel. \a saved tells whether the tools are to be kept: they are not after a No at the
+    /// score.
+    bool mayLeave(bool &saved);
+
+signals:
+    /// The pair was emptied: what explained the old texts is to go.
+    void begun();
+    /// A file was opened: the recent list may have changed.
+    void opened();
+    /// The configuration names a document for the CSD window, which takes over.
+    void csdWindowDue();
+
+private:
+    bool mayDropTexts(const QString &title, const QString &firstLine);
+    bool isModified() const;
+    SaveResult save();
+    SaveResult saveAs();
+    void saveBookmarksIfChanged();
+    void beginEmpty();
+    void clearModified();
+    void openPair(const QString &orchestraPath);
+    void loadWithPartner(const QString &path, HalfDocument &half, HalfDocument &partner);
+    void noteOpened(const QString &path);
+    void openInCsdWindow(const QString &path);
+    void openRecentCsd(const QString &path);
+
+    ConfigurationBlock &config() const;
+
+    HalfDocument &m_orchestra;
+    HalfDocument &m_score;
+    ProgramContext &m_program;
+    FileChooser &m_files;
+    std::function<void()> m_chooseNew;
+};
+
+} // namespace ardiphon

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "documents/Commands.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMetaMethod>
+#include <QSet>
+#include <QStringList>
+#include <QWidget>
+
+/// What must hold for the commands of an editor window. Each gives the names of those for which it
+/// does not.
+namespace CommandChecks {
+
+/// Lends what only a QObject's own class may ask.
+struct Listener : QObject
+{
+    static bool hears(const QAction *action)
+    {
+        const auto isConnected = &Listener::isSignalConnected;
+        return (action->*isConnected)(QMetaMethod::fromSignal(&QAction::triggered));
+    }
+};
+
+/// Commands without a handler, or with another caption than their table's.
+inline QStringList unbound(const QWidget &window, std::span<const ardiphon::Command> commands)
+{
+    QStringList found;
+    for (const ardiphon::Command &command : commands) {
+        QString caption = QLatin1String(command.caption);
+        if (*command.keyText)
+            caption += u'\t' + QLatin1String(command.keyText);
+        const auto *shown = window.findChild<QAction *>(QLatin1String(command.name));
+        if (!shown || !Listener::hears(shown) || shown->text() != caption)
+            found.append(QLatin1String(command.name));
+    }
+    return found;
+}
+
+/// Shortcuts that two commands have.
+inline QStringList doubleShortcuts(const QWidget &window)
+{
+    QStringList found;
+    QSet<QString> seen;
+    for (const QAction *each : window.findChildren<QAction *>()) {
+        const QString key = each->shortcut().toString();
+        if (!key.isEmpty() && seen.contains(key))
+            found.append(key);
+        seen.insert(key);
+    }
+    return found;
+}
+
+/// Access keys that two entries of one menu have: the menu's name and the key.
+inline QStringList doubleAccessKeys(const QWidget &window)
+{
+    QStringList found;
+    for (const QMenu *menu : window.findChildren<QMenu *>()) {
+        QSet<QString> seen;
+        for (const QAction *each : menu->actions()) {
+            const QString key = QKeySequence::mnemonic(each->text()).toString();
+            if (!key.isEmpty() && seen.contains(key))
+                found.append(menu->objectName() + u' ' + key);
+            seen.insert(key);
+        }
+    }
+    return found;
+}
+
+/// Buttons that do not show, or have no picture.
+inline QStringList bareButtons(const QWidget &window, std::span<const ardiphon::ToolButton> buttons)
+{
+    QStringList found;
+    for (const ardiphon::ToolButton &button : buttons) {
+        if (!button.name)
+            continue;
+        const auto *action = window.findChild<QAction *>(QLatin1String(button.command));
+        const bool shown = window.findChild<QWidget *>(QLatin1String(button.name));
+        if (!shown || !action || action->icon().pixmap(20, 20).toImage().isNull())
+            found.append(QLatin1String(button.name));
+    }
+    return found;
+}
+
+} // namespace CommandChecks
