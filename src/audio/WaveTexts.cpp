@@ -1,5 +1,7 @@
 #include "audio/WaveTexts.h"
 
+#include <QStringList>
+
 #include <cmath>
 
 namespace ardiphon {
