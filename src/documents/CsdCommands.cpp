@@ -21,6 +21,8 @@ constexpr Command commands[] = {
     {"menuTemplateCSD", "&CSD Template"},
 
     {"menuCSound", "&CSound", "", "F3"},
+    {"menuSndInfo", "SndInfo"},
+    {"menuPlayer", "&Wave Player"},
     {"menuToolsBookmark", "Insert &Bookmark", "", "Ctrl+B"},
     {"menuToolsRemoveBookmark", "Remove B&ookmark"},
     {"menuToolsRemoveAllBookmark", "&Remove All Bookmarks"},
@@ -83,10 +85,16 @@ constexpr const char *headerMenu[] = {"menuHeaders", nullptr, "menuTemplateCSD"}
 constexpr const char *toolsMenu[] = {
     "menuCSound",
     nullptr,
+    "menuAnalisi",
+    nullptr,
+    "menuPlayer",
+    nullptr,
     "menuToolsBookmark",
     "menuToolsRemoveBookmark",
     "menuToolsRemoveAllBookmark",
 };
+
+constexpr const char *analysisMenu[] = {"menuSndInfo"};
 
 constexpr const char *windowMenu[] = {
     "menuWindowLineNumbers",
@@ -134,6 +142,7 @@ constexpr Menu menus[] = {
 
 constexpr Menu submenus[] = {
     {"menuSize", "&Size", sizeMenu},
+    {"menuAnalisi", "CSound &Analysis", analysisMenu},
 };
 
 constexpr Menu popup = {"menuPopup", "", popupMenu};
@@ -155,6 +164,7 @@ constexpr ToolButton toolbar[] = {
     {"buttonSplit", "buttonSplit", "split", "Split CSD Window"},
     line,
     {"buttonCsound", "menuCSound", "compile", "CSound Console Compiler"},
+    {"buttonPlayer", "menuPlayer", "player", "Wave Player"},
     line,
     {"buttonHelp", "menuInfoCsoundHelp", "help", "CSound Help"},
     {"buttonOpcodeHelp", "buttonOpcodeHelp", "opcode-help", "Opcode Help"},

@@ -3,6 +3,8 @@
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
 #include "app/ui/FormNew.h"
+#include "audio/ui/FormPlayer.h"
+#include "audio/ui/FormSNDInfo.h"
 #include "compile/ui/CsdCompileLauncher.h"
 #include "documents/CsdWindowLayout.h"
 #include "documents/DocumentRules.h"
@@ -261,6 +263,8 @@ void FormCSD::bindTools()
     CommandSet &set = commands();
     set.bind("menuCSound", this,
              [this] { launchCsdCompile(config(), program().dialogs, *LEDIT1, this); });
+    set.bind("menuSndInfo", this, [this] { FormSNDInfo(program().dialogs, this).exec(); });
+    set.bind("menuPlayer", this, [this] { FormPlayer(config(), program().dialogs, this).exec(); });
 
     set.bind("menuPopupBookmark", m_bookmarks, &Bookmarks::InsertBookmark);
     set.bind("menuPopupRemoveBookmark", m_bookmarks, &Bookmarks::RemoveBookmark);
