@@ -3,6 +3,7 @@
 #include "audio/ui/OutlineReader.h"
 
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -44,9 +45,15 @@ void WaveOutline::takePeaks()
 
 void WaveOutline::setPosition(int position, int length)
 {
-    m_place = length > 0 ? std::clamp(double(position) / length, 0.0, 1.0) : 0.0;
-    update();
+    const double place = length > 0 ? std::clamp(double(position) / length, 0.0, 1.0) : 0.0;
+    if (qRound(place * width()) == qRound(linePlace()))
+        return; // comes 20 times a second, but the line moves slowly in a long file
+    updateLine();
+    m_place = place;
+    updateLine();
 }
+
+void WaveOutline::updateLine() { update(qRound(linePlace()) - 1, 0, 3, height()); }
 
 void WaveOutline::mousePressEvent(QMouseEvent *event)
 {
@@ -54,28 +61,30 @@ void WaveOutline::mousePressEvent(QMouseEvent *event)
         emit pressed(std::clamp(event->position().x() / width(), 0.0, 1.0));
 }
 
-void WaveOutline::paintEvent(QPaintEvent *)
+void WaveOutline::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), palette().base());
+    painter.fillRect(event->rect(), palette().base());
     const int channels = m_peaks.columns() > 0 ? m_peaks.channels() : 0;
     for (int channel = 0; channel < channels; ++channel) {
         const double height = double(this->height()) / channels;
-        drawLane(painter, QRectF(0, channel * height, width(), height), channel);
+        drawLane(painter, QRectF(0, channel * height, width(), height), channel, event->rect());
     }
     if (channels > 0)
-        painter.fillRect(QRectF(linePlace(), 0, 1, height()), palette().text());
+        painter.fillRect(QRectF(qRound(linePlace()), 0, 1, height()), palette().text());
     painter.setPen(palette().color(QPalette::Mid));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
-/// One bar for each pixel of the screen, at least a line thick.
-void WaveOutline::drawLane(QPainter &painter, const QRectF &lane, int channel) const
+/// One bar for each pixel of the screen within \a part, at least a line thick.
+void WaveOutline::drawLane(QPainter &painter, const QRectF &lane, int channel,
+                           const QRect &part) const
 {
     const double pixel = 1 / devicePixelRatioF();
     const double middle = lane.center().y();
     const double half = lane.height() / 2 - 1;
-    for (double x = 0; x < lane.width(); x += pixel) {
+    const double end = std::min<double>(lane.width(), part.x() + part.width());
+    for (double x = std::max(0, part.x()); x < end; x += pixel) {
         const int first = static_cast<int>(x / lane.width() * m_peaks.columns());
         const int last = static_cast<int>((x + pixel) / lane.width() * m_peaks.columns());
         const Peak peak = m_peaks.over(std::min(first, m_peaks.columns() - 1),

@@ -43,7 +43,8 @@ protected:
 
 private:
     void takePeaks();
-    void drawLane(QPainter &painter, const QRectF &lane, int channel) const;
+    void updateLine();
+    void drawLane(QPainter &painter, const QRectF &lane, int channel, const QRect &part) const;
 
     std::unique_ptr<OutlineReader> m_reader;
     Peaks m_peaks;
