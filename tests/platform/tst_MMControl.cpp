@@ -385,7 +385,7 @@ void tst_MMControl::play_position_followsWhatIsHeard()
     const QList<int> places = hear(1500 * 441 / 10);
     // The recording comes later than the sound, and the server hears up to 50 ms ahead.
     const int recorded = int(places.size()) * 10 / 441;
-    QVERIFY2(std::abs(m_control->Position() - recorded) < 500,
+    QVERIFY2(std::abs(m_control->Position() - recorded) < 1000,
              qPrintable(QString::number(m_control->Position() - recorded)));
     QVERIFY(risesOnly);
     QVERIFY(updates.count() > 5);
@@ -426,7 +426,7 @@ void tst_MMControl::stop_thenPlayElsewhere_leavesNothingOfTheOldSound()
     QVERIFY(std::is_sorted(second, places.end())); // nothing of before comes behind
     QVERIFY(std::is_sorted(places.begin(), second));
     // What was handed over but not heard yet is gone, but for what the server was about to play.
-    QVERIFY2(*(second - 1) < stoppedAt + 150 * 441 / 10,
+    QVERIFY2(*(second - 1) < stoppedAt + 250 * 441 / 10,
              qPrintable(QString::number(*(second - 1) - stoppedAt)));
 }
 

@@ -73,7 +73,7 @@ void WaveOutline::paintEvent(QPaintEvent *event)
     if (channels > 0)
         painter.fillRect(QRectF(qRound(linePlace()), 0, 1, height()), palette().text());
     painter.setPen(palette().color(QPalette::Mid));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
 }
 
 /// One bar for each pixel of the screen within \a part, at least a line thick.
