@@ -38,6 +38,10 @@ constexpr const char *headerMenu[] = {"menuHeaders", nullptr, "menuTemplateCSD"}
 constexpr const char *toolsMenu[] = {
     "menuCSound",
     nullptr,
+    "menuAnalisi",
+    nullptr,
+    "menuPlayer",
+    nullptr,
     "menuToolsBookmark",
     "menuToolsRemoveBookmark",
     "menuToolsRemoveAllBookmark",
@@ -52,6 +56,7 @@ constexpr Menu menus[] = {
 
 constexpr Menu submenus[] = {
     {"menuSize", "&Size", SizeMenu},
+    {"menuAnalisi", "CSound &Analysis", AnalysisMenu},
 };
 
 constexpr Menu popup = {"menuPopup", "", PopupMenu};
@@ -62,6 +67,7 @@ constexpr ToolButton toolbar[] = {
     {"buttonSalvaProgetto", "menuFileSalvaOrchestra", "save", "Save File"},
     {"buttonSalvaProgettoNome", "menuFileSalvaOrchestraNome", "save-as", "Save File As"},
     {"buttonDefaultDir", "buttonDefaultDir", "default-folder", "Default Directory"},
+    {"buttonPlayer", "menuPlayer", "player", "Wave Player"},
     ToolbarLine,
     {"buttonTrova", "menuModificaTrova", "find", "Find"},
     {"buttonSostituisci", "menuModificaSostituisci", "replace", "Find and Replace"},

@@ -18,6 +18,8 @@ constexpr Command commands[] = {
     {"menuModificaTrovaRiga", "Find &Line number", "(Ctrl+G)"},
     {"menuModificaSelezionaTutto", "Select &All", "(Ctrl+A)"},
 
+    {"menuSndInfo", "SndInfo"},
+    {"menuPlayer", "&Wave Player"},
     {"menuToolsBookmark", "Insert &Bookmark", "", "Ctrl+B"},
     {"menuToolsRemoveBookmark", "Remove B&ookmark"},
     {"menuToolsRemoveAllBookmark", "&Remove All Bookmarks"},

@@ -24,6 +24,8 @@ inline constexpr const char *WindowMenu[] = {
     "menuWindowRight",
 };
 
+inline constexpr const char *AnalysisMenu[] = {"menuSndInfo"};
+
 inline constexpr const char *InfoMenu[] = {
     "menuInfoArdiphonHelp", nullptr, "menuInfoCsoundHelp",
     "menuInfoCSoundAVHelp", nullptr, "menuInfoAbout",

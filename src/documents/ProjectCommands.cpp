@@ -73,6 +73,10 @@ constexpr const char *viewMenu[] = {
 };
 
 constexpr const char *toolsMenu[] = {
+    "menuAnalisi",
+    nullptr,
+    "menuPlayer",
+    nullptr,
     "menuToolsBookmark",
     "menuToolsRemoveBookmark",
     "menuToolsRemoveAllBookmark",
@@ -85,7 +89,10 @@ constexpr Menu menus[] = {
     {"menuWindow", "&Window", WindowMenu},  {"menuInfo", "&Info", InfoMenu},
 };
 
-constexpr Menu submenus[] = {{"menuSize", "&Size", SizeMenu}};
+constexpr Menu submenus[] = {
+    {"menuSize", "&Size", SizeMenu},
+    {"menuAnalisi", "CSound &Analysis", AnalysisMenu},
+};
 
 constexpr Menu popup = {"menuPopup", "", PopupMenu};
 

@@ -38,6 +38,9 @@ private slots:
     void toolbar_everyButton_hasAnIconAndAName();
     void popup_holdsTheEditEntriesAndTheBookmarks();
 
+    void audio_entries_openTheirWindows_data();
+    void audio_entries_openTheirWindows();
+
     // Editing.
     void edit_entries_actOnTheFirstView();
     void edit_copyWhileSplit_copiesTheSecondViewBack();
@@ -178,6 +181,28 @@ void tst_FormCSD::popup_holdsTheEditEntriesAndTheBookmarks()
           "menuPopupSelezionaTutto", "menuPopupBookmark", "menuPopupRemoveBookmark",
           "menuPopupRemoveAllBookmarks"})
         QVERIFY2(names.contains(QLatin1String(name)), name);
+}
+
+void tst_FormCSD::audio_entries_openTheirWindows_data()
+{
+    QTest::addColumn<QByteArray>("entry");
+    QTest::addColumn<QString>("window");
+    QTest::newRow("player") << QByteArray("menuPlayer") << "FormPlayer";
+    QTest::newRow("header") << QByteArray("menuSndInfo") << "FormSNDInfo";
+}
+
+void tst_FormCSD::audio_entries_openTheirWindows()
+{
+    QFETCH(QByteArray, entry);
+    show();
+    QString shown;
+    QTimer::singleShot(0, this, [&shown] {
+        QWidget *modal = QApplication::activeModalWidget();
+        shown = modal->objectName();
+        modal->close();
+    });
+    trigger(entry.constData());
+    QTEST(shown, "window");
 }
 
 // Editing. ---------------------------------------------------------------------------------------

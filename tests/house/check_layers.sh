@@ -45,6 +45,7 @@ only() {
 
 only '<Qsci' language/editor/
 only '<QProcess>' platform/
+only '<(QtMultimedia|QAudio[A-Za-z]*|QMedia[A-Za-z]*|sndfile\.h)>' platform/ui/
 only '<(QMessageBox|QFileDialog|QColorDialog|QInputDialog)>' platform/ui/
 
 if includes '<QtWidgets|<Q(Widget|Application|MainWindow|Dialog|Label|Menu)>' |

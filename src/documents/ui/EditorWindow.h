@@ -102,6 +102,7 @@ private:
     void addHeaders();
     void bindPopup();
     void bindHelp();
+    void bindSound();
     void bindHalves();
     /// Moves the window to one half of the screen's work area, whatever its state.
     void moveToHalf(ScreenHalf half);

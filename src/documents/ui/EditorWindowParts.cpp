@@ -2,6 +2,8 @@
 
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
+#include "audio/ui/FormPlayer.h"
+#include "audio/ui/FormSNDInfo.h"
 #include "documents/Headers.h"
 #include "documents/ui/EditorWindow.h"
 #include "documents/ui/RecentMenu.h"
@@ -100,6 +102,7 @@ void EditorWindow::bindCommon()
     connect(m_fontSizes, &FontSizeMenu::chosen, this, &EditorWindow::applyFontSize);
     bindPopup();
     bindHelp();
+    bindSound();
     bindHalves();
 }
 
@@ -130,6 +133,13 @@ void EditorWindow::bindHelp()
     m_commands.bind("menuInfoArdiphonHelp", this, [this] { FormHelp(this).exec(); });
     m_commands.bind("menuInfoAbout", this,
                     [this] { FormAbout(config().Words.OpcodeHelpVersion, this).exec(); });
+}
+
+void EditorWindow::bindSound()
+{
+    m_commands.bind("menuSndInfo", this, [this] { FormSNDInfo(program().dialogs, this).exec(); });
+    m_commands.bind("menuPlayer", this,
+                    [this] { FormPlayer(config(), program().dialogs, this).exec(); });
 }
 
 void EditorWindow::bindHalves()

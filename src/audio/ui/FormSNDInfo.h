@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QDialog>
+
+class QLabel;
+
+namespace ardiphon {
+
+class Dialogs;
+
+/// Shows what the header of a chosen wave file tells.
+class FormSNDInfo : public QDialog
+{
+    Q_OBJECT
+
+public:
+    FormSNDInfo(Dialogs &dialogs, QWidget *owner);
+
+private:
+    QLabel *addLabel(const char *name, const QString &text);
+    void browse();
+    void display(const QString &path);
+
+    Dialogs &m_dialogs;
+    QLabel *LabelInput;
+    QLabel *LabelInfo;
+};
+
+} // namespace ardiphon

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QWidget>
+
+namespace ardiphon {
+
+/// A horizontal slider that jumps to where its track is pressed. Its height is fixed.
+class MySlider : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit MySlider(QWidget *parent = nullptr);
+
+    /// The thumb's width in pixels: its left edge runs from 0 to the control's width less this.
+    static constexpr int ThumbWidth = 16;
+
+    int Value() const { return m_value; }
+    int Max() const { return m_max; }
+    int Min() const { return m_min; }
+    /// Keeps \a value between 0 and Max and moves the thumb, except that with a Max of 0 the thumb
+    /// stays. Emits nothing.
+    void SetValue(int value);
+    /// Only stores it: the thumb follows with the next value.
+    void SetMax(int max) { m_max = max; }
+    /// Only stores it: the lower bound is 0 whatever this is.
+    void SetMin(int min) { m_min = min; }
+
+    /// The thumb's left edge, in pixels.
+    double thumbLeft() const { return m_thumbLeft; }
+
+    QSize sizeHint() const override;
+
+signals:
+    /// The thumb was dragged to a new place; Value tells it already.
+    void Scroll();
+    /// The track was pressed outside the thumb, or a key moved the thumb; Value tells it already.
+    void Click();
+    /// A mouse button went down, or up again, that went down on the thumb.
+    void MouseDown();
+    void MouseUp();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    int thumbSpan() const;
+    bool isOnThumb(double x) const;
+    void moveThumb(double left);
+    bool keyStep(int key, qint64 &value) const;
+
+    int GrabOffset = 0; ///< at the press, the cursor's x less the thumb's left edge
+    int m_value = 0;
+    int m_max = 0;
+    int m_min = 0;
+    int TrackPixels = 0;
+    double m_thumbLeft = 0;
+    bool m_grabbed = false;
+};
+
+} // namespace ardiphon

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "audio/Peaks.h"
+
+#include <QMutex>
+#include <QThread>
+
+#include <atomic>
+
+namespace ardiphon {
+
+/// Reads a sound file once from beginning to end in a thread that only runs when nobody else wants
+/// the processor, and gathers its outline. Destroying it stops the reading.
+class OutlineReader : public QThread
+{
+    Q_OBJECT
+
+public:
+    /// Begins at once. A file that cannot be decoded has an empty outline.
+    explicit OutlineReader(const QString &path, QObject *parent = nullptr);
+    ~OutlineReader() override;
+
+    /// As far as the file is read; the columns behind are silent.
+    Peaks peaks() const;
+
+signals:
+    /// There is more to see. Comes several times a second at most, and once at the end.
+    void progressed();
+
+protected:
+    void run() override;
+
+private:
+    const QString m_path;
+    std::atomic<bool> m_stop = false;
+    mutable QMutex m_mutex;
+    Peaks m_peaks; ///< guarded by m_mutex
+};
+
+} // namespace ardiphon

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+namespace ardiphon {
+
+/// Starts a program that goes on by itself, whatever becomes of this one. \a file is a path, or a
+/// bare name that is looked for in the search path; \a parameters are split by splitCommandText; an
+/// empty \a directory is the current one. False when it could not be started.
+bool StartDetached(const QString &file, const QString &parameters, const QString &directory);
+
+} // namespace ardiphon
