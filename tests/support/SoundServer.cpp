@@ -3,6 +3,8 @@
 #include <QElapsedTimer>
 #include <QTest>
 
+#include <algorithm>
+
 SoundServer::SoundServer()
 {
     const QByteArray folder = m_folder.path().toLocal8Bit();
@@ -86,7 +88,8 @@ QList<SoundServer::Frame> SoundServer::takeRecording()
     m_rest += m_recorder.readAllStandardOutput();
     const qsizetype count = m_rest.size() / qsizetype(sizeof(Frame));
     QList<Frame> frames(count);
-    memcpy(frames.data(), m_rest.constData(), count * sizeof(Frame));
+    std::copy_n(m_rest.constData(), count * qsizetype(sizeof(Frame)),
+                reinterpret_cast<char *>(frames.data()));
     m_rest.remove(0, count * qsizetype(sizeof(Frame)));
     return frames;
 }
