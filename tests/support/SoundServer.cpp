@@ -4,6 +4,8 @@
 #include <QTest>
 
 #include <algorithm>
+#include <csignal>
+#include <sys/prctl.h>
 
 SoundServer::SoundServer()
 {
@@ -12,6 +14,8 @@ SoundServer::SoundServer()
     for (const char *variable : {"PULSE_RUNTIME_PATH", "PULSE_STATE_PATH", "XDG_RUNTIME_DIR"})
         qputenv(variable, folder);
     qunsetenv("PULSE_SINK");
+    // Nor is it left behind by a test that crashes.
+    m_server.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
 }
 
 SoundServer::~SoundServer() { stop(); }
