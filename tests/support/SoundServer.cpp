@@ -3,6 +3,10 @@
 #include <QElapsedTimer>
 #include <QTest>
 
+#include <algorithm>
+#include <csignal>
+#include <sys/prctl.h>
+
 SoundServer::SoundServer()
 {
     const QByteArray folder = m_folder.path().toLocal8Bit();
@@ -10,6 +14,8 @@ SoundServer::SoundServer()
     for (const char *variable : {"PULSE_RUNTIME_PATH", "PULSE_STATE_PATH", "XDG_RUNTIME_DIR"})
         qputenv(variable, folder);
     qunsetenv("PULSE_SINK");
+    // Nor is it left behind by a test that crashes.
+    m_server.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
 }
 
 SoundServer::~SoundServer() { stop(); }
@@ -86,7 +92,8 @@ QList<SoundServer::Frame> SoundServer::takeRecording()
     m_rest += m_recorder.readAllStandardOutput();
     const qsizetype count = m_rest.size() / qsizetype(sizeof(Frame));
     QList<Frame> frames(count);
-    memcpy(frames.data(), m_rest.constData(), count * sizeof(Frame));
+    std::copy_n(m_rest.constData(), count * qsizetype(sizeof(Frame)),
+                reinterpret_cast<char *>(frames.data()));
     m_rest.remove(0, count * qsizetype(sizeof(Frame)));
     return frames;
 }
