@@ -1,5 +1,6 @@
 #include "app/RecentFiles.h"
 #include "documents/ProjectWindow.h"
+#include "documents/ui/FormCSD.h"
 
 #include <QDir>
 #include <QDropEvent>
@@ -92,6 +93,7 @@ private slots:
     void leave_cancelAtTheFirst_stillAsksTheSecond();
     void leave_tools_areThreeValues();
     void handOver_keepsThePlacement();
+    void handOver_thereAndBack_opensTheTexts();
 
 private:
     struct Half
@@ -840,6 +842,35 @@ void tst_ProjectDocument::handOver_keepsThePlacement()
     QCOMPARE(m->config.WindowTop, long(at.y()) * 15);
     QVERIFY(!m->config.WindowMaximized);
     QTRY_VERIFY(!m->window);
+}
+
+/// The two real windows, one in the place of the other.
+void tst_ProjectDocument::handOver_thereAndBack_opensTheTexts()
+{
+    QPointer<FormCSD> csd;
+    m->context.windows.showFormCSD = [&] {
+        csd = new FormCSD(m->context);
+        csd->show();
+    };
+    m->context.windows.showFormORCSCO = [&] {
+        m->window = new FormORCSCO(m->context);
+        m->window->show();
+    };
+    m->showPair("o", "s");
+    const QPointer<FormORCSCO> first = m->window;
+    m->dialogs.expectOpen(OpenProject, m->write(QStringLiteral("b.csd"), "c"));
+    m->trigger("menuFileApriProgetto");
+    QVERIFY(csd);
+    QTRY_VERIFY(!first);
+    QCOMPARE(csd->findChild<LEditOCX *>(QStringLiteral("LEDIT1"))->Text(), QStringLiteral("c"));
+
+    m->dialogs.expectOpen(QStringLiteral("Open File"), m->path(QStringLiteral("piece.sco")));
+    csd->findChild<QAction *>(QStringLiteral("menuFileApriOrchestra"))->trigger();
+    QTRY_VERIFY(!csd);
+    QVERIFY(m->window);
+    QCOMPARE(m->control<LEditOCX>("LEDIT1")->Text(), QStringLiteral("o"));
+    QCOMPARE(m->control<LEditOCX>("LEDIT2")->Text(), QStringLiteral("s"));
+    QCOMPARE(m->config.OrchestraFileName, m->path(QStringLiteral("piece.orc")));
 }
 
 QTEST_MAIN(tst_ProjectDocument)

@@ -39,6 +39,7 @@ private slots:
     void openFile_filter_ignoresCaseAndShowsFilesWithoutDot();
     void saveFile_newName_addsNoExtension();
     void saveFile_existing_asksBeforeOverwriting();
+    void saveFile_proposedName_standsInTheField();
     void saveFile_cancelled_isEmpty();
 
 private:
@@ -285,6 +286,19 @@ void tst_QtDialogs::saveFile_existing_asksBeforeOverwriting()
         QVERIFY(asked);
         QCOMPARE(path.has_value(), button == QMessageBox::Yes);
     }
+}
+
+/// An untitled document proposes a name with a bracket in it.
+void tst_QtDialogs::saveFile_proposedName_standsInTheField()
+{
+    ardiphon::FileQuestion proposing = question();
+    proposing.proposedName = QStringLiteral("[Untit.orc");
+    whenShown<QFileDialog>([](QFileDialog *dialog) {
+        const auto *field = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        QCOMPARE(field->text(), QStringLiteral("[Untit.orc"));
+        QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    QCOMPARE(m_dialogs.saveFile(proposing), m_folder->filePath("[Untit.orc"));
 }
 
 void tst_QtDialogs::saveFile_cancelled_isEmpty()
