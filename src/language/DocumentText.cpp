@@ -142,17 +142,20 @@ QByteArray encodeDocument(const QByteArray &utf8, DocumentForm &form)
 QByteArray withLineEnds(QByteArrayView text, LineEnd lineEnd)
 {
     const QByteArrayView end = bytesOf(lineEnd);
+    const auto most =
+        std::count(text.begin(), text.end(), '\n') + std::count(text.begin(), text.end(), '\r');
+    QByteArray result(text.size() + most * (end.size() - 1), Qt::Uninitialized);
+    char *out = result.data();
     LineEndFinder finder(text);
-    QByteArray result;
-    result.reserve(text.size() + (end.size() - 1) * std::count(text.begin(), text.end(), '\n'));
     for (qsizetype at = 0; at < text.size();) {
         const qsizetype stop = finder.next(at);
-        result.append(text.sliced(at, stop - at));
+        out = std::copy_n(text.data() + at, stop - at, out);
         if (stop == text.size())
             break;
-        result.append(end);
+        out = std::copy_n(end.data(), end.size(), out);
         at = stop + (text.sliced(stop).startsWith("\r\n") ? 2 : 1);
     }
+    result.truncate(out - result.constData());
     return result;
 }
 

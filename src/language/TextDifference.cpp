@@ -1,8 +1,21 @@
 #include "language/TextDifference.h"
 
+#include <cstdint>
+#include <cstring>
+
 namespace ardiphon {
 
 namespace {
+
+using Block = std::uint64_t;
+constexpr qsizetype BlockSize = sizeof(Block);
+
+Block blockAt(QByteArrayView text, qsizetype at)
+{
+    Block block;
+    std::memcpy(&block, text.data() + at, BlockSize);
+    return block;
+}
 
 bool isLineEnd(char byte) { return byte == '\r' || byte == '\n'; }
 
@@ -28,13 +41,42 @@ struct Places
     qsizetype b;
 };
 
+/// Passes bytes that are the same in both texts in great strides, but never half a CR LF.
+Places behindSameBytes(QByteArrayView a, QByteArrayView b, Places from)
+{
+    Places at = from;
+    while (at.a + BlockSize <= a.size() && at.b + BlockSize <= b.size() &&
+           blockAt(a, at.a) == blockAt(b, at.b)) {
+        at.a += BlockSize;
+        at.b += BlockSize;
+    }
+    if (at.a > from.a && a[at.a - 1] == '\r')
+        return {at.a - 1, at.b - 1};
+    return at;
+}
+
+/// The same towards the beginning, as far as \a head.
+Places beforeSameBytes(QByteArrayView a, QByteArrayView b, Places from, Places head)
+{
+    Places at = from;
+    while (at.a - BlockSize >= head.a && at.b - BlockSize >= head.b &&
+           blockAt(a, at.a - BlockSize) == blockAt(b, at.b - BlockSize)) {
+        at.a -= BlockSize;
+        at.b -= BlockSize;
+    }
+    if (at.a < from.a && a[at.a] == '\n')
+        return {at.a + 1, at.b + 1};
+    return at;
+}
+
 Places behindCommonHead(QByteArrayView a, QByteArrayView b)
 {
-    Places at{0, 0};
+    Places at = behindSameBytes(a, b, {0, 0});
     while (at.a < a.size() && at.b < b.size()) {
         if (isLineEnd(a[at.a]) && isLineEnd(b[at.b])) {
             at.a += lineEndLengthAt(a, at.a);
             at.b += lineEndLengthAt(b, at.b);
+            at = behindSameBytes(a, b, at);
         } else if (a[at.a] == b[at.b]) {
             ++at.a;
             ++at.b;
@@ -52,11 +94,12 @@ Places behindCommonHead(QByteArrayView a, QByteArrayView b)
 /// The tail does not reach into the head: a text that repeats itself is not counted twice.
 Places beforeCommonTail(QByteArrayView a, QByteArrayView b, Places head)
 {
-    Places at{a.size(), b.size()};
+    Places at = beforeSameBytes(a, b, {a.size(), b.size()}, head);
     while (at.a > head.a && at.b > head.b) {
         if (isLineEnd(a[at.a - 1]) && isLineEnd(b[at.b - 1])) {
             at.a -= lineEndLengthBefore(a, at.a);
             at.b -= lineEndLengthBefore(b, at.b);
+            at = beforeSameBytes(a, b, at, head);
         } else if (a[at.a - 1] == b[at.b - 1]) {
             --at.a;
             --at.b;

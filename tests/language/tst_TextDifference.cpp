@@ -13,6 +13,7 @@ private slots:
     void texts_differ_inTheseStretches_data();
     void texts_differ_inTheseStretches();
     void randomTexts_replaced_becomeAlike();
+    void longTexts_withOtherLineEnds_differInTheChangeAlone();
 };
 
 void tst_TextDifference::texts_differ_inTheseStretches_data()
@@ -78,6 +79,32 @@ void tst_TextDifference::randomTexts_replaced_becomeAlike()
             wanted.mid(difference.wanted.start, difference.wanted.end - difference.wanted.start));
         result += alike(present.mid(difference.present.end));
         QCOMPARE(result, alike(wanted));
+    }
+}
+
+void tst_TextDifference::longTexts_withOtherLineEnds_differInTheChangeAlone()
+{
+    QRandomGenerator random(7);
+    const QByteArray lineEnds[] = {"\n", "\r\n", "\r"};
+    const auto joined = [&](const QByteArrayList &lines) {
+        QByteArray text;
+        for (const QByteArray &line : lines)
+            text += line + lineEnds[line.isEmpty() ? 0 : random.bounded(3)]; // no CR meets an LF
+        return text;
+    };
+    for (int i = 0; i < 5000; ++i) {
+        QByteArrayList lines;
+        for (int line = random.bounded(8); line >= 0; --line)
+            lines += QByteArray(1 + random.bounded(24), char('a' + random.bounded(26)));
+        const QByteArray present = joined(lines);
+        lines.insert(random.bounded(lines.size() + 1), "0");
+        const QByteArray wanted = joined(lines);
+        const TextDifference difference = differenceOf(present, wanted);
+        QCOMPARE(difference.present.end, difference.present.start);
+        const qsizetype length = difference.wanted.end - difference.wanted.start;
+        const QByteArray inserted = wanted.mid(difference.wanted.start, length);
+        QCOMPARE(inserted.trimmed(), "0");
+        QVERIFY(length == 2 || inserted.startsWith("0\r\n") || inserted.startsWith("\r\n"));
     }
 }
 
