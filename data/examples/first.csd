@@ -1,6 +1,10 @@
 <CsoundSynthesizer>
 ; A first piece: five plucked notes over a slow bell.
 ; F3 opens the compiler; the sound lands beside this file as first.wav.
+;
+; Listen for: the bell grows simpler while it rings, as its index (kindex) falls to nothing.
+; Try: a larger HALL, up to 0.99. Other pitches in p5 of the score: octave, point, semitone.
+;   A click on an opcode shows what it does and which parameters it takes.
 
 <CsOptions>
 -W -o first.wav

@@ -1,0 +1,1 @@
+<CsoundSynthesizer>; from an old machine: every line ends in a bare CR<CsInstruments>sr = 44100kr = 4410ksmps = 10nchnls = 1instr 1kenv linen p4, .01, p3, .05asig oscil kenv, p5, 1out asigendin</CsInstruments><CsScore>f1 0 1024 10 1i1 0 .2 9000 440i1 .2 .2 9000 550e</CsScore></CsoundSynthesizer>

@@ -1,0 +1,59 @@
+#!/usr/bin/env python3
+"""On the first run the open dialog begins in the folder of the examples; a folder that the user has
+chosen stays.
+
+  first_run.py PROGRAM-FOLDER BUILD-FOLDER PROJECT-FOLDER"""
+
+import os
+import subprocess
+import sys
+
+from desktop import Desktop
+
+PROGRAM_FOLDER, BUILD_FOLDER, PROJECT_FOLDER = sys.argv[1:]
+EXAMPLES = os.path.join(PROJECT_FOLDER, "data", "examples")
+
+
+def prepare(desktop):
+    script = os.path.join(PROJECT_FOLDER, "tools", "first_run.sh")
+    subprocess.run([script, BUILD_FOLDER], env=desktop.environment, check=True)
+
+
+def settings_file(desktop):
+    return os.path.join(desktop.environment["XDG_CONFIG_HOME"], "Ardiphon", "settings.ini")
+
+
+def setting(desktop, name):
+    with open(settings_file(desktop), encoding="utf-8") as file:
+        return [line.strip() for line in file if name in line]
+
+
+def open_by_name(desktop, name):
+    """Browses from the start window and types nothing but the file's name."""
+    dialog = "Open Files"
+    desktop.key_until(["b"], dialog, lambda: desktop.has_focus(dialog))
+    desktop.type(name)
+    title = f"{os.path.join(EXAMPLES, name)} - ArdiphonPro - Version 2.3.0"
+    desktop.key_until(["Return"], title, lambda: desktop.has_focus(title))
+
+
+def leave(desktop, program):
+    desktop.key_until(["alt+F4"], "the program's end", lambda: program.poll() is not None)
+    assert program.returncode == 0, program.returncode
+
+
+with Desktop(PROGRAM_FOLDER) as desktop:
+    prepare(desktop)
+    program = desktop.start_program()
+    desktop.window("ArdiphonPro Startup")
+    open_by_name(desktop, "bells.csd")
+    leave(desktop, program)
+
+    chosen = setting(desktop, "WorkingDirectory")
+    assert len(chosen) == 1 and chosen[0].endswith(EXAMPLES), chosen
+    with open(settings_file(desktop), encoding="utf-8") as file:
+        text = file.read()
+    with open(settings_file(desktop), "w", encoding="utf-8") as file:
+        file.write(text.replace(EXAMPLES, desktop.folder))
+    prepare(desktop)
+    assert setting(desktop, "WorkingDirectory")[0].endswith(desktop.folder)
