@@ -1,5 +1,7 @@
 #include "documents/DocumentRules.h"
 
+#include "platform/Dialogs.h"
+
 namespace ardiphon {
 
 bool isUntitled(const QString &name)
@@ -10,6 +12,11 @@ bool isUntitled(const QString &name)
 QString csdTitle(const QString &csdFileName)
 {
     return csdFileName + QStringLiteral(" - ") + WindowTitle;
+}
+
+QString programFirstTitle(const QString &csdFileName)
+{
+    return ProgramTitle + QStringLiteral(" - ") + csdFileName;
 }
 
 QString markedModified(const QString &title) { return title.endsWith(u'*') ? title : title + u'*'; }

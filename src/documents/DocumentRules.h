@@ -16,6 +16,9 @@ bool isUntitled(const QString &name);
 /// The title of the CSD window for a document of that name.
 QString csdTitle(const QString &csdFileName);
 
+/// The title that a document opened from the recent list or imported has until it is saved.
+QString programFirstTitle(const QString &csdFileName);
+
 /// \a title with one "*" at its end.
 QString markedModified(const QString &title);
 

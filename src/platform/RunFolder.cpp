@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 
 #include <cerrno>
 #include <csignal>
@@ -13,15 +14,13 @@ namespace {
 
 const QString Prefix = QStringLiteral("ardiphon-");
 
-QString usableParent(const QString &parent)
+bool isUsable(const QString &parent)
 {
-    return parent.contains(u' ') ? QStringLiteral("/tmp") : parent;
+    return !parent.contains(u' ') &&
+           access(QFile::encodeName(parent).constData(), W_OK | X_OK) == 0;
 }
 
-bool isRunning(qint64 process)
-{
-    return kill(pid_t(process), 0) == 0 || errno == EPERM;
-}
+bool isRunning(qint64 process) { return kill(pid_t(process), 0) == 0 || errno == EPERM; }
 
 /// Folders are named ardiphon-<process>-<random>, so one without its process is a dead run's.
 void removeLeftovers(const QString &parent)
@@ -44,11 +43,14 @@ QString folderTemplate(const QString &parent)
 
 } // namespace
 
-RunFolder::RunFolder(const QString &parent) : m_folder(folderTemplate(usableParent(parent))) {}
+RunFolder::RunFolder(const QString &parent, const QString &otherwise)
+    : m_folder(folderTemplate(isUsable(parent) ? parent : otherwise))
+{
+}
 
 QString RunFolder::path() const
 {
-    return m_folder.isValid() ? m_folder.path() + u'/' : QString();
+    return m_folder.isValid() ? m_folder.path() + u'/' : QStringLiteral("/nonexistent/");
 }
 
 } // namespace ardiphon

@@ -11,10 +11,12 @@ namespace ardiphon {
 class RunFolder
 {
 public:
-    /// \a parent: where the folder is made; one whose path has a blank is not used, `/tmp` is then.
-    explicit RunFolder(const QString &parent);
+    /// \a parent: where the folder is made. Where it has a blank in its path or takes no folder,
+    /// \a otherwise is used.
+    explicit RunFolder(const QString &parent, const QString &otherwise = QStringLiteral("/tmp"));
 
-    /// With its closing "/"; "" when no folder could be made.
+    /// With its closing "/". When no folder could be made it is one that does not exist, so that
+    /// nothing is ever written or removed by a relative name.
     QString path() const;
 
 private:

@@ -275,10 +275,11 @@ void tst_LoadConfiguration::backColors_withoutValues_followTheBackground()
 {
     setColor("ColorBackground", "0");
     setColor("ColorMacroBK", "255");
+    setColor("ColorOrchestraBK", "255"); // no other back follows this one
     const ConfigurationBlock &config = load();
     const Color black{0};
     QCOMPARE(config.ColorBackground.value, 0u);
-    QVERIFY(config.ColorOrchestraBK == black);
+    QVERIFY(config.ColorOrchestraBK == Color::rgb(255, 0, 0));
     QVERIFY(config.ColorCSDBK == black);
     QVERIFY(config.ColorFilesBK == black);
     QVERIFY(config.ColorInstrEndinBK == black);

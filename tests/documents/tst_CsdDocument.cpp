@@ -21,6 +21,7 @@ namespace {
 const QString SaveQuestion = QStringLiteral("File has changed!\r\nDo you want to save it?");
 const QString LeaveQuestion = QStringLiteral("File CSD has changed!\r\nDo you want to save it?");
 const QString TitleEnd = QStringLiteral(" - ArdiphonPro - Version 2.3.0");
+const QString ProgramFirst = QStringLiteral("ArdiphonPro - ");
 
 } // namespace
 
@@ -53,6 +54,10 @@ private slots:
     void open_orchestra_handsOverAndKeepsThePath();
     void recent_missingFile_saysSo();
     void recent_otherFile_opens();
+    void recent_textFile_opensHereInBothViews();
+    void recent_score_handsOver();
+    void recent_cancelled_changesNothing();
+    void recent_captions_nameFolderAndFile();
 
     void new_cancelledChoice_keepsTheText();
     void new_csd_beginsAnEmptyDocument();
@@ -364,6 +369,71 @@ void tst_CsdDocument::recent_otherFile_opens()
     trigger("menuLastFile(0)");
     QCOMPARE(m_editor->Text(), QStringLiteral("one"));
     QCOMPARE(m_program->config.CSDFileName, first);
+    QCOMPARE(m_window->windowTitle(), ProgramFirst + first);
+    type(QStringLiteral("e"));
+    QTRY_COMPARE(m_window->windowTitle(), ProgramFirst + first + u'*');
+    trigger("menuFileSalvaOrchestra");
+    QCOMPARE(m_window->windowTitle(), first + TitleEnd);
+}
+
+void tst_CsdDocument::recent_textFile_opensHereInBothViews()
+{
+    const QString text = m_program->write(QStringLiteral("notes.txt"), "notes");
+    UpdateRecentFiles(m_program->config, m_program->settings, text);
+    m_program->config.WorkingDirectory = m_program->folder.path();
+    show();
+    trigger("buttonSplit");
+    trigger("menuLastFile(0)");
+    QCOMPARE(m_editor->Text(), QStringLiteral("notes"));
+    QVERIFY(!m_editor->GetState(2));
+    auto *second = m_window->findChild<LEditOCX *>(QStringLiteral("LEDIT2"));
+    QCOMPARE(second->Text(), QStringLiteral("notes"));
+    second->Undo();
+    QCOMPARE(second->Text(), QStringLiteral("notes"));
+
+    m_program->dialogs.expectOpen(QStringLiteral("Open File"), std::nullopt);
+    trigger("menuFileApriOrchestra");
+    QCOMPARE(m_program->dialogs.fileQuestions.back().directory, QDir::currentPath());
+}
+
+void tst_CsdDocument::recent_score_handsOver()
+{
+    const QString score = m_program->write(QStringLiteral("piece.SCO"), "e");
+    UpdateRecentFiles(m_program->config, m_program->settings, score);
+    m_program->config.OrchestraFileName = QStringLiteral("/old.orc");
+    show();
+    type(QStringLiteral("x"));
+    expectQuestion(QStringLiteral("Save File"), Answer::No);
+    trigger("menuLastFile(0)");
+    QCOMPARE(m_projectWindows, 1);
+    QCOMPARE(m_program->config.OrchestraFileName, QString());
+    QCOMPARE(m_program->config.ScoreFileName, score);
+    QTRY_VERIFY(!m_window); // without a second question
+}
+
+void tst_CsdDocument::recent_cancelled_changesNothing()
+{
+    const QString other = m_program->write(QStringLiteral("one.csd"), "one");
+    UpdateRecentFiles(m_program->config, m_program->settings, other);
+    show();
+    type(QStringLiteral("e"));
+    expectQuestion(QStringLiteral("Save File"), Answer::Cancel);
+    trigger("menuLastFile(0)");
+    QCOMPARE(m_editor->Text(), QStringLiteral("e"));
+    QCOMPARE(m_program->config.CSDFileName, QStringLiteral("[Untitled]"));
+    QVERIFY(m_editor->hasFocus());
+}
+
+void tst_CsdDocument::recent_captions_nameFolderAndFile()
+{
+    UpdateRecentFiles(m_program->config, m_program->settings, QStringLiteral("/m/a & b.csd"));
+    show();
+    const auto caption = [this](const char *entry) {
+        return m_window->findChild<QAction *>(QLatin1String(entry))->text();
+    };
+    QCOMPARE(caption("menuLastFile(0)"), QStringLiteral("[/m] a && b.csd")); // no access key
+    for (const char *entry : {"menuLastFile(1)", "menuLastFile(2)", "menuLastFile(3)"})
+        QCOMPARE(caption(entry), QStringLiteral("..."));
 }
 
 // New. -------------------------------------------------------------------------------------------
@@ -486,7 +556,7 @@ void tst_CsdDocument::import_pair_makesAnUntitledText()
                             "<CsScore>\r\n\r\ns\r\n\r\n</CsScore>\r\n\r\n"
                             "</CsoundSynthesizer>\r\n\r\n"));
     QCOMPARE(m_program->config.CSDFileName, QStringLiteral("[Untitled]"));
-    QVERIFY(m_window->windowTitle().startsWith(QStringLiteral("[Untitled]") + TitleEnd));
+    QVERIFY(m_window->windowTitle().startsWith(ProgramFirst + QStringLiteral("[Untitled]")));
     QCOMPARE(m_program->config.OrchestraFileName, QString());
     QVERIFY(m_editor->GetState(2));
     QCOMPARE(m_program->dialogs.fileQuestions.back().filter,

@@ -74,11 +74,18 @@ private slots:
     void bookmarks_click_goesToTheLine();
 
     // Aids.
+    void settings_reachBothViews();
+    void settings_autoIndent_isOnAtExactlyOne_data();
+    void settings_autoIndent_isOnAtExactlyOne();
     void gutter_press_selectsTheLine();
+    void gutter_font_isThatOfItsView();
     void wheel_scrollsTheFocusedView();
     void fontSize_steps_stayBetween6And20();
+    void fontSize_defaultBeyondTheMenu_isStillThatOfTheText();
     void popup_rightClick_movesTheCaretUnlessInTheSelection();
     void altKey_isSwallowed();
+    void altF4_closesTheWindow();
+    void ctrlAltZ_redoesInItsView();
 
     // Help.
     void help_clickOnOpcode_fillsThePanels();
@@ -585,6 +592,48 @@ void tst_FormCSD::bookmarks_click_goesToTheLine()
 
 // Aids. ------------------------------------------------------------------------------------------
 
+void tst_FormCSD::settings_reachBothViews()
+{
+    ConfigurationBlock &config = m_program->config;
+    config.TabSize = QStringLiteral("4.5"); // half a character goes to the even neighbour
+    config.FontSize = 14;
+    config.DefaultFontName = QStringLiteral("DejaVu Sans Mono");
+    config.ColorBackground = Color::rgb(10, 20, 30);
+    show("x\n");
+    trigger("buttonSplit");
+    for (LEditOCX *view : {first(), second()}) {
+        QCOMPARE(view->TabSize(), 4);
+        QCOMPARE(view->FontSize(), 14.0);
+        QCOMPARE(view->FontName(), QStringLiteral("DejaVu Sans Mono"));
+        const QImage look = view->grab().toImage();
+        QCOMPARE(look.pixelColor(look.width() / 2, look.height() / 2), QColor(10, 20, 30));
+    }
+}
+
+void tst_FormCSD::settings_autoIndent_isOnAtExactlyOne_data()
+{
+    QTest::addColumn<QString>("setting");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("1") << "1"
+                       << "\tx\r\n\t";
+    QTest::newRow("1.0") << "1.0"
+                         << "\tx\r\n\t";
+    QTest::newRow("half") << "0.5"
+                          << "\tx\r\n";
+    QTest::newRow("0") << "0"
+                       << "\tx\r\n";
+}
+
+void tst_FormCSD::settings_autoIndent_isOnAtExactlyOne()
+{
+    QFETCH(QString, setting);
+    m_program->config.AutoIndent = setting;
+    show("\tx");
+    caret(first(), 1, 2);
+    QTest::keyClick(first()->focusProxy(), Qt::Key_Return);
+    QTEST(first()->Text(), "text");
+}
+
 void tst_FormCSD::gutter_press_selectsTheLine()
 {
     show("one\ntwo\nthree\n");
@@ -596,6 +645,16 @@ void tst_FormCSD::gutter_press_selectsTheLine()
     QTest::mousePress(gutter, Qt::LeftButton, {}, QPoint(5, height * 15)); // below the text
     first()->GetSelection();
     QCOMPARE(first()->SelStartLine, first()->LineCount());
+}
+
+void tst_FormCSD::gutter_font_isThatOfItsView()
+{
+    show();
+    first()->SetFontName(QStringLiteral("DejaVu Sans Mono"));
+    first()->SetFontSize(17);
+    const QFont font = control<QWidget>("PicNumeri")->font();
+    QCOMPARE(font.family(), QStringLiteral("DejaVu Sans Mono"));
+    QCOMPARE(font.pointSizeF(), 17.0);
 }
 
 /// Turns the wheel over the view that has the focus, which leaves it to the window.
@@ -648,6 +707,22 @@ void tst_FormCSD::fontSize_steps_stayBetween6And20()
     QCOMPARE(second()->FontSize(), 6.0);
 }
 
+/// A step that would leave the range only changes the number.
+void tst_FormCSD::fontSize_defaultBeyondTheMenu_isStillThatOfTheText()
+{
+    m_program->config.DefaultFontSize = QStringLiteral("30");
+    m_program->config.FontSize = 30;
+    show();
+    QCOMPARE(first()->FontSize(), 30.0);
+    for (int i = 0; i < 15; ++i)
+        QVERIFY(!action(qPrintable(QStringLiteral("menuFontSize(%1)").arg(i)))->isChecked());
+    trigger("buttonCaratterePiu");
+    QCOMPARE(m_program->config.FontSize, std::int16_t(20));
+    QCOMPARE(first()->FontSize(), 30.0);
+    trigger("buttonCarattereMeno");
+    QCOMPARE(first()->FontSize(), 19.0);
+}
+
 void tst_FormCSD::popup_rightClick_movesTheCaretUnlessInTheSelection()
 {
     show("instr one\nendin\n");
@@ -683,6 +758,24 @@ void tst_FormCSD::altKey_isSwallowed()
     }
     QTest::keyClick(m_window->windowHandle(), Qt::Key_F, Qt::AltModifier);
     QVERIFY(!QApplication::activePopupWidget());
+}
+
+void tst_FormCSD::altF4_closesTheWindow()
+{
+    show("text");
+    trigger("buttonSplit");
+    QTest::keyClick(second()->focusProxy(), Qt::Key_F4, Qt::AltModifier);
+    QTRY_VERIFY(!m_window);
+}
+
+void tst_FormCSD::ctrlAltZ_redoesInItsView()
+{
+    show();
+    QTest::keyClicks(first()->focusProxy(), QStringLiteral("x"));
+    QTest::keyClick(first()->focusProxy(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(first()->Text(), QString());
+    QTest::keyClick(first()->focusProxy(), Qt::Key_Z, Qt::ControlModifier | Qt::AltModifier);
+    QCOMPARE(first()->Text(), QStringLiteral("x"));
 }
 
 // Help. ------------------------------------------------------------------------------------------

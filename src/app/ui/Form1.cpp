@@ -19,7 +19,7 @@ namespace ardiphon {
 
 namespace {
 
-constexpr int FileLabelWidth = 290; // logical pixels
+constexpr int FileLabelWidth = 231; // logical pixels
 constexpr int KeyLabelWidth = 22;
 constexpr int BrowseIndex = 4;
 

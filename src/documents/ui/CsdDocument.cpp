@@ -83,17 +83,20 @@ void CsdDocument::OpenRecent(const QString &path)
     saveBookmarksIfChanged();
     config().CSDFileName = path;
     files().beginIn(QDir::currentPath());
-    openPath(path);
+    if (openPath(path))
+        emit programFirstTitleDue();
 }
 
-void CsdDocument::openPath(const QString &path)
+bool CsdDocument::openPath(const QString &path)
 {
     config().OrchestraFileName.clear();
     config().ScoreFileName.clear();
-    if (nameDocument(config(), program().windows, path) == StartWindow::FormORCSCO)
+    if (nameDocument(config(), program().windows, path) == StartWindow::FormORCSCO) {
         handOverToProject();
-    else
-        open(path);
+        return false;
+    }
+    open(path);
+    return true;
 }
 
 void CsdDocument::OpenNamedOnLoad(const QString &path)
@@ -156,6 +159,7 @@ void CsdDocument::ImportProject()
         return;
     editor().SetText(csdText(*orchestra, *score));
     rename(Untitled);
+    emit programFirstTitleDue();
     emit loaded();
 }
 

@@ -41,11 +41,14 @@ public:
 signals:
     /// The configuration names an orchestra or a score to open: its window takes over.
     void projectWindowDue();
+    /// The title names the program first, as long as no other is due.
+    void programFirstTitleDue();
 
 private:
     Answer askToSave(const QString &title, const QString &firstLine);
     bool mayDropText(const QString &title);
-    void openPath(const QString &path);
+    /// False when the file is one for the project's window, which takes over.
+    bool openPath(const QString &path);
     void open(const QString &path);
     void handOverToProject();
 

@@ -3,6 +3,7 @@
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
 #include "compile/ui/CsdCompileLauncher.h"
+#include "documents/DocumentRules.h"
 #include "documents/Headers.h"
 #include "documents/ui/CsdDocument.h"
 #include "documents/ui/FormCSD.h"
@@ -35,6 +36,8 @@ void FormCSD::bindDocument()
     connect(m_document, &CsdDocument::propertiesDue, this,
             [this](const QString &path) { ShowFileProperties(this, path); });
     connect(m_document, &CsdDocument::titleDue, this, &FormCSD::writeTitle);
+    connect(m_document, &CsdDocument::programFirstTitleDue, this,
+            [this] { setWindowTitle(programFirstTitle(config().CSDFileName)); });
     connect(m_document, &CsdDocument::projectWindowDue, this,
             [this] { handOver(program().windows.showFormORCSCO); });
     connect(m_document, &CsdDocument::begun, this, [this] { setSplit(false); });

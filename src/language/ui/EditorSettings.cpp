@@ -8,7 +8,7 @@ namespace ardiphon {
 
 void applySettings(LEditOCX &editor, const ConfigurationBlock &config)
 {
-    editor.SetTabSize(int(leadingNumber(config.TabSize)));
+    editor.SetTabSize(roundedWithin(leadingNumber(config.TabSize), 2, 30));
     editor.SetBackColor(config.ColorBackground);
     editor.SetForeColor(config.ColorReminders);
     editor.SetSelectionBackColor(config.ColorSelectionBack);

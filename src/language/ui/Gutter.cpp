@@ -17,7 +17,7 @@ constexpr int RightMargin = 4; // pixels between a number and the text
 
 Gutter::Gutter(LEditOCX &editor, QWidget *parent) : QWidget(parent), m_editor(editor)
 {
-    connect(&editor, &LEditOCX::Repaint, this, qOverload<>(&Gutter::update));
+    connect(&editor, &LEditOCX::Repaint, this, &Gutter::takeFont);
     takeFont();
 }
 
