@@ -13,9 +13,6 @@ constexpr Command commands[] = {
     {"menuModificaTaglia", "Cu&t", "(Ctrl+X)"},
     {"menuModificaCopia", "&Copy", "(Ctrl+C)"},
     {"menuModificaIncolla", "&Paste", "(Ctrl+V)"},
-    {"menuModificaTrova", "&Find", "(Ctrl+F)"},
-    {"menuModificaSostituisci", "F&ind and Replace", "(Ctrl+H)"},
-    {"menuModificaTrovaRiga", "Find &Line number", "(Ctrl+G)"},
     {"menuModificaSelezionaTutto", "Select &All", "(Ctrl+A)"},
 
     {"menuSndInfo", "SndInfo"},
@@ -51,7 +48,6 @@ constexpr Command commands[] = {
     {"menuPopupRemoveAllBookmarks", "Remove All Bookmarks"},
     {"menuPopupDefinition", "Go to definition"},
     {"menuPopupReference", "Go to reference"},
-    {"menuPopupLastPosition", "Go to last position"},
     {"menuPopupOpcodeHelp", "Opcode -> Help"},
 
     {"buttonDefaultDir", "Default Directory"},

@@ -19,6 +19,9 @@ constexpr Command commands[] = {
     {"menuFileSalvaScoreNome", "Save Score As ..."},
     {"menuFileImportaCSD", "Import CSD to ORC/SCO"},
     {"menuFileConvertToCSD", "Export ORC/SCO to CSD"},
+    {"menuModificaTrova", "&Find", "(CTRL+F)"},
+    {"menuModificaSostituisci", "F&ind and Replace", "(CTRL+H)"},
+    {"menuModificaTrovaRiga", "Find &Line number", "(CTRL+G)"},
 
     {"menuVisualizzaOrizzontale", "Arrange windows &horizontally", "", "F5", true},
     {"menuVisualizzaVerticale", "Arrange windows &vertically", "", "F6", true},

@@ -18,6 +18,16 @@ const QString NoBookmark = QStringLiteral("[NONE]");
 
 constexpr int ShownCharacters = 16;
 
+/// \a text without the blanks at its ends; a tab is none.
+QString withoutBlanksAround(QStringView text)
+{
+    while (text.startsWith(u' '))
+        text = text.mid(1);
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text.toString();
+}
+
 QByteArray field(const QString &text)
 {
     return text.toLatin1().leftJustified(FieldLength, ' ', true);
@@ -48,9 +58,9 @@ QString bookmarkFilePath(const QString &documentPath, const QString &extension)
 
 QString bookmarkText(const QString &lineText)
 {
-    QString text = lineText.left(ShownCharacters).trimmed();
+    QString text = withoutBlanksAround(lineText.left(ShownCharacters));
     text.replace(u'\r', u' ').replace(u'\t', u' ');
-    return (QStringLiteral("-> ") + text).trimmed();
+    return withoutBlanksAround(QStringLiteral("-> ") + text);
 }
 
 bool writeBookmarkFile(const QString &path, const BookmarkSet &bookmarks)

@@ -7,6 +7,7 @@
 #include <QMetaMethod>
 #include <QSet>
 #include <QStringList>
+#include <QToolBar>
 #include <QWidget>
 
 /// What must hold for the commands of an editor window. Each gives the names of those for which it
@@ -34,6 +35,60 @@ inline QStringList unbound(const QWidget &window, std::span<const ardiphon::Comm
         const auto *shown = window.findChild<QAction *>(QLatin1String(command.name));
         if (!shown || !Listener::hears(shown) || shown->text() != caption)
             found.append(QLatin1String(command.name));
+    }
+    return found;
+}
+
+/// Commands that no menu, popup or toolbar shows.
+inline QStringList unreachable(const QWidget &window, std::span<const ardiphon::Command> commands)
+{
+    QSet<QString> shown;
+    for (const QMenu *menu : window.findChildren<QMenu *>())
+        for (const QAction *each : menu->actions())
+            shown.insert(each->objectName());
+    for (const QToolBar *toolbar : window.findChildren<QToolBar *>())
+        for (const QAction *each : toolbar->actions())
+            shown.insert(each->objectName());
+    QStringList found;
+    for (const ardiphon::Command &command : commands)
+        if (!shown.contains(QLatin1String(command.name)))
+            found.append(QLatin1String(command.name));
+    return found;
+}
+
+/// A name, and what goes with it.
+struct Pair
+{
+    const char *name;
+    const char *value;
+};
+
+/// Commands whose caption, with its key text behind a tab, is not the one given.
+template <std::size_t Count>
+QStringList wrongCaptions(const QWidget &window, const Pair (&captions)[Count])
+{
+    QStringList found;
+    for (const Pair &each : captions) {
+        const auto *shown = window.findChild<QAction *>(QLatin1String(each.name));
+        if (!shown || shown->text() != QLatin1String(each.value))
+            found.append(QLatin1String(each.name));
+    }
+    return found;
+}
+
+/// Buttons that \a toolbar lacks, or that carry out another command than the one given.
+template <std::size_t Count>
+QStringList wrongButtons(const QToolBar &toolbar, const Pair (&buttons)[Count])
+{
+    QStringList found;
+    for (const Pair &each : buttons) {
+        bool isRight = false;
+        for (QAction *action : toolbar.actions())
+            if (const QWidget *button = toolbar.widgetForAction(action))
+                isRight = isRight || (button->objectName() == QLatin1String(each.name) &&
+                                      action->objectName() == QLatin1String(each.value));
+        if (!isRight)
+            found.append(QLatin1String(each.name));
     }
     return found;
 }

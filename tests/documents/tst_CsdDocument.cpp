@@ -2,12 +2,15 @@
 #include "app/ui/FormNew.h"
 #include "documents/ui/FormCSD.h"
 #include "language/editor/LEditOCX.h"
+#include "support/EditorInput.h"
+#include "support/FileDrop.h"
 #include "support/TestProgram.h"
 
 #include <QApplication>
 #include <QDialog>
+#include <QDir>
 #include <QLabel>
-#include <QMimeData>
+#include <QLineEdit>
 #include <QPointer>
 #include <QTimer>
 #include <QtTest>
@@ -52,6 +55,9 @@ private slots:
     void open_failedSave_asksAgain();
     void open_anotherFile_replacesTheText();
     void open_orchestra_handsOverAndKeepsThePath();
+    void open_whileSplit_isMirrored();
+    void open_orNew_savesTheBookmarksFirst();
+    void dialogs_beginWhereTheUserWas();
     void recent_missingFile_saysSo();
     void recent_otherFile_opens();
     void recent_textFile_opensHereInBothViews();
@@ -73,9 +79,13 @@ private slots:
     void properties_noName_saysSo();
     void properties_file_areShown();
     void drop_twoFiles_opensTheFirst();
+    void drop_onAnyControl_opensTheFile();
+    void drop_orchestra_handsOver();
+    void drop_movedBookmarks_areSaved();
     void leave_answers_data();
     void leave_answers();
     void leave_cancelled_keepsTheWindowButClosesTheWords();
+    void leave_closeBox_closesTheWords();
     void title_modified_getsOneStar();
 
 private:
@@ -436,6 +446,58 @@ void tst_CsdDocument::recent_captions_nameFolderAndFile()
         QCOMPARE(caption(entry), QStringLiteral("..."));
 }
 
+void tst_CsdDocument::open_whileSplit_isMirrored()
+{
+    show(m_program->write(QStringLiteral("one.csd"), "one"));
+    trigger("buttonSplit");
+    m_program->dialogs.expectOpen(QStringLiteral("Open File"),
+                                  m_program->write(QStringLiteral("two.csd"), "two"));
+    trigger("menuFileApriOrchestra");
+    auto *second = m_window->findChild<LEditOCX *>(QStringLiteral("LEDIT2"));
+    QCOMPARE(second->Text(), QStringLiteral("two"));
+    second->Undo();
+    QCOMPARE(second->Text(), QStringLiteral("two")); // the history was forgotten
+}
+
+void tst_CsdDocument::open_orNew_savesTheBookmarksFirst()
+{
+    const QString sideFile = QStringLiteral("piece.bkm");
+    show(m_program->write(QStringLiteral("piece.csd"), "a\nb\n"));
+    trigger("menuToolsBookmark");
+    m_program->dialogs.expectOpen(QStringLiteral("Open File"), std::nullopt);
+    trigger("menuFileApriOrchestra");
+    QVERIFY(!m_program->read(sideFile).isEmpty());
+
+    QVERIFY(QFile::remove(m_program->path(sideFile)));
+    EditorInput::goTo(*m_editor, 2, 0);
+    trigger("menuToolsBookmark");
+    chooseInFormNew(Qt::Key_Escape);
+    trigger("menuFileNuovaOrchestra");
+    QVERIFY(!m_program->read(sideFile).isEmpty());
+}
+
+/// A file chosen in the working directory leaves the folder of the next dialog as it is.
+void tst_CsdDocument::dialogs_beginWhereTheUserWas()
+{
+    QVERIFY(QDir(m_program->folder.path()).mkpath(QStringLiteral("work")));
+    QVERIFY(QDir(m_program->folder.path()).mkpath(QStringLiteral("other")));
+    const QString work = m_program->path(QStringLiteral("work"));
+    const QString other = m_program->path(QStringLiteral("other"));
+    m_program->config.WorkingDirectory = work;
+    show(m_program->write(QStringLiteral("piece.csd"), "x"));
+    const auto folderOfSaveAs = [this](const QString &answer) {
+        m_program->dialogs.expectSave(QStringLiteral("Save File As ..."), answer);
+        trigger("menuFileSalvaOrchestraNome");
+        return m_program->dialogs.fileQuestions.back().directory;
+    };
+    QCOMPARE(folderOfSaveAs(other + QStringLiteral("/a.csd")), m_program->folder.path());
+    QCOMPARE(folderOfSaveAs(work + QStringLiteral("/b.csd")), other);
+    QCOMPARE(folderOfSaveAs(work + QStringLiteral("/c.csd")), other);
+    trigger("buttonDefaultDir");
+    QCOMPARE(folderOfSaveAs(work + QStringLiteral("/d.csd")), work);
+    QCOMPARE(m_program->dialogs.fileQuestions.back().proposedName, QString());
+}
+
 // New. -------------------------------------------------------------------------------------------
 
 void tst_CsdDocument::new_cancelledChoice_keepsTheText()
@@ -451,10 +513,16 @@ void tst_CsdDocument::new_cancelledChoice_keepsTheText()
 
 void tst_CsdDocument::new_csd_beginsAnEmptyDocument()
 {
-    show(m_program->write(QStringLiteral("piece.csd"), "x"));
+    show(m_program->write(QStringLiteral("piece.csd"), "oscil"));
+    const auto *opcode = m_window->findChild<QLineEdit *>(QStringLiteral("TextOpcode"));
+    EditorInput::click(*m_editor, 1, 2);
+    QVERIFY(opcode->text().startsWith(QLatin1String("[oscil] - ")));
+    trigger("menuToolsBookmark");
     trigger("buttonSplit");
     chooseInFormNew(Qt::Key_C);
-    QTest::keyClick(m_editor->focusProxy(), Qt::Key_N, Qt::ControlModifier);
+    auto *elsewhere = m_window->findChild<QWidget *>(QStringLiteral("TextInstr"));
+    elsewhere->setFocus();
+    QTest::keyClick(elsewhere, Qt::Key_N, Qt::ControlModifier);
     QCOMPARE(m_editor->Text(), QString());
     QCOMPARE(m_window->windowTitle(), QStringLiteral("[Untitled]") + TitleEnd);
     QVERIFY(!m_editor->GetState(2));
@@ -462,6 +530,11 @@ void tst_CsdDocument::new_csd_beginsAnEmptyDocument()
     QVERIFY(second->isHidden());
     QCOMPARE(second->Text(), QString());
     QVERIFY(!m_window->findChild<QAction *>(QStringLiteral("buttonSplit"))->isChecked());
+    QCOMPARE(opcode->text(), QStringLiteral("(Opcode)"));
+    QCOMPARE(m_window->findChild<QLineEdit *>(QStringLiteral("TextParametri"))->text(),
+             QStringLiteral("(Parameters)"));
+    QCOMPARE(m_editor->GetBookmarkLine(1), -1);
+    QCOMPARE(m_window->focusWidget(), m_editor->focusProxy());
 }
 
 void tst_CsdDocument::new_project_handsOver()
@@ -473,6 +546,7 @@ void tst_CsdDocument::new_project_handsOver()
     QCOMPARE(m_program->config.WindowWidth, 1000L * 15);
     QVERIFY(!m_program->config.WindowMaximized);
     QTRY_VERIFY(!m_window);
+    QVERIFY(m_program->config.Words.ReadOpcodeRecord(1)); // the other window goes on with them
 }
 
 // Properties. ------------------------------------------------------------------------------------
@@ -591,42 +665,91 @@ void tst_CsdDocument::drop_twoFiles_opensTheFirst()
     expectQuestion(QStringLiteral("Save File"), Answer::No);
     const QString first = m_program->write(QStringLiteral("one.csd"), "one");
     const QString second = m_program->write(QStringLiteral("two.csd"), "two");
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(first), QUrl::fromLocalFile(second)});
-    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(m_window, &enter);
-    QVERIFY(enter.isAccepted());
-    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(m_window, &drop);
+    FileDrop::on(*m_window, {first, second});
     QCOMPARE(m_editor->Text(), QStringLiteral("one"));
     QCOMPARE(m_program->config.LastFileName, first);
+    QCOMPARE(m_program->config.CSDFileName, first);
+    QVERIFY(m_editor->hasFocus());
+}
+
+void tst_CsdDocument::drop_onAnyControl_opensTheFile()
+{
+    show();
+    trigger("buttonSplit");
+    const QString path = m_program->write(QStringLiteral("one.csd"), "one");
+    const QList<QWidget *> controls = FileDrop::controlsOf(*m_window);
+    QVERIFY(controls.size() > 40);
+    for (QWidget *control : controls) {
+        m_program->config.LastFileName.clear();
+        FileDrop::on(*control, {path});
+        if (m_program->config.LastFileName != path)
+            QFAIL(qPrintable(control->objectName() + u' ' + control->metaObject()->className()));
+    }
+}
+
+void tst_CsdDocument::drop_orchestra_handsOver()
+{
+    const QString piece = m_program->write(QStringLiteral("piece.csd"), "x");
+    show(piece);
+    const QString path = m_program->write(QStringLiteral("piece.orc"), "o");
+    FileDrop::on(*m_window, {path});
+    QCOMPARE(m_projectWindows, 1);
+    QCOMPARE(m_program->config.OrchestraFileName, path);
+    QCOMPARE(m_program->config.LastFileName, path);
+    QCOMPARE(m_program->config.CSDFileName, piece); // only a CSD takes this name
+    QTRY_VERIFY(!m_window);
+}
+
+/// Bookmarks that only moved with the text count as unchanged everywhere but here.
+void tst_CsdDocument::drop_movedBookmarks_areSaved()
+{
+    show(m_program->write(QStringLiteral("piece.csd"), "a\nb\n"));
+    trigger("menuToolsBookmark");
+    trigger("menuFileSalvaOrchestra");
+    QVERIFY(m_program->read(QStringLiteral("piece.bkm")).startsWith("1 "));
+    QTest::keyClick(m_editor->focusProxy(), Qt::Key_Return);
+    QVERIFY(!m_program->config.CSDModified);
+    expectQuestion(QStringLiteral("Save File"), Answer::No);
+    FileDrop::on(*m_window, {m_program->write(QStringLiteral("other.csd"), "x")});
+    QVERIFY(m_program->read(QStringLiteral("piece.bkm")).startsWith("2 "));
 }
 
 void tst_CsdDocument::leave_answers_data()
 {
     QTest::addColumn<int>("answer");
     QTest::addColumn<QByteArray>("onDisk");
-    QTest::addColumn<bool>("toolsWritten");
+    QTest::addColumn<bool>("keptWritten");
     QTest::newRow("yes") << int(Answer::Yes) << QByteArray("xold") << true;
     QTest::newRow("no") << int(Answer::No) << QByteArray("old") << false;
+    QTest::newRow("cancel") << int(Answer::Cancel) << QByteArray("old") << true;
 }
 
 void tst_CsdDocument::leave_answers()
 {
     QFETCH(int, answer);
     QFETCH(QByteArray, onDisk);
-    QFETCH(bool, toolsWritten);
+    QFETCH(bool, keptWritten);
     show(m_program->write(QStringLiteral("piece.csd"), "old"));
     m_program->write(QStringLiteral("tmp.txt"), "log");
     type(QStringLiteral("x"));
-    trigger("menuWindowToolbar");
+    trigger("menuToolsBookmark");
+    const char *tools[][2] = {{"menuWindowLineNumbers", "LineNumbers"},
+                              {"menuWindowBarraBook", "BookBar"},
+                              {"menuWindowHelp", "OnLineHelp"},
+                              {"menuWindowToolbar", "Toolbar"}};
+    for (const auto &[command, value] : tools)
+        trigger(command);
     expectQuestion(QStringLiteral("Exit Program"), Answer(answer), LeaveQuestion);
     trigger("menuFileEsci");
-    QTRY_VERIFY(!m_window);
+    if (Answer(answer) == Answer::Cancel)
+        QVERIFY(m_window->isVisible());
+    else
+        QTRY_VERIFY(!m_window);
     QCOMPARE(m_program->read(QStringLiteral("piece.csd")), onDisk);
-    QCOMPARE(
-        ReadRegistryString(m_program->settings, registry::WindowKey, QStringLiteral("Toolbar")),
-        toolsWritten ? QStringLiteral("HIDE") : QString());
+    QCOMPARE(!m_program->read(QStringLiteral("piece.bkm")).isEmpty(), keptWritten);
+    for (const auto &[command, value] : tools)
+        QCOMPARE(ReadRegistryString(m_program->settings, registry::WindowKey, QLatin1String(value)),
+                 keptWritten ? QStringLiteral("HIDE") : QString());
     QVERIFY(!QFile::exists(m_program->path(QStringLiteral("tmp.txt"))));
 }
 
@@ -636,11 +759,25 @@ void tst_CsdDocument::leave_cancelled_keepsTheWindowButClosesTheWords()
     type(QStringLiteral("x"));
     m_program->write(QStringLiteral("tmp.txt"), "log");
     QVERIFY(m_program->config.Words.ReadOpcodeRecord(1));
+    m_window->findChild<QLineEdit *>(QStringLiteral("TextInstr"))->setFocus();
     expectQuestion(QStringLiteral("Exit Program"), Answer::Cancel, LeaveQuestion);
     trigger("menuFileEsci");
     QVERIFY(m_window->isVisible());
     QVERIFY(!m_program->config.Words.ReadOpcodeRecord(1));
     QVERIFY(!QFile::exists(m_program->path(QStringLiteral("tmp.txt"))));
+    QVERIFY(m_editor->hasFocus());
+}
+
+void tst_CsdDocument::leave_closeBox_closesTheWords()
+{
+    show();
+    QVERIFY(m_program->config.Words.ReadOpcodeRecord(1));
+    QCloseEvent byTheUser;
+    QSpontaneKeyEvent::setSpontaneous(&byTheUser);
+    qApp->notify(m_window, &byTheUser);
+    QVERIFY(byTheUser.isAccepted());
+    QVERIFY(!m_program->config.FormCSDClosing);
+    QVERIFY(!m_program->config.Words.ReadOpcodeRecord(1));
 }
 
 void tst_CsdDocument::title_modified_getsOneStar()

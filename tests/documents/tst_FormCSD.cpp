@@ -33,6 +33,8 @@ private slots:
 
     // Menus and tables.
     void commands_shown_haveOneHandlerAndTheirCaption();
+    void captions_areTheseTexts();
+    void buttons_doWhatTheirCommandsDo();
     void shortcuts_areThereOnce();
     void accessKeys_areThereOnceInEachMenu();
     void toolbar_everyButton_hasAnIconAndAName();
@@ -51,6 +53,8 @@ private slots:
     void tools_keptValues_areApplied();
     void tools_notKept_areShown();
     void tools_toggle_showsAndHides();
+    void tools_keys_workWhereverTheFocusIs();
+    void tools_secondGutter_goesWithTheSplit();
     void tools_hideAllThenToggle_bringsOneBack();
     void tools_allFlagsOff_hideAllRestores();
     void tools_menuWindow_checksMatchTheFlags();
@@ -150,10 +154,97 @@ void tst_FormCSD::commands_shown_haveOneHandlerAndTheirCaption()
     show();
     QCOMPARE(CommandChecks::unbound(*m_window, csdCommands()), QStringList());
     QCOMPARE(CommandChecks::unbound(*m_window, editorCommands()), QStringList());
-    QCOMPARE(action("menuModificaUndo")->text(), QStringLiteral("&Undo\t(Ctrl+Z)"));
-    QCOMPARE(action("menuModificaRedo")->text(), QStringLiteral("&Redo\t(Ctrl+Alt+Z)"));
-    QCOMPARE(action("menuWindowAllTools")->text(), QStringLiteral("Hide/Show &All tools\tCTRL+5"));
-    QCOMPARE(action("menuFontSize(14)")->text(), QStringLiteral("20"));
+    QCOMPARE(CommandChecks::unreachable(*m_window, csdCommands()), QStringList());
+    QCOMPARE(CommandChecks::unreachable(*m_window, editorCommands()), QStringList());
+}
+
+void tst_FormCSD::captions_areTheseTexts()
+{
+    show();
+    const CommandChecks::Pair captions[] = {
+        {"menuFileNuovaOrchestra", "&New File"},
+        {"menuFileApriOrchestra", "&Open File"},
+        {"menuFileSalvaOrchestra", "&Save File"},
+        {"menuFileSalvaOrchestraNome", "Save File &As ..."},
+        {"menuFileImportaORCSCO", "Import ORC/SCO to CSD"},
+        {"menuFileConvertToORCSCO", "Export CSD to ORC/SCO"},
+        {"menuFileProprieta", "File Prope&rties"},
+        {"menuLastFile(3)", "..."},
+        {"menuFileEsci", "E&xit"},
+        {"menuModificaUndo", "&Undo\t(Ctrl+Z)"},
+        {"menuModificaRedo", "&Redo\t(Ctrl+Alt+Z)"},
+        {"menuModificaTaglia", "Cu&t\t(Ctrl+X)"},
+        {"menuModificaCopia", "&Copy\t(Ctrl+C)"},
+        {"menuModificaIncolla", "&Paste\t(Ctrl+V)"},
+        {"menuModificaTrova", "&Find\t(Ctrl+F)"},
+        {"menuModificaSostituisci", "F&ind and Replace\t(Ctrl+H)"},
+        {"menuModificaTrovaRiga", "Find &Line number\t(Ctrl+G)"},
+        {"menuModificaSelezionaTutto", "Select &All\t(Ctrl+A)"},
+        {"menuFontSize(0)", "6"},
+        {"menuFontSize(14)", "20"},
+        {"menu22050Mono", "&1)  22050 Hz - Mono"},
+        {"menu48000Quadri", "&9)  48000 Hz - Quadri"},
+        {"menuTemplateCSD", "&CSD Template"},
+        {"menuCSound", "&CSound"},
+        {"menuSndInfo", "SndInfo"},
+        {"menuPlayer", "&Wave Player"},
+        {"menuToolsBookmark", "Insert &Bookmark"},
+        {"menuToolsRemoveBookmark", "Remove B&ookmark"},
+        {"menuToolsRemoveAllBookmark", "&Remove All Bookmarks"},
+        {"menuWindowLineNumbers", "&Line numbers\tCTRL+1"},
+        {"menuWindowBarraBook", "&Bookmarks\tCTRL+2"},
+        {"menuWindowHelp", "&On-Line Help\tCTRL+3"},
+        {"menuWindowToolbar", "&Toolbar\tCTRL+4"},
+        {"menuWindowAllTools", "Hide/Show &All tools\tCTRL+5"},
+        {"menuWindowRestore", "&Restore all tools\tCTRL+6"},
+        {"menuWindowUp", "Window &Up"},
+        {"menuWindowDown", "Window &Down"},
+        {"menuWindowLeft", "Window L&eft"},
+        {"menuWindowRight", "Window R&ight"},
+        {"menuInfoArdiphonHelp", "&Ardiphon Help"},
+        {"menuInfoCsoundHelp", "CSound &Help"},
+        {"menuInfoCSoundAVHelp", "CSoundA&V Help"},
+        {"menuInfoAbout", "&About"},
+        {"menuPopupBookmark", "Insert Bookmark"},
+        {"menuPopupRemoveBookmark", "Remove Bookmark"},
+        {"menuPopupRemoveAllBookmarks", "Remove All Bookmarks"},
+        {"menuPopupDefinition", "Go to definition"},
+        {"menuPopupReference", "Go to reference"},
+        {"menuPopupLastPosition", "Go to last position"},
+    };
+    QCOMPARE(CommandChecks::wrongCaptions(*m_window, captions), QStringList());
+    QCOMPARE(control<QMenu>("menuSize")->title(), QStringLiteral("&Size"));
+    QCOMPARE(control<QMenu>("menuHeader")->title(), QStringLiteral("&Header"));
+    QCOMPARE(action("buttonSplit")->toolTip(), QStringLiteral("Split CSD Window"));
+    QCOMPARE(control<QLabel>("Label1")->text(), QStringLiteral("Go to:"));
+    QCOMPARE(action("menuCSound")->shortcut(), QKeySequence(Qt::Key_F3));
+}
+
+void tst_FormCSD::buttons_doWhatTheirCommandsDo()
+{
+    show();
+    const CommandChecks::Pair buttons[] = {
+        {"buttonNuovoProgetto", "menuFileNuovaOrchestra"},
+        {"buttonApriProgetto", "menuFileApriOrchestra"},
+        {"buttonSalvaProgetto", "menuFileSalvaOrchestra"},
+        {"buttonSalvaProgettoNome", "menuFileSalvaOrchestraNome"},
+        {"buttonDefaultDir", "buttonDefaultDir"},
+        {"buttonPlayer", "menuPlayer"},
+        {"buttonCarattereMeno", "buttonCarattereMeno"},
+        {"buttonCaratterePiu", "buttonCaratterePiu"},
+        {"buttonTrova", "menuModificaTrova"},
+        {"buttonSostituisci", "menuModificaSostituisci"},
+        {"buttonTrovaRiga", "menuModificaTrovaRiga"},
+        {"buttonUndo", "menuModificaUndo"},
+        {"buttonRedo", "menuModificaRedo"},
+        {"buttonCsound", "menuCSound"},
+        {"buttonHelp", "menuInfoCsoundHelp"},
+        {"buttonOpcodeHelp", "buttonOpcodeHelp"},
+        {"buttonDirectHelp", "menuInfoCSoundAVHelp"},
+        {"buttonFlagsHelp", "buttonFlagsHelp"},
+        {"buttonSplit", "buttonSplit"},
+    };
+    QCOMPARE(CommandChecks::wrongButtons(*control<QToolBar>("Toolbar1"), buttons), QStringList());
 }
 
 void tst_FormCSD::shortcuts_areThereOnce()
@@ -186,7 +277,8 @@ void tst_FormCSD::popup_holdsTheEditEntriesAndTheBookmarks()
     for (const char *name :
          {"menuPopupTaglia", "menuPopupCopia", "menuPopupIncolla", "menuPopupUndo", "menuPopupRedo",
           "menuPopupSelezionaTutto", "menuPopupBookmark", "menuPopupRemoveBookmark",
-          "menuPopupRemoveAllBookmarks"})
+          "menuPopupRemoveAllBookmarks", "menuPopupDefinition", "menuPopupReference",
+          "menuPopupLastPosition", "menuPopupOpcodeHelp"})
         QVERIFY2(names.contains(QLatin1String(name)), name);
 }
 
@@ -313,6 +405,37 @@ void tst_FormCSD::tools_toggle_showsAndHides()
     QVERIFY(control<QWidget>("Tree")->isVisible());
 }
 
+void tst_FormCSD::tools_keys_workWhereverTheFocusIs()
+{
+    show();
+    for (const char *name : {"TextInstr", "List1", "Tree"}) {
+        auto *focused = control<QWidget>(name);
+        focused->setFocus();
+        for (const bool shown : {false, true}) {
+            QTest::keyClick(focused, Qt::Key_3, Qt::ControlModifier);
+            QCOMPARE(control<QWidget>("TextOpcode")->isVisible(), shown);
+        }
+    }
+}
+
+void tst_FormCSD::tools_secondGutter_goesWithTheSplit()
+{
+    show();
+    const auto *gutter = control<QWidget>("PicNumeri2");
+    trigger("menuWindowRestore");
+    QVERIFY(gutter->isHidden());
+    trigger("buttonSplit");
+    QVERIFY(gutter->isVisible());
+    QCOMPARE(gutter->y(), second()->y());
+    QCOMPARE(gutter->height(), second()->height());
+    trigger("menuWindowLineNumbers");
+    QVERIFY(gutter->isHidden());
+    trigger("menuWindowLineNumbers");
+    QVERIFY(gutter->isVisible());
+    trigger("buttonSplit");
+    QVERIFY(gutter->isHidden());
+}
+
 void tst_FormCSD::tools_hideAllThenToggle_bringsOneBack()
 {
     show();
@@ -360,6 +483,17 @@ void tst_FormCSD::window_halves_fillTheWorkArea()
     trigger("menuWindowRight");
     QTRY_COMPARE(m_window->frameGeometry().left(), area.left() + area.width() / 2);
     QCOMPARE(m_program->config.WorkArea, area);
+    trigger("menuWindowLeft");
+    QTRY_COMPARE(m_window->frameGeometry().left(), area.left());
+    QVERIFY(m_window->frameGeometry().width() <
+            area.width()); // half the test's screen is too little
+    QCOMPARE(m_window->frameGeometry().height(), area.height());
+    m_window->showMaximized();
+    QTRY_VERIFY(m_window->isMaximized());
+    trigger("menuWindowUp");
+    QTRY_VERIFY(!m_window->isMaximized());
+    QTRY_COMPARE(m_window->frameGeometry(),
+                 QRect(area.left(), area.top(), area.width(), area.height() / 2));
 }
 
 // Split view. ------------------------------------------------------------------------------------
@@ -467,6 +601,10 @@ void tst_FormCSD::tags_listClick_insertsTheWordOnce()
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, row.center());
     QCOMPARE(first()->Text(), QStringLiteral("a<CsOptions>\r\nb"));
     QVERIFY(first()->hasFocus());
+    first()->SelectAll();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualItemRect(list->item(4)).center());
+    QCOMPARE(first()->Text(), list->item(4)->text() + QStringLiteral("\r\n"));
 }
 
 void tst_FormCSD::bookmarks_ctrlB_setsAndRemoves()

@@ -3,6 +3,7 @@
 
 #include <QClipboard>
 #include <QDialog>
+#include <QGroupBox>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QToolBar>
@@ -26,6 +27,9 @@ private slots:
 
     // Commands.
     void commands_haveHandlersCaptionsKeysAndPictures();
+    void captions_areTheseTexts();
+    void buttons_doWhatTheirCommandsDo();
+    void popup_hasNoLastPosition();
     void window_keepsItsTitle();
 
     // Arrangements.
@@ -117,7 +121,113 @@ void tst_FormORCSCO::commands_haveHandlersCaptionsKeysAndPictures()
              QStringList{QStringLiteral("menuInfo Alt+A")});
     for (const auto buttons : {projectToolbar(), orchestraToolbar(), scoreToolbar()})
         QCOMPARE(CommandChecks::bareButtons(*m->window, buttons), QStringList());
-    QCOMPARE(m->control<QAction>("menuFileApriOrchestra")->text(), QStringLiteral("Open Ochestra"));
+    QCOMPARE(CommandChecks::unreachable(*m->window, projectCommands()), QStringList());
+    QCOMPARE(CommandChecks::unreachable(*m->window, editorCommands()), QStringList());
+}
+
+void tst_FormORCSCO::captions_areTheseTexts()
+{
+    m->show();
+    const CommandChecks::Pair captions[] = {
+        {"menuFileNuovoProgetto", "&New Project"},
+        {"menuFileApriProgetto", "&Open Project"},
+        {"menuFileSalvaProgetto", "&Save Project"},
+        {"menuFileSalvaProgettoNome", "Save Project &As ..."},
+        {"menuFileNuovaOrchestra", "New Orchestra"},
+        {"menuFileApriOrchestra", "Open Ochestra"},
+        {"menuFileSalvaOrchestra", "Save Orchestra"},
+        {"menuFileSalvaOrchestraNome", "Save Orchestra As ..."},
+        {"menuFileNuovaScore", "New Score"},
+        {"menuFileApriScore", "Open Score"},
+        {"menuFileSalvaScore", "Save Score"},
+        {"menuFileSalvaScoreNome", "Save Score As ..."},
+        {"menuFileImportaCSD", "Import CSD to ORC/SCO"},
+        {"menuFileConvertToCSD", "Export ORC/SCO to CSD"},
+        {"menuFileProprieta", "File Prope&rties"},
+        {"menuFileEsci", "E&xit"},
+        {"menuModificaUndo", "&Undo\t(Ctrl+Z)"},
+        {"menuModificaRedo", "&Redo\t(Ctrl+Alt+Z)"},
+        {"menuModificaTaglia", "Cu&t\t(Ctrl+X)"},
+        {"menuModificaCopia", "&Copy\t(Ctrl+C)"},
+        {"menuModificaIncolla", "&Paste\t(Ctrl+V)"},
+        {"menuModificaSelezionaTutto", "Select &All\t(Ctrl+A)"},
+        // In this window these three keys are written in capitals.
+        {"menuModificaTrova", "&Find\t(CTRL+F)"},
+        {"menuModificaSostituisci", "F&ind and Replace\t(CTRL+H)"},
+        {"menuModificaTrovaRiga", "Find &Line number\t(CTRL+G)"},
+        {"menuVisualizzaOrizzontale", "Arrange windows &horizontally"},
+        {"menuVisualizzaVerticale", "Arrange windows &vertically"},
+        {"menuVisualizzaOrchestra", "&Orchestra view"},
+        {"menuVisualizzaScore", "&Score view"},
+        {"menuVisualizzaReset", "&Reset windows to normal position"},
+        {"menuWindowLineNumbers", "&Line numbers\tCTRL+1"},
+        {"menuWindowBarraBook", "&Bookmarks\tCTRL+2"},
+        {"menuWindowRestore", "&Restore all tools\tCTRL+6"},
+    };
+    QCOMPARE(CommandChecks::wrongCaptions(*m->window, captions), QStringList());
+    QVERIFY(m->control<QAction>("menuWindowInstrument")->text().endsWith(u"\tCTRL+7"));
+    QCOMPARE(m->control<QLabel>("LabelBookmarks")->text(), QStringLiteral("BOOKMARKS"));
+    QCOMPARE(m->control<QGroupBox>("frameBookmarks1")->title(), QStringLiteral("Orchestra:"));
+    QCOMPARE(m->control<QGroupBox>("frameBookmarks2")->title(), QStringLiteral("Score:"));
+}
+
+void tst_FormORCSCO::buttons_doWhatTheirCommandsDo()
+{
+    m->show();
+    const CommandChecks::Pair main[] = {
+        {"buttonNuovoProgetto", "menuFileNuovoProgetto"},
+        {"buttonApriProgetto", "menuFileApriProgetto"},
+        {"buttonSalvaProgetto", "menuFileSalvaProgetto"},
+        {"buttonSalvaProgettoNome", "menuFileSalvaProgettoNome"},
+        {"buttonUndo", "menuModificaUndo"},
+        {"buttonRedo", "menuModificaRedo"},
+        {"buttonDefaultDir", "buttonDefaultDir"},
+        {"buttonOrizzontale", "menuVisualizzaOrizzontale"},
+        {"buttonVerticale", "menuVisualizzaVerticale"},
+        {"buttonOrchestra", "menuVisualizzaOrchestra"},
+        {"buttonScore", "menuVisualizzaScore"},
+        {"buttonWindowRefresh", "menuVisualizzaReset"},
+        {"buttonCarattereMeno", "buttonCarattereMeno"},
+        {"buttonCaratterePiu", "buttonCaratterePiu"},
+        {"buttonHelp", "menuInfoCsoundHelp"},
+        {"buttonOpcodeHelp", "buttonOpcodeHelp"},
+        {"buttonDirectHelp", "menuInfoCSoundAVHelp"},
+    };
+    QCOMPARE(CommandChecks::wrongButtons(*m->control<QToolBar>("Toolbar1"), main), QStringList());
+    const CommandChecks::Pair orchestra[] = {
+        {"buttonNuovaOrchestra", "menuFileNuovaOrchestra"},
+        {"buttonApriOrchestra", "menuFileApriOrchestra"},
+        {"buttonSalvaOrchestra", "menuFileSalvaOrchestra"},
+        {"buttonSalvaOrchestraNome", "menuFileSalvaOrchestraNome"},
+        {"buttonTrovaOrchestra", "buttonTrovaOrchestra"},
+        {"buttonSostituisciOrchestra", "buttonSostituisciOrchestra"},
+        {"buttonTrovaRigaOrchestra", "buttonTrovaRigaOrchestra"},
+        {"buttonBookmarks", "menuWindowBarraBook"},
+        {"buttonInstrument", "menuWindowInstrument"},
+    };
+    QCOMPARE(CommandChecks::wrongButtons(*m->control<QToolBar>("Toolbar2"), orchestra),
+             QStringList());
+    const CommandChecks::Pair score[] = {
+        {"buttonNuovaScore", "menuFileNuovaScore"},
+        {"buttonApriScore", "menuFileApriScore"},
+        {"buttonSalvaScore", "menuFileSalvaScore"},
+        {"buttonSalvaScoreNome", "menuFileSalvaScoreNome"},
+        {"buttonTrovaScore", "buttonTrovaScore"},
+        {"buttonSostituisciScore", "buttonSostituisciScore"},
+        {"buttonTrovaRigaScore", "buttonTrovaRigaScore"},
+        {"buttonBookmarks", "menuWindowBarraBook"},
+    };
+    QCOMPARE(CommandChecks::wrongButtons(*m->control<QToolBar>("Toolbar3"), score), QStringList());
+}
+
+void tst_FormORCSCO::popup_hasNoLastPosition()
+{
+    m->show();
+    QStringList names;
+    for (const QAction *each : m->control<QMenu>("menuPopup")->actions())
+        names.append(each->objectName());
+    QVERIFY(names.contains(QStringLiteral("menuPopupReference")));
+    QVERIFY(!names.contains(QStringLiteral("menuPopupLastPosition")));
 }
 
 void tst_FormORCSCO::window_keepsItsTitle()

@@ -1,10 +1,9 @@
 #include "app/RecentFiles.h"
 #include "documents/ProjectWindow.h"
 #include "documents/ui/FormCSD.h"
+#include "support/FileDrop.h"
 
 #include <QDir>
-#include <QDropEvent>
-#include <QMimeData>
 #include <QTreeWidget>
 #include <QtTest>
 
@@ -44,12 +43,15 @@ private slots:
     void load_partnerIsAFolder_isNone();
     void load_noNames_areUntitled();
     void load_readOnlyPair_becomesWritable();
+    void load_noSideFile_countsAsUnchanged();
 
     // The pair.
     void open_pair_loadsBothAndListsThemInOrder();
     void open_missingScore_emptiesBoth();
     void open_scoreThroughAllFiles_goesToTheCsdWindow();
     void open_cancelled_hasWrittenTheBookmarks();
+    void newOrDrop_savesTheBookmarksFirst_data();
+    void newOrDrop_savesTheBookmarksFirst();
     void open_modified_asks_data();
     void open_modified_asks();
     void open_unreadableScore_isNotOverwritten();
@@ -88,6 +90,7 @@ private slots:
     void recent_csd_asksForBothHalves();
     void drop_score_opensThePair();
     void drop_other_goesToTheCsdWindow();
+    void drop_onAnyControl_opensThePair();
     void leave_answers_data();
     void leave_answers();
     void leave_cancelAtTheFirst_stillAsksTheSecond();
@@ -217,6 +220,26 @@ void tst_ProjectDocument::load_readOnlyPair_becomesWritable()
     QVERIFY(QFile::permissions(score) & QFile::WriteOwner);
 }
 
+/// Bookmarks that were all taken away stay due at a save; the next document knows nothing of it.
+void tst_ProjectDocument::load_noSideFile_countsAsUnchanged()
+{
+    m->showPair();
+    for (LEditOCX *editor : {m->orchestra, m->score}) {
+        editor->setFocus();
+        m->trigger("menuToolsRemoveAllBookmark");
+    }
+    m->trigger("menuFileSalvaProgetto");
+    QVERIFY(m->config.OrchestraModified && m->config.ScoreModified);
+    m->dialogs.expectOpen(QStringLiteral("Open Orchestra (*.ORC)"),
+                          m->write(QStringLiteral("b.orc"), "o"));
+    m->trigger("menuFileApriOrchestra");
+    QVERIFY(!m->config.OrchestraModified && m->config.ScoreModified);
+    m->dialogs.expectOpen(QStringLiteral("Open Score (*.SCO)"),
+                          m->write(QStringLiteral("b.sco"), "s"));
+    m->trigger("menuFileApriScore");
+    QVERIFY(!m->config.ScoreModified);
+}
+
 // The pair. --------------------------------------------------------------------------------------
 
 void tst_ProjectDocument::open_pair_loadsBothAndListsThemInOrder()
@@ -280,6 +303,33 @@ void tst_ProjectDocument::open_cancelled_hasWrittenTheBookmarks()
     QVERIFY(!m->read(QStringLiteral("piece.bks")).isEmpty());
     QVERIFY(m->read(QStringLiteral("piece.bko")).isEmpty());
     QCOMPARE(m->score->Text(), QStringLiteral("i1 0 1\r\ne\r\n"));
+}
+
+void tst_ProjectDocument::newOrDrop_savesTheBookmarksFirst_data()
+{
+    QTest::addColumn<bool>("byDrop");
+    QTest::newRow("new") << false;
+    QTest::newRow("drop") << true;
+}
+
+void tst_ProjectDocument::newOrDrop_savesTheBookmarksFirst()
+{
+    QFETCH(bool, byDrop);
+    m->showPair();
+    for (LEditOCX *editor : {m->orchestra, m->score}) {
+        editor->setFocus();
+        m->trigger("menuToolsBookmark");
+    }
+    if (byDrop) {
+        FileDrop::on(*m->window, {m->write(QStringLiteral("b.orc"), "o")});
+        QCOMPARE(m->orchestra->GetBookmarkLine(1), -1);
+    } else {
+        m->chooseInFormNew(Qt::Key_Escape);
+        m->trigger("menuFileNuovoProgetto");
+        QCOMPARE(m->orchestra->GetBookmarkLine(1), 1);
+    }
+    QVERIFY(!m->read(QStringLiteral("piece.bko")).isEmpty());
+    QVERIFY(!m->read(QStringLiteral("piece.bks")).isEmpty());
 }
 
 void tst_ProjectDocument::open_modified_asks_data()
@@ -488,6 +538,8 @@ void tst_ProjectDocument::half_new_leavesTheOther()
     m->showPair("o", "s");
     const Half half = this->half();
     const QString other = half.other->Text();
+    half.editor->setFocus();
+    m->trigger("menuToolsBookmark");
     m->type(half.editor, QStringLiteral("x"));
     m->expectQuestion(QStringLiteral("New ") + half.name,
                       QStringLiteral("File %1 has changed!").arg(half.name), Answer::No);
@@ -497,6 +549,9 @@ void tst_ProjectDocument::half_new_leavesTheOther()
     QVERIFY(half.editor->hasFocus());
     QCOMPARE(*half.fileName, Untitled);
     QCOMPARE(m->label(half.label), QStringLiteral("File %1: [Untitled]").arg(half.name));
+    QCOMPARE(half.editor->GetBookmarkLine(1), -1);
+    const QString sideFile = half.ending == u"orc" ? QStringLiteral("bko") : QStringLiteral("bks");
+    QVERIFY(!m->read(QStringLiteral("piece.") + sideFile).isEmpty());
     QCOMPARE(half.other->Text(), other);
     QVERIFY(half.otherName->startsWith(m->folder.path()));
 }
@@ -635,6 +690,7 @@ void tst_ProjectDocument::import_csd_replacesBothTexts()
     QVERIFY(m->label("LabelScore")
                 .startsWith(QStringLiteral("File Score: ") + m->path(QStringLiteral("new.sco"))));
     QCOMPARE(m->orchestra->FontSize(), 15.0);
+    QCOMPARE(m->score->FontSize(), 15.0);
     QVERIFY(m->orchestra->GetState(2));
     QVERIFY(!QFile::exists(m->path(QStringLiteral("new.orc")))); // only a name until it is saved
     QCOMPARE(m->dialogs.fileQuestions.back().filter,
@@ -725,20 +781,6 @@ void tst_ProjectDocument::recent_csd_asksForBothHalves()
     QCOMPARE(m->config.CSDFileName, m->path(QStringLiteral("b.csd")));
 }
 
-namespace {
-
-void drop(QWidget *window, const QString &path)
-{
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(path), QUrl::fromLocalFile(QStringLiteral("/second.orc"))});
-    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(window, &enter);
-    QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(window, &event);
-}
-
-} // namespace
-
 void tst_ProjectDocument::drop_score_opensThePair()
 {
     m->showPair("o", "s");
@@ -747,7 +789,7 @@ void tst_ProjectDocument::drop_score_opensThePair()
     const QString path = m->write(QStringLiteral("b.sco"), "S");
     m->expectQuestion(QStringLiteral("Save File"), QStringLiteral("File has changed!"),
                       Answer::Yes);
-    drop(m->window, path);
+    FileDrop::on(*m->window, {path, QStringLiteral("/second.orc")});
     QCOMPARE(m->read(QStringLiteral("piece.sco")), QByteArray("xs"));
     QCOMPARE(m->orchestra->Text() + m->score->Text(), QStringLiteral("OS"));
     QCOMPARE(m->config.LastFileName, path);
@@ -757,9 +799,25 @@ void tst_ProjectDocument::drop_score_opensThePair()
 void tst_ProjectDocument::drop_other_goesToTheCsdWindow()
 {
     m->showPair("o", "s");
-    drop(m->window, m->path(QStringLiteral("b.txt")));
+    FileDrop::on(*m->window, {m->path(QStringLiteral("b.txt"))});
     QCOMPARE(m->csdWindows, 1);
     QCOMPARE(m->config.CSDFileName, m->path(QStringLiteral("b.txt")));
+}
+
+void tst_ProjectDocument::drop_onAnyControl_opensThePair()
+{
+    m->showPair();
+    m->trigger("menuWindowBarraBook");
+    m->trigger("menuWindowInstrument");
+    const QString path = m->write(QStringLiteral("b.orc"), "o");
+    const QList<QWidget *> controls = FileDrop::controlsOf(*m->window);
+    QVERIFY(controls.contains(m->orchestra) && controls.contains(m->score));
+    for (QWidget *control : controls) {
+        m->config.LastFileName.clear();
+        FileDrop::on(*control, {path});
+        if (m->config.LastFileName != path)
+            QFAIL(qPrintable(control->objectName() + u' ' + control->metaObject()->className()));
+    }
 }
 
 void tst_ProjectDocument::leave_answers_data()

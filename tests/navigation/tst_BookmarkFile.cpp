@@ -64,6 +64,8 @@ void tst_BookmarkFile::text_isTheBeginningOfTheLine_data()
                                 << "-> instr 1";
     QTest::newRow("blanks around") << "   endin      ; x"
                                    << "-> endin      ;";
+    QTest::newRow("tab before") << "\tsr     = 44100"
+                                << "->  sr     = 44100";
     QTest::newRow("empty") << ""
                            << "->";
 }

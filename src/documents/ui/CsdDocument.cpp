@@ -163,19 +163,20 @@ void CsdDocument::ImportProject()
     emit loaded();
 }
 
+/// A Cancel leads back to the text.
 Answer CsdDocument::askToSave(const QString &title, const QString &firstLine)
 {
-    return ardiphon::askToSave(
+    const Answer answer = ardiphon::askToSave(
         program().dialogs, saveQuestion(title, firstLine), [this] { return isModified(); },
         [this] { return save(); });
+    if (answer == Answer::Cancel)
+        editor().setFocus();
+    return answer;
 }
 
 bool CsdDocument::mayDropText(const QString &title)
 {
-    const Answer answer = askToSave(title, ChangedLine);
-    if (answer == Answer::Cancel)
-        editor().setFocus();
-    return answer != Answer::Cancel;
+    return askToSave(title, ChangedLine) != Answer::Cancel;
 }
 
 bool CsdDocument::mayLeave(bool &saved)

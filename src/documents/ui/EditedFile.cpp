@@ -103,9 +103,11 @@ void EditedFile::load(const QString &path)
     clearModified();
     m_editor.ResetUndo();
     emit titleDue();
-    m_bookmarks.load(path);
+    loadBookmarks(path);
     emit loaded();
 }
+
+void EditedFile::loadBookmarks(const QString &path) { m_bookmarks.load(path); }
 
 void EditedFile::beginEmpty(const QString &name)
 {

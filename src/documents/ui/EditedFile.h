@@ -78,6 +78,8 @@ protected:
     FileChooser &files() const { return m_files; }
     /// Puts the document on the recent list.
     void noteOpened();
+    /// Takes the bookmarks of the document at \a path from its side file, if it has one.
+    virtual void loadBookmarks(const QString &path);
 
 private:
     SaveResult write();

@@ -169,7 +169,6 @@ void EditorWindow::bindSearch(const QList<ServedEditor> &editors,
                                     *m_commands.action("menuPopupReference"));
     m_commands.bind("menuPopupDefinition", m_definitions, &Definitions::GoToDefinition);
     m_commands.bind("menuPopupReference", m_definitions, &Definitions::GoToReference);
-    m_commands.bind("menuPopupLastPosition", this, [] {}); // no position is kept to go back to
 }
 
 std::optional<SearchKind> EditorWindow::searchKindOf(ViewKey key)

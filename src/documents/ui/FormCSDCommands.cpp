@@ -80,6 +80,7 @@ void FormCSD::bindEditing()
 void FormCSD::bindNavigation()
 {
     bindSearch({{CsdCaller, LEDIT1}}, [this](SearchKind kind) { search().open(kind, CsdCaller); });
+    commands().bind("menuPopupLastPosition", this, [] {}); // no position is kept to go back to
     connect(&search(), &SearchWindows::replaced, m_mirror, &SplitMirror::copyFirstToSecond);
 }
 

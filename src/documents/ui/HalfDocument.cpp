@@ -5,6 +5,7 @@
 #include "documents/DocumentRules.h"
 #include "documents/FileChooser.h"
 #include "language/editor/LEditOCX.h"
+#include "navigation/ui/Bookmarks.h"
 
 namespace ardiphon {
 
@@ -49,6 +50,13 @@ void HalfDocument::OpenRecent(const QString &path)
     saveBookmarksIfChanged();
     load(path);
     editor().setFocus();
+}
+
+/// Whether there is a side file or not, nothing of the document before is due any more.
+void HalfDocument::loadBookmarks(const QString &path)
+{
+    bookmarks().countAsUnchanged();
+    EditedFile::loadBookmarks(path);
 }
 
 Answer HalfDocument::askToSave(const QString &title)

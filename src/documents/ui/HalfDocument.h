@@ -26,6 +26,9 @@ public:
     /// The save question under that title. A Cancel has given the focus away.
     Answer askToSave(const QString &title);
 
+protected:
+    void loadBookmarks(const QString &path) override;
+
 private:
     bool mayDropText(const QString &title);
 

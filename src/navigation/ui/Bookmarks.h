@@ -34,7 +34,9 @@ public:
     /// Writes the side file of the document of that name. Nothing for one without a file.
     void save(const QString &documentName);
     void saveIfChanged(const QString &documentName);
-    /// Takes the slots from the side file, if there is one.
+    /// Clears the changed flag: the side file is not due.
+    void countAsUnchanged() { m_changed = false; }
+    /// Takes the slots from the side file, if there is one, and then clears the changed flag.
     void load(const QString &documentName);
 
 signals:

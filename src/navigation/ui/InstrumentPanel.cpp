@@ -45,6 +45,7 @@ InstrumentPanel::InstrumentPanel(Instruments &instruments, const QString &number
     addMoves(instruments);
     TextInstr = new QLineEdit(this);
     TextInstr->setObjectName(QStringLiteral("TextInstr"));
+    TextInstr->setAcceptDrops(false); // a file dropped here is the window's to open
     Label1 = new QLabel(tr("Go to:"), this);
     Label1->setObjectName(QStringLiteral("Label1"));
     Label1->setBuddy(TextInstr);
