@@ -18,6 +18,12 @@ constexpr Command commands[] = {
     {"menuModificaTrovaRiga", "Find &Line number", "(Ctrl+G)"},
     {"menuModificaSelezionaTutto", "Select &All", "(Ctrl+A)"},
 
+    {"menuHetro", "Hetro"},
+    {"menuLPAnal", "LPAnal"},
+    {"menuPVAnal", "PVAnal"},
+    {"menuPVLook", "PVLook"},
+    {"menuCVAnal", "CVAnal"},
+    {"menuDNoise", "DNoise"},
     {"menuSndInfo", "SndInfo"},
     {"menuPlayer", "&Wave Player"},
     {"menuToolsBookmark", "Insert &Bookmark", "", "Ctrl+B"},
@@ -58,6 +64,7 @@ constexpr Command commands[] = {
     {"buttonCarattereMeno", "Smaller Font"},
     {"buttonCaratterePiu", "Larger Font"},
     {"buttonOpcodeHelp", "Opcode Help"},
+    {"buttonAnalisi", "CSound Analysis"},
 };
 
 } // namespace
