@@ -2,7 +2,8 @@
 # installed and what is built. To be sourced in the project's folder.
 
 program_packages="g++ cmake ninja-build ccache qt6-base-dev libqscintilla2-qt6-dev
-    qt6-svg-dev qt6-multimedia-dev libsndfile1-dev qt6-qpa-plugins csound csound-doc"
+    qt6-svg-dev qt6-multimedia-dev libsndfile1-dev qt6-qpa-plugins csound csound-utils
+    csound-doc xterm"
 test_packages="xvfb xclip procps xauth xdotool openbox python3 fonts-dejavu-core
     pulseaudio pulseaudio-utils"
 

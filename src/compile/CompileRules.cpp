@@ -14,11 +14,6 @@ QString twoDigits(int number) { return QStringLiteral("%1").arg(number, 2, 10, Q
 
 } // namespace
 
-QString ExecutableDirectory(const QString &path)
-{
-    return path.left(qMax(path.lastIndexOf(u'/'), qsizetype(0)));
-}
-
 QString CompileLogFile(const QString &rootPath) { return rootPath + QLatin1String("tmp.txt"); }
 
 QString csdParameters(const QString &csdFileName, const QString &rootPath)

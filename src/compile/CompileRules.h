@@ -1,11 +1,10 @@
 #pragma once
 
+#include "platform/StartDetached.h"
+
 #include <QString>
 
 namespace ardiphon {
-
-/// The directory in which a compiler starts: \a path before its last "/", "" when it has none.
-QString ExecutableDirectory(const QString &path);
 
 /// The file into which a compiler writes its log. \a rootPath ends in "/" and has no blank.
 QString CompileLogFile(const QString &rootPath);

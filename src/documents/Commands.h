@@ -31,6 +31,7 @@ struct ToolButton
     const char *command;
     const char *icon; ///< in data/icons, without its ending
     const char *toolTip;
+    std::span<const ToolButton> menu = {}; ///< further buttons, beneath an arrow beside this one
 };
 
 /// The commands that both editor windows have.

@@ -85,6 +85,7 @@ constexpr ToolButton toolbar[] = {
     {"buttonSplit", "buttonSplit", "split", "Split CSD Window"},
     ToolbarLine,
     {"buttonCsound", "menuCSound", "compile", "CSound Console Compiler"},
+    AnalysisButton,
     ToolbarLine,
     {"buttonHelp", "menuInfoCsoundHelp", "help", "CSound Help"},
     {"buttonOpcodeHelp", "buttonOpcodeHelp", "opcode-help", "Opcode Help"},

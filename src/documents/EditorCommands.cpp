@@ -15,6 +15,12 @@ constexpr Command commands[] = {
     {"menuModificaIncolla", "&Paste", "(Ctrl+V)"},
     {"menuModificaSelezionaTutto", "Select &All", "(Ctrl+A)"},
 
+    {"menuHetro", "Hetro"},
+    {"menuLPAnal", "LPAnal"},
+    {"menuPVAnal", "PVAnal"},
+    {"menuPVLook", "PVLook"},
+    {"menuCVAnal", "CVAnal"},
+    {"menuDNoise", "DNoise"},
     {"menuSndInfo", "SndInfo"},
     {"menuPlayer", "&Wave Player"},
     {"menuToolsBookmark", "Insert &Bookmark", "", "Ctrl+B"},
@@ -54,6 +60,7 @@ constexpr Command commands[] = {
     {"buttonCarattereMeno", "Smaller Font"},
     {"buttonCaratterePiu", "Larger Font"},
     {"buttonOpcodeHelp", "Opcode Help"},
+    {"buttonAnalisi", "CSound Analysis"},
 };
 
 } // namespace

@@ -24,7 +24,10 @@ inline constexpr const char *WindowMenu[] = {
     "menuWindowRight",
 };
 
-inline constexpr const char *AnalysisMenu[] = {"menuSndInfo"};
+inline constexpr const char *AnalysisMenu[] = {
+    "menuHetro",  "menuLPAnal", "menuPVAnal",  "menuPVLook",
+    "menuCVAnal", "menuDNoise", "menuSndInfo",
+};
 
 inline constexpr const char *InfoMenu[] = {
     "menuInfoArdiphonHelp", nullptr, "menuInfoCsoundHelp",
@@ -53,5 +56,18 @@ inline constexpr const char *PopupMenu[] = {
 };
 
 inline constexpr ToolButton ToolbarLine = {nullptr, nullptr, nullptr, nullptr};
+
+inline constexpr ToolButton AnalysisButtons[] = {
+    {"buttonHetro", "menuHetro", "hetro", "Hetro"},
+    {"buttonLPAnal", "menuLPAnal", "lpanal", "LPAnal"},
+    {"buttonPVAnal", "menuPVAnal", "pvanal", "PVAnal"},
+    {"buttonPVLook", "menuPVLook", "pvlook", "PVLook"},
+    {"buttonCVAnal", "menuCVAnal", "cvanal", "CVAnal"},
+    {"buttonSndInfo", "menuSndInfo", "sndinfo", "SndInfo"},
+    {"buttonDNoise", "menuDNoise", "dnoise", "DNoise"},
+};
+
+inline constexpr ToolButton AnalysisButton = {"buttonAnalisi", "buttonAnalisi", "analysis",
+                                              "CSound Analysis", AnalysisButtons};
 
 } // namespace ardiphon

@@ -121,6 +121,8 @@ constexpr ToolButton toolbar[] = {
     {"buttonCarattereMeno", "buttonCarattereMeno", "font-smaller", "Smaller Font"},
     {"buttonCaratterePiu", "buttonCaratterePiu", "font-larger", "Larger Font"},
     ToolbarLine,
+    AnalysisButton,
+    ToolbarLine,
     {"buttonHelp", "menuInfoCsoundHelp", "help", "CSound Help"},
     {"buttonOpcodeHelp", "buttonOpcodeHelp", "opcode-help", "Opcode Help"},
     {"buttonDirectHelp", "menuInfoCSoundAVHelp", "direct-help", "CSoundAV Help"},

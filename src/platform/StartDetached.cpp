@@ -6,6 +6,11 @@
 
 namespace ardiphon {
 
+QString ExecutableDirectory(const QString &path)
+{
+    return path.left(qMax(path.lastIndexOf(u'/'), qsizetype(0)));
+}
+
 bool StartDetached(const QString &file, const QString &parameters, const QString &directory)
 {
     QProcess process;

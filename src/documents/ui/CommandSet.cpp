@@ -97,7 +97,23 @@ void CommandSet::fill(QToolBar &bar, std::span<const ToolButton> buttons) const
         bar.addAction(command);
         bar.widgetForAction(command)->setObjectName(QLatin1String(row.name));
         bar.widgetForAction(command)->setFocusPolicy(Qt::NoFocus);
+        if (!row.menu.empty())
+            addMenu(*qobject_cast<QToolButton *>(bar.widgetForAction(command)), row.menu);
     }
+}
+
+void CommandSet::addMenu(QToolButton &button, std::span<const ToolButton> entries) const
+{
+    auto *const menu = new QMenu(&button);
+    for (const ToolButton &row : entries) {
+        QAction *const command = action(row.command);
+        QAction *const entry =
+            menu->addAction(programIcon(QLatin1String(row.icon)), QLatin1String(row.toolTip));
+        entry->setObjectName(QLatin1String(row.name));
+        QObject::connect(entry, &QAction::triggered, command, &QAction::trigger);
+    }
+    button.setMenu(menu);
+    button.setPopupMode(QToolButton::MenuButtonPopup);
 }
 
 } // namespace ardiphon

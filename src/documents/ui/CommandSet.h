@@ -8,6 +8,7 @@
 class QMenu;
 class QMenuBar;
 class QToolBar;
+class QToolButton;
 
 namespace ardiphon {
 
@@ -41,6 +42,8 @@ public:
     void fill(QToolBar &bar, std::span<const ToolButton> buttons) const;
 
 private:
+    void addMenu(QToolButton &button, std::span<const ToolButton> entries) const;
+
     QWidget *m_window;
     QHash<QByteArray, QList<QAction *>> m_actions;
 };

@@ -103,6 +103,7 @@ private:
     void bindPopup();
     void bindHelp();
     void bindSound();
+    void bindAnalysis();
     void bindHalves();
     /// Moves the window to one half of the screen's work area, whatever its state.
     void moveToHalf(ScreenHalf half);

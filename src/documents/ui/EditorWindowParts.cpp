@@ -1,5 +1,7 @@
 // What both editor windows are built of, and the commands that do the same in both.
 
+#include "analysis/ui/AnalysisWindows.h"
+#include "analysis/ui/FormAnalisi.h"
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
 #include "audio/ui/FormPlayer.h"
@@ -103,6 +105,7 @@ void EditorWindow::bindCommon()
     bindPopup();
     bindHelp();
     bindSound();
+    bindAnalysis();
     bindHalves();
 }
 
@@ -140,6 +143,24 @@ void EditorWindow::bindSound()
     m_commands.bind("menuSndInfo", this, [this] { FormSNDInfo(program().dialogs, this).exec(); });
     m_commands.bind("menuPlayer", this,
                     [this] { FormPlayer(config(), program().dialogs, this).exec(); });
+}
+
+void EditorWindow::bindAnalysis()
+{
+    const auto bind = [this](const char *name, const AnalysisTool &tool) {
+        m_commands.bind(name, this, [this, &tool] {
+            showTool(tool, ToolContext::real(config(), program().dialogs), this);
+        });
+    };
+    bind("menuHetro", Hetro);
+    bind("menuLPAnal", LPAnal);
+    bind("menuPVAnal", PVAnal);
+    bind("menuPVLook", PVLook);
+    bind("menuCVAnal", CVAnal);
+    bind("menuDNoise", DNoise);
+    m_commands.bind("buttonAnalisi", this, [this] {
+        FormAnalisi(ToolContext::real(config(), program().dialogs), this).exec();
+    });
 }
 
 void EditorWindow::bindHalves()

@@ -1,0 +1,112 @@
+#pragma once
+
+#include <span>
+
+namespace ardiphon {
+
+/// When an option is written whose switch, if it has one, is on. Numbers are leading numbers.
+enum class Rule { Always, Above0, Not0, Not10000, NotEmpty };
+
+enum class Switch {
+    None,
+    CheckBox,
+    RadioButton ///< one of those of its group; the first is on at first
+};
+
+/// An item of a combo box.
+struct Choice
+{
+    const char *caption;
+    const char *flag = "";    ///< in place of the row's, where it has one of its own
+    const char *initial = ""; ///< what choosing it writes into the row's field
+};
+
+inline constexpr int NoHint = -1;
+
+/// One option of a tool, and the line of the form in which it is set. The lines stand in the form
+/// from top to bottom as the options stand in the command line.
+struct ToolRow
+{
+    const char *label = "";     ///< of the line, or of its check box or radio button
+    const char *flag = "";      ///< stands before the value, with no blank between
+    const char *text = "";      ///< the name of its field; its text is the value
+    const char *initial = "";   ///< of the field: at first, after a revert and when left empty
+    Rule rule = Rule::Always;   ///< asked of the value
+    bool trimmed = false;       ///< blanks around the value are left out
+    bool number = true;         ///< the field takes only what may stand for a number
+    const char *proposed = "";  ///< what the field gets in place of the input's extension
+    Switch kind = Switch::None; ///< of the switch; a check box enables the field too
+    const char *name = "";      ///< of the switch
+    std::span<const Choice> choices = {}; ///< of `Combo1`; without a field the caption is the value
+    const char *note = "";                ///< behind the field, in `Label3`
+    int hint = NoHint;                    ///< the index of its help mark
+};
+
+/// A number that is always written.
+constexpr ToolRow always(const char *label, const char *flag, const char *text, const char *initial,
+                         int hint)
+{
+    return {.label = label,
+            .flag = flag,
+            .text = text,
+            .initial = initial,
+            .trimmed = true,
+            .hint = hint};
+}
+
+/// A number that is written when \a rule holds.
+constexpr ToolRow when(Rule rule, const char *label, const char *flag, const char *text,
+                       const char *initial, int hint)
+{
+    return {
+        .label = label, .flag = flag, .text = text, .initial = initial, .rule = rule, .hint = hint};
+}
+
+/// A flag without a value, written when its check box is on.
+constexpr ToolRow check(const char *name, const char *label, const char *flag, int hint = NoHint)
+{
+    return {.label = label, .flag = flag, .kind = Switch::CheckBox, .name = name, .hint = hint};
+}
+
+struct ToolGroup
+{
+    const char *title; ///< of its frame; "" for none
+    std::span<const ToolRow> rows;
+};
+
+/// What a help mark shows. CR LF separates lines.
+struct Hint
+{
+    const char *title;
+    const char *text;
+};
+
+/// A choice of the output's suffix, as a radio button.
+struct OutputFormat
+{
+    const char *name;
+    const char *caption;
+    const char *suffix;
+};
+
+/// An analysis utility and its form.
+struct AnalysisTool
+{
+    const char *form;    ///< the name of its window
+    const char *caption; ///< of its window
+    const char *keyword = "";
+    std::span<const OutputFormat> formats = {}; ///< one alone is not shown; none: no output file
+    std::span<const ToolGroup> groups;
+    std::span<const Hint> hints;
+    const char *inputLabel = "Input File:";
+    const char *noiseLabel = ""; ///< "" for a tool that reads one file
+    const char *outputLabel = "Output File:";
+    const char *inputFilter = "All Files |*.*";
+    bool moreFlags = true;     ///< has `CheckMoreFlags` and `TextMoreFlags`
+    bool checksFiles = true;   ///< does not start without the names of its files
+    bool restoresEmpty = true; ///< a number that is left empty gets its default
+};
+
+extern const AnalysisTool Hetro, LPAnal, PVAnal, PVLook, CVAnal, DNoise;
+
+} // namespace ardiphon

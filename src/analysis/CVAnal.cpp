@@ -1,0 +1,50 @@
+#include "analysis/AnalysisTool.h"
+
+namespace ardiphon {
+
+namespace {
+
+constexpr OutputFormat formats[] = {{"", "", "cv"}};
+
+constexpr ToolRow rows[] = {
+    always("Begin (-b):", "-b", "TextFlags(0)", "0.0", 0),
+    always("Duration (-d):", "-d", "TextFlags(1)", "0.0", 1),
+    {.label = "Channel (-c):",
+     .flag = "-c",
+     .text = "TextFlags(2)",
+     .initial = "0",
+     .rule = Rule::Not0,
+     .note = "(0 = All)",
+     .hint = 2},
+    when(Rule::Not10000, "Sample rate override (-s):", "-s", "TextFlags(3)", "10000", 3),
+};
+
+constexpr ToolGroup groups[] = {{"", rows}};
+
+constexpr Hint hints[] = {
+    {"Begin:",
+     "Beginning time (in seconds) of the audio segment to be analyzed.  The default is 0.0"},
+    {"Duration:",
+     "Duration (in seconds) of the audio segment to be analyzed.  The default of 0.0 means to "
+     "the end of the file.  Maximum length is 32.766 seconds."},
+    {"Channel:",
+     "Channel number sought. If omitted, the default is to process all channels. If a value is "
+     "given, only the selected channel will be processed."},
+    {"Sample Rate Override:",
+     "Sampling rate of the audio input file.  This will override the srate of the soundfile "
+     "header, which otherwise applies.   If neither is present, the default is 10000."},
+};
+
+} // namespace
+
+const AnalysisTool CVAnal = {
+    .form = "FormCVAnal",
+    .caption = "CVANAL - Impulse Response Soundfile Analysis",
+    .keyword = "cvanal",
+    .formats = formats,
+    .groups = groups,
+    .hints = hints,
+    .moreFlags = false,
+};
+
+} // namespace ardiphon

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "analysis/AnalysisTool.h"
+#include "platform/Dialogs.h"
+
+#include <QHash>
+#include <QSet>
+
+namespace ardiphon {
+
+/// What a tool's form holds, by the names of its controls.
+struct ToolValues
+{
+    QHash<QString, QString> texts; ///< of fields and of the labels that show file names
+    QSet<QString> on;              ///< check boxes and radio buttons
+    int item = 0;                  ///< of `Combo1`
+
+    QString text(const char *name) const { return texts.value(QLatin1String(name)); }
+    bool isOn(const char *name) const { return on.contains(QLatin1String(name)); }
+};
+
+/// \a path without its last three characters, whatever they are, and with \a suffix instead.
+QString withSuffix(const QString &path, const char *suffix);
+
+/// What keeps the tool from starting, to be told to the user; nothing when it can start.
+std::optional<Message> startObstacle(const AnalysisTool &tool, const QString &fileCSound,
+                                     const ToolValues &values);
+
+/// The options of the tool in their order.
+QString flagString(const AnalysisTool &tool, const ToolValues &values);
+
+/// The parameters that start the tool. File names stand between double quotes as they are.
+QString toolParameters(const AnalysisTool &tool, const ToolValues &values);
+
+} // namespace ardiphon

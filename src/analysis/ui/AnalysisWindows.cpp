@@ -1,0 +1,35 @@
+#include "analysis/ui/AnalysisWindows.h"
+
+#include "analysis/ui/FormDNoise.h"
+#include "analysis/ui/FormPVLook.h"
+#include "platform/Terminal.h"
+
+#include <QCoreApplication>
+
+namespace ardiphon {
+
+ToolContext ToolContext::real(const ConfigurationBlock &config, Dialogs &dialogs)
+{
+    const QString folder = QCoreApplication::applicationDirPath();
+    return {config, dialogs, folder,
+            [folder](const QString &file, const QString &parameters, const QString &directory) {
+                startInTerminal(file, parameters, directory, folder);
+            }};
+}
+
+std::unique_ptr<QDialog> newToolForm(const AnalysisTool &tool, const ToolContext &context,
+                                     QWidget *owner)
+{
+    if (&tool == &PVLook)
+        return std::make_unique<FormPVLook>(context, owner);
+    if (&tool == &DNoise)
+        return std::make_unique<FormDNoise>(context, owner);
+    return std::make_unique<ToolForm>(tool, context, owner);
+}
+
+void showTool(const AnalysisTool &tool, const ToolContext &context, QWidget *owner)
+{
+    newToolForm(tool, context, owner)->exec();
+}
+
+} // namespace ardiphon

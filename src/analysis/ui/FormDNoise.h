@@ -1,0 +1,21 @@
+#pragma once
+
+#include "analysis/ui/ToolForm.h"
+
+namespace ardiphon {
+
+/// The noise reduction: it shows the command line that it starts among its own flags.
+class FormDNoise : public ToolForm
+{
+    Q_OBJECT
+
+public:
+    FormDNoise(const ToolContext &context, QWidget *owner) : ToolForm(DNoise, context, owner) {}
+
+protected:
+    /// The combo box too; whether more flags are wanted stays.
+    void revert() override;
+    void showParameters(const QString &parameters) override;
+};
+
+} // namespace ardiphon

@@ -1,0 +1,69 @@
+#include "analysis/ui/HintPanel.h"
+
+#include <QBoxLayout>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollBar>
+
+namespace ardiphon {
+
+HintPanel::HintPanel(QWidget *form) : QGroupBox(form), Text1(new QPlainTextEdit(this))
+{
+    setObjectName(QStringLiteral("Frame1"));
+    setAlignment(Qt::AlignHCenter);
+    Text1->setObjectName(QStringLiteral("Text1"));
+    Text1->setReadOnly(true);
+    Text1->setTabChangesFocus(true);
+    Text1->setMinimumHeight(2 * fontMetrics().lineSpacing());
+    auto *const Command5 = new QPushButton(QStringLiteral("Close"), this);
+    Command5->setObjectName(QStringLiteral("Command5"));
+    Command5->setAutoDefault(false);
+    connect(Command5, &QPushButton::clicked, this, &HintPanel::closeWanted);
+
+    auto *const all = new QVBoxLayout(this);
+    all->addWidget(Text1);
+    all->addWidget(Command5, 0, Qt::AlignRight);
+    hide();
+}
+
+void HintPanel::showHint(const QString &title, const QString &text, const QRect &room)
+{
+    setTitle(title);
+    Text1->setPlainText(text);
+    show();
+    raise();
+    moveTo(room);
+}
+
+void HintPanel::moveTo(const QRect &room)
+{
+    layout()->activate();
+    const int height = qMin(heightFor(room.width()), room.height());
+    setGeometry({room.topLeft(), QSize(room.width(), qMax(height, minimumSizeHint().height()))});
+}
+
+/// With room for the scroll bar, so that its absence is not what makes the text need it.
+int HintPanel::heightFor(int width) const
+{
+    const int around = sizeHint().width() - Text1->sizeHint().width();
+    const int inside = 2 * (Text1->frameWidth() + int(Text1->document()->documentMargin()));
+    const int lineWidth = width - around - inside - Text1->verticalScrollBar()->sizeHint().width();
+    const QRect text = fontMetrics().boundingRect(QRect(0, 0, lineWidth, 0), Qt::TextWordWrap,
+                                                  Text1->toPlainText());
+    return sizeHint().height() - Text1->sizeHint().height() + text.height() + inside +
+           fontMetrics().lineSpacing();
+}
+
+/// It has a ground of its own, as it hides what lies beneath.
+void HintPanel::paintEvent(QPaintEvent *event)
+{
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.setBrush(palette().window());
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.end();
+    QGroupBox::paintEvent(event);
+}
+
+} // namespace ardiphon

@@ -1,0 +1,174 @@
+#include "analysis/ui/ToolForm.h"
+
+#include "analysis/ui/HintPanel.h"
+#include "analysis/ui/NumericFields.h"
+#include "analysis/ui/PathLabel.h"
+#include "app/ConfigurationBlock.h"
+#include "platform/StartDetached.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QToolButton>
+
+namespace ardiphon {
+
+/// What the row's field holds when the user has changed nothing; the combo box may decide it.
+QString ToolForm::initialOf(const ToolRow &row) const
+{
+    if (row.choices.empty())
+        return QLatin1String(row.initial);
+    const int item = Combo1->currentIndex();
+    return item < 0 ? QString() : QLatin1String(row.choices[size_t(item)].initial);
+}
+
+/// Of the output, by the format that is chosen.
+const char *ToolForm::suffix() const
+{
+    for (qsizetype i = 0; i < m_formats.size(); ++i)
+        if (m_formats[i]->isChecked())
+            return m_tool.formats[size_t(i)].suffix;
+    return m_tool.formats.front().suffix;
+}
+
+ToolValues ToolForm::values() const
+{
+    ToolValues values;
+    for (const RowControls &controls : m_rows) {
+        if (controls.text)
+            values.texts.insert(controls.text->objectName(), controls.text->text());
+        if (controls.button && controls.button->isChecked())
+            values.on.insert(controls.button->objectName());
+    }
+    for (const QLineEdit *field : {TextOutput, TextMoreFlags})
+        if (field)
+            values.texts.insert(field->objectName(), field->text());
+    for (const PathLabel *label : {LabelInput, LabelNoise})
+        if (label)
+            values.texts.insert(label->objectName(), label->text());
+    if (CheckMoreFlags && CheckMoreFlags->isChecked())
+        values.on.insert(CheckMoreFlags->objectName());
+    if (Combo1)
+        values.item = Combo1->currentIndex();
+    return values;
+}
+
+std::optional<QString> ToolForm::askForInput()
+{
+    return m_context.dialogs.openFile(
+        {QStringLiteral("Input File Name"), QLatin1String(m_tool.inputFilter), QString()});
+}
+
+void ToolForm::browse()
+{
+    if (const auto path = askForInput())
+        takeInput(*path);
+}
+
+void ToolForm::browseNoise()
+{
+    if (const auto path = askForInput())
+        LabelNoise->showPath(*path);
+}
+
+void ToolForm::takeInput(const QString &path)
+{
+    LabelInput->showPath(path);
+    if (TextOutput)
+        TextOutput->setText(withSuffix(path, suffix()));
+    for (const RowControls &controls : m_rows)
+        if (*controls.row->proposed)
+            controls.text->setText(withSuffix(path, controls.row->proposed));
+}
+
+void ToolForm::writeChoice()
+{
+    for (const RowControls &controls : m_rows)
+        if (controls.text && !controls.row->choices.empty())
+            controls.text->setText(initialOf(*controls.row));
+}
+
+void ToolForm::revert()
+{
+    QAbstractButton *firstOption = nullptr;
+    for (const RowControls &controls : m_rows) {
+        if (controls.text)
+            controls.text->setText(initialOf(*controls.row));
+        else if (!controls.row->choices.empty())
+            Combo1->setCurrentIndex(0);
+        if (controls.row->kind == Switch::CheckBox)
+            controls.button->setChecked(false);
+        else if (controls.row->kind == Switch::RadioButton && !firstOption)
+            firstOption = controls.button;
+    }
+    if (firstOption)
+        firstOption->setChecked(true);
+    if (CheckMoreFlags) {
+        TextMoreFlags->clear();
+        CheckMoreFlags->setChecked(false);
+    }
+}
+
+void ToolForm::analyze()
+{
+    CommandAnalyze->setFocus(); // the access key leaves the field too, which may be empty
+    const auto obstacle = startObstacle(m_tool, m_context.config.FileCSound, values());
+    if (obstacle)
+        m_context.dialogs.message(*obstacle);
+    else
+        run();
+}
+
+void ToolForm::run()
+{
+    const QString &csound = m_context.config.FileCSound;
+    const QString parameters = toolParameters(m_tool, values());
+    showParameters(parameters);
+    m_context.start(csound, parameters, ExecutableDirectory(csound));
+}
+
+void ToolForm::openHint(int index)
+{
+    const Hint &hint = m_tool.hints[size_t(index)];
+    Frame1->showHint(QLatin1String(hint.title), QLatin1String(hint.text), hintRoom());
+    for (QPushButton *button : {CommandRevert, CommandExit, CommandAnalyze})
+        button->setEnabled(false);
+}
+
+void ToolForm::closeHint()
+{
+    Frame1->hide();
+    for (QPushButton *button : {CommandRevert, CommandExit, CommandAnalyze})
+        button->setEnabled(true);
+}
+
+/// From the first help mark down, to the left of the marks, so that another hint can be asked for.
+QRect ToolForm::hintRoom() const
+{
+    const QPoint mark = m_firstHelpMark->mapTo(this, QPoint(0, 0));
+    const QRect inside = m_all->contentsRect();
+    return {QPoint(inside.left(), mark.y()),
+            QPoint(mark.x() - m_files->horizontalSpacing(), inside.bottom())};
+}
+
+void ToolForm::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape && Frame1->isVisible())
+        closeHint();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+void ToolForm::resizeEvent(QResizeEvent *event)
+{
+    QDialog::resizeEvent(event);
+    if (Frame1->isVisible()) {
+        m_all->activate();
+        Frame1->moveTo(hintRoom());
+    }
+}
+
+} // namespace ardiphon

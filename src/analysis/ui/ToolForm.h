@@ -1,0 +1,108 @@
+#pragma once
+
+#include "analysis/ToolCommand.h"
+#include "analysis/ui/ToolContext.h"
+
+#include <QDialog>
+
+class QAbstractButton;
+class QBoxLayout;
+class QCheckBox;
+class QComboBox;
+class QGridLayout;
+class QLineEdit;
+class QPushButton;
+class QToolButton;
+
+namespace ardiphon {
+
+class HintPanel;
+class NumericFields;
+class PathLabel;
+
+/// The form of an analysis utility: files, options and hints, built from the tool's description. It
+/// turns what it holds into a command line and starts that, as often as the user likes, and never
+/// waits for the tool. Nothing outlives the window.
+class ToolForm : public QDialog
+{
+    Q_OBJECT
+
+public:
+    ToolForm(const AnalysisTool &tool, const ToolContext &context, QWidget *owner);
+
+protected:
+    const ToolContext &context() const { return m_context; }
+    QPushButton *newButton(const char *name, const char *caption);
+    QBoxLayout &all() const { return *m_all; }
+
+    /// The input was browsed for.
+    virtual void takeInput(const QString &path);
+    /// The default values come back.
+    virtual void revert();
+    /// What analyzing does once nothing keeps it from it.
+    virtual void run();
+    /// Passes by with the parameters just before the tool starts.
+    virtual void showParameters(const QString &) {}
+
+    void keyPressEvent(QKeyEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+    QComboBox *Combo1 = nullptr;
+    QCheckBox *CheckMoreFlags = nullptr;
+    QLineEdit *TextMoreFlags = nullptr;
+
+private:
+    /// The controls of a row; null where it has none.
+    struct RowControls
+    {
+        const ToolRow *row;
+        QLineEdit *text = nullptr;
+        QAbstractButton *button = nullptr;
+    };
+
+    // Building, in ToolFormParts.cpp.
+    void buildFiles();
+    void addFileRow(const char *name, const char *caption, QWidget *file, QWidget *browse);
+    void buildFormats();
+    void buildGroups();
+    void buildRows(const ToolGroup &group, QWidget *parent, QGridLayout &grid);
+    void buildRow(const ToolRow &row, QWidget *parent, QGridLayout &grid);
+    QAbstractButton *newSwitch(const ToolRow &row, QWidget *parent);
+    QLineEdit *newField(const ToolRow &row, QWidget *parent);
+    QComboBox *newCombo(const ToolRow &row, QWidget *parent);
+    QToolButton *newHelpMark(int hint, QWidget *parent);
+    void buildMoreFlags(QWidget *parent, QGridLayout &grid);
+    void buildButtons();
+    void connectControls();
+
+    QString initialOf(const ToolRow &row) const;
+    const char *suffix() const;
+    ToolValues values() const;
+    std::optional<QString> askForInput();
+    void browse();
+    void browseNoise();
+    void writeChoice();
+    void analyze();
+    void openHint(int index);
+    void closeHint();
+    QRect hintRoom() const;
+
+    const AnalysisTool &m_tool;
+    const ToolContext m_context;
+    QList<RowControls> m_rows;
+    QList<QAbstractButton *> m_formats;
+    NumericFields *m_numbers;
+    QBoxLayout *m_all;
+    QGridLayout *m_files; ///< the rows without a frame stand in it too, so that all is aligned
+    QToolButton *m_firstHelpMark = nullptr;
+
+    PathLabel *LabelInput = nullptr;
+    PathLabel *LabelNoise = nullptr;
+    QLineEdit *TextOutput = nullptr;
+    HintPanel *Frame1;
+    QPushButton *CommandRevert;
+    QPushButton *CommandAnalyze;
+    QPushButton *CommandExit;
+};
+
+} // namespace ardiphon

@@ -1,0 +1,48 @@
+#include "platform/Terminal.h"
+
+#include "platform/CommandText.h"
+#include "platform/StartDetached.h"
+
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace ardiphon {
+
+namespace {
+
+/// A terminal and its option in front of a program with its arguments.
+struct Terminal
+{
+    const char *name;
+    const char *option;
+};
+
+// The user's own choice comes first, then what desktops bring along, then what every X has.
+constexpr Terminal terminals[] = {
+    {"x-terminal-emulator", "-e"}, {"gnome-terminal", "--"}, {"konsole", "-e"},
+    {"xfce4-terminal", "-x"},      {"mate-terminal", "-x"},  {"kitty", "--"},
+    {"alacritty", "-e"},           {"foot", "--"},           {"xterm", "-e"},
+};
+
+} // namespace
+
+bool startInTerminal(const QString &file, const QString &parameters, const QString &directory,
+                     const QString &programFolder)
+{
+    const QString console = programFolder + QStringLiteral("/ArdiphonConsole");
+    if (QFileInfo(console).isExecutable()) {
+        // Some terminals open their windows from a process that was there before and is elsewhere,
+        // so the directory goes to the console.
+        const QString line =
+            QStringList{quoted(console), quoted(directory), quoted(file), parameters}.join(u' ');
+        for (const Terminal &terminal : terminals) {
+            const QString path = QStandardPaths::findExecutable(QLatin1String(terminal.name));
+            if (!path.isEmpty() &&
+                StartDetached(path, QLatin1String(terminal.option) + u' ' + line, directory))
+                return true;
+        }
+    }
+    return StartDetached(file, parameters, directory);
+}
+
+} // namespace ardiphon
