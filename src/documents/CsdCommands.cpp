@@ -27,6 +27,7 @@ constexpr const char *fileMenu[] = {
     "menuFileConvertToORCSCO",
     nullptr,
     "menuFileProprieta",
+    "menuFilePreferenze",
     nullptr,
     "menuLastFile",
     nullptr,

@@ -6,6 +6,7 @@ namespace {
 
 constexpr Command commands[] = {
     {"menuFileProprieta", "File Prope&rties"},
+    {"menuFilePreferenze", "Se&ttings"},
     {"menuFileEsci", "E&xit"},
 
     {"menuModificaUndo", "&Undo", "(Ctrl+Z)"},
@@ -17,6 +18,9 @@ constexpr Command commands[] = {
     {"menuModificaSostituisci", "F&ind and Replace", "(Ctrl+H)"},
     {"menuModificaTrovaRiga", "Find &Line number", "(Ctrl+G)"},
     {"menuModificaSelezionaTutto", "Select &All", "(Ctrl+A)"},
+
+    {"menuFormatoTipocarattere", "Select &Font"},
+    {"menuLista", "&Reset Default Font"},
 
     {"menuSndInfo", "SndInfo"},
     {"menuPlayer", "&Wave Player"},

@@ -55,6 +55,7 @@ constexpr const char *fileMenu[] = {
     "menuFileConvertToCSD",
     nullptr,
     "menuFileProprieta",
+    "menuFilePreferenze",
     nullptr,
     "menuLastFile",
     nullptr,
