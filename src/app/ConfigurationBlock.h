@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/Color.h"
 #include "app/WordTables.h"
+#include "platform/Color.h"
 
 #include <QRect>
 #include <QString>
@@ -12,6 +12,9 @@
 namespace ardiphon {
 
 class SettingsStore;
+
+/// The default of `DefaultFontName`.
+inline const QString UsualFontName = QStringLiteral("Courier New");
 
 /// The one block of settings and run-time values that all windows share. It is created by the
 /// program's start and handed by reference to whoever needs it.
@@ -109,5 +112,8 @@ struct ConfigurationBlock
 /// Fills \a config from \a store: every setting with its default and bounds, the print margins and
 /// `WindowMaximized`. What the store lacks, or holds in nonsense, gets its default.
 void LoadConfiguration(ConfigurationBlock &config, SettingsStore &store);
+
+/// Gives every colour of \a config its default.
+void ResetColors(ConfigurationBlock &config);
 
 } // namespace ardiphon

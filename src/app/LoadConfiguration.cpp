@@ -2,6 +2,7 @@
 #include "app/Numbers.h"
 #include "app/modRegistry.h"
 
+#include <functional>
 #include <limits>
 
 namespace ardiphon {
@@ -43,7 +44,7 @@ void loadSettings(ConfigurationBlock &config, SettingsStore &store)
     config.FontSize = std::int16_t(roundedWithin(leadingNumber(config.DefaultFontSize),
                                                  std::numeric_limits<std::int16_t>::min(),
                                                  std::numeric_limits<std::int16_t>::max()));
-    config.DefaultFontName = withDefault(read("DefaultFontName"), QStringLiteral("Courier New"));
+    config.DefaultFontName = withDefault(read("DefaultFontName"), UsualFontName);
     config.SaveToolsPreferences = withDefault(read("SaveToolsPreferences"), QStringLiteral("YES"));
     config.StartupAction = withDefault(read("StartupAction"), QStringLiteral("STARTWINDOW"));
     config.WheelLines = read("WheelLines");
@@ -51,11 +52,12 @@ void loadSettings(ConfigurationBlock &config, SettingsStore &store)
     config.AutoIndent = boundedNumber(read("AutoIndent"), 0, 1, QStringLiteral("0"));
 }
 
-void loadColors(ConfigurationBlock &config, SettingsStore &store)
+/// \a textOf gives the text of a colour by its name; for "" the colour gets its default.
+void resolveColors(ConfigurationBlock &config,
+                   const std::function<QString(const QString &name)> &textOf)
 {
-    const auto read = [&store](const char *name, Color whenEmpty) {
-        const QString text =
-            ReadRegistryString(store, registry::ColorsKey, QString::fromLatin1(name));
+    const auto read = [&textOf](const char *name, Color whenEmpty) {
+        const QString text = textOf(QString::fromLatin1(name));
         if (text.isEmpty())
             return whenEmpty;
         return Color{std::uint32_t(roundedWithin(leadingNumber(text), 0, 0xFFFFFF))};
@@ -86,7 +88,14 @@ void LoadConfiguration(ConfigurationBlock &config, SettingsStore &store)
     config.WindowMaximized = true;
     config.FormCSDClosing = false;
     loadSettings(config, store);
-    loadColors(config, store);
+    resolveColors(config, [&store](const QString &name) {
+        return ReadRegistryString(store, registry::ColorsKey, name);
+    });
+}
+
+void ResetColors(ConfigurationBlock &config)
+{
+    resolveColors(config, [](const QString &) { return QString(); });
 }
 
 } // namespace ardiphon

@@ -31,6 +31,7 @@ constexpr const char *fileMenu[] = {
     "menuFileConvertToORCSCO",
     nullptr,
     "menuFileProprieta",
+    "menuFilePreferenze",
     nullptr,
     "menuLastFile",
     nullptr,

@@ -6,6 +6,7 @@ namespace {
 
 constexpr Command commands[] = {
     {"menuFileProprieta", "File Prope&rties"},
+    {"menuFilePreferenze", "Se&ttings"},
     {"menuFileEsci", "E&xit"},
 
     {"menuModificaUndo", "&Undo", "(Ctrl+Z)"},
@@ -14,6 +15,9 @@ constexpr Command commands[] = {
     {"menuModificaCopia", "&Copy", "(Ctrl+C)"},
     {"menuModificaIncolla", "&Paste", "(Ctrl+V)"},
     {"menuModificaSelezionaTutto", "Select &All", "(Ctrl+A)"},
+
+    {"menuFormatoTipocarattere", "Select &Font"},
+    {"menuLista", "&Reset Default Font"},
 
     {"menuHetro", "Hetro"},
     {"menuLPAnal", "LPAnal"},

@@ -13,7 +13,7 @@ inline constexpr const char *EditMenu[] = {
     "menuModificaSostituisci", "menuModificaTrovaRiga", nullptr, "menuModificaSelezionaTutto",
 };
 
-inline constexpr const char *FormatMenu[] = {"menuSize"};
+inline constexpr const char *FormatMenu[] = {"menuFormatoTipocarattere", "menuSize", "menuLista"};
 inline constexpr const char *SizeMenu[] = {"menuFontSize"};
 
 inline constexpr const char *WindowMenu[] = {

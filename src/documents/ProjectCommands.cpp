@@ -58,6 +58,7 @@ constexpr const char *fileMenu[] = {
     "menuFileConvertToCSD",
     nullptr,
     "menuFileProprieta",
+    "menuFilePreferenze",
     nullptr,
     "menuLastFile",
     nullptr,

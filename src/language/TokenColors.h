@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/Color.h"
 #include "language/Token.h"
+#include "platform/Color.h"
 
 #include <QString>
 

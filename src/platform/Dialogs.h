@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Color.h"
+
 #include <QString>
 
 #include <optional>
@@ -48,6 +50,9 @@ public:
     /// Asks for a file to write, and before an existing one is chosen whether to overwrite it.
     /// Gives the absolute path as it was typed: no extension is added.
     virtual std::optional<QString> saveFile(const FileQuestion &question) = 0;
+
+    /// Asks for a colour; \a first is the one that the dialog begins with.
+    virtual std::optional<Color> color(Color first) = 0;
 };
 
 } // namespace ardiphon

@@ -18,6 +18,11 @@ QString describe(const char *kind, const QString &title)
     return QLatin1String(kind) + QStringLiteral(" dialog [%1]").arg(title);
 }
 
+QString describe(Color first)
+{
+    return QStringLiteral("colour dialog that begins with %1").arg(first.value, 6, 16, QChar(u'0'));
+}
+
 } // namespace
 
 void ScriptedDialogs::expect(const Message &message, Answer answer)
@@ -33,6 +38,11 @@ void ScriptedDialogs::expectOpen(const QString &title, const std::optional<QStri
 void ScriptedDialogs::expectSave(const QString &title, const std::optional<QString> &path)
 {
     m_script.append({describe("save", title), Answer::Ok, path});
+}
+
+void ScriptedDialogs::expectColor(Color first, std::optional<Color> chosen)
+{
+    m_script.append({describe(first), Answer::Ok, {}, chosen});
 }
 
 QString ScriptedDialogs::verify() const
@@ -71,4 +81,10 @@ std::optional<QString> ScriptedDialogs::saveFile(const FileQuestion &question)
     fileQuestions.append(question);
     const Step *step = take(describe("save", question.title));
     return step ? step->path : std::nullopt;
+}
+
+std::optional<Color> ScriptedDialogs::color(Color first)
+{
+    const Step *step = take(describe(first));
+    return step ? step->color : std::nullopt;
 }

@@ -18,6 +18,8 @@ public:
     /// Expects an open or save dialog with that title; an empty \a path is a cancel.
     void expectOpen(const QString &title, const std::optional<QString> &path);
     void expectSave(const QString &title, const std::optional<QString> &path);
+    /// Expects a colour dialog that begins with \a first; an empty \a chosen is a cancel.
+    void expectColor(ardiphon::Color first, std::optional<ardiphon::Color> chosen);
     /// Runs when the next expected question is asked, before it is answered.
     void beforeNextAnswer(std::function<void()> step) { m_beforeAnswer = std::move(step); }
 
@@ -30,13 +32,15 @@ public:
     ardiphon::Answer message(const ardiphon::Message &message) override;
     std::optional<QString> openFile(const ardiphon::FileQuestion &question) override;
     std::optional<QString> saveFile(const ardiphon::FileQuestion &question) override;
+    std::optional<ardiphon::Color> color(ardiphon::Color first) override;
 
 private:
     struct Step
     {
         QString question;
         ardiphon::Answer answer = ardiphon::Answer::Ok;
-        std::optional<QString> path;
+        std::optional<QString> path = {};
+        std::optional<ardiphon::Color> color = {};
     };
     const Step *take(const QString &question);
 

@@ -6,6 +6,7 @@
 #include "language/EditorKeyRules.h"
 #include "language/TokenColors.h"
 #include "navigation/ui/SearchWindows.h"
+#include "preferences/ui/EditorViews.h"
 
 #include <QMainWindow>
 
@@ -63,6 +64,9 @@ protected:
     /// Makes the search windows for \a editors, and the way to definitions in the first of them.
     /// \a open: what the three entries of the menu do.
     void bindSearch(const QList<ServedEditor> &editors, std::function<void(SearchKind)> open);
+    /// Binds the settings and the fonts to \a views. \a settingsCaller tells the settings which
+    /// window this is.
+    void bindPreferences(const QString &settingsCaller, const EditorViews &views);
     /// Names the word that was clicked in the popup's entries.
     void preparePopup(LEditOCX &view, ViewLanguage language);
     /// The search that a key of a view asks for, if it does.
@@ -105,6 +109,8 @@ private:
     void bindSound();
     void bindAnalysis();
     void bindHalves();
+    void chooseFont(const QList<LEditOCX *> &editors);
+    void resetFont(const QList<LEditOCX *> &editors);
     /// Moves the window to one half of the screen's work area, whatever its state.
     void moveToHalf(ScreenHalf half);
 

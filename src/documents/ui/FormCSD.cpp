@@ -17,6 +17,7 @@
 #include "navigation/ui/InstrumentPanel.h"
 #include "navigation/ui/Instruments.h"
 #include "platform/Twips.h"
+#include "preferences/SettingsValues.h"
 
 #include <QCloseEvent>
 #include <QLabel>
@@ -46,6 +47,7 @@ FormCSD::FormCSD(ProgramContext &program) : EditorWindow(program)
     bindDocument();
     bindEditing();
     bindNavigation();
+    bindPreferences(CsdSettings, {*LEDIT1, *LEDIT2});
     bindTools();
     groupTools();
     m_tools->load();

@@ -18,6 +18,7 @@
 #include "navigation/ui/InstrumentPanel.h"
 #include "navigation/ui/Instruments.h"
 #include "platform/Twips.h"
+#include "preferences/SettingsValues.h"
 
 #include <QCloseEvent>
 #include <QLabel>
@@ -58,6 +59,7 @@ FormORCSCO::FormORCSCO(ProgramContext &program) : EditorWindow(program)
     bindProject();
     bindEditing();
     bindNavigation();
+    bindPreferences(ProjectSettings, {*LEDIT1, *LEDIT2});
     bindPanels();
     bindArrangements();
     groupTools();

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/Color.h"
 #include "language/TokenColors.h"
+#include "platform/Color.h"
 
 #include <QPoint>
 #include <QWidget>

@@ -3,6 +3,7 @@
 #include "platform/FileFilter.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QFileDialog>
 #include <QMessageBox>
 
@@ -114,6 +115,16 @@ std::optional<QString> QtDialogs::openFile(const FileQuestion &question)
 std::optional<QString> QtDialogs::saveFile(const FileQuestion &question)
 {
     return askForFile(question, QFileDialog::AcceptSave, QFileDialog::AnyFile);
+}
+
+std::optional<Color> QtDialogs::color(Color first)
+{
+    QColorDialog dialog(QColor(first.red(), first.green(), first.blue()), activeOwner());
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    const QColor chosen = dialog.selectedColor();
+    return Color::rgb(std::uint32_t(chosen.red()), std::uint32_t(chosen.green()),
+                      std::uint32_t(chosen.blue()));
 }
 
 } // namespace ardiphon

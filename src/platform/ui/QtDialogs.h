@@ -11,6 +11,7 @@ public:
     Answer message(const Message &message) override;
     std::optional<QString> openFile(const FileQuestion &question) override;
     std::optional<QString> saveFile(const FileQuestion &question) override;
+    std::optional<Color> color(Color first) override;
 };
 
 } // namespace ardiphon

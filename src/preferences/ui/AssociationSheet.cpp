@@ -1,0 +1,39 @@
+#include "preferences/ui/AssociationSheet.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+
+namespace ardiphon {
+
+AssociationSheet::AssociationSheet(const FileAssociationActions &actions, QWidget *parent)
+    : QGroupBox(QStringLiteral("CSound Files Association"), parent)
+{
+    setObjectName(QStringLiteral("FrameAssociation"));
+    auto *const grid = new QGridLayout(this);
+    grid->setVerticalSpacing(16);
+    addRow(*grid,
+           QStringLiteral("Associate CSound file extension (*.csd,*.orc,*.sco)  with Ardiphon:"),
+           "btnAssociate", QStringLiteral("Associate extensions"), actions.associate);
+    addRow(*grid, QStringLiteral("Remove CSound files association:"), "btnRemoveAssociation",
+           QStringLiteral("Remove files association"), actions.remove);
+    grid->setColumnStretch(0, 1);
+    grid->setRowStretch(grid->rowCount(), 1);
+}
+
+void AssociationSheet::addRow(QGridLayout &grid, const QString &label, const char *button,
+                              const QString &caption, const std::function<void()> &action)
+{
+    auto *const text = new QLabel(label, this);
+    text->setWordWrap(true);
+    auto *const push = new QPushButton(caption, this);
+    push->setObjectName(QLatin1String(button));
+    push->setEnabled(bool(action));
+    if (action)
+        connect(push, &QPushButton::clicked, this, action);
+    const int row = grid.rowCount();
+    grid.addWidget(text, row, 0);
+    grid.addWidget(push, row, 1);
+}
+
+} // namespace ardiphon

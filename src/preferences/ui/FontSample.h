@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QTextEdit>
+
+namespace ardiphon {
+
+/// A few lines of text that show what a font looks like.
+class FontSample : public QTextEdit
+{
+    Q_OBJECT
+
+public:
+    explicit FontSample(QWidget *parent);
+
+    /// Shows the sample in \a fontName, plain and of size 10; in some font when there is none of
+    /// that name.
+    void showIn(const QString &fontName);
+};
+
+} // namespace ardiphon
