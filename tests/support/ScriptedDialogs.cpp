@@ -18,11 +18,17 @@ QString describe(const char *kind, const QString &title)
     return QLatin1String(kind) + QStringLiteral(" dialog [%1]").arg(title);
 }
 
+QString describe(const PrintQuestion &question)
+{
+    return question.hasSelection ? QStringLiteral("print dialog with a selection")
+                                 : QStringLiteral("print dialog");
+}
+
 } // namespace
 
 void ScriptedDialogs::expect(const Message &message, Answer answer)
 {
-    m_script.append({describe(message), answer, {}});
+    m_script.append({describe(message), answer});
 }
 
 void ScriptedDialogs::expectOpen(const QString &title, const std::optional<QString> &path)
@@ -35,6 +41,11 @@ void ScriptedDialogs::expectSave(const QString &title, const std::optional<QStri
     m_script.append({describe("save", title), Answer::Ok, path});
 }
 
+void ScriptedDialogs::expectPrinter(bool hasSelection, const std::optional<PrintChoice> &choice)
+{
+    m_script.append({describe(PrintQuestion{{}, hasSelection}), Answer::Ok, {}, choice});
+}
+
 QString ScriptedDialogs::verify() const
 {
     QStringList failures = m_failures;
@@ -43,7 +54,7 @@ QString ScriptedDialogs::verify() const
     return failures.join(u'\n');
 }
 
-const ScriptedDialogs::Step *ScriptedDialogs::take(const QString &question)
+ScriptedDialogs::Step *ScriptedDialogs::take(const QString &question)
 {
     if (const auto step = std::exchange(m_beforeAnswer, nullptr))
         step();
@@ -71,4 +82,11 @@ std::optional<QString> ScriptedDialogs::saveFile(const FileQuestion &question)
     fileQuestions.append(question);
     const Step *step = take(describe("save", question.title));
     return step ? step->path : std::nullopt;
+}
+
+std::optional<PrintChoice> ScriptedDialogs::choosePrinter(const PrintQuestion &question)
+{
+    printQuestions.append(question);
+    Step *step = take(describe(question));
+    return step ? std::exchange(step->printer, std::nullopt) : std::nullopt;
 }

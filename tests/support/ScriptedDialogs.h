@@ -18,6 +18,8 @@ public:
     /// Expects an open or save dialog with that title; an empty \a path is a cancel.
     void expectOpen(const QString &title, const std::optional<QString> &path);
     void expectSave(const QString &title, const std::optional<QString> &path);
+    /// Expects a print dialog that offers a selection or does not; an empty \a choice is a cancel.
+    void expectPrinter(bool hasSelection, const std::optional<ardiphon::PrintChoice> &choice);
     /// Runs when the next expected question is asked, before it is answered.
     void beforeNextAnswer(std::function<void()> step) { m_beforeAnswer = std::move(step); }
 
@@ -27,18 +29,24 @@ public:
     /// The file dialogs that were shown, for tests of their filter and folder.
     QList<ardiphon::FileQuestion> fileQuestions;
 
+    /// The print dialogs that were shown, for tests of the name.
+    QList<ardiphon::PrintQuestion> printQuestions;
+
     ardiphon::Answer message(const ardiphon::Message &message) override;
     std::optional<QString> openFile(const ardiphon::FileQuestion &question) override;
     std::optional<QString> saveFile(const ardiphon::FileQuestion &question) override;
+    std::optional<ardiphon::PrintChoice>
+    choosePrinter(const ardiphon::PrintQuestion &question) override;
 
 private:
     struct Step
     {
         QString question;
         ardiphon::Answer answer = ardiphon::Answer::Ok;
-        std::optional<QString> path;
+        std::optional<QString> path = {};
+        std::optional<ardiphon::PrintChoice> printer = {};
     };
-    const Step *take(const QString &question);
+    Step *take(const QString &question);
 
     QList<Step> m_script;
     qsizetype m_next = 0;

@@ -11,6 +11,7 @@ public:
     Answer message(const Message &message) override;
     std::optional<QString> openFile(const FileQuestion &question) override;
     std::optional<QString> saveFile(const FileQuestion &question) override;
+    std::optional<PrintChoice> choosePrinter(const PrintQuestion &question) override;
 };
 
 } // namespace ardiphon
