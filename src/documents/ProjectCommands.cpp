@@ -19,6 +19,9 @@ constexpr Command commands[] = {
     {"menuFileSalvaScoreNome", "Save Score As ..."},
     {"menuFileImportaCSD", "Import CSD to ORC/SCO"},
     {"menuFileConvertToCSD", "Export ORC/SCO to CSD"},
+    {"menuFileStampaProgetto", "&Print Project", "", "Ctrl+P"},
+    {"menuFileStampaOrchestra", "Print Orchestra"},
+    {"menuFileStampaScore", "Print Score"},
 
     {"menuVisualizzaOrizzontale", "Arrange windows &horizontally", "", "F5", true},
     {"menuVisualizzaVerticale", "Arrange windows &vertically", "", "F6", true},
@@ -53,6 +56,11 @@ constexpr const char *fileMenu[] = {
     nullptr,
     "menuFileImportaCSD",
     "menuFileConvertToCSD",
+    nullptr,
+    "menuFileMargineStampa",
+    "menuFileStampaProgetto",
+    "menuFileStampaOrchestra",
+    "menuFileStampaScore",
     nullptr,
     "menuFileProprieta",
     nullptr,
@@ -128,6 +136,7 @@ constexpr ToolButton orchestraButtons[] = {
     {"buttonApriOrchestra", "menuFileApriOrchestra", "open", "Open Orchestra"},
     {"buttonSalvaOrchestra", "menuFileSalvaOrchestra", "save", "Save Orchestra"},
     {"buttonSalvaOrchestraNome", "menuFileSalvaOrchestraNome", "save-as", "Save Orchestra As"},
+    {"buttonPrintOrchestra", "menuFileStampaOrchestra", "print", "Print Orchestra"},
     {"buttonTrovaOrchestra", "buttonTrovaOrchestra", "find", "Find (Orchestra)"},
     {"buttonSostituisciOrchestra", "buttonSostituisciOrchestra", "replace",
      "Find and Replace (Orchestra)"},
@@ -145,6 +154,7 @@ constexpr ToolButton scoreButtons[] = {
     {"buttonTrovaScore", "buttonTrovaScore", "find", "Find (Score)"},
     {"buttonSostituisciScore", "buttonSostituisciScore", "replace", "Find and Replace (Score)"},
     {"buttonTrovaRigaScore", "buttonTrovaRigaScore", "find-line", "Find Line number (Score)"},
+    {"buttonPrintScore", "menuFileStampaScore", "print", "Print Score"},
     {"buttonBookmarks", "menuWindowBarraBook", "bookmark", "Bookmarks"},
 };
 

@@ -104,6 +104,7 @@ private:
     void bindHelp();
     void bindSound();
     void bindHalves();
+    void bindMargins();
     /// Moves the window to one half of the screen's work area, whatever its state.
     void moveToHalf(ScreenHalf half);
 

@@ -15,6 +15,7 @@
 #include "navigation/ui/Definitions.h"
 #include "preferences/ui/FormAbout.h"
 #include "preferences/ui/FormHelp.h"
+#include "preferences/ui/FormImpostaMargini.h"
 
 #include <QLabel>
 #include <QMenu>
@@ -104,6 +105,7 @@ void EditorWindow::bindCommon()
     bindHelp();
     bindSound();
     bindHalves();
+    bindMargins();
 }
 
 void EditorWindow::bindPopup()
@@ -151,6 +153,12 @@ void EditorWindow::bindHalves()
     bind("menuWindowDown", ScreenHalf::Lower);
     bind("menuWindowLeft", ScreenHalf::Left);
     bind("menuWindowRight", ScreenHalf::Right);
+}
+
+void EditorWindow::bindMargins()
+{
+    m_commands.bind("menuFileMargineStampa", this,
+                    [this] { FormImpostaMargini(config(), program().dialogs, this).exec(); });
 }
 
 void EditorWindow::bindSearch(const QList<ServedEditor> &editors,

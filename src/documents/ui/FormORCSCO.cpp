@@ -56,6 +56,7 @@ FormORCSCO::FormORCSCO(ProgramContext &program) : EditorWindow(program)
     buildMenus();
     bindCommon();
     bindProject();
+    bindPrinting();
     bindEditing();
     bindNavigation();
     bindPanels();
