@@ -1,7 +1,5 @@
 #include "app/Numbers.h"
 
-#include <QByteArray>
-
 #include <cmath>
 
 namespace ardiphon {
@@ -45,7 +43,7 @@ double leadingNumber(QStringView text)
     end = skipExponent(number, end);
 
     // toDouble refuses a lone sign or point, which leaves 0.
-    return number.left(end).toLatin1().toDouble();
+    return number.left(end).toDouble();
 }
 
 int roundedWithin(double number, int lowest, int highest)

@@ -5,6 +5,7 @@ namespace ardiphon {
 namespace {
 
 constexpr Command commands[] = {
+    {"menuFileMargineStampa", "Print &Margins Setup"},
     {"menuFileProprieta", "File Prope&rties"},
     {"menuFilePreferenze", "Se&ttings"},
     {"menuFileEsci", "E&xit"},

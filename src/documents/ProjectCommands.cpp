@@ -22,6 +22,9 @@ constexpr Command commands[] = {
     {"menuModificaTrova", "&Find", "(CTRL+F)"},
     {"menuModificaSostituisci", "F&ind and Replace", "(CTRL+H)"},
     {"menuModificaTrovaRiga", "Find &Line number", "(CTRL+G)"},
+    {"menuFileStampaProgetto", "&Print Project", "", "Ctrl+P"},
+    {"menuFileStampaOrchestra", "Print Orchestra"},
+    {"menuFileStampaScore", "Print Score"},
 
     {"menuVisualizzaOrizzontale", "Arrange windows &horizontally", "", "F5", true},
     {"menuVisualizzaVerticale", "Arrange windows &vertically", "", "F6", true},
@@ -56,6 +59,11 @@ constexpr const char *fileMenu[] = {
     nullptr,
     "menuFileImportaCSD",
     "menuFileConvertToCSD",
+    nullptr,
+    "menuFileMargineStampa",
+    "menuFileStampaProgetto",
+    "menuFileStampaOrchestra",
+    "menuFileStampaScore",
     nullptr,
     "menuFileProprieta",
     "menuFilePreferenze",
@@ -134,6 +142,7 @@ constexpr ToolButton orchestraButtons[] = {
     {"buttonApriOrchestra", "menuFileApriOrchestra", "open", "Open Orchestra"},
     {"buttonSalvaOrchestra", "menuFileSalvaOrchestra", "save", "Save Orchestra"},
     {"buttonSalvaOrchestraNome", "menuFileSalvaOrchestraNome", "save-as", "Save Orchestra As"},
+    {"buttonPrintOrchestra", "menuFileStampaOrchestra", "print", "Print Orchestra"},
     {"buttonTrovaOrchestra", "buttonTrovaOrchestra", "find", "Find (Orchestra)"},
     {"buttonSostituisciOrchestra", "buttonSostituisciOrchestra", "replace",
      "Find and Replace (Orchestra)"},
@@ -151,6 +160,7 @@ constexpr ToolButton scoreButtons[] = {
     {"buttonTrovaScore", "buttonTrovaScore", "find", "Find (Score)"},
     {"buttonSostituisciScore", "buttonSostituisciScore", "replace", "Find and Replace (Score)"},
     {"buttonTrovaRigaScore", "buttonTrovaRigaScore", "find-line", "Find Line number (Score)"},
+    {"buttonPrintScore", "menuFileStampaScore", "print", "Print Score"},
     {"buttonBookmarks", "menuWindowBarraBook", "bookmark", "Bookmarks"},
 };
 

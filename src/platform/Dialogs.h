@@ -4,9 +4,12 @@
 
 #include <QString>
 
+#include <memory>
 #include <optional>
 
 namespace ardiphon {
+
+class Printer;
 
 enum class MessageIcon { None, Information, Exclamation, Critical };
 enum class MessageButtons { Ok, YesNo, YesNoCancel };
@@ -33,6 +36,20 @@ struct FileQuestion
     QString proposedName = {}; ///< what the field of the file name holds at first
 };
 
+/// What a print dialog shows.
+struct PrintQuestion
+{
+    QString name;              ///< of the first document
+    bool hasSelection = false; ///< whether "Selection" can be chosen; it is chosen at first then
+};
+
+/// What the user of a print dialog decided.
+struct PrintChoice
+{
+    std::shared_ptr<Printer> printer;
+    bool selectionOnly = false;
+};
+
 /// Everything that the program asks its user. The rules talk to this interface only, so they can
 /// be tested with scripted answers; a cancelled dialog is an empty optional.
 class Dialogs
@@ -53,6 +70,8 @@ public:
 
     /// Asks for a colour; \a first is the one that the dialog begins with.
     virtual std::optional<Color> color(Color first) = 0;
+    /// Asks for a printer, at first the default one.
+    virtual std::optional<PrintChoice> choosePrinter(const PrintQuestion &question) = 0;
 };
 
 } // namespace ardiphon

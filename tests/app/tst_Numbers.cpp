@@ -38,6 +38,7 @@ void tst_Numbers::leadingNumber_data()
     QTest::newRow("point alone") << "." << 0.0;
     QTest::newRow("second point ends it") << "1.5.2" << 1.5;
     QTest::newRow("exponent") << "2e3" << 2000.0;
+    QTest::newRow("too large") << "-1e999" << -std::numeric_limits<double>::infinity();
     QTest::newRow("exponent with sign") << "2E-1" << 0.2;
     QTest::newRow("exponent without digits") << "2e" << 2.0;
     QTest::newRow("exponent with a sign alone") << "2e+" << 2.0;

@@ -47,6 +47,7 @@ only '<Qsci' language/editor/
 only '<QProcess>' platform/
 only '<(QtMultimedia|QAudio[A-Za-z]*|QMedia[A-Za-z]*|sndfile\.h)>' platform/ui/
 only '<(QMessageBox|QFileDialog|QColorDialog|QInputDialog)>' platform/ui/
+only '<(QtPrintSupport|QPrint[A-Za-z]*|QAbstractPrintDialog|QPageSetupDialog)>' platform/ui/
 
 if includes '<QtWidgets|<Q(Widget|Application|MainWindow|Dialog|Label|Menu)>' |
     grep -vE '^\./(main\.cpp|[a-z]+/ui/|language/editor/)'; then

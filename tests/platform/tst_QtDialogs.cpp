@@ -1,3 +1,4 @@
+#include "platform/ui/Printer.h"
 #include "platform/ui/QtDialogs.h"
 
 #include <QApplication>
@@ -6,7 +7,10 @@
 #include <QFileSystemModel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinterInfo>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeView>
@@ -41,6 +45,12 @@ private slots:
     void saveFile_existing_asksBeforeOverwriting();
     void saveFile_proposedName_standsInTheField();
     void saveFile_cancelled_isEmpty();
+    void choosePrinter_withSelection_offersIt();
+    void choosePrinter_withoutSelection_offersNone();
+    void choosePrinter_selectionLeft_isTold_data();
+    void choosePrinter_selectionLeft_isTold();
+    void choosePrinter_cancelled_isEmpty();
+    void choosePrinter_noPrinterAtAll_printsIntoAFile();
 
 private:
     /// Runs \a step once the next dialog is on the screen.
@@ -305,6 +315,74 @@ void tst_QtDialogs::saveFile_cancelled_isEmpty()
 {
     whenShown<QFileDialog>([](QFileDialog *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
     QVERIFY(!m_dialogs.saveFile(question()).has_value());
+}
+
+void tst_QtDialogs::choosePrinter_withSelection_offersIt()
+{
+    whenShown<QPrintDialog>([](QPrintDialog *dialog) {
+        auto *const selection = dialog->findChild<QRadioButton *>("printSelection");
+        QVERIFY(selection->isVisible() && selection->isChecked());
+        QVERIFY(dialog->findChild<QRadioButton *>("printAll")->isVisible());
+        QVERIFY(!dialog->findChild<QRadioButton *>("printRange")->isVisible());
+    });
+    m_dialogs.choosePrinter({"piece.csd", true});
+}
+
+void tst_QtDialogs::choosePrinter_withoutSelection_offersNone()
+{
+    whenShown<QPrintDialog>([](QPrintDialog *dialog) {
+        QVERIFY(!dialog->findChild<QRadioButton *>("printSelection")->isVisible());
+        QCOMPARE(dialog->testOption(QPrintDialog::PrintToFile),
+                 QPrinterInfo::availablePrinterNames().isEmpty());
+        QCOMPARE(dialog->objectName(), "CommonDialog1");
+    });
+    m_dialogs.choosePrinter({"piece.csd", false});
+}
+
+void tst_QtDialogs::choosePrinter_selectionLeft_isTold_data()
+{
+    QTest::addColumn<bool>("selectionOnly");
+    QTest::newRow("left on") << true;
+    QTest::newRow("all instead") << false;
+}
+
+void tst_QtDialogs::choosePrinter_selectionLeft_isTold()
+{
+    QFETCH(bool, selectionOnly);
+    whenShown<QPrintDialog>([=](QPrintDialog *dialog) {
+        if (!selectionOnly)
+            QTest::keyClick(dialog->findChild<QRadioButton *>("printAll"), Qt::Key_Space);
+        dialog->accept();
+    });
+    const auto choice = m_dialogs.choosePrinter({"piece.csd", true});
+    QVERIFY(choice && choice->printer);
+    QCOMPARE(choice->selectionOnly, selectionOnly);
+}
+
+void tst_QtDialogs::choosePrinter_cancelled_isEmpty()
+{
+    whenShown<QPrintDialog>([](QPrintDialog *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
+    QVERIFY(!m_dialogs.choosePrinter({"piece.csd", true}).has_value());
+}
+
+void tst_QtDialogs::choosePrinter_noPrinterAtAll_printsIntoAFile()
+{
+    if (!QPrinterInfo::availablePrinterNames().isEmpty())
+        QSKIP("this system has a printer");
+    const QString path = m_folder->filePath("out.pdf");
+    whenShown<QPrintDialog>([&path](QPrintDialog *dialog) {
+        auto *const file = dialog->findChild<QLineEdit *>("filename");
+        QCOMPARE(file->text(), QDir::home().filePath("my piece.pdf"));
+        file->setText(path);
+        dialog->accept();
+    });
+    {
+        const auto choice = m_dialogs.choosePrinter({"my piece.csd", false});
+        QVERIFY(choice);
+        QVERIFY(choice->printer->startJob("piece.csd"));
+        choice->printer->endJob();
+    }
+    QVERIFY(QFile::exists(path));
 }
 
 QTEST_MAIN(tst_QtDialogs)

@@ -23,11 +23,17 @@ QString describe(Color first)
     return QStringLiteral("colour dialog that begins with %1").arg(first.value, 6, 16, QChar(u'0'));
 }
 
+QString describe(const PrintQuestion &question)
+{
+    return question.hasSelection ? QStringLiteral("print dialog with a selection")
+                                 : QStringLiteral("print dialog");
+}
+
 } // namespace
 
 void ScriptedDialogs::expect(const Message &message, Answer answer)
 {
-    m_script.append({describe(message), answer, {}});
+    m_script.append({describe(message), answer});
 }
 
 void ScriptedDialogs::expectOpen(const QString &title, const std::optional<QString> &path)
@@ -45,6 +51,11 @@ void ScriptedDialogs::expectColor(Color first, std::optional<Color> chosen)
     m_script.append({describe(first), Answer::Ok, {}, chosen});
 }
 
+void ScriptedDialogs::expectPrinter(bool hasSelection, const std::optional<PrintChoice> &choice)
+{
+    m_script.append({describe(PrintQuestion{{}, hasSelection}), Answer::Ok, {}, {}, choice});
+}
+
 QString ScriptedDialogs::verify() const
 {
     QStringList failures = m_failures;
@@ -53,7 +64,7 @@ QString ScriptedDialogs::verify() const
     return failures.join(u'\n');
 }
 
-const ScriptedDialogs::Step *ScriptedDialogs::take(const QString &question)
+ScriptedDialogs::Step *ScriptedDialogs::take(const QString &question)
 {
     if (const auto step = std::exchange(m_beforeAnswer, nullptr))
         step();
@@ -87,4 +98,11 @@ std::optional<Color> ScriptedDialogs::color(Color first)
 {
     const Step *step = take(describe(first));
     return step ? step->color : std::nullopt;
+}
+
+std::optional<PrintChoice> ScriptedDialogs::choosePrinter(const PrintQuestion &question)
+{
+    printQuestions.append(question);
+    Step *step = take(describe(question));
+    return step ? std::exchange(step->printer, std::nullopt) : std::nullopt;
 }

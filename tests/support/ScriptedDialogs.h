@@ -20,6 +20,8 @@ public:
     void expectSave(const QString &title, const std::optional<QString> &path);
     /// Expects a colour dialog that begins with \a first; an empty \a chosen is a cancel.
     void expectColor(ardiphon::Color first, std::optional<ardiphon::Color> chosen);
+    /// Expects a print dialog that offers a selection or does not; an empty \a choice is a cancel.
+    void expectPrinter(bool hasSelection, const std::optional<ardiphon::PrintChoice> &choice);
     /// Runs when the next expected question is asked, before it is answered.
     void beforeNextAnswer(std::function<void()> step) { m_beforeAnswer = std::move(step); }
 
@@ -29,10 +31,15 @@ public:
     /// The file dialogs that were shown, for tests of their filter and folder.
     QList<ardiphon::FileQuestion> fileQuestions;
 
+    /// The print dialogs that were shown, for tests of the name.
+    QList<ardiphon::PrintQuestion> printQuestions;
+
     ardiphon::Answer message(const ardiphon::Message &message) override;
     std::optional<QString> openFile(const ardiphon::FileQuestion &question) override;
     std::optional<QString> saveFile(const ardiphon::FileQuestion &question) override;
     std::optional<ardiphon::Color> color(ardiphon::Color first) override;
+    std::optional<ardiphon::PrintChoice>
+    choosePrinter(const ardiphon::PrintQuestion &question) override;
 
 private:
     struct Step
@@ -41,8 +48,9 @@ private:
         ardiphon::Answer answer = ardiphon::Answer::Ok;
         std::optional<QString> path = {};
         std::optional<ardiphon::Color> color = {};
+        std::optional<ardiphon::PrintChoice> printer = {};
     };
-    const Step *take(const QString &question);
+    Step *take(const QString &question);
 
     QList<Step> m_script;
     qsizetype m_next = 0;

@@ -111,6 +111,7 @@ private:
     void bindHalves();
     void chooseFont(const QList<LEditOCX *> &editors);
     void resetFont(const QList<LEditOCX *> &editors);
+    void bindMargins();
     /// Moves the window to one half of the screen's work area, whatever its state.
     void moveToHalf(ScreenHalf half);
 

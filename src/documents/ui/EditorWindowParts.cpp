@@ -17,6 +17,7 @@
 #include "navigation/ui/Definitions.h"
 #include "preferences/ui/FormAbout.h"
 #include "preferences/ui/FormHelp.h"
+#include "preferences/ui/FormImpostaMargini.h"
 
 #include <QLabel>
 #include <QMenu>
@@ -107,6 +108,7 @@ void EditorWindow::bindCommon()
     bindSound();
     bindAnalysis();
     bindHalves();
+    bindMargins();
 }
 
 void EditorWindow::bindPopup()
@@ -172,6 +174,12 @@ void EditorWindow::bindHalves()
     bind("menuWindowDown", ScreenHalf::Lower);
     bind("menuWindowLeft", ScreenHalf::Left);
     bind("menuWindowRight", ScreenHalf::Right);
+}
+
+void EditorWindow::bindMargins()
+{
+    m_commands.bind("menuFileMargineStampa", this,
+                    [this] { FormImpostaMargini(config(), program().dialogs, this).exec(); });
 }
 
 void EditorWindow::bindSearch(const QList<ServedEditor> &editors,

@@ -19,6 +19,7 @@
 #include "navigation/ui/Instruments.h"
 #include "navigation/ui/SearchWindows.h"
 #include "platform/ui/FileProperties.h"
+#include "preferences/ui/PrintEntries.h"
 
 namespace ardiphon {
 
@@ -32,6 +33,11 @@ void FormCSD::bindDocument()
     set.bind("menuFileImportaORCSCO", m_document, &CsdDocument::ImportProject);
     set.bind("menuFileConvertToORCSCO", m_document, &CsdDocument::ExportToProject);
     set.bind("menuFileProprieta", m_document, &CsdDocument::Properties);
+
+    set.bind("menuFileStampaOrchestra", this, [this] {
+        const PrintEntries entries(config(), program().dialogs, *LEDIT1);
+        entries.printDocument({*LEDIT1, config().CSDFileName});
+    });
 
     connect(m_document, &CsdDocument::propertiesDue, this,
             [this](const QString &path) { ShowFileProperties(this, path); });

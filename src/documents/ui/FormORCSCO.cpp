@@ -57,6 +57,7 @@ FormORCSCO::FormORCSCO(ProgramContext &program) : EditorWindow(program)
     buildMenus();
     bindCommon();
     bindProject();
+    bindPrinting();
     bindEditing();
     bindNavigation();
     bindPreferences(ProjectSettings, {*LEDIT1, *LEDIT2});

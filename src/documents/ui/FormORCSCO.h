@@ -54,6 +54,7 @@ private:
 
     // Binding.
     void bindProject();
+    void bindPrinting();
     void bindEditing();
     void bindNavigation();
     void bindPanels();

@@ -14,6 +14,7 @@
 #include "navigation/SearchRules.h"
 #include "navigation/ui/Bookmarks.h"
 #include "platform/ui/FileProperties.h"
+#include "preferences/ui/PrintEntries.h"
 
 #include <QActionGroup>
 
@@ -64,6 +65,17 @@ void FormORCSCO::bindProject()
     connect(m_project, &ProjectDocument::csdWindowDue, this,
             [this] { handOver(program().windows.showFormCSD); });
     connect(&recent(), &RecentMenu::chosen, m_project, &ProjectDocument::OpenRecent);
+}
+
+void FormORCSCO::bindPrinting()
+{
+    const auto entries = [this] { return PrintEntries(config(), program().dialogs, *LEDIT1); };
+    const auto orchestra = [this] { return PrintSource{*LEDIT1, config().OrchestraFileName}; };
+    const auto score = [this] { return PrintSource{*LEDIT2, config().ScoreFileName}; };
+    CommandSet &set = commands();
+    set.bind("menuFileStampaProgetto", this, [=] { entries().printProject(orchestra(), score()); });
+    set.bind("menuFileStampaOrchestra", this, [=] { entries().printDocument(orchestra()); });
+    set.bind("menuFileStampaScore", this, [=] { entries().printDocument(score()); });
 }
 
 /// The entries of the menu act on the editor that has the focus, and do nothing without one.

@@ -1,10 +1,9 @@
 #include "language/editor/Styling.h"
 
 #include "language/Utf8.h"
+#include "language/editor/FontFamily.h"
 
 #include <Qsci/qsciscintillabase.h>
-
-#include <QFontDatabase>
 
 #include <algorithm>
 #include <cmath>
@@ -33,13 +32,6 @@ constexpr qsizetype ColoredLength = 1 << 14;
 constexpr int KnownWidths = 1 << 14;
 
 QColor toQColor(Color color) { return QColor(color.red(), color.green(), color.blue()); }
-
-// A missing family would be replaced by a proportional one.
-QByteArray familyToDraw(const QString &family)
-{
-    const bool known = QFontDatabase::families().contains(family, Qt::CaseInsensitive);
-    return (known ? family : QFontDatabase::systemFont(QFontDatabase::FixedFont).family()).toUtf8();
-}
 
 // The library measures a whole line before it draws any of it, and takes half a minute for one of
 // 5 MB: pieces of one style are measured anew each time, unless they are short and were seen
@@ -133,7 +125,7 @@ void Styling::setFont(const QFont &font)
 void Styling::applyFont()
 {
     constexpr unsigned long style = Sci::STYLE_DEFAULT;
-    const QByteArray family = familyToDraw(m_font.family());
+    const QByteArray family = familyToDraw(m_font.family()).toUtf8();
     m_view.SendScintilla(Sci::SCI_STYLESETFONT, style, family.constData());
     m_view.SendScintilla(Sci::SCI_STYLESETSIZEFRACTIONAL, style,
                          std::lround(m_font.pointSizeF() * int(Sci::SC_FONT_SIZE_MULTIPLIER)));

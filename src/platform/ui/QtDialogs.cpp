@@ -1,11 +1,19 @@
 #include "platform/ui/QtDialogs.h"
 
 #include "platform/FileFilter.h"
+#include "platform/ui/Printer.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QColorDialog>
+#include <QDialogButtonBox>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
 
 namespace ardiphon {
 
@@ -92,6 +100,31 @@ std::optional<QString> askForFile(const FileQuestion &question, QFileDialog::Acc
     return dialog.selectedFiles().constFirst();
 }
 
+/// Where a document of that name is printed into a file, unless the user says otherwise.
+QString proposedFile(const QString &name)
+{
+    return QDir::home().filePath(QFileInfo(name).completeBaseName() + QStringLiteral(".pdf"));
+}
+
+/// Shows what is folded away at first, the choice of the selection among it.
+void unfoldOptions(const QPrintDialog &dialog)
+{
+    const auto *box = dialog.findChild<QDialogButtonBox *>();
+    if (!box)
+        return;
+    for (QAbstractButton *button : box->buttons())
+        if (box->buttonRole(button) == QDialogButtonBox::ResetRole)
+            button->click();
+}
+
+/// Takes away the choice of pages, which the toolkit leaves there though the option is off.
+void hidePageRange(const QPrintDialog &dialog)
+{
+    for (const char *name : {"printRange", "from", "label_3", "to"})
+        if (auto *part = dialog.findChild<QWidget *>(QLatin1String(name)))
+            part->hide();
+}
+
 } // namespace
 
 Answer QtDialogs::message(const Message &message)
@@ -125,6 +158,30 @@ std::optional<Color> QtDialogs::color(Color first)
     const QColor chosen = dialog.selectedColor();
     return Color::rgb(std::uint32_t(chosen.red()), std::uint32_t(chosen.green()),
                       std::uint32_t(chosen.blue()));
+}
+
+/// Every page is printed, so a range of pages is not offered. A file is, where there is no printer
+/// at all: it is the only way to print then.
+std::optional<PrintChoice> QtDialogs::choosePrinter(const PrintQuestion &question)
+{
+    const bool intoFile = QPrinterInfo::availablePrinterNames().isEmpty();
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    if (intoFile)
+        printer->setOutputFileName(proposedFile(question.name));
+    QPrintDialog dialog(printer.get(), activeOwner());
+    dialog.setObjectName(QStringLiteral("CommonDialog1"));
+    dialog.setOption(QPrintDialog::PrintToFile, intoFile);
+    dialog.setOption(QPrintDialog::PrintPageRange, false);
+    hidePageRange(dialog);
+    dialog.setOption(QPrintDialog::PrintSelection, question.hasSelection);
+    if (question.hasSelection) {
+        dialog.setPrintRange(QPrintDialog::Selection);
+        unfoldOptions(dialog);
+    }
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    const bool selectionOnly = printer->printRange() == QPrinter::Selection;
+    return PrintChoice{std::make_shared<Printer>(std::move(printer)), selectionOnly};
 }
 
 } // namespace ardiphon

@@ -12,6 +12,7 @@ public:
     std::optional<QString> openFile(const FileQuestion &question) override;
     std::optional<QString> saveFile(const FileQuestion &question) override;
     std::optional<Color> color(Color first) override;
+    std::optional<PrintChoice> choosePrinter(const PrintQuestion &question) override;
 };
 
 } // namespace ardiphon

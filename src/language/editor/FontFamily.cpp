@@ -1,0 +1,13 @@
+#include "language/editor/FontFamily.h"
+
+#include <QFontDatabase>
+
+namespace ardiphon {
+
+QString familyToDraw(const QString &family)
+{
+    const bool known = QFontDatabase::families().contains(family, Qt::CaseInsensitive);
+    return known ? family : QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+}
+
+} // namespace ardiphon

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QDialog>
+
+#include <array>
+
+class QLineEdit;
+
+namespace ardiphon {
+
+class Dialogs;
+struct ConfigurationBlock;
+
+/// The four print margins, in whole millimetres.
+class FormImpostaMargini : public QDialog
+{
+    Q_OBJECT
+
+public:
+    FormImpostaMargini(ConfigurationBlock &config, Dialogs &dialogs, QWidget *owner);
+
+protected:
+    /// Takes back what "Default" has changed.
+    void reject() override;
+
+private:
+    struct Margin
+    {
+        long ConfigurationBlock::*value;
+        const char *message; ///< when the field holds no margin
+        long before;         ///< the value at the load
+        QLineEdit *field;
+    };
+
+    QWidget *newFrame();
+    QWidget *newButtons();
+    void showMargins();
+    void takeMargins();
+    void setDefaults();
+    /// Whether every field holds a margin; each test that fails is told.
+    bool checkFields();
+
+    ConfigurationBlock &m_config;
+    Dialogs &m_dialogs;
+    std::array<Margin, 4> m_margins; ///< left, right, top, bottom
+};
+
+} // namespace ardiphon

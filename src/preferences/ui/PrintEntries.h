@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QString>
+
+namespace ardiphon {
+
+class Dialogs;
+class LEditOCX;
+struct ConfigurationBlock;
+struct PrintChoice;
+struct PrintText;
+
+/// A text of an editor window, and the path that heads its pages.
+struct PrintSource
+{
+    const LEditOCX &editor;
+    const QString &path;
+};
+
+/// The print entries of an editor window. Each says when there is nothing to print, else asks for
+/// a printer and prints; a cancel and a printer that fails end it silently.
+class PrintEntries
+{
+public:
+    /// Everything is printed in the font of \a first, the window's first editor. All of them must
+    /// outlive the entries.
+    PrintEntries(const ConfigurationBlock &config, Dialogs &dialogs, const LEditOCX &first);
+
+    /// Prints the selection, where the user leaves it chosen, or the whole text.
+    void printDocument(const PrintSource &document) const;
+    /// Prints both texts whole, each as a job of its own; neither when one of them is empty.
+    void printProject(const PrintSource &orchestra, const PrintSource &score) const;
+
+private:
+    void print(const PrintChoice &choice, const PrintSource &source) const;
+    PrintText textToPrint(const LEditOCX &editor, bool selectionOnly) const;
+
+    const ConfigurationBlock &m_config;
+    Dialogs &m_dialogs;
+    const LEditOCX &m_first;
+};
+
+} // namespace ardiphon
