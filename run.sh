@@ -12,9 +12,7 @@ fi
 
 install_missing $program_packages
 build_targets ArdiphonPro word_tables first_settings
-build/release/tools/first_settings \
-    FileCSound "$(command -v csound || true)" \
-    FileGuida "$(first_existing /usr/share/doc/csound-doc/html/index.html)"
+build/release/tools/first_settings
 
 program=$PWD/build/release/bin/ArdiphonPro
 cd "$called_from"

@@ -2,9 +2,10 @@
 # installed and what is built. To be sourced in the project's folder.
 
 program_packages="g++ cmake ninja-build ccache qt6-base-dev libqscintilla2-qt6-dev
-    qt6-svg-dev qt6-multimedia-dev libsndfile1-dev qt6-qpa-plugins csound csound-doc"
+    qt6-svg-dev qt6-multimedia-dev libsndfile1-dev qt6-qpa-plugins csound csound-doc
+    shared-mime-info"
 test_packages="xvfb xclip procps xauth xdotool openbox python3 fonts-dejavu-core
-    pulseaudio pulseaudio-utils"
+    pulseaudio pulseaudio-utils xdg-utils libglib2.0-bin desktop-file-utils"
 
 # Installs those of the named packages that are not there.
 install_missing() {
@@ -41,15 +42,4 @@ installed_packages() {
 build_targets() {
     [ -f build/release/build.ninja ] || cmake --preset release >/dev/null
     cmake --build build/release --target "$@"
-}
-
-# The first of the named files that exists, or nothing.
-first_existing() {
-    local file
-    for file in "$@"; do
-        if [ -e "$file" ]; then
-            echo "$file"
-            return
-        fi
-    done
 }
