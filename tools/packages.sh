@@ -5,7 +5,8 @@ program_packages="g++ cmake ninja-build ccache qt6-base-dev libqscintilla2-qt6-d
     qt6-svg-dev qt6-multimedia-dev libsndfile1-dev qt6-qpa-plugins csound csound-doc
     shared-mime-info"
 test_packages="xvfb xclip procps xauth xdotool openbox python3 fonts-dejavu-core
-    pulseaudio pulseaudio-utils xdg-utils libglib2.0-bin desktop-file-utils"
+    pulseaudio pulseaudio-utils xdg-utils libfile-mimeinfo-perl
+    libglib2.0-bin desktop-file-utils"
 
 # Installs those of the named packages that are not there.
 install_missing() {
