@@ -12,7 +12,7 @@ fi
 
 install_missing $program_packages
 build_targets ArdiphonPro word_tables first_settings
-tools/first_run.sh build/release
+build/release/tools/first_settings "$PWD/data/examples"
 
 program=$PWD/build/release/bin/ArdiphonPro
 cd "$called_from"

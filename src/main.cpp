@@ -7,6 +7,7 @@
 #include "platform/RunFolder.h"
 #include "platform/ui/QtDialogs.h"
 #include "preferences/ui/FormAbout.h"
+#include "preferences/ui/FormAssociate.h"
 
 #include <QApplication>
 #include <QDir>
@@ -48,6 +49,9 @@ int main(int argc, char *argv[])
     Form1 start(config, settings, dialogs, program.windows);
     start.showAbout = [&config](QWidget *owner) {
         FormAbout(config.Words.OpcodeHelpVersion, owner).exec();
+    };
+    start.showAssociate = [&program](QWidget *owner) {
+        FormAssociate(program.settings, program.dialogs, owner).exec();
     };
     start.Load(command, QApplication::applicationDirPath(), runFolder.path());
     return QApplication::exec();

@@ -1,29 +1,43 @@
-// Does for a fresh copy of the program what an installer does for an installed one:
+// Does for a fresh copy of the program what an installer does for an installed one: in the user's
+// settings file it names the Csound compiler and manual that are on this machine, and has the
+// program ask its first question. What is set already stays as it is.
 //
-//   first_settings NAME VALUE [NAME VALUE]...
-//
-// gives each named setting its value in the user's settings file, unless it has one already.
+//   first_settings [FOLDER]     where the first file dialog begins
 
 #include "app/modRegistry.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
+#include <QStandardPaths>
 
-#include <iostream>
+namespace {
+
+using namespace ardiphon;
+
+void setWhereUnset(SettingsStore &store, const QString &key, const QString &name,
+                   const QString &value)
+{
+    if (!value.isEmpty() && ReadRegistryString(store, key, name).isEmpty())
+        WriteRegistryString(store, key, name, value);
+}
+
+QString manual()
+{
+    const QString path = QStringLiteral("/usr/share/doc/csound-doc/html/index.html");
+    return QFileInfo::exists(path) ? path : QString();
+}
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
-    using namespace ardiphon;
-    QCoreApplication application(argc, argv);
-    const QStringList arguments = application.arguments().mid(1);
-    if (arguments.size() % 2 != 0) {
-        std::cerr << "usage: first_settings NAME VALUE [NAME VALUE]...\n";
-        return 2;
-    }
+    const QCoreApplication application(argc, argv);
+    const QString firstFolder = QCoreApplication::arguments().value(1);
     SettingsStore store(SettingsStore::userFilePath());
-    for (qsizetype i = 0; i < arguments.size(); i += 2) {
-        const QString &name = arguments[i];
-        if (ReadRegistryString(store, registry::SettingsKey, name).isEmpty())
-            WriteRegistryString(store, registry::SettingsKey, name, arguments[i + 1]);
-    }
+    setWhereUnset(store, registry::SettingsKey, QStringLiteral("FileCSound"),
+                  QStandardPaths::findExecutable(QStringLiteral("csound")));
+    setWhereUnset(store, registry::SettingsKey, QStringLiteral("FileGuida"), manual());
+    setWhereUnset(store, registry::SettingsKey, QStringLiteral("WorkingDirectory"), firstFolder);
+    setWhereUnset(store, registry::InstallPathKey, QStringLiteral("First"), QStringLiteral("1"));
     return 0;
 }

@@ -3,9 +3,10 @@
 
 program_packages="g++ cmake ninja-build ccache qt6-base-dev libqscintilla2-qt6-dev
     qt6-svg-dev qt6-multimedia-dev libsndfile1-dev qt6-qpa-plugins csound csound-utils
-    csound-doc xterm"
-test_packages="xvfb xclip procps xauth xdotool openbox python3 fonts-dejavu-core
-    pulseaudio pulseaudio-utils poppler-utils"
+    csound-doc xterm shared-mime-info"
+test_packages="xvfb xclip procps xauth xdotool openbox python3 fonts-dejavu-core pulseaudio
+    pulseaudio-utils poppler-utils xdg-utils libfile-mimeinfo-perl libglib2.0-bin
+    desktop-file-utils"
 
 # Installs those of the named packages that are not there.
 install_missing() {
@@ -42,15 +43,4 @@ installed_packages() {
 build_targets() {
     [ -f build/release/build.ninja ] || cmake --preset release >/dev/null
     cmake --build build/release --target "$@"
-}
-
-# The first of the named files that exists, or nothing.
-first_existing() {
-    local file
-    for file in "$@"; do
-        if [ -e "$file" ]; then
-            echo "$file"
-            return
-        fi
-    done
 }

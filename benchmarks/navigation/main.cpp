@@ -9,7 +9,7 @@
 #include "navigation/ui/Instruments.h"
 #include "navigation/ui/SearchWindows.h"
 #include "navigation/ui/TextScan.h"
-#include "platform/Dialogs.h"
+#include "platform/ui/QtDialogs.h"
 
 #include <QAction>
 #include <QApplication>
@@ -25,12 +25,9 @@ using namespace ardiphon;
 namespace {
 
 /// Takes every message without showing it.
-struct SilentDialogs : Dialogs
+struct SilentDialogs : QtDialogs
 {
     Answer message(const Message &) override { return Answer::Ok; }
-    std::optional<QString> openFile(const FileQuestion &) override { return {}; }
-    std::optional<QString> saveFile(const FileQuestion &) override { return {}; }
-    std::optional<PrintChoice> choosePrinter(const PrintQuestion &) override { return {}; }
 };
 
 /// An orchestra of about 28 bytes a line, an instrument every eight lines.

@@ -17,7 +17,7 @@ PROGRAM_FOLDER, TOOLS_FOLDER, EXAMPLE = sys.argv[1:]
 
 def first_settings(desktop):
     subprocess.run(
-        [os.path.join(TOOLS_FOLDER, "first_settings"), "FileCSound", shutil.which("csound")],
+        [os.path.join(TOOLS_FOLDER, "first_settings")],
         env=desktop.environment,
         check=True,
     )

@@ -2,7 +2,7 @@
 """On the first run the open dialog begins in the folder of the examples; a folder that the user has
 chosen stays.
 
-  first_run.py PROGRAM-FOLDER BUILD-FOLDER PROJECT-FOLDER"""
+  first_run.py PROGRAM-FOLDER TOOLS-FOLDER EXAMPLES-FOLDER"""
 
 import os
 import subprocess
@@ -10,13 +10,12 @@ import sys
 
 from desktop import Desktop
 
-PROGRAM_FOLDER, BUILD_FOLDER, PROJECT_FOLDER = sys.argv[1:]
-EXAMPLES = os.path.join(PROJECT_FOLDER, "data", "examples")
+PROGRAM_FOLDER, TOOLS_FOLDER, EXAMPLES = sys.argv[1:]
 
 
 def prepare(desktop):
-    script = os.path.join(PROJECT_FOLDER, "tools", "first_run.sh")
-    subprocess.run([script, BUILD_FOLDER], env=desktop.environment, check=True)
+    tool = os.path.join(TOOLS_FOLDER, "first_settings")
+    subprocess.run([tool, EXAMPLES], env=desktop.environment, check=True)
 
 
 def settings_file(desktop):
@@ -45,7 +44,8 @@ def leave(desktop, program):
 with Desktop(PROGRAM_FOLDER) as desktop:
     prepare(desktop)
     program = desktop.start_program()
-    desktop.window("ArdiphonPro Startup")
+    desktop.window("ArdiphonPro - CSound Files Association")
+    desktop.key_until(["alt+n"], "the chooser", lambda: desktop.has_focus("ArdiphonPro Startup"))
     open_by_name(desktop, "bells.csd")
     leave(desktop, program)
 

@@ -79,8 +79,10 @@ void Form1::prepareChooser()
     show();
     const QString first =
         ReadRegistryString(m_store, registry::InstallPathKey, QStringLiteral("First"));
-    if (first == QLatin1String("1") && showAssociate)
+    if (first == QLatin1String("1") && showAssociate) {
         showAssociate(this);
+        activateWindow(); // it was not yet on the screen when the question took the focus
+    }
 }
 
 void Form1::build()

@@ -1,0 +1,46 @@
+#include "platform/DesktopDatabases.h"
+
+#include <QDir>
+#include <QProcess>
+
+#include <filesystem>
+
+namespace ardiphon {
+
+namespace {
+
+constexpr int LongestRun = 30'000; // milliseconds
+
+bool runToEnd(const QString &program, const QString &argument)
+{
+    QProcess process;
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    process.start(program, {argument});
+    return process.waitForFinished(LongestRun);
+}
+
+/// An icon cache that is older than its theme's folder is not believed.
+void outdateIconCache(const QString &theme)
+{
+    std::error_code ignored;
+    std::filesystem::last_write_time(theme.toStdString(),
+                                     std::filesystem::file_time_type::clock::now(), ignored);
+}
+
+} // namespace
+
+bool updateDesktopDatabases(const QString &dataFolder)
+{
+    const QString types = dataFolder + QStringLiteral("/mime");
+    const QString entries = dataFolder + QStringLiteral("/applications");
+    outdateIconCache(dataFolder + QStringLiteral("/icons/hicolor"));
+    if (QDir(entries).exists()) // a desktop without this updater reads the entries themselves
+        runToEnd(QStringLiteral("update-desktop-database"), entries);
+    if (QDir(types + QStringLiteral("/packages")).exists())
+        return runToEnd(QStringLiteral("update-mime-database"), types);
+    return true;
+}
+
+} // namespace ardiphon

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+namespace ardiphon {
+
+/// Lets the desktop take up what changed among the file types, desktop entries and icons below
+/// \a dataFolder, which is the user's. Waits for the updaters, half a minute at most. False when
+/// there are file types and the updater that reads them cannot be run; whether an updater liked
+/// what it found is not asked.
+[[nodiscard]] bool updateDesktopDatabases(const QString &dataFolder);
+
+} // namespace ardiphon

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+namespace ardiphon {
+
+/// Writes files below a folder and remembers the folders that had to be made for them, so that
+/// they can go again. Paths are relative to the folder. What fails is skipped.
+class MadeFiles
+{
+public:
+    explicit MadeFiles(const QString &folder) : m_folder(folder) {}
+
+    const QString &folder() const { return m_folder; }
+    /// The absolute path.
+    QString path(const QString &relative) const;
+
+    /// What was made, outer folders before inner ones; "." and ".." can be among them.
+    QStringList made;
+    bool isMade(const QString &relative) const { return made.contains(relative); }
+    /// Counts a file as made that somebody else is about to write, unless it is there already.
+    void noteIfAbsent(const QString &relative);
+
+    void makeFolder(const QString &relative);
+    void write(const QString &relative, const QByteArray &bytes);
+    void remove(const QString &relative) const;
+    /// Removes those folders of `made` that hold nothing.
+    void removeEmptyFolders() const;
+
+private:
+    QString m_folder;
+};
+
+} // namespace ardiphon

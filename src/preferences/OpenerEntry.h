@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace ardiphon {
+
+/// The desktop entry that starts the program with a document, which the user's file associations
+/// name. It also keeps what else was made for them and has to go with them.
+struct OpenerEntry
+{
+    QString program;   ///< absolute path
+    QString arguments; ///< what the program gets; when empty, the document
+    QString icon;      ///< absolute path
+    QStringList types; ///< the MIME types that it opens
+    QStringList made;  ///< files and folders, relative to the user's data folder, outer ones first
+
+    /// Its file name, by which other files name it.
+    static QString fileName() { return QStringLiteral("ardiphon-opener.desktop"); }
+
+    /// The open command: the program, and behind a blank the trimmed arguments, or "%1" for the
+    /// document. Nothing in it is quoted, whatever the program's folder is called.
+    QString openCommand() const;
+    /// The same as desktops want to read it, which split at blanks what is not quoted.
+    QString execLine() const;
+
+    /// The content of its file.
+    QByteArray text() const;
+    /// The types and the made files that a file's content tells; the rest is told anew each time.
+    static OpenerEntry fromText(const QByteArray &text);
+    /// The line that tells \a types, as text() has it.
+    static QByteArray typesLine(const QStringList &types);
+};
+
+/// The path of an executable in the program's folder, which may end in a "/" or not.
+QString programPath(const QString &programFolder, const QString &executable);
+
+} // namespace ardiphon
