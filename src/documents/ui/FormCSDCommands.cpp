@@ -19,6 +19,8 @@
 #include "navigation/ui/SearchWindows.h"
 #include "platform/ui/FileProperties.h"
 
+#include <functional>
+
 namespace ardiphon {
 
 void FormCSD::bindDocument()
@@ -52,7 +54,7 @@ void FormCSD::bindEditing()
     CommandSet &set = commands();
     const auto edit = [this, &set](const char *name, auto operation) {
         set.bind(name, this, [this, operation] {
-            (LEDIT1->*operation)();
+            std::invoke(operation, LEDIT1);
             m_mirror->setView1Changed();
         });
     };
