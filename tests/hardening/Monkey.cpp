@@ -105,6 +105,7 @@ QString Monkey::act()
     QWidget *const window = front();
     if (!window)
         return QStringLiteral("no window");
+    ++m_windowsMet[QLatin1String(window->metaObject()->className())];
     if (window->windowType() == Qt::Popup)
         return choosePopup(*window);
     if (window->isModal() && m_dice.chance(6)) // there is little to do in most of them

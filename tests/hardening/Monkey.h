@@ -3,6 +3,7 @@
 #include "hardening/Dice.h"
 #include "hardening/Playground.h"
 
+#include <QMap>
 #include <QPointer>
 #include <QWidget>
 
@@ -17,6 +18,8 @@ public:
     QString act();
     /// Takes one step towards the program's end. False when there is nothing left to close.
     bool closeSomething();
+    /// How often it acted on each kind of window, popups included.
+    const QMap<QString, int> &windowsMet() const { return m_windowsMet; }
 
 private:
     QWidget *front();
@@ -34,4 +37,5 @@ private:
 
     Dice &m_dice;
     Playground &m_playground;
+    QMap<QString, int> m_windowsMet;
 };

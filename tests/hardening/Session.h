@@ -38,6 +38,7 @@ public:
 
     /// Runs to the end. "" or what was wrong.
     QString run();
+    const QMap<QString, int> &windowsMet() const { return m_monkey.windowsMet(); }
 
 private:
     void startProgram();

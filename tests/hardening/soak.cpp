@@ -103,12 +103,17 @@ int main(int argc, char *argv[])
     QElapsedTimer clock;
     clock.start();
     Holdings holdings;
+    QMap<QString, int> windowsMet;
     unsigned count = 0;
     QString failure;
     for (; failure.isEmpty() && count < most && clock.elapsed() < limit; ++count) {
         std::cout << "seed " << first + count << std::flush;
-        failure =
-            Session(first + count, options.value("steps").toInt(), options.isSet("trace")).run();
+        {
+            Session session(first + count, options.value("steps").toInt(), options.isSet("trace"));
+            failure = session.run();
+            for (const auto &[window, times] : session.windowsMet().asKeyValueRange())
+                windowsMet[window] += times;
+        }
         const QString grown = holdings.check();
         failure += grown;
         std::cout << "  " << holdings.bytes() / 1024 << " KiB, " << ProcessWatch::openHandles()
@@ -116,6 +121,8 @@ int main(int argc, char *argv[])
     }
     for (const auto &[text, times] : warnings.asKeyValueRange())
         std::cout << "warning, " << times << " times: " << text.toStdString() << '\n';
+    for (const auto &[window, times] : windowsMet.asKeyValueRange())
+        std::cout << times << " steps in " << window.toStdString() << '\n';
     std::cout << count << " sessions in " << clock.elapsed() / 1000 << " s, memory grew by "
               << holdings.growth() << " bytes a session\n";
     if (!failure.isEmpty())
