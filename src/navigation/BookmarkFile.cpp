@@ -1,9 +1,9 @@
 #include "navigation/BookmarkFile.h"
 
 #include "app/Numbers.h"
+#include "platform/DocumentFile.h"
 
 #include <QFile>
-#include <QSaveFile>
 
 #include <limits>
 
@@ -75,8 +75,7 @@ bool writeBookmarkFile(const QString &path, const BookmarkSet &bookmarks)
         QFile::remove(path);
         return false;
     }
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    return writeDocumentFile(path, bytes);
 }
 
 std::optional<BookmarkSet> readBookmarkFile(const QString &path)

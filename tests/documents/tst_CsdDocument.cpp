@@ -86,6 +86,7 @@ private slots:
     void leave_answers();
     void leave_cancelled_keepsTheWindowButClosesTheWords();
     void leave_closeBox_closesTheWords();
+    void leave_underADialogThatHasNotReturned_waits();
     void title_modified_getsOneStar();
 
 private:
@@ -778,6 +779,27 @@ void tst_CsdDocument::leave_closeBox_closesTheWords()
     QVERIFY(byTheUser.isAccepted());
     QVERIFY(!m_program->config.FormCSDClosing);
     QVERIFY(!m_program->config.Words.ReadOpcodeRecord(1));
+}
+
+void tst_CsdDocument::leave_underADialogThatHasNotReturned_waits()
+{
+    show();
+    QEventLoop program;
+    QTimer::singleShot(0, this, [&] {
+        QEventLoop dialog;
+        QTimer::singleShot(0, &dialog, [&] {
+            QCloseEvent byUser;
+            QSpontaneKeyEvent::setSpontaneous(&byUser);
+            qApp->notify(m_window, &byUser);
+        });
+        QTimer::singleShot(50, &dialog, &QEventLoop::quit);
+        dialog.exec();
+        QVERIFY(m_window && m_window->isVisible());
+    });
+    connect(m_window, &QObject::destroyed, &program, &QEventLoop::quit);
+    program.exec();
+    QVERIFY(!m_window);
+    QVERIFY(!m_program->config.Words.ReadOpcodeRecord(1)); // the user closed it
 }
 
 void tst_CsdDocument::title_modified_getsOneStar()

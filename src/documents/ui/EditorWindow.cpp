@@ -16,13 +16,18 @@
 #include <QFile>
 #include <QMimeData>
 #include <QScreen>
+#include <QThread>
+#include <QTimer>
 #include <QWheelEvent>
+
+#include <utility>
 
 namespace ardiphon {
 
 namespace {
 
 constexpr QSize SmallestWindow(480, 360);
+constexpr int ClosingPause = 10; ///< in milliseconds, before a closing is tried again
 
 /// The first local file of a drop, or "".
 QString droppedFile(const QMimeData &data)
@@ -85,7 +90,7 @@ void EditorWindow::handOver(const std::function<void()> &showOther)
 
 void EditorWindow::endClosing(QCloseEvent &event, bool leaves)
 {
-    const bool closedByUser = event.spontaneous();
+    const bool closedByUser = std::exchange(m_closedByUser, false) || event.spontaneous();
     if (closedByUser || config().FormCSDClosing)
         config().Words.CloseOpcodeFile();
     QFile::remove(config().RootPath + QStringLiteral("tmp.txt"));
@@ -135,6 +140,25 @@ void EditorWindow::moveToHalf(ScreenHalf half)
     const QRect place = halfOf(config().WorkArea, half);
     move(place.topLeft());
     resize(place.size() - frame);
+}
+
+/// A dialog hides before it returns, and the window manager may close this window in between: gone
+/// with the window, the dialog would have nothing to return to.
+bool EditorWindow::event(QEvent *event)
+{
+    constexpr int programsOwnLoop = 1;
+    if (event->type() == QEvent::Close && thread()->loopLevel() > programsOwnLoop) {
+        event->ignore();
+        closeLater(event->spontaneous());
+        return true;
+    }
+    return QMainWindow::event(event);
+}
+
+void EditorWindow::closeLater(bool byUser)
+{
+    m_closedByUser |= byUser;
+    QTimer::singleShot(ClosingPause, this, &QWidget::close);
 }
 
 void EditorWindow::resizeEvent(QResizeEvent *event)

@@ -97,12 +97,15 @@ protected:
     /// Gives every control its place.
     virtual void arrangeWindow() = 0;
 
+    bool event(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
 private:
+    /// Puts a closing off while a dialog of this window has not returned yet.
+    void closeLater(bool byUser);
     void addHeaders();
     void bindPopup();
     void bindHelp();
@@ -123,6 +126,7 @@ private:
     std::unique_ptr<KeywordHelp> m_help;
     SearchWindows *m_search = nullptr;
     Definitions *m_definitions = nullptr;
+    bool m_closedByUser = false; ///< as a closing that was put off would have told
 };
 
 } // namespace ardiphon

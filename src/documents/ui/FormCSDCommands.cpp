@@ -21,6 +21,8 @@
 #include "platform/ui/FileProperties.h"
 #include "preferences/ui/PrintEntries.h"
 
+#include <functional>
+
 namespace ardiphon {
 
 void FormCSD::bindDocument()
@@ -61,7 +63,7 @@ void FormCSD::bindEditing()
     CommandSet &set = commands();
     const auto edit = [this, &set](const char *name, auto operation) {
         set.bind(name, this, [this, operation] {
-            (LEDIT1->*operation)();
+            std::invoke(operation, LEDIT1);
             m_mirror->setView1Changed();
         });
     };

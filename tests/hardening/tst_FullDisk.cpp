@@ -1,0 +1,208 @@
+// A disk that is full costs nothing: what was saved before stays, what could not be saved is asked
+// for again. The test mounts a small disk of its own, where the system lets it.
+
+#include "documents/ui/FormCSD.h"
+#include "documents/ui/FormORCSCO.h"
+#include "language/editor/LEditOCX.h"
+#include "support/TestProgram.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QPointer>
+#include <QTest>
+
+#include <memory>
+
+#include <sched.h>
+#include <sys/mount.h>
+#include <unistd.h>
+
+using namespace ardiphon;
+
+namespace {
+
+const QByteArray OldText =
+    "; old\r\n<CsInstruments>\r\n</CsInstruments>\r\n<CsScore>\r\n</CsScore>\r\n";
+
+bool put(const char *path, const QByteArray &bytes)
+{
+    QFile file(QString::fromLatin1(path));
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+QByteArray bytesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(not there)");
+}
+
+/// Makes this process the superuser of a world of its own, in which it may mount. To be called
+/// before the first thread begins.
+bool enterOwnWorld()
+{
+    const QByteArray user = "0 " + QByteArray::number(::geteuid()) + " 1";
+    const QByteArray group = "0 " + QByteArray::number(::getegid()) + " 1";
+    return ::unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0 && put("/proc/self/setgroups", "deny") &&
+           put("/proc/self/uid_map", user) && put("/proc/self/gid_map", group);
+}
+
+bool inOwnWorld = false;
+
+} // namespace
+
+class tst_FullDisk : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void save_csd_keepsTheFileAndTheChange();
+    void save_project_keepsBothFiles();
+    void export_existingFiles_areKept();
+    void leave_settingsStayWhole();
+
+private:
+    QString path(const char *name) const { return m_disk->filePath(QLatin1String(name)); }
+    void write(const char *name, const QByteArray &bytes = OldText) const;
+    /// Takes every free byte of the disk, and gives them back.
+    void fill() const;
+    void freeAgain() const { QFile::remove(path("ballast")); }
+    template <typename Window>
+    void show()
+    {
+        m_window = new Window(m_program->context);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window));
+    }
+    LEditOCX *editor(const char *name) const
+    {
+        return m_window->findChild<LEditOCX *>(QLatin1String(name));
+    }
+    void trigger(const char *name) const
+    {
+        m_window->findChild<QAction *>(QLatin1String(name))->trigger();
+    }
+    QStringList files() const { return QDir(m_disk->path()).entryList(QDir::Files | QDir::Hidden); }
+
+    std::unique_ptr<QTemporaryDir> m_disk;
+    std::unique_ptr<TestProgram> m_program;
+    QPointer<EditorWindow> m_window;
+};
+
+void tst_FullDisk::init()
+{
+    if (!inOwnWorld)
+        QSKIP("no file system may be mounted here");
+    m_disk = std::make_unique<QTemporaryDir>();
+    const QByteArray folder = QFile::encodeName(m_disk->path());
+    if (::mount("tmpfs", folder.constData(), "tmpfs", 0, "size=1m") != 0)
+        QSKIP("no file system may be mounted here");
+    m_program = std::make_unique<TestProgram>();
+    m_program->context.windows.showFormCSD = [] {};
+    m_program->context.windows.showFormORCSCO = [] {};
+}
+
+void tst_FullDisk::cleanup()
+{
+    delete m_window;
+    if (m_program)
+        QCOMPARE(m_program->dialogs.verify(), "");
+    m_program.reset();
+    if (m_disk)
+        ::umount(QFile::encodeName(m_disk->path()).constData());
+    m_disk.reset();
+}
+
+void tst_FullDisk::write(const char *name, const QByteArray &bytes) const
+{
+    QVERIFY(put(QFile::encodeName(path(name)).constData(), bytes));
+}
+
+void tst_FullDisk::fill() const
+{
+    QFile ballast(path("ballast"));
+    QVERIFY(ballast.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+    while (ballast.write(QByteArray(4096, 'x')) == 4096) {
+    }
+}
+
+void tst_FullDisk::save_csd_keepsTheFileAndTheChange()
+{
+    write("piece.csd");
+    m_program->config.CSDFileName = path("piece.csd");
+    show<FormCSD>();
+    editor("LEDIT1")->SetSelText("; new\r\n");
+    trigger("menuToolsBookmark");
+    fill();
+    const QStringList before = files();
+    trigger("menuFileSalvaOrchestra");
+    QCOMPARE(bytesOf(path("piece.csd")), OldText);
+    QVERIFY(editor("LEDIT1")->GetState(2));
+    QCOMPARE(files(), before);
+
+    freeAgain();
+    trigger("menuFileSalvaOrchestra");
+    QCOMPARE(bytesOf(path("piece.csd")), "; new\r\n" + OldText);
+    QVERIFY(!editor("LEDIT1")->GetState(2));
+    QCOMPARE(bytesOf(path("piece.bkm")).size(), 15 * 40);
+}
+
+void tst_FullDisk::save_project_keepsBothFiles()
+{
+    write("piece.orc");
+    write("piece.sco");
+    m_program->config.OrchestraFileName = path("piece.orc");
+    show<FormORCSCO>();
+    editor("LEDIT1")->SetSelText("; new\r\n");
+    editor("LEDIT2")->SetSelText("; newer\r\n");
+    fill();
+    trigger("menuFileSalvaProgetto");
+    QCOMPARE(bytesOf(path("piece.orc")), OldText);
+    QCOMPARE(bytesOf(path("piece.sco")), OldText);
+    QVERIFY(editor("LEDIT1")->GetState(2) && editor("LEDIT2")->GetState(2));
+    QCOMPARE(files(), QStringList({"ballast", "piece.orc", "piece.sco"}));
+}
+
+void tst_FullDisk::export_existingFiles_areKept()
+{
+    write("piece.csd");
+    write("out.orc", "an older orchestra");
+    write("out.sco", "an older score");
+    m_program->config.CSDFileName = path("piece.csd");
+    show<FormCSD>();
+    fill();
+    m_program->dialogs.expectSave("Save Orc/Sco As ... (*.ORC/*.SCO)", path("out.orc"));
+    trigger("menuFileConvertToORCSCO");
+    QCOMPARE(bytesOf(path("out.orc")), "an older orchestra");
+    QCOMPARE(bytesOf(path("out.sco")), "an older score");
+    QCOMPARE(files(), QStringList({"ballast", "out.orc", "out.sco", "piece.csd"}));
+}
+
+void tst_FullDisk::leave_settingsStayWhole()
+{
+    SettingsStore settings(path("settings.ini"));
+    WriteRegistryString(settings, registry::SettingsKey, "FileCSound", "/usr/bin/csound");
+    const QByteArray before = bytesOf(path("settings.ini"));
+    QVERIFY(before.contains("/usr/bin/csound"));
+    fill();
+    for (const int length : {10, 20'000}) {
+        WriteRegistryString(settings, registry::SettingsKey, "WaveEditor", QString(length, u'w'));
+        QCOMPARE(bytesOf(path("settings.ini")), before);
+    }
+    SettingsStore again(path("settings.ini"));
+    QCOMPARE(ReadRegistryString(again, registry::SettingsKey, "FileCSound"), "/usr/bin/csound");
+    QCOMPARE(files(), QStringList({"ballast", "settings.ini"}));
+}
+
+int main(int argc, char *argv[])
+{
+    inOwnWorld = enterOwnWorld();
+    QApplication application(argc, argv);
+    tst_FullDisk test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_FullDisk.moc"
