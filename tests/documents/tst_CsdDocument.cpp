@@ -64,6 +64,8 @@ private slots:
     void recent_score_handsOver();
     void recent_cancelled_changesNothing();
     void recent_captions_nameFolderAndFile();
+    void recent_otherCopyWroteMeanwhile_opensWhatTheListHolds();
+    void recent_bookmarks_areSavedBefore();
 
     void new_cancelledChoice_keepsTheText();
     void new_csd_beginsAnEmptyDocument();
@@ -497,6 +499,30 @@ void tst_CsdDocument::dialogs_beginWhereTheUserWas()
     trigger("buttonDefaultDir");
     QCOMPARE(folderOfSaveAs(work + QStringLiteral("/d.csd")), work);
     QCOMPARE(m_program->dialogs.fileQuestions.back().proposedName, QString());
+}
+
+void tst_CsdDocument::recent_otherCopyWroteMeanwhile_opensWhatTheListHolds()
+{
+    UpdateRecentFiles(m_program->config, m_program->settings,
+                      m_program->write(QStringLiteral("one.csd"), "one"));
+    show();
+    SettingsStore otherCopy(m_program->path(QStringLiteral("settings.ini")));
+    WriteRegistryString(otherCopy, registry::RecentFilesKey, QStringLiteral("File1"),
+                        m_program->write(QStringLiteral("two.csd"), "two"));
+    trigger("menuLastFile(0)");
+    QCOMPARE(m_editor->Text(), QStringLiteral("two"));
+}
+
+void tst_CsdDocument::recent_bookmarks_areSavedBefore()
+{
+    UpdateRecentFiles(m_program->config, m_program->settings,
+                      m_program->write(QStringLiteral("one.csd"), "one"));
+    show(m_program->write(QStringLiteral("piece.csd"), "text"));
+    trigger("menuToolsBookmark");
+    trigger("menuLastFile(1)");
+    QCOMPARE(m_editor->Text(), QStringLiteral("one"));
+    QVERIFY(QFile::exists(m_program->path(QStringLiteral("piece.bkm"))));
+    QCOMPARE(m_editor->GetBookmarkLine(1), -1);
 }
 
 // New. -------------------------------------------------------------------------------------------

@@ -63,6 +63,7 @@ private slots:
     // Split view.
     void split_letterInEitherView_showsInTheOtherAtOnce();
     void split_enter_isCopiedAndKeepsTheScrollPosition();
+    void split_commandKeyInEitherView_isCopied();
     void split_off_copiesNothing();
     void split_randomEdits_endEqual();
     void split_keys_moveTheFocus();
@@ -525,6 +526,16 @@ void tst_FormCSD::split_enter_isCopiedAndKeepsTheScrollPosition()
     QCOMPARE(second()->TopLine(), 200);
 }
 
+void tst_FormCSD::split_commandKeyInEitherView_isCopied()
+{
+    show("one\ntwo\nthree\n");
+    trigger("buttonSplit");
+    QTest::keyClick(first()->focusProxy(), Qt::Key_Y, Qt::ControlModifier);
+    QTRY_COMPARE(second()->Text(), QStringLiteral("two\r\nthree\r\n"));
+    QTest::keyClick(second()->focusProxy(), Qt::Key_Y, Qt::ControlModifier);
+    QTRY_COMPARE(first()->Text(), QStringLiteral("three\r\n"));
+}
+
 void tst_FormCSD::split_off_copiesNothing()
 {
     show("one");
@@ -822,6 +833,13 @@ void tst_FormCSD::wheel_scrollsTheFocusedView()
     QCOMPARE(first()->TopLine(), 7);
     second()->setFocus();
     scroll(-120);
+    QCOMPARE(second()->TopLine(), 7);
+    QCOMPARE(first()->TopLine(), 7);
+
+    control<QListWidget>("List1")->setFocus();
+    QWheelEvent wheel(QPointF(20, 20), QPointF(20, 20), {}, QPoint(0, -120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(m_window, &wheel);
     QCOMPARE(second()->TopLine(), 7);
     QCOMPARE(first()->TopLine(), 7);
 }

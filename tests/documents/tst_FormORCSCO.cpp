@@ -51,6 +51,7 @@ private slots:
     void header_goesIntoTheOrchestra();
     void popup_inTheScore_namesTheStatement();
     void help_clickInTheScore_leavesThePanels();
+    void help_keyInTheScore_asksForTheFunctionTables();
     void colors_ofTheHalves_differ();
     void wheel_scrollsTheFocusedEditor();
 
@@ -501,6 +502,16 @@ void tst_FormORCSCO::popup_inTheScore_namesTheStatement()
     QTRY_VERIFY(popup->isVisible());
     popup->close();
     QCOMPARE(m->control<QAction>("menuPopupOpcodeHelp")->text(), QStringLiteral("oscili -> Help"));
+}
+
+void tst_FormORCSCO::help_keyInTheScore_asksForTheFunctionTables()
+{
+    m->config.FileGuida = m->write(QStringLiteral("index.html"), "<html></html>");
+    m->showPair("oscil", "i1 0 1");
+    QTest::keyClick(m->score->focusProxy(), Qt::Key_F1);
+    QCOMPARE(m->config.HelpWord, QStringLiteral("Gen Routines"));
+    QTest::keyClick(m->orchestra->focusProxy(), Qt::Key_F1);
+    QCOMPARE(m->config.HelpWord, QStringLiteral("oscil"));
 }
 
 void tst_FormORCSCO::help_clickInTheScore_leavesThePanels()

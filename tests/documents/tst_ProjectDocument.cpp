@@ -754,7 +754,10 @@ void tst_ProjectDocument::recent_endings_decide()
     m->showPair("o", "s");
     m->type(m->orchestra, QStringLiteral("x"));
     m->trigger("menuLastFile(3)"); // the text file: nothing, not even a question
+    m->score->setFocus();
+    m->trigger("menuToolsBookmark");
     m->trigger("menuLastFile(2)");
+    QVERIFY(QFile::exists(m->path(QStringLiteral("piece.bks"))));
     QCOMPARE(m->score->Text(), QStringLiteral("b.SCO"));
     QVERIFY(m->score->hasFocus());
     QCOMPARE(m->orchestra->Text(), QStringLiteral("xo")); // no partner is looked for

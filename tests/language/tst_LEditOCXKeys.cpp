@@ -85,7 +85,14 @@ void tst_LEditOCXKeys::key_moves_data()
     row("ctrl+shift+right", {1, 0}, Qt::Key_Right, ctrl | shift, "1:0-1:4");
     row("ctrl+r", {1, 0}, Qt::Key_R, ctrl, "1:4-1:4");
     row("ctrl+l", {1, 7}, Qt::Key_L, ctrl, "1:4-1:4");
-    row("ctrl+down", {1, 3}, Qt::Key_Down, ctrl, "4:0-4:0");
+    row("ctrl+down to the end of the paragraph", {1, 3}, Qt::Key_Down, ctrl, "2:7-2:7");
+    row("ctrl+down from there to the end of the next", {2, 7}, Qt::Key_Down, ctrl, "5:3-5:3");
+    row("ctrl+down from a line's end", {1, 7}, Qt::Key_Down, ctrl, "2:7-2:7");
+    row("ctrl+down between paragraphs", {3, 0}, Qt::Key_Down, ctrl, "5:3-5:3");
+    row("ctrl+down at the end of the text", {5, 3}, Qt::Key_Down, ctrl, "5:3-5:3");
+    row("ctrl+shift+down", {1, 3}, Qt::Key_Down, ctrl | shift, "1:3-2:7");
+    row("ctrl+up from the middle", {2, 4}, Qt::Key_Up, ctrl, "1:0-1:0");
+    row("ctrl+shift+up", {5, 2}, Qt::Key_Up, ctrl | shift, "4:0-5:2");
     row("ctrl+up", {5, 2}, Qt::Key_Up, ctrl, "4:0-4:0");
     row("ctrl+home", {3, 0}, Qt::Key_Home, ctrl, "1:0-1:0");
     row("ctrl+end", {3, 0}, Qt::Key_End, ctrl, "5:3-5:3");
@@ -377,9 +384,8 @@ void tst_LEditOCXKeys::keyPress_handlerThatMirrors_keepsTwoViewsAlike()
 
 void tst_LEditOCXKeys::shortcut_ofTheWindow_reachesIt()
 {
-    for (const QKeySequence &keys :
-         {QKeySequence("Ctrl+S"), QKeySequence("F3"), QKeySequence("Ctrl+1"),
-          QKeySequence("Ctrl+B")}) {
+    for (const QKeySequence &keys : {QKeySequence("Ctrl+S"), QKeySequence("F3"),
+                                     QKeySequence("Ctrl+1"), QKeySequence("Ctrl+B")}) {
         QShortcut shortcut(keys, m_window.get());
         QSignalSpy activated(&shortcut, &QShortcut::activated);
         press(*m_editor, Qt::Key(keys[0].key()), keys[0].keyboardModifiers());

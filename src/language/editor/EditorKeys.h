@@ -11,6 +11,8 @@ enum EditorCommand : unsigned {
     GoToVisibleEnd,
     ExtendToVisibleStart,
     ExtendToVisibleEnd,
+    GoToParagraphEnd,
+    ExtendToParagraphEnd,
     ToggleOvertype,
 };
 

@@ -61,6 +61,9 @@ private:
     void insertNewLine();
     bool selectCharacterToOverwrite();
     void goToVisible(bool end, bool extend);
+    void goToParagraphEnd(bool extend);
+    bool isBlankLine(long line) const;
+    void moveCaret(long caret, bool extend);
 
     // Mouse.
     void tellMouseButton(const QMouseEvent *event);

@@ -57,6 +57,10 @@ bool TextView::runCommand(int key, Qt::KeyboardModifiers modifiers)
     case ExtendToVisibleEnd:
         goToVisible(true, command == ExtendToVisibleEnd);
         break;
+    case GoToParagraphEnd:
+    case ExtendToParagraphEnd:
+        goToParagraphEnd(command == ExtendToParagraphEnd);
+        break;
     case ToggleOvertype:
         SendScintilla(SCI_SETOVERTYPE, !SendScintilla(SCI_GETOVERTYPE));
         break;
@@ -97,8 +101,35 @@ void TextView::goToVisible(bool end, bool extend)
     const long first = SendScintilla(SCI_GETFIRSTVISIBLELINE);
     const long last =
         std::min(first + SendScintilla(SCI_LINESONSCREEN), SendScintilla(SCI_GETLINECOUNT)) - 1;
-    const long caret = end ? SendScintilla(SCI_GETLINEENDPOSITION, ulong(last))
-                           : SendScintilla(SCI_POSITIONFROMLINE, ulong(first));
+    moveCaret(end ? SendScintilla(SCI_GETLINEENDPOSITION, ulong(last))
+                  : SendScintilla(SCI_POSITIONFROMLINE, ulong(first)),
+              extend);
+}
+
+// Blank lines part the paragraphs. From the end of one it goes to the end of the next; the library
+// would go on to that one's beginning.
+void TextView::goToParagraphEnd(bool extend)
+{
+    const long last = SendScintilla(SCI_GETLINECOUNT) - 1;
+    const long caret = SendScintilla(SCI_GETCURRENTPOS);
+    long line = SendScintilla(SCI_LINEFROMPOSITION, ulong(caret));
+    if (caret == SendScintilla(SCI_GETLINEENDPOSITION, ulong(line)) && line < last)
+        ++line;
+    while (line < last && isBlankLine(line))
+        ++line;
+    while (line < last && !isBlankLine(line + 1))
+        ++line;
+    moveCaret(SendScintilla(SCI_GETLINEENDPOSITION, ulong(line)), extend);
+}
+
+bool TextView::isBlankLine(long line) const
+{
+    return SendScintilla(SCI_GETLINEINDENTPOSITION, ulong(line)) ==
+           SendScintilla(SCI_GETLINEENDPOSITION, ulong(line));
+}
+
+void TextView::moveCaret(long caret, bool extend)
+{
     const long anchor = extend ? SendScintilla(SCI_GETANCHOR) : caret;
     SendScintilla(SCI_SETSEL, ulong(anchor), caret);
     SendScintilla(SCI_CHOOSECARETX);

@@ -76,7 +76,8 @@ void ShowFileProperties(QWidget *owner, const QString &path)
         QStringLiteral("org.freedesktop.FileManager1"),
         QStringLiteral("/org/freedesktop/FileManager1"),
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItemProperties"));
-    call << QStringList{QUrl::fromLocalFile(file.absoluteFilePath()).toString()} << QString();
+    call << QStringList{QUrl::fromLocalFile(file.absoluteFilePath()).toString(QUrl::FullyEncoded)}
+         << QString();
     auto *reply = new QDBusPendingCallWatcher(bus.asyncCall(call), owner);
     QObject::connect(reply, &QDBusPendingCallWatcher::finished, owner, [owner, file, reply] {
         reply->deleteLater();
