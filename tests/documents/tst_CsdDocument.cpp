@@ -42,6 +42,7 @@ private slots:
     void load_readOnlyFile_becomesWritable();
 
     void save_untitled_asksForAName();
+    void save_otherUntitledName_asksForAName();
     void save_cancelledName_keepsUntitledAndTheStar();
     void save_named_writesTheBytesAndDropsTheStar();
     void save_changedByAnotherProgram_asksFirst();
@@ -204,6 +205,16 @@ void tst_CsdDocument::save_untitled_asksForAName()
     QCOMPARE(
         ReadRegistryString(m_program->settings, registry::RecentFilesKey, QStringLiteral("File1")),
         QString());
+}
+
+void tst_CsdDocument::save_otherUntitledName_asksForAName()
+{
+    show();
+    m_program->config.CSDFileName = QStringLiteral("[Untitled.CSD]");
+    type(QStringLiteral("e"));
+    m_program->dialogs.expectSave(QStringLiteral("Save File As ..."), std::nullopt);
+    trigger("menuFileSalvaOrchestra");
+    QVERIFY(m_editor->GetState(2));
 }
 
 void tst_CsdDocument::save_cancelledName_keepsUntitledAndTheStar()

@@ -59,6 +59,7 @@ private slots:
     void tools_allFlagsOff_hideAllRestores();
     void tools_menuWindow_checksMatchTheFlags();
     void window_halves_fillTheWorkArea();
+    void window_takesThePlacementThatWasKept();
 
     // Split view.
     void split_letterInEitherView_showsInTheOtherAtOnce();
@@ -489,6 +490,21 @@ void tst_FormCSD::window_halves_fillTheWorkArea()
                  QRect(area.left(), area.top(), area.width(), area.height() / 2));
 }
 
+void tst_FormCSD::window_takesThePlacementThatWasKept()
+{
+    m_program->config.WindowLeft = 30L * 15;
+    m_program->config.WindowTop = 20L * 15;
+    m_program->config.WindowWidth = 700L * 15;
+    m_program->config.WindowHeight = 500L * 15;
+    show();
+    QCOMPARE(m_window->pos(), QPoint(30, 20));
+    QCOMPARE(m_window->size(), QSize(700, 500));
+    delete m_window;
+    m_program->config.WindowMaximized = true;
+    show();
+    QVERIFY(m_window->isMaximized());
+}
+
 // Split view. ------------------------------------------------------------------------------------
 
 void tst_FormCSD::split_letterInEitherView_showsInTheOtherAtOnce()
@@ -609,12 +625,19 @@ void tst_FormCSD::bookmarks_ctrlB_setsAndRemoves()
     QCOMPARE(tree->topLevelItem(0)->text(0), QStringLiteral("-> instr 1"));
     QCOMPARE(first()->GetBookmarkLine(1), 1);
     QVERIFY(m_program->config.CSDModified);
+    const auto background = [this] { // of the first line, behind its text
+        return first()->grab().toImage().pixelColor(400, first()->PositionToPixels(1, 0).y() +
+                                                             first()->LineHeight() / 2);
+    };
+    QCOMPARE(background(), QColor(240, 0, 0));
+    QCOMPARE(tree->topLevelItem(0)->foreground(0).color(), QColor(0, 0, 255));
     caret(first(), 3, 0);
     trigger("menuPopupBookmark");
     caret(first(), 1, 2);
     trigger("menuToolsBookmark"); // the same command takes it away
     QCOMPARE(tree->topLevelItem(0)->text(0), QStringLiteral("..."));
     QCOMPARE(first()->GetBookmarkLine(1), -1);
+    QVERIFY(background() != QColor(240, 0, 0));
     caret(first(), 2, 0);
     trigger("menuToolsBookmark"); // the free slot is the first to be used again
     QCOMPARE(tree->topLevelItem(0)->text(0), QStringLiteral("->"));
