@@ -64,6 +64,8 @@ private slots:
     // Split view.
     void split_letterInEitherView_showsInTheOtherAtOnce();
     void split_enter_isCopiedAndKeepsTheScrollPosition();
+    void split_keyWithCtrl_isCopied();
+    void split_begins_withoutAHistory();
     void split_off_copiesNothing();
     void split_randomEdits_endEqual();
     void split_keys_moveTheFocus();
@@ -74,6 +76,7 @@ private slots:
     void bookmarks_ctrlB_setsAndRemoves();
     void bookmarks_sixteenth_isRefused();
     void bookmarks_survive_inTheSideFile();
+    void bookmarks_flag_isClearedByASideFileAlone();
     void bookmarks_sideFile_goesWithTheLast();
     void bookmarks_documentWithTheSideFilesName_isSafe();
     void bookmarks_click_goesToTheLine();
@@ -534,6 +537,26 @@ void tst_FormCSD::split_enter_isCopiedAndKeepsTheScrollPosition()
     QCOMPARE(second()->TopLine(), 200);
 }
 
+void tst_FormCSD::split_keyWithCtrl_isCopied()
+{
+    show("one");
+    trigger("buttonSplit");
+    first()->SelectAll();
+    QTest::keyClick(first()->focusProxy(), Qt::Key_X, Qt::ControlModifier);
+    QTRY_COMPARE(second()->Text(), QString());
+    for (int i = 0; i < 2; ++i)
+        QTest::keyClick(second()->focusProxy(), Qt::Key_V, Qt::ControlModifier);
+    QTRY_COMPARE(first()->Text(), QStringLiteral("oneone"));
+}
+
+void tst_FormCSD::split_begins_withoutAHistory()
+{
+    show("one");
+    trigger("buttonSplit");
+    second()->Undo();
+    QCOMPARE(second()->Text(), QStringLiteral("one"));
+}
+
 void tst_FormCSD::split_off_copiesNothing()
 {
     show("one");
@@ -695,6 +718,26 @@ void tst_FormCSD::bookmarks_survive_inTheSideFile()
     QCOMPARE(first()->GetBookmarkLine(3), 5);
     QCOMPARE(control<QTreeWidget>("Tree2")->topLevelItem(2)->text(0),
              QStringLiteral("-> d").leftJustified(20));
+}
+
+void tst_FormCSD::bookmarks_flag_isClearedByASideFileAlone()
+{
+    show("a\n");
+    trigger("menuToolsBookmark");
+    trigger("menuFileSalvaOrchestra");
+    trigger("menuToolsRemoveAllBookmark");
+    const QByteArray sideFile = m_program->read(QStringLiteral("piece.bkm"));
+    const auto open = [this](const char *name) {
+        const QString path = m_program->write(QLatin1String(name), "b\n");
+        m_program->dialogs.expectOpen(QStringLiteral("Open File"), path);
+        trigger("menuFileApriOrchestra");
+    };
+    open("other.csd");
+    QVERIFY(m_program->config.CSDModified);
+    m_program->write(QStringLiteral("third.bkm"), sideFile);
+    open("third.csd");
+    QVERIFY(!m_program->config.CSDModified);
+    QCOMPARE(first()->GetBookmarkLine(1), 1);
 }
 
 void tst_FormCSD::bookmarks_sideFile_goesWithTheLast()
