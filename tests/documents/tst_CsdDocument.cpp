@@ -437,6 +437,10 @@ void tst_CsdDocument::dialogs_beginWhereTheUserWas()
     trigger("buttonDefaultDir");
     QCOMPARE(folderOfSaveAs(work + QStringLiteral("/d.csd")), work);
     QCOMPARE(m_program->dialogs.fileQuestions.back().proposedName, QString());
+
+    delete m_window;
+    show(); // a document without a file
+    QCOMPARE(folderOfSaveAs(work + QStringLiteral("/e.csd")), work);
 }
 
 // New. -------------------------------------------------------------------------------------------

@@ -72,6 +72,7 @@ private slots:
 
     // Side panel.
     void tags_documentWords_appearOneByOne();
+    void tags_emptyUnmodifiedText_leavesTheTree();
     void tags_listClick_insertsTheWordOnce();
     void bookmarks_ctrlB_setsAndRemoves();
     void bookmarks_sixteenth_isRefused();
@@ -616,6 +617,19 @@ void tst_FormCSD::tags_documentWords_appearOneByOne()
     QCOMPARE(tree->topLevelItem(2)->text(0), QStringLiteral("...")); // the case differs
     first()->SetText(QStringLiteral("e"));
     QTRY_COMPARE(tree->topLevelItem(7)->text(0), QStringLiteral("..."));
+}
+
+/// Nothing is looked for in a text that is empty and was not touched.
+void tst_FormCSD::tags_emptyUnmodifiedText_leavesTheTree()
+{
+    show("<CsScore>");
+    const auto *tree = control<QTreeWidget>("Tree");
+    QTRY_COMPARE(tree->topLevelItem(6)->text(0), QStringLiteral("<CsScore>"));
+    first()->SetText(QString());
+    first()->ClearState(2);
+    QSignalSpy ticks(control<QTimer>("Timer1"), &QTimer::timeout);
+    QTRY_VERIFY(ticks.count() > int(m_program->config.Words.CsdWords.size()));
+    QCOMPARE(tree->topLevelItem(6)->text(0), QStringLiteral("<CsScore>"));
 }
 
 void tst_FormCSD::tags_listClick_insertsTheWordOnce()
