@@ -43,6 +43,7 @@ private slots:
     void load_readOnlyFile_becomesWritable();
 
     void save_untitled_asksForAName();
+    void save_otherUntitledName_asksForAName();
     void save_cancelledName_keepsUntitledAndTheStar();
     void save_named_writesTheBytesAndDropsTheStar();
     void save_changedByAnotherProgram_asksFirst();
@@ -212,6 +213,16 @@ void tst_CsdDocument::save_untitled_asksForAName()
     QCOMPARE(
         ReadRegistryString(m_program->settings, registry::RecentFilesKey, QStringLiteral("File1")),
         QString());
+}
+
+void tst_CsdDocument::save_otherUntitledName_asksForAName()
+{
+    show();
+    m_program->config.CSDFileName = QStringLiteral("[Untitled.CSD]");
+    type(QStringLiteral("e"));
+    m_program->dialogs.expectSave(QStringLiteral("Save File As ..."), std::nullopt);
+    trigger("menuFileSalvaOrchestra");
+    QVERIFY(m_editor->GetState(2));
 }
 
 void tst_CsdDocument::save_cancelledName_keepsUntitledAndTheStar()
@@ -499,6 +510,10 @@ void tst_CsdDocument::dialogs_beginWhereTheUserWas()
     trigger("buttonDefaultDir");
     QCOMPARE(folderOfSaveAs(work + QStringLiteral("/d.csd")), work);
     QCOMPARE(m_program->dialogs.fileQuestions.back().proposedName, QString());
+
+    delete m_window;
+    show(); // a document without a file
+    QCOMPARE(folderOfSaveAs(work + QStringLiteral("/e.csd")), work);
 }
 
 void tst_CsdDocument::recent_otherCopyWroteMeanwhile_opensWhatTheListHolds()

@@ -59,21 +59,25 @@ private slots:
     void tools_allFlagsOff_hideAllRestores();
     void tools_menuWindow_checksMatchTheFlags();
     void window_halves_fillTheWorkArea();
+    void window_takesThePlacementThatWasKept();
 
     // Split view.
     void split_letterInEitherView_showsInTheOtherAtOnce();
     void split_enter_isCopiedAndKeepsTheScrollPosition();
-    void split_commandKeyInEitherView_isCopied();
+    void split_keyWithCtrl_isCopied();
+    void split_begins_withoutAHistory();
     void split_off_copiesNothing();
     void split_randomEdits_endEqual();
     void split_keys_moveTheFocus();
 
     // Side panel.
     void tags_documentWords_appearOneByOne();
+    void tags_emptyUnmodifiedText_leavesTheTree();
     void tags_listClick_insertsTheWordOnce();
     void bookmarks_ctrlB_setsAndRemoves();
     void bookmarks_sixteenth_isRefused();
     void bookmarks_survive_inTheSideFile();
+    void bookmarks_flag_isClearedByASideFileAlone();
     void bookmarks_sideFile_goesWithTheLast();
     void bookmarks_documentWithTheSideFilesName_isSafe();
     void bookmarks_click_goesToTheLine();
@@ -497,6 +501,21 @@ void tst_FormCSD::window_halves_fillTheWorkArea()
                  QRect(area.left(), area.top(), area.width(), area.height() / 2));
 }
 
+void tst_FormCSD::window_takesThePlacementThatWasKept()
+{
+    m_program->config.WindowLeft = 30L * 15;
+    m_program->config.WindowTop = 20L * 15;
+    m_program->config.WindowWidth = 700L * 15;
+    m_program->config.WindowHeight = 500L * 15;
+    show();
+    QCOMPARE(m_window->pos(), QPoint(30, 20));
+    QCOMPARE(m_window->size(), QSize(700, 500));
+    delete m_window;
+    m_program->config.WindowMaximized = true;
+    show();
+    QVERIFY(m_window->isMaximized());
+}
+
 // Split view. ------------------------------------------------------------------------------------
 
 void tst_FormCSD::split_letterInEitherView_showsInTheOtherAtOnce()
@@ -526,14 +545,24 @@ void tst_FormCSD::split_enter_isCopiedAndKeepsTheScrollPosition()
     QCOMPARE(second()->TopLine(), 200);
 }
 
-void tst_FormCSD::split_commandKeyInEitherView_isCopied()
+void tst_FormCSD::split_keyWithCtrl_isCopied()
 {
-    show("one\ntwo\nthree\n");
+    show("one");
     trigger("buttonSplit");
-    QTest::keyClick(first()->focusProxy(), Qt::Key_Y, Qt::ControlModifier);
-    QTRY_COMPARE(second()->Text(), QStringLiteral("two\r\nthree\r\n"));
-    QTest::keyClick(second()->focusProxy(), Qt::Key_Y, Qt::ControlModifier);
-    QTRY_COMPARE(first()->Text(), QStringLiteral("three\r\n"));
+    first()->SelectAll();
+    QTest::keyClick(first()->focusProxy(), Qt::Key_X, Qt::ControlModifier);
+    QTRY_COMPARE(second()->Text(), QString());
+    for (int i = 0; i < 2; ++i)
+        QTest::keyClick(second()->focusProxy(), Qt::Key_V, Qt::ControlModifier);
+    QTRY_COMPARE(first()->Text(), QStringLiteral("oneone"));
+}
+
+void tst_FormCSD::split_begins_withoutAHistory()
+{
+    show("one");
+    trigger("buttonSplit");
+    second()->Undo();
+    QCOMPARE(second()->Text(), QStringLiteral("one"));
 }
 
 void tst_FormCSD::split_off_copiesNothing()
@@ -597,6 +626,19 @@ void tst_FormCSD::tags_documentWords_appearOneByOne()
     QTRY_COMPARE(tree->topLevelItem(7)->text(0), QStringLiteral("..."));
 }
 
+/// Nothing is looked for in a text that is empty and was not touched.
+void tst_FormCSD::tags_emptyUnmodifiedText_leavesTheTree()
+{
+    show("<CsScore>");
+    const auto *tree = control<QTreeWidget>("Tree");
+    QTRY_COMPARE(tree->topLevelItem(6)->text(0), QStringLiteral("<CsScore>"));
+    first()->SetText(QString());
+    first()->ClearState(2);
+    QSignalSpy ticks(control<QTimer>("Timer1"), &QTimer::timeout);
+    QTRY_VERIFY(ticks.count() > int(m_program->config.Words.CsdWords.size()));
+    QCOMPARE(tree->topLevelItem(6)->text(0), QStringLiteral("<CsScore>"));
+}
+
 void tst_FormCSD::tags_listClick_insertsTheWordOnce()
 {
     show("ab");
@@ -627,12 +669,19 @@ void tst_FormCSD::bookmarks_ctrlB_setsAndRemoves()
     QCOMPARE(tree->topLevelItem(0)->text(0), QStringLiteral("-> instr 1"));
     QCOMPARE(first()->GetBookmarkLine(1), 1);
     QVERIFY(m_program->config.CSDModified);
+    const auto background = [this] { // of the first line, behind its text
+        return first()->grab().toImage().pixelColor(400, first()->PositionToPixels(1, 0).y() +
+                                                             first()->LineHeight() / 2);
+    };
+    QCOMPARE(background(), QColor(240, 0, 0));
+    QCOMPARE(tree->topLevelItem(0)->foreground(0).color(), QColor(0, 0, 255));
     caret(first(), 3, 0);
     trigger("menuPopupBookmark");
     caret(first(), 1, 2);
     trigger("menuToolsBookmark"); // the same command takes it away
     QCOMPARE(tree->topLevelItem(0)->text(0), QStringLiteral("..."));
     QCOMPARE(first()->GetBookmarkLine(1), -1);
+    QVERIFY(background() != QColor(240, 0, 0));
     caret(first(), 2, 0);
     trigger("menuToolsBookmark"); // the free slot is the first to be used again
     QCOMPARE(tree->topLevelItem(0)->text(0), QStringLiteral("->"));
@@ -690,6 +739,26 @@ void tst_FormCSD::bookmarks_survive_inTheSideFile()
     QCOMPARE(first()->GetBookmarkLine(3), 5);
     QCOMPARE(control<QTreeWidget>("Tree2")->topLevelItem(2)->text(0),
              QStringLiteral("-> d").leftJustified(20));
+}
+
+void tst_FormCSD::bookmarks_flag_isClearedByASideFileAlone()
+{
+    show("a\n");
+    trigger("menuToolsBookmark");
+    trigger("menuFileSalvaOrchestra");
+    trigger("menuToolsRemoveAllBookmark");
+    const QByteArray sideFile = m_program->read(QStringLiteral("piece.bkm"));
+    const auto open = [this](const char *name) {
+        const QString path = m_program->write(QLatin1String(name), "b\n");
+        m_program->dialogs.expectOpen(QStringLiteral("Open File"), path);
+        trigger("menuFileApriOrchestra");
+    };
+    open("other.csd");
+    QVERIFY(m_program->config.CSDModified);
+    m_program->write(QStringLiteral("third.bkm"), sideFile);
+    open("third.csd");
+    QVERIFY(!m_program->config.CSDModified);
+    QCOMPARE(first()->GetBookmarkLine(1), 1);
 }
 
 void tst_FormCSD::bookmarks_sideFile_goesWithTheLast()

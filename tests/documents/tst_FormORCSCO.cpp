@@ -524,6 +524,11 @@ void tst_FormORCSCO::help_clickInTheScore_leavesThePanels()
     m->trigger("menuFileNuovaScore");
     QCOMPARE(m->control<QLineEdit>("TextOpcode")->text(), QStringLiteral("(Opcode)"));
     QCOMPARE(m->control<QLineEdit>("TextParametri")->text(), QStringLiteral("(Parameters)"));
+    click(m->orchestra, 1, 2, Qt::LeftButton);
+    QVERIFY(m->control<QLineEdit>("TextOpcode")->text().startsWith(QLatin1String("[oscili] - ")));
+    m->trigger("menuFileNuovaOrchestra");
+    QCOMPARE(m->control<QLineEdit>("TextOpcode")->text(), QStringLiteral("(Opcode)"));
+    QCOMPARE(m->control<QLineEdit>("TextParametri")->text(), QStringLiteral("(Parameters)"));
 }
 
 /// A word that only one of the languages knows is drawn in other colours in the two editors.

@@ -42,6 +42,7 @@ private slots:
     void load_partnerInOtherCase_isFound();
     void load_partnerIsAFolder_isNone();
     void load_noNames_areUntitled();
+    void load_folder_isWhereDialogsBegin();
     void load_readOnlyPair_becomesWritable();
     void load_noSideFile_countsAsUnchanged();
 
@@ -209,6 +210,19 @@ void tst_ProjectDocument::load_noNames_areUntitled()
     QCOMPARE(m->config.ScoreFileName, Untitled);
     QCOMPARE(m->label("LabelOrchestra"), QStringLiteral("File Orchestra: [Untitled]"));
     QCOMPARE(m->label("LabelScore"), QStringLiteral("File Score: [Untitled]"));
+}
+
+void tst_ProjectDocument::load_folder_isWhereDialogsBegin()
+{
+    m->config.WorkingDirectory = QDir::rootPath();
+    m->showPair();
+    m->dialogs.expectOpen(OpenProject, std::nullopt);
+    m->trigger("menuFileApriProgetto");
+    QCOMPARE(m->dialogs.fileQuestions.back().directory, m->folder.path());
+    m->trigger("buttonDefaultDir");
+    m->dialogs.expectOpen(OpenProject, std::nullopt);
+    m->trigger("menuFileApriProgetto");
+    QCOMPARE(m->dialogs.fileQuestions.back().directory, QDir::rootPath());
 }
 
 void tst_ProjectDocument::load_readOnlyPair_becomesWritable()

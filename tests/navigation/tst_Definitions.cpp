@@ -76,6 +76,7 @@ private slots:
     void reference_rows();
     void reference_goesOnAndOn();
     void local_noEndin_goesNowhere();
+    void local_onTheEndinLine_doesNotCount();
     void local_outsideAnyInstrument_goesNowhere();
     void local_missingAfterTheCaret_keepsTheSelection();
     void secondView_word_isSoughtInTheFirst();
@@ -227,6 +228,13 @@ void tst_Definitions::local_noEndin_goesNowhere()
     QCOMPARE(selection(*csd.first), QStringLiteral("3:8-3:8"));
     definition(csd, 4, 8); // what lies above the caret's line still counts
     QCOMPARE(selection(*csd.first), QStringLiteral("2:2-2:6"));
+}
+
+void tst_Definitions::local_onTheEndinLine_doesNotCount()
+{
+    CsdWindow csd("instr 1\n  kb = kamp\nendin ; kamp\n");
+    reference(csd, 2, 8);
+    QCOMPARE(selection(*csd.first), QStringLiteral("2:8-2:8"));
 }
 
 void tst_Definitions::local_outsideAnyInstrument_goesNowhere()

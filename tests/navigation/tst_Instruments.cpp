@@ -68,6 +68,7 @@ private slots:
     void keys_secondView_moveTheFirst();
     void buttons_doWhatTheKeysDo();
     void next_lastInstrument_movesNothing();
+    void previous_inSight_doesNotScroll();
     void previous_firstInstrument_movesNothing();
     void first_noInstrument_leavesCaretAndScroll_data();
     void first_noInstrument_leavesCaretAndScroll();
@@ -158,6 +159,17 @@ void tst_Instruments::next_lastInstrument_movesNothing()
     QCOMPARE(csd.first->TopLine(), 3);
     QVERIFY(csd.first->hasFocus());
     QCOMPARE(csd.dialogs.verify(), QString());
+}
+
+void tst_Instruments::previous_inSight_doesNotScroll()
+{
+    CsdWindow csd(orchestra());
+    goTo(*csd.first, One + 2, 0);
+    csd.first->SetTopLine(One - 2);
+    QCOMPARE(csd.first->TopLine(), One - 2);
+    press(*csd.first, Qt::Key_F6);
+    QCOMPARE(selection(*csd.first), wholeWord(One, 2));
+    QCOMPARE(csd.first->TopLine(), One - 2);
 }
 
 void tst_Instruments::previous_firstInstrument_movesNothing()
