@@ -37,6 +37,14 @@ struct ShownForm
     {
         return control<QLineEdit>(QStringLiteral("TextFlags(%1)").arg(index));
     }
+    /// The texts of the first \a count fields.
+    QStringList fieldTexts(int count) const
+    {
+        QStringList texts;
+        for (int i = 0; i < count; ++i)
+            texts.append(field(i)->text());
+        return texts;
+    }
     QLineEdit *text(const char *name) const { return control<QLineEdit>(QLatin1String(name)); }
     QString label(const char *name) const { return control<QLabel>(QLatin1String(name))->text(); }
     QAbstractButton *button(const char *name) const
@@ -77,10 +85,14 @@ struct ShownForm
 
     TestProgram program;
     QList<QStringList> starts; ///< file, parameters, directory
+    /// Gets what is started too, where a test has set it.
+    std::function<void(const QString &, const QString &, const QString &)> passOn;
     ardiphon::ToolContext context{
         program.config, program.dialogs, program.folder.path(),
         [this](const QString &file, const QString &parameters, const QString &directory) {
             starts.append({file, parameters, directory});
+            if (passOn)
+                passOn(file, parameters, directory);
         }};
     std::unique_ptr<QDialog> form;
 };
