@@ -38,6 +38,7 @@ private slots:
     void toolbar_everyButton_hasAnIconAndAName();
     void popup_holdsTheEditEntriesAndTheBookmarks();
 
+    void analysis_entries_openTheirWindows();
     void audio_entries_openTheirWindows_data();
     void audio_entries_openTheirWindows();
 
@@ -181,6 +182,12 @@ void tst_FormCSD::popup_holdsTheEditEntriesAndTheBookmarks()
           "menuPopupSelezionaTutto", "menuPopupBookmark", "menuPopupRemoveBookmark",
           "menuPopupRemoveAllBookmarks"})
         QVERIFY2(names.contains(QLatin1String(name)), name);
+}
+
+void tst_FormCSD::analysis_entries_openTheirWindows()
+{
+    show();
+    QCOMPARE(CommandChecks::wrongAnalysisEntries(*m_window), QStringList());
 }
 
 void tst_FormCSD::audio_entries_openTheirWindows_data()

@@ -26,6 +26,7 @@ private slots:
 
     // Commands.
     void commands_haveHandlersCaptionsKeysAndPictures();
+    void analysis_entries_openTheirWindows();
     void window_keepsItsTitle();
 
     // Arrangements.
@@ -118,6 +119,12 @@ void tst_FormORCSCO::commands_haveHandlersCaptionsKeysAndPictures()
     for (const auto buttons : {projectToolbar(), orchestraToolbar(), scoreToolbar()})
         QCOMPARE(CommandChecks::bareButtons(*m->window, buttons), QStringList());
     QCOMPARE(m->control<QAction>("menuFileApriOrchestra")->text(), QStringLiteral("Open Ochestra"));
+}
+
+void tst_FormORCSCO::analysis_entries_openTheirWindows()
+{
+    m->show();
+    QCOMPARE(CommandChecks::wrongAnalysisEntries(*m->window), QStringList());
 }
 
 void tst_FormORCSCO::window_keepsItsTitle()
