@@ -32,13 +32,13 @@ bool startInTerminal(const QString &file, const QString &parameters, const QStri
     const QString console = programFolder + QStringLiteral("/ArdiphonConsole");
     if (QFileInfo(console).isExecutable()) {
         // Some terminals open their windows from a process that was there before and is elsewhere,
-        // so the directory goes to the console.
+        // so the directory goes to the console, which also tells when there is none.
         const QString line =
             QStringList{quoted(console), quoted(directory), quoted(file), parameters}.join(u' ');
         for (const Terminal &terminal : terminals) {
             const QString path = QStandardPaths::findExecutable(QLatin1String(terminal.name));
             if (!path.isEmpty() &&
-                StartDetached(path, QLatin1String(terminal.option) + u' ' + line, directory))
+                StartDetached(path, QLatin1String(terminal.option) + u' ' + line, QString()))
                 return true;
         }
     }

@@ -3,11 +3,13 @@
 #include "documents/Commands.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QMenu>
 #include <QMetaMethod>
 #include <QSet>
 #include <QStringList>
 #include <QToolBar>
+#include <QTimer>
 #include <QWidget>
 
 /// What must hold for the commands of an editor window. Each gives the names of those for which it
@@ -134,6 +136,41 @@ inline QStringList bareButtons(const QWidget &window, std::span<const ardiphon::
         const bool shown = window.findChild<QWidget *>(QLatin1String(button.name));
         if (!shown || !action || action->icon().pixmap(20, 20).toImage().isNull())
             found.append(QLatin1String(button.name));
+    }
+    return found;
+}
+
+/// The name of the modal window that the action opens, which is closed again; "" for none that
+/// belongs to \a window.
+inline QString windowOpenedBy(const QWidget &window, const QString &action)
+{
+    QString opened;
+    QTimer::singleShot(0, &window, [&window, &opened] {
+        QWidget *const modal = QApplication::activeModalWidget();
+        if (modal->parent() == &window)
+            opened = modal->objectName();
+        modal->close();
+    });
+    window.findChild<QAction *>(action)->trigger();
+    return opened;
+}
+
+/// Entries of the analysis menu, and of the one beneath the toolbar's button, that open another
+/// window than their own.
+inline QStringList wrongAnalysisEntries(const QWidget &window)
+{
+    QStringList found;
+    const auto check = [&window, &found](const QString &action, const QString &form) {
+        if (windowOpenedBy(window, action) != form)
+            found.append(action);
+    };
+    check(QStringLiteral("buttonAnalisi"), QStringLiteral("FormAnalisi"));
+    for (const char *each :
+         {"Hetro", "LPAnal", "PVAnal", "PVLook", "CVAnal", "DNoise", "SndInfo"}) {
+        const QString tool = QLatin1String(each);
+        const QString form = QStringLiteral("Form") + QString(tool).replace("Snd", "SND");
+        check(QStringLiteral("menu") + tool, form);
+        check(QStringLiteral("button") + tool, form);
     }
     return found;
 }

@@ -40,6 +40,7 @@ private slots:
     void toolbar_everyButton_hasAnIconAndAName();
     void popup_holdsTheEditEntriesAndTheBookmarks();
 
+    void analysis_entries_openTheirWindows();
     void audio_entries_openTheirWindows_data();
     void audio_entries_openTheirWindows();
 
@@ -285,6 +286,12 @@ void tst_FormCSD::popup_holdsTheEditEntriesAndTheBookmarks()
           "menuPopupRemoveAllBookmarks", "menuPopupDefinition", "menuPopupReference",
           "menuPopupLastPosition", "menuPopupOpcodeHelp"})
         QVERIFY2(names.contains(QLatin1String(name)), name);
+}
+
+void tst_FormCSD::analysis_entries_openTheirWindows()
+{
+    show();
+    QCOMPARE(CommandChecks::wrongAnalysisEntries(*m_window), QStringList());
 }
 
 void tst_FormCSD::audio_entries_openTheirWindows_data()

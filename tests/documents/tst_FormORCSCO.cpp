@@ -30,6 +30,7 @@ private slots:
     void captions_areTheseTexts();
     void buttons_doWhatTheirCommandsDo();
     void popup_hasNoLastPosition();
+    void analysis_entries_openTheirWindows();
     void window_keepsItsTitle();
 
     // Arrangements.
@@ -229,6 +230,12 @@ void tst_FormORCSCO::popup_hasNoLastPosition()
         names.append(each->objectName());
     QVERIFY(names.contains(QStringLiteral("menuPopupReference")));
     QVERIFY(!names.contains(QStringLiteral("menuPopupLastPosition")));
+}
+
+void tst_FormORCSCO::analysis_entries_openTheirWindows()
+{
+    m->show();
+    QCOMPARE(CommandChecks::wrongAnalysisEntries(*m->window), QStringList());
 }
 
 void tst_FormORCSCO::window_keepsItsTitle()
