@@ -107,6 +107,8 @@ void ColorSheet::layOut()
         ++line;
     }
     grid->setRowStretch(line, 1);
+    grid->setColumnStretch(3, 1);
+    grid->setHorizontalSpacing(12);
 
     auto *const Command4 = new QPushButton(QStringLiteral("Default"), this);
     Command4->setObjectName(QStringLiteral("Command4"));

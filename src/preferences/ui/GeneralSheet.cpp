@@ -20,6 +20,7 @@ QLayout *rowOf(QWidget *control, const QString &note)
 {
     auto *const row = new QHBoxLayout;
     row->addWidget(control);
+    row->addSpacing(6);
     row->addWidget(new QLabel(note));
     row->addStretch();
     return row;

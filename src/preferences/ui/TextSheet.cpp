@@ -6,7 +6,7 @@
 #include "preferences/SettingsValues.h"
 #include "preferences/ui/FormDefaultFont.h"
 
-#include <QGridLayout>
+#include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -47,30 +47,36 @@ void TextSheet::layOut()
         connect(made, &QPushButton::clicked, this, handler);
         return made;
     };
-    auto *const grid = new QGridLayout(this);
-    const auto addRow = [this, grid](int line, const QString &label, QLineEdit *edit) {
-        grid->addWidget(new QLabel(label, this), line, 0);
-        grid->addWidget(edit, line, 1);
+    auto *const form = new QFormLayout;
+    const auto addRow = [this, form](const QString &label, QLineEdit *edit, QWidget *beside) {
+        auto *const row = new QHBoxLayout;
+        row->addWidget(edit);
+        row->addWidget(beside);
+        if (edit->maximumWidth() == SizeFieldWidth)
+            row->addStretch();
+        form->addRow(label, row);
         edit->setAccessibleName(label);
     };
-    addRow(0, QStringLiteral("Tab indent size:"), textTabSize);
-    addRow(1, QStringLiteral("Default Font Size:"), textFontSize);
-    addRow(2, QStringLiteral("Default Font Name:"), textFontName);
     textTabSize->setFixedWidth(SizeFieldWidth);
     textFontSize->setFixedWidth(SizeFieldWidth);
-    grid->addWidget(new QLabel(QStringLiteral("(Min 2 - Max 30)"), this), 0, 2);
+    addRow(QStringLiteral("Tab indent size:"), textTabSize,
+           new QLabel(QStringLiteral("(Min 2 - Max 30)"), this));
     // The least size is smaller than that; the note is as users of the program know it.
-    grid->addWidget(new QLabel(QStringLiteral("(Min 10 - Max 20)"), this), 1, 2);
-    grid->addWidget(button("Command6", QStringLiteral("Browse"), [this] { chooseFont(); }), 2, 2,
-                    Qt::AlignLeft);
-    grid->addWidget(button("Command5", QStringLiteral("Default"),
-                           [this] {
-                               textTabSize->setText(QStringLiteral("8"));
-                               textFontSize->setText(QStringLiteral("10"));
-                           }),
-                    4, 0, Qt::AlignLeft);
-    grid->setColumnStretch(1, 1);
-    grid->setRowStretch(3, 1);
+    addRow(QStringLiteral("Default Font Size:"), textFontSize,
+           new QLabel(QStringLiteral("(Min 10 - Max 20)"), this));
+    addRow(QStringLiteral("Default Font Name:"), textFontName,
+           button("Command6", QStringLiteral("Browse"), [this] { chooseFont(); }));
+    auto *const all = new QVBoxLayout(this);
+    all->addLayout(form);
+    all->addStretch();
+    all->addWidget(button("Command5", QStringLiteral("Default"), [this] { showDefaultSizes(); }), 0,
+                   Qt::AlignLeft);
+}
+
+void TextSheet::showDefaultSizes()
+{
+    textTabSize->setText(QStringLiteral("8"));
+    textFontSize->setText(QStringLiteral("10"));
 }
 
 bool TextSheet::check(QLineEdit &edit, int lowest, int highest, const QString &message,

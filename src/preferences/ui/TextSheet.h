@@ -26,6 +26,7 @@ private:
     QLineEdit *newEdit(const char *name, const QString &text);
     bool check(QLineEdit &edit, int lowest, int highest, const QString &message,
                const QString &setting);
+    void showDefaultSizes();
     void chooseFont();
 
     ConfigurationBlock &m_config;

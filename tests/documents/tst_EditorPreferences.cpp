@@ -1,0 +1,321 @@
+#include "documents/ui/FormCSD.h"
+#include "documents/ui/FormORCSCO.h"
+#include "language/editor/LEditOCX.h"
+#include "language/ui/Gutter.h"
+#include "support/TestProgram.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QFontDatabase>
+#include <QLineEdit>
+#include <QListView>
+#include <QMenu>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <memory>
+
+using namespace ardiphon;
+
+/// The settings and the fonts as both editor windows open them, and what they do to the editors.
+class tst_EditorPreferences : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void menus_holdTheirEntries_data();
+    void menus_holdTheirEntries();
+    void settings_opened_knowTheirCaller_data();
+    void settings_opened_knowTheirCaller();
+    void settings_color_showsInTheOpenEditors_data();
+    void settings_color_showsInTheOpenEditors();
+    void settings_savedInSplitCsd_reachTheFirstView();
+    void font_load_remembersTheEditors_data();
+    void font_load_remembersTheEditors();
+    void font_applied_reachesEditorsAndGutters_data();
+    void font_applied_reachesEditorsAndGutters();
+    void font_open_showsTheHourglass_data();
+    void font_open_showsTheHourglass();
+    void font_cancelled_keepsTheFont_data();
+    void font_cancelled_keepsTheFont();
+    void font_removed_opensAllTheSame();
+    void font_reset_takesTheDefault_data();
+    void font_reset_takesTheDefault();
+    void font_inScoreView_keepsTheFocusThere();
+
+private:
+    static void bothWindows();
+    void show(bool project);
+    template <typename Control>
+    Control *control(const char *name) const
+    {
+        auto *found = m_window->findChild<Control *>(QLatin1String(name));
+        if (!found)
+            qFatal("no control %s", name);
+        return found;
+    }
+    /// Carries a command out, and \a step in the window that it opens.
+    void trigger(const char *command, const std::function<void(QDialog &window)> &step = {});
+    static void press(const QDialog &window, const char *button);
+    static void chooseFont(const QDialog &window, int row);
+    QList<LEditOCX *> openEditors() const;
+    /// The editor that has the window's focus, as it has the screen's once the window is active.
+    QString focusedEditor() const;
+
+    std::unique_ptr<TestProgram> m_program;
+    QPointer<QWidget> m_window;
+    QStringList m_fonts;
+};
+
+void tst_EditorPreferences::init()
+{
+    m_program = std::make_unique<TestProgram>();
+    m_fonts = QFontDatabase::families();
+    QVERIFY2(m_fonts.size() >= 3, "the test needs a few fonts");
+}
+
+void tst_EditorPreferences::cleanup()
+{
+    delete m_window;
+    QCOMPARE(m_program->dialogs.verify(), QString());
+}
+
+void tst_EditorPreferences::bothWindows()
+{
+    QTest::addColumn<bool>("project");
+    QTest::newRow("csd") << false;
+    QTest::newRow("project") << true;
+}
+
+void tst_EditorPreferences::show(bool project)
+{
+    if (project)
+        m_window = new FormORCSCO(m_program->context);
+    else
+        m_window = new FormCSD(m_program->context);
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window));
+}
+
+void tst_EditorPreferences::trigger(const char *command,
+                                    const std::function<void(QDialog &window)> &step)
+{
+    bool opened = !step;
+    if (step) {
+        QTimer::singleShot(0, this, [&opened, &step] {
+            auto *window = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            QVERIFY(window);
+            opened = true;
+            step(*window);
+            window->close(); // so that a test that failed comes to an end
+        });
+    }
+    control<QAction>(command)->trigger();
+    QVERIFY(opened);
+}
+
+void tst_EditorPreferences::press(const QDialog &window, const char *button)
+{
+    QTest::mouseClick(window.findChild<QAbstractButton *>(QLatin1String(button)), Qt::LeftButton);
+}
+
+void tst_EditorPreferences::chooseFont(const QDialog &window, int row)
+{
+    auto *list = window.findChild<QListView *>("List1");
+    const QModelIndex entry = list->model()->index(row, 0);
+    list->scrollTo(entry);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      list->visualRect(entry).center());
+}
+
+QList<LEditOCX *> tst_EditorPreferences::openEditors() const
+{
+    if (qobject_cast<FormORCSCO *>(m_window))
+        return {control<LEditOCX>("LEDIT1"), control<LEditOCX>("LEDIT2")};
+    return {control<LEditOCX>("LEDIT1")};
+}
+
+QString tst_EditorPreferences::focusedEditor() const
+{
+    for (const char *name : {"LEDIT1", "LEDIT2"})
+        if (m_window->focusWidget() == control<LEditOCX>(name)->focusProxy())
+            return name;
+    return {};
+}
+
+// The settings. ----------------------------------------------------------------------------------
+
+void tst_EditorPreferences::menus_holdTheirEntries_data() { bothWindows(); }
+
+void tst_EditorPreferences::menus_holdTheirEntries()
+{
+    QFETCH(bool, project);
+    show(project);
+    QVERIFY(control<QMenu>("menuFile")->actions().contains(control<QAction>("menuFilePreferenze")));
+    QStringList format;
+    for (const QAction *entry : control<QMenu>("menuFormato")->actions())
+        format.append(entry->text());
+    QCOMPARE(format.join('|'), "Select &Font|&Size|&Reset Default Font");
+    QCOMPARE(control<QAction>("menuFilePreferenze")->text(), "Se&ttings");
+}
+
+void tst_EditorPreferences::settings_opened_knowTheirCaller_data() { bothWindows(); }
+
+void tst_EditorPreferences::settings_opened_knowTheirCaller()
+{
+    QFETCH(bool, project);
+    show(project);
+    trigger("menuFilePreferenze", [this](QDialog &window) {
+        QCOMPARE(window.objectName(), "FormImpostazioni");
+        QCOMPARE(window.parentWidget(), m_window.data());
+    });
+    QCOMPARE(m_program->config.SettingsCaller, project ? "ORCSCO" : "CSD");
+}
+
+void tst_EditorPreferences::settings_color_showsInTheOpenEditors_data() { bothWindows(); }
+
+void tst_EditorPreferences::settings_color_showsInTheOpenEditors()
+{
+    QFETCH(bool, project);
+    show(project);
+    const QColor green(0, 200, 0);
+    trigger("menuFilePreferenze", [&](QDialog &window) {
+        m_program->dialogs.expectColor(Color::rgb(0, 0, 0), Color::rgb(0, 200, 0));
+        press(window, "mostraColors");
+        press(window, "picBackColor");
+        QApplication::processEvents();
+        for (LEditOCX *editor : openEditors()) // while the settings are still open
+            QCOMPARE(editor->grab().toImage().pixelColor(editor->rect().center()), green);
+    });
+    QCOMPARE(m_program->config.ColorBackground, Color::rgb(0, 200, 0));
+}
+
+void tst_EditorPreferences::settings_savedInSplitCsd_reachTheFirstView()
+{
+    show(false);
+    trigger("buttonSplit");
+    trigger("menuFilePreferenze", [&](QDialog &window) {
+        m_program->dialogs.expectColor(Color::rgb(0, 0, 0), Color::rgb(0, 200, 0));
+        press(window, "mostraColors");
+        press(window, "picBackColor");
+        press(window, "mostraText");
+        window.findChild<QLineEdit *>("textTabSize")->setText("3");
+        press(window, "Command1");
+    });
+    QCOMPARE(control<LEditOCX>("LEDIT1")->TabSize(), 3);
+    auto *second = control<LEditOCX>("LEDIT2");
+    QCOMPARE(second->TabSize(), 8);
+    QCOMPARE(second->grab().toImage().pixelColor(second->rect().center()), QColor(Qt::white));
+}
+
+// The fonts. -------------------------------------------------------------------------------------
+
+void tst_EditorPreferences::font_load_remembersTheEditors_data() { bothWindows(); }
+
+void tst_EditorPreferences::font_load_remembersTheEditors()
+{
+    QFETCH(bool, project);
+    m_program->config.DefaultFontName = m_fonts.at(1);
+    show(project);
+    QCOMPARE(m_program->config.FontName, m_fonts.at(1));
+}
+
+void tst_EditorPreferences::font_applied_reachesEditorsAndGutters_data() { bothWindows(); }
+
+void tst_EditorPreferences::font_applied_reachesEditorsAndGutters()
+{
+    QFETCH(bool, project);
+    show(project);
+    for (LEditOCX *editor : openEditors()) {
+        editor->SetFontBold(true);
+        editor->SetFontItalic(true);
+    }
+    const QString kept = m_program->config.DefaultFontName;
+    trigger("menuFormatoTipocarattere", [this](QDialog &window) {
+        QCOMPARE(window.objectName(), "FormFont");
+        QCOMPARE(window.parentWidget(), m_window.data());
+        chooseFont(window, 2);
+        press(window, "Command1");
+    });
+    QCOMPARE(m_program->config.FontName, m_fonts.at(2));
+    QCOMPARE(m_program->config.DefaultFontName, kept);
+    for (LEditOCX *editor : openEditors())
+        QCOMPARE(editor->FontName(), m_fonts.at(2));
+    const QStringList gutters =
+        project ? QStringList{"PicNumeri1", "PicNumeri2"} : QStringList{"PicNumeri"};
+    for (const QString &name : gutters) {
+        const QFont font = control<Gutter>(qPrintable(name))->font();
+        QCOMPARE(font.family(), m_fonts.at(2));
+        QVERIFY(!font.bold() && !font.italic() && !font.underline() && !font.strikeOut());
+    }
+    QCOMPARE(focusedEditor(), "LEDIT1");
+}
+
+void tst_EditorPreferences::font_open_showsTheHourglass_data() { bothWindows(); }
+
+void tst_EditorPreferences::font_open_showsTheHourglass()
+{
+    QFETCH(bool, project);
+    show(project);
+    trigger("menuFormatoTipocarattere",
+            [this](QDialog &) { QCOMPARE(m_window->cursor().shape(), Qt::WaitCursor); });
+    QCOMPARE(m_window->cursor().shape(), Qt::ArrowCursor);
+}
+
+void tst_EditorPreferences::font_cancelled_keepsTheFont_data() { bothWindows(); }
+
+void tst_EditorPreferences::font_cancelled_keepsTheFont()
+{
+    QFETCH(bool, project);
+    m_program->config.DefaultFontName = m_fonts.at(1);
+    show(project);
+    trigger("menuFormatoTipocarattere", [](QDialog &window) {
+        chooseFont(window, 0);
+        press(window, "Command2");
+    });
+    for (LEditOCX *editor : openEditors())
+        QCOMPARE(editor->FontName(), m_fonts.at(1));
+}
+
+void tst_EditorPreferences::font_removed_opensAllTheSame()
+{
+    m_program->config.DefaultFontName = "No Such Font";
+    show(false);
+    QCOMPARE(m_program->config.FontName, "No Such Font");
+    trigger("menuFormatoTipocarattere", [](QDialog &window) { press(window, "Command2"); });
+    QCOMPARE(control<LEditOCX>("LEDIT1")->FontName(), "No Such Font");
+}
+
+void tst_EditorPreferences::font_reset_takesTheDefault_data() { bothWindows(); }
+
+void tst_EditorPreferences::font_reset_takesTheDefault()
+{
+    QFETCH(bool, project);
+    show(project);
+    m_program->config.FontName = m_fonts.at(0);
+    m_program->config.DefaultFontName = m_fonts.at(1);
+    trigger("menuLista");
+    QCOMPARE(m_program->config.FontName, m_fonts.at(1));
+    for (LEditOCX *editor : openEditors())
+        QCOMPARE(editor->FontName(), m_fonts.at(1));
+    QCOMPARE(focusedEditor(), "LEDIT1");
+}
+
+void tst_EditorPreferences::font_inScoreView_keepsTheFocusThere()
+{
+    show(true);
+    trigger("menuVisualizzaScore");
+    trigger("menuFormatoTipocarattere", [](QDialog &window) { press(window, "Command2"); });
+    QCOMPARE(focusedEditor(), "LEDIT2");
+    trigger("menuLista");
+    QCOMPARE(focusedEditor(), "LEDIT2");
+}
+
+QTEST_MAIN(tst_EditorPreferences)
+#include "tst_EditorPreferences.moc"
