@@ -1,9 +1,9 @@
-// The processor time that moving through a large document and replacing in it takes. Run it with
-// QT_QPA_PLATFORM=offscreen to leave the display's own time out.
+// The processor time that moving through a document and replacing in it takes.
 
-#include "app/ConfigurationBlock.h"
+#include "Measure.h"
+#include "MeasuredEditor.h"
+
 #include "language/TokenColors.h"
-#include "language/editor/LEditOCX.h"
 #include "navigation/SearchRules.h"
 #include "navigation/ui/Definitions.h"
 #include "navigation/ui/Instruments.h"
@@ -12,13 +12,9 @@
 #include "platform/ui/QtDialogs.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
-
-#include <cstdio>
-#include <ctime>
 
 using namespace ardiphon;
 
@@ -43,37 +39,16 @@ QString orchestra(int lines)
     return text;
 }
 
-double processMilliseconds()
-{
-    timespec now;
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return double(now.tv_sec) * 1e3 + double(now.tv_nsec) / 1e6;
-}
-
-void paint(LEditOCX &editor)
-{
-    QApplication::processEvents();
-    editor.repaint();
-    QApplication::processEvents();
-}
-
+/// One step, with the painting that follows.
 template <typename Step>
-void report(const char *what, LEditOCX &editor, int limit, Step step)
+void report(const char *what, LEditOCX &editor, int lines, int limit, Step step)
 {
-    paint(editor);
-    const double before = processMilliseconds();
-    step();
-    paint(editor);
-    const double milliseconds = processMilliseconds() - before;
-    std::printf("%-52s %9.1f ms   (limit %5d ms)%s\n", what, milliseconds, limit,
-                milliseconds < limit ? "" : "   OVER");
-}
-
-void goTo(LEditOCX &editor, int line, int column)
-{
-    editor.SelStartLine = editor.SelEndLine = line;
-    editor.SelStartColumn = editor.SelEndColumn = column;
-    editor.SetSelection();
+    measure::paint(editor);
+    measure::row(what, lines, measure::processTime([&] {
+                     step();
+                     measure::paint(editor);
+                 }),
+                 "ms", limit);
 }
 
 /// A search window with its two fields filled in.
@@ -100,58 +75,59 @@ void close(QWidget *window)
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-void measureSearch(LEditOCX &editor, SearchWindows &search, QWidget &owner)
+void measureSearch(LEditOCX &editor, SearchWindows &search, int lines)
 {
-    QWidget *window = opened(search, owner, SearchKind::Find, QStringLiteral("instr nowhere"));
-    goTo(editor, 1, 0);
-    report("find, no match", editor, 100, [=] { click(window, "Command1"); });
-    goTo(editor, editor.LineCount() / 2, 3);
-    report("find, no match, from the middle", editor, 100, [=] { click(window, "Command1"); });
+    QWidget *window = opened(search, editor, SearchKind::Find, QStringLiteral("instr nowhere"));
+    measure::goTo(editor, 1, 0);
+    report("search window, no match", editor, lines, 100, [=] { click(window, "Command1"); });
     window->findChild<QLineEdit *>(QStringLiteral("Text1"))->setText(QStringLiteral("1"));
-    report("find, a match behind the end", editor, 100, [=] { click(window, "Command1"); });
+    measure::goTo(editor, lines / 2, 3);
+    report("search window, a match", editor, lines, 100, [=] { click(window, "Command1"); });
     close(window);
 }
 
-void measureJumps(LEditOCX &editor)
+void measureJumps(LEditOCX &editor, int lines)
 {
     Instruments instruments(editor);
     QLineEdit field;
-    report("last instrument", editor, 300, [&] { instruments.GoToLastInstrument(); });
-    report("previous instrument", editor, 300, [&] { instruments.GoToPreviousInstrument(); });
-    report("first instrument", editor, 300, [&] { instruments.GoToFirstInstrument(); });
-    report("next instrument", editor, 300, [&] { instruments.GoToNextInstrument(); });
-    field.setText(QStringLiteral("124999"));
-    report("the last of 125,000 instruments, by its number", editor, 300,
+    report("go to the last instrument", editor, lines, 300,
+           [&] { instruments.GoToLastInstrument(); });
+    report("go to the previous instrument", editor, lines, 300,
+           [&] { instruments.GoToPreviousInstrument(); });
+    report("go to the first instrument", editor, lines, 300,
+           [&] { instruments.GoToFirstInstrument(); });
+    field.setText(QString::number(lines / 8));
+    report("go to an instrument by its number", editor, lines, 300,
            [&] { instruments.GoToInstrumentNumber(field); });
     field.setText(QStringLiteral("999999"));
-    report("a number that no instrument has", editor, 300,
+    report("a number that no instrument has", editor, lines, 300,
            [&] { instruments.GoToInstrumentNumber(field); });
-    report("one step of the tag panel", editor, 100,
+    report("a word of the tag panel, not there", editor, lines, 100,
            [&] { containsExactly(editor, QStringLiteral("</CsoundSynthesizer>")); });
 }
 
-void measureDefinitions(LEditOCX &editor)
+void measureDefinitions(LEditOCX &editor, int lines)
 {
     WordTables words;
     QAction definition;
     QAction reference;
     Definitions definitions(editor, words, definition, reference);
-    goTo(editor, editor.LineCount() - 4, 3);
+    measure::goTo(editor, editor.LineCount() - 4, 3);
     definitions.prepareEntries(editor);
-    report("definition of a local name", editor, 300, [&] { definitions.GoToDefinition(); });
-    report("reference of a local name", editor, 300, [&] { definitions.GoToReference(); });
+    report("definition of a local name", editor, lines, 300, [&] { definitions.GoToDefinition(); });
+    report("reference of a local name", editor, lines, 300, [&] { definitions.GoToReference(); });
 }
 
-void measureReplace(LEditOCX &editor, SearchWindows &search, QWidget &owner, const char *what,
-                    const QString &text, const char *button)
+/// An eighth of the lines has a match.
+void measureReplace(LEditOCX &editor, SearchWindows &search, int lines)
 {
-    editor.SetText(text);
-    editor.ResetUndo();
-    goTo(editor, 1, 0);
-    QWidget *window = opened(search, owner, SearchKind::Replace, QStringLiteral("endin"),
+    measure::goTo(editor, 1, 0);
+    QWidget *window = opened(search, editor, SearchKind::Replace, QStringLiteral("endin"),
                              QStringLiteral("endin endin"));
-    report(what, editor, 1000, [=] { click(window, button); });
-    report("    one Undo of that", editor, 1000, [&] { editor.Undo(); });
+    report("replace window, all", editor, lines, 1000, [=] { click(window, "Command3"); });
+    report("one undo of that", editor, lines, 1000, [&] { editor.Undo(); });
+    measure::goTo(editor, 1, 0);
+    report("replace window, caret to end", editor, lines, 1000, [=] { click(window, "Command1"); });
     close(window);
 }
 
@@ -169,19 +145,13 @@ int main(int argc, char **argv)
     editor.resize(1000, 800);
     editor.show();
     SearchWindows search(config, dialogs, {{CsdCaller, &editor}}, editor, [] {});
-
-    const QString large = orchestra(1'000'000);
-    std::printf("a document of %.1f MB\n", double(large.size()) / 1e6);
-    editor.SetText(large);
-    editor.ResetUndo();
-    measureSearch(editor, search, editor);
-    measureJumps(editor);
-    measureDefinitions(editor);
-    std::printf("100,000 matches\n");
-    const QString matches = QStringLiteral("endin kamp\r\n").repeated(100'000);
-    measureReplace(editor, search, editor, "replace all", matches, "Command3");
-    measureReplace(editor, search, editor, "replace from caret to end", matches, "Command1");
-    measureReplace(editor, search, editor, "replace all, 125,000 in 28 MB", large, "Command3");
-    measureReplace(editor, search, editor, "replace from caret to end, 125,000 in 28 MB", large,
-                   "Command1");
+    for (const int lines : measure::Sizes) {
+        editor.SetText(orchestra(lines));
+        editor.ResetUndo();
+        measureSearch(editor, search, lines);
+        measureJumps(editor, lines);
+        measureDefinitions(editor, lines);
+        measureReplace(editor, search, lines);
+    }
+    return 0;
 }

@@ -1,6 +1,8 @@
 // What the player takes: how soon a file opens, how soon it sounds, how near the shown position is
 // to what is heard, and what playing costs. It plays into a silent server of its own.
 
+#include "Measure.h"
+
 #include "app/ConfigurationBlock.h"
 #include "audio/ui/MySlider.h"
 #include "audio/ui/WaveOutline.h"
@@ -10,39 +12,13 @@
 #include "support/SoundServer.h"
 #include "support/TimedSound.h"
 
-#include <QApplication>
-#include <QElapsedTimer>
-#include <QFile>
 #include <QTest>
-
-#include <algorithm>
-#include <cstdio>
-#include <ctime>
-#include <vector>
 
 using namespace ardiphon;
 
 namespace {
 
-double processMilliseconds()
-{
-    timespec now;
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return double(now.tv_sec) * 1e3 + double(now.tv_nsec) / 1e6;
-}
-
-/// Of memory that is this process's own.
-double residentMegabytes()
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray &line : status.readAll().split('\n')) {
-        if (line.startsWith("RssAnon:"))
-            return line.mid(8).simplified().split(' ').constFirst().toDouble() / 1024;
-    }
-    return 0;
-}
+using measure::NoSize;
 
 struct Bench
 {
@@ -53,36 +29,22 @@ struct Bench
     QString wave;
     WavePlayer player{config, dialogs, {[this] { return wave; }, {}, {}, [] {}}, nullptr};
     MMControl &media = *player.findChild<MMControl *>();
-
-    QString write(const char *name, const QByteArray &bytes)
-    {
-        QFile file(folder.filePath(QLatin1String(name)));
-        if (!file.open(QIODevice::WriteOnly))
-            qFatal("cannot write");
-        file.write(bytes);
-        return file.fileName();
-    }
 };
 
 void measureOpen(Bench &bench)
 {
     QByteArray header = WaveBytes::wave(2, 44100, {});
     header.replace(40, 4, WaveBytes::number<quint32>(0xffffff00));
-    bench.wave = bench.write("huge.wav", header);
+    bench.wave = measure::write(bench.folder, "huge.wav", header);
     QFile::resize(bench.wave, 44 + 0xffffff00LL);
-    const double before = residentMegabytes();
-    QElapsedTimer clock;
-    clock.start();
-    bench.player.openNewWave();
-    std::printf("open 4 GB                %8.1f ms\n", double(clock.nsecsElapsed()) / 1e6);
-    double longest = 0; // between two turns of the event loop while the outline is read
-    for (int turn = 0; turn < 400; ++turn) {
-        clock.start();
-        QTest::qWait(5);
-        longest = std::max(longest, double(clock.nsecsElapsed()) / 1e6 - 5);
-    }
-    std::printf("longest wait of a key    %8.1f ms while its outline is read\n", longest);
-    std::printf("memory for it            %8.1f MB\n", residentMegabytes() - before);
+    const double before = measure::ownMegabytes();
+    measure::row("player opens 4 GB", NoSize,
+                 measure::wallTime([&] { bench.player.openNewWave(); }), "ms");
+    double longest = 0; // between two turns of the event loop
+    for (int turn = 0; turn < 400; ++turn)
+        longest = std::max(longest, measure::wallTime([] { QTest::qWait(5); }) - 5);
+    measure::row("longest wait of a key while it is read", NoSize, longest, "ms");
+    measure::row("memory for 4 GB", NoSize, measure::ownMegabytes() - before, "MB");
     bench.player.closeWave();
 }
 
@@ -96,7 +58,7 @@ int newestPlace(SoundServer &server)
 /// The recording gives a piece of sound once the server has rendered it, about when it is heard.
 void measureStartAndPosition(Bench &bench)
 {
-    bench.wave = bench.write("timed.wav", TimedSound::wave(12'000));
+    bench.wave = measure::write(bench.folder, "timed.wav", TimedSound::wave(12'000));
     bench.player.openNewWave();
     std::vector<double> starts;
     std::vector<double> differences;
@@ -125,27 +87,22 @@ void measureStartAndPosition(Bench &bench)
     const auto part = [&](double share) {
         return differences[std::size_t(share * double(differences.size() - 1))];
     };
-    std::printf("from Play to sound       %8.1f ms median, %.1f at most, recorder included\n",
-                starts[starts.size() / 2], starts.back());
-    std::printf("position less recording  %8.1f ms median, %.1f to %.1f for 90 %% of %d\n",
-                part(0.5), part(0.05), part(0.95), int(differences.size()));
+    measure::row("player start, recorder included", NoSize, measure::median(starts), "ms");
+    measure::row("player start, slowest", NoSize, starts.back(), "ms");
+    measure::row("position less recording, 5th percentile", NoSize, part(0.05), "ms");
+    measure::row("position less recording", NoSize, part(0.5), "ms");
+    measure::row("position less recording, 95th percentile", NoSize, part(0.95), "ms");
 }
 
 void measureCost(Bench &bench)
 {
     bench.server.waitForSilence();
     bench.media.SetFrom(0);
-    const double memory = residentMegabytes();
-    const double idleStart = processMilliseconds();
-    QTest::qWait(3000);
-    const double idle = processMilliseconds() - idleStart;
-    const double start = processMilliseconds();
+    const double memory = measure::ownMegabytes();
+    measure::row("recorder alone", NoSize, measure::idleShare(3000), "% of a core");
     bench.media.SetCommand(QStringLiteral("Play"));
-    QTest::qWait(6000);
-    const double cost = processMilliseconds() - start;
-    std::printf("playing costs            %8.2f %% of a core (recording idle: %.2f %%)\n",
-                cost / 60, idle / 30);
-    std::printf("memory for playing       %8.1f MB\n", residentMegabytes() - memory);
+    measure::row("playing, recorder included", NoSize, measure::idleShare(6000), "% of a core");
+    measure::row("memory for playing", NoSize, measure::ownMegabytes() - memory, "MB");
     bench.media.SetCommand(QStringLiteral("Stop"));
 }
 

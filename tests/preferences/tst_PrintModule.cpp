@@ -26,6 +26,7 @@ private slots:
     void page_thatIsJustFull_isFollowedByNone_data();
     void page_thatIsJustFull_isFollowedByNone();
     void randomText_isPrintedWhole();
+    void lineWithoutEnd_isPrintedWhole_data();
     void lineWithoutEnd_isPrintedWhole();
     void emptyLines_takeTheirRoom();
     void longLine_breaksBetweenWords();
@@ -174,16 +175,29 @@ void tst_PrintModule::randomText_isPrintedWhole()
     }
 }
 
+void tst_PrintModule::lineWithoutEnd_isPrintedWhole_data()
+{
+    QTest::addColumn<double>("points");
+    QTest::newRow("laid out once a page") << 10.0;
+    QTest::newRow("laid out several times a page") << 4.0;
+}
+
 void tst_PrintModule::lineWithoutEnd_isPrintedWhole()
 {
-    QString text;
-    for (int i = 0; text.size() < 100'000; ++i)
-        text += QStringLiteral("%1 ").arg(i);
-    print(text);
-    QCOMPARE(m_pdf->bodyLines().join(u' ').simplified(), text.simplified());
-    const QString withoutBlanks = ink(text);
-    print(withoutBlanks);
-    QCOMPARE(m_pdf->bodyLines().join(QString()), withoutBlanks);
+    QFETCH(double, points);
+    QString numbers;
+    for (int i = 0; numbers.size() < 100'000; ++i)
+        numbers += QStringLiteral("%1 ").arg(i);
+    PrintText text = box(numbers);
+    text.font.setPointSizeF(points);
+    PrintRichText(*m_pdf->printer(), text, Margins, QStringLiteral("piece.csd"));
+    QCOMPARE(m_pdf->bodyLines().join(u' ').simplified(), numbers.simplified());
+    text.text = ink(numbers);
+    PrintRichText(*m_pdf->printer(), text, Margins, QStringLiteral("piece.csd"));
+    const QStringList shown = m_pdf->bodyLines();
+    QCOMPARE(shown.join(QString()), text.text);
+    for (const QString &line : shown.mid(0, shown.size() - 1))
+        QCOMPARE(line.size(), shown.constFirst().size()); // each line is full
 }
 
 void tst_PrintModule::emptyLines_takeTheirRoom()

@@ -1,0 +1,45 @@
+// How long a document takes to be printed into a PDF.
+
+#include "Measure.h"
+
+#include "platform/ui/Printer.h"
+#include "preferences/ui/PageFormatter.h"
+#include "preferences/ui/PrintModule.h"
+
+#include <QFontDatabase>
+#include <QPrinter>
+
+using namespace ardiphon;
+
+namespace {
+
+PrintText scoreToPrint(int lines)
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setPointSizeF(10);
+    return {QString::fromLatin1(measure::score(lines)), font, 8};
+}
+
+double print(int lines)
+{
+    const QTemporaryDir folder;
+    const PrintText text = scoreToPrint(lines);
+    return measure::processTime([&] {
+        auto pdf = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        pdf->setOutputFileName(folder.filePath(QStringLiteral("out.pdf")));
+        pdf->setPageSize(QPageSize(QPageSize::A4));
+        Printer printer(std::move(pdf));
+        PrintRichText(printer, text, {570, 570, 570, 570}, QStringLiteral("large.sco"));
+    });
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    measure::row("print 5,000 lines", measure::NoSize, print(5'000), "ms", 2000);
+    for (const int lines : measure::Sizes)
+        measure::row("print", lines, print(lines), "ms");
+    return 0;
+}
