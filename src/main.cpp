@@ -2,6 +2,7 @@
 #include "app/ProgramContext.h"
 #include "app/modRegistry.h"
 #include "app/ui/Form1.h"
+#include "app/ui/Icons.h"
 #include "documents/ui/FormCSD.h"
 #include "documents/ui/FormORCSCO.h"
 #include "platform/RunFolder.h"
@@ -36,6 +37,8 @@ int main(int argc, char *argv[])
     QApplication application(nameAlone, argv);
     QApplication::setApplicationName(QStringLiteral("ArdiphonPro"));
     QApplication::setApplicationVersion(QStringLiteral(ARDIPHON_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("ardiphon")); // the entry of an installed copy
+    QApplication::setWindowIcon(programIcon(QStringLiteral("ardiphon")));
 
     ConfigurationBlock config;
     SettingsStore settings(SettingsStore::userFilePath());

@@ -1,9 +1,9 @@
 // Draws an SVG picture at the sizes in which desktops want their icons:
 //
-//   render_icons PICTURE OUTPUT-FOLDER NAME
+//   render_icons PICTURE OUTPUT-FOLDER NAME SIZE...
 //
-// copies the picture to OUTPUT-FOLDER/NAME.svg and draws it into OUTPUT-FOLDER/<size>/NAME.png,
-// with sizes from "16x16" to "256x256".
+// copies the picture to OUTPUT-FOLDER/NAME.svg and draws it into OUTPUT-FOLDER/48x48/NAME.png for
+// the size 48, and so on.
 
 #include <QDir>
 #include <QFile>
@@ -29,8 +29,8 @@ bool draw(QSvgRenderer &picture, int size, const QString &path)
 
 int main(int argc, char *argv[])
 {
-    if (argc != 4) {
-        std::cerr << "usage: render_icons PICTURE OUTPUT-FOLDER NAME\n";
+    if (argc < 5) {
+        std::cerr << "usage: render_icons PICTURE OUTPUT-FOLDER NAME SIZE...\n";
         return 2;
     }
     const QString source = QFile::decodeName(argv[1]);
@@ -41,7 +41,8 @@ int main(int argc, char *argv[])
     QFile::remove(copy);
     bool good =
         picture.isValid() && folder.mkpath(QStringLiteral(".")) && QFile::copy(source, copy);
-    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256}) {
+    for (int i = 4; i < argc; ++i) {
+        const int size = QByteArray(argv[i]).toInt();
         const QString place = QStringLiteral("%1x%1").arg(size);
         good = good && folder.mkpath(place) &&
                draw(picture, size, folder.filePath(place + u'/' + name + QStringLiteral(".png")));

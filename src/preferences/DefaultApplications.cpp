@@ -61,8 +61,8 @@ qsizetype DefaultGroup::end() const
 /// What stands left of the "="; "" for a line that is no entry.
 QByteArray DefaultGroup::typeOf(const QByteArray &line)
 {
-    return line.startsWith('#') ? QByteArray()
-                                : line.left(line.indexOf('=') + 1).chopped(1).trimmed();
+    const qsizetype equals = line.indexOf('=');
+    return equals < 0 || line.startsWith('#') ? QByteArray() : line.left(equals).trimmed();
 }
 
 qsizetype DefaultGroup::lineOf(const QByteArray &type) const

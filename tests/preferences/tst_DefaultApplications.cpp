@@ -1,5 +1,6 @@
 #include "preferences/DefaultApplications.h"
 
+#include <QRandomGenerator>
 #include <QTest>
 
 using namespace ardiphon;
@@ -26,6 +27,7 @@ private slots:
     void default_ofThreeTypes_undoneInAnyOrder();
     void default_thatTheUserReplaced_isTakenOffTheList();
     void groupOfOurs_withOthersInIt_staysWithoutTheMarker();
+    void anyList_isGivenBackToTheByte();
     void undo_withoutOurs_changesNothing_data();
     void undo_withoutOurs_changesNothing();
 };
@@ -125,6 +127,38 @@ void tst_DefaultApplications::groupOfOurs_withOthersInIt_staysWithoutTheMarker()
     list.replace("[Z]", "x/y=a.desktop\n\n[Z]");
     QCOMPARE(withoutDefault(list, Type, Ours),
              QByteArray("[Default Applications]\nx/y=a.desktop\n\n[Z]\n"));
+}
+
+/// Lists put together from pieces. They begin with a group, as every list that is one.
+void tst_DefaultApplications::anyList_isGivenBackToTheByte()
+{
+    const QList<QByteArray> pieces{"[Default Applications]",
+                                   "[Added Associations]",
+                                   "\n",
+                                   "\n",
+                                   "\r\n",
+                                   "text/x-csound-csd=",
+                                   "a.desktop",
+                                   ";",
+                                   " ",
+                                   "#",
+                                   "=",
+                                   "x/y=",
+                                   "text/x-csound-orc",
+                                   "[",
+                                   "\xff",
+                                   Marker};
+    QRandomGenerator random(7);
+    for (int round = 0; round < 20'000; ++round) {
+        QByteArray before = random.bounded(2) ? "[Z]\n" : "[Default Applications]\n";
+        for (int length = random.bounded(12); length > 0; --length)
+            before += pieces[random.bounded(int(pieces.size()))];
+        const QByteArray with = withDefault(before, Type, Ours);
+        QVERIFY(with.contains(Ours));
+        const QByteArray after = withoutDefault(with, Type, Ours);
+        if (!before.contains(Marker)) // the marker above an empty group counts as ours
+            QCOMPARE(after, before);
+    }
 }
 
 void tst_DefaultApplications::undo_withoutOurs_changesNothing_data()

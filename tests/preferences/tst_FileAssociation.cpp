@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <filesystem>
+
 using namespace ardiphon;
 
 namespace {
@@ -42,6 +44,9 @@ private slots:
     void association_foldersThatCannotBeWritten_areSkipped();
     void association_withoutUpdater_isReported();
     void association_ofAnother_keepsItsBytes();
+    void association_removed_keepsWhatAnotherAddedMeanwhile();
+    void defaultsBehindALink_areWrittenThere();
+    void iconCache_isOutdated();
 
 private:
     QString path(const QString &name) const { return m_home->filePath(name); }
@@ -107,7 +112,7 @@ QMap<QString, QByteArray> tst_FileAssociation::everything() const
 bool tst_FileAssociation::create(const char *key, const char *extension) const
 {
     return CreateFileAssociation(key, extension, "CSound CSD file", path("program/Icons/csd.svg"),
-                                 "ArdiphonPro");
+                                 "tst_FileAssociation"); // gio wants it to be there
 }
 
 bool tst_FileAssociation::remove(const char *key, const char *extension)
@@ -182,9 +187,9 @@ void tst_FileAssociation::association_writesTypeOpenerIconsAndDefault()
     const QList<QByteArray> entry = read(Opener).split('\n');
     for (const QByteArray &line :
          {QByteArray("[Desktop Entry]"), QByteArray("Name=ArdiphonPro"),
-          "Exec=" + folder + "/ArdiphonPro %f", "Icon=" + folder + "/Icons/ardiphon.svg",
+          "Exec=" + folder + "/tst_FileAssociation %f", "Icon=" + folder + "/Icons/ardiphon.svg",
           QByteArray("MimeType=text/x-csound-csd;"),
-          "X-Ardiphon-Command=" + folder + "/ArdiphonPro %1"})
+          "X-Ardiphon-Command=" + folder + "/tst_FileAssociation %1"})
         QVERIFY2(entry.contains(line), line.constData());
     QCOMPARE(tell("desktop-file-validate", {path(Opener)}), "");
     QVERIFY(read(Defaults).contains("\ntext/x-csound-csd=ardiphon-opener.desktop\n"));
@@ -210,8 +215,11 @@ void tst_FileAssociation::association_asTheSystemSeesIt()
     QVERIFY2(info.contains("standard::content-type: text/x-csound-csd"), info.constData());
     QVERIFY2(info.contains("ardiphon-csound-csd"), info.constData());
 
+    QVERIFY(tell("gio", {"mime", "text/x-csound-csd"}).contains(": ardiphon-opener.desktop\n"));
+
     QVERIFY(remove());
     QCOMPARE(tell("xdg-mime", question), "");
+    QVERIFY(!tell("gio", {"mime", "text/x-csound-csd"}).contains("ardiphon"));
     QVERIFY(!tell("gio", {"info", piece}).contains("text/x-csound-csd"));
 }
 
@@ -350,6 +358,57 @@ void tst_FileAssociation::association_ofAnother_keepsItsBytes()
     QCOMPARE(tell("xdg-mime", {"query", "filetype", path("piece.csd")}), "application/x-vi\n");
     QVERIFY(QFile::remove(path("piece.csd")));
     QCOMPARE(everything(), before);
+}
+
+void tst_FileAssociation::association_removed_keepsWhatAnotherAddedMeanwhile()
+{
+    QVERIFY(create());
+    const QByteArray package =
+        "<?xml version=\"1.0\"?>\n"
+        "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">"
+        "<mime-type type=\"application/x-vi\"><glob pattern=\"*.vi7\"/></mime-type></mime-info>";
+    const QByteArray entry = "[Desktop Entry]\nType=Application\nName=V\nExec=cat %f\n"
+                             "MimeType=application/x-vi;\n";
+    write("data/mime/packages/vi.xml", package);
+    write("data/applications/vi.desktop", entry);
+    QVERIFY(remove());
+    QCOMPARE(read("data/mime/packages/vi.xml"), package);
+    QCOMPARE(read("data/applications/vi.desktop"), entry);
+    QCOMPARE(tell("xdg-mime", {"query", "default", "application/x-vi"}), "vi.desktop\n");
+    write("piece.vi7", "text\n");
+    QCOMPARE(tell("xdg-mime", {"query", "filetype", path("piece.vi7")}), "application/x-vi\n");
+}
+
+void tst_FileAssociation::defaultsBehindALink_areWrittenThere()
+{
+    for (const QByteArray &content : {QByteArray("[Added Associations]\n"), QByteArray()}) {
+        write("dotfiles/list", content);
+        QFile::remove(path(Defaults));
+        QVERIFY(QFile::link(path("dotfiles/list"), path(Defaults)));
+        QVERIFY(create());
+        QVERIFY(read("dotfiles/list").contains("ardiphon-opener.desktop"));
+        QVERIFY(remove());
+        QVERIFY(QFileInfo(path(Defaults)).isSymLink());
+        QCOMPARE(read("dotfiles/list"), content);
+    }
+}
+
+void tst_FileAssociation::iconCache_isOutdated()
+{
+    const QString cache = "data/icons/hicolor/icon-theme.cache";
+    write(cache, "a cache");
+    QVERIFY(QDir().mkpath(path("data/icons/hicolor/scalable/mimetypes")));
+    QVERIFY(QDir().mkpath(path("data/icons/hicolor/16x16/mimetypes")));
+    QVERIFY(QDir().mkpath(path("data/icons/hicolor/256x256/mimetypes")));
+    const auto past = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
+    const std::filesystem::path theme = path("data/icons/hicolor").toStdString();
+    std::filesystem::last_write_time(theme, past);
+    QVERIFY(create());
+    QVERIFY(std::filesystem::last_write_time(theme) > past);
+    std::filesystem::last_write_time(theme, past);
+    QVERIFY(remove());
+    QVERIFY(std::filesystem::last_write_time(theme) > past);
+    QCOMPARE(read(cache), "a cache");
 }
 
 QTEST_GUILESS_MAIN(tst_FileAssociation)

@@ -4,6 +4,7 @@
 #include "app/ProgramContext.h"
 #include "documents/ui/EditorWindow.h"
 #include "language/editor/LEditOCX.h"
+#include "preferences/CsoundFiles.h"
 #include "preferences/ui/FormFont.h"
 #include "preferences/ui/FormImpostazioni.h"
 
@@ -36,7 +37,10 @@ void EditorWindow::bindPreferences(const QString &settingsCaller, const EditorVi
     config().FontName = views.LEDIT1.FontName();
     m_commands.bind("menuFilePreferenze", this, [this, settingsCaller, views] {
         config().SettingsCaller = settingsCaller;
-        FormImpostazioni(m_program, views, {}, this).exec();
+        const FileAssociationActions association{
+            [this] { associateFiles(m_program.dialogs); },
+            [this] { removeFilesAssociation(m_program.dialogs); }};
+        FormImpostazioni(m_program, views, association, this).exec();
     });
     const QList<LEditOCX *> editors = openEditors(views, settingsCaller);
     m_commands.bind("menuFormatoTipocarattere", this, [this, editors] { chooseFont(editors); });
