@@ -333,6 +333,8 @@ void tst_ToolForms::pvlook_badFile_isSilent()
     QVERIFY(QDir(form.program.folder.path()).mkdir(QStringLiteral("pv_temp.txt")));
     form.click("CommandAnalyze");
     QCOMPARE(form.program.dialogs.verify(), QString());
+    QCOMPARE(form.control<QPlainTextEdit>("RtfPVLook")->toPlainText(),
+             QStringLiteral("Reading Data:"));
     QVERIFY(QDir(form.program.folder.path()).rmdir(QStringLiteral("pv_temp.txt")));
     form.program.write(QStringLiteral("pv_temp.txt"), QByteArray("\0\xff\x1b[m\r\n", 7));
     form.click("CommandAnalyze");

@@ -26,6 +26,13 @@ enum Column { LabelColumn, ValueColumn, NoteColumn, HelpColumn };
 
 void setName(QObject *object, const char *name) { object->setObjectName(QLatin1String(name)); }
 
+QLabel *newNote(const char *text, QWidget *parent)
+{
+    auto *const note = new QLabel(QLatin1String(text), parent);
+    setName(note, "Label3");
+    return note;
+}
+
 } // namespace
 
 ToolForm::ToolForm(const AnalysisTool &tool, const ToolContext &context, QWidget *owner)
@@ -165,11 +172,8 @@ void ToolForm::buildRow(const ToolRow &row, QWidget *parent, QGridLayout &grid)
     grid.addWidget(caption, line, LabelColumn, 1, value ? 1 : 2);
     if (value)
         grid.addWidget(value, line, ValueColumn, 1, *row.note ? 1 : 2);
-    if (*row.note) {
-        auto *const note = new QLabel(QLatin1String(row.note), parent);
-        setName(note, "Label3");
-        grid.addWidget(note, line, NoteColumn);
-    }
+    if (*row.note)
+        grid.addWidget(newNote(row.note, parent), line, NoteColumn);
     if (row.hint != NoHint)
         grid.addWidget(newHelpMark(row.hint, parent), line, HelpColumn);
     if (auto *const label = qobject_cast<QLabel *>(caption))
