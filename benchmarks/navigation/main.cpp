@@ -30,6 +30,7 @@ struct SilentDialogs : Dialogs
     Answer message(const Message &) override { return Answer::Ok; }
     std::optional<QString> openFile(const FileQuestion &) override { return {}; }
     std::optional<QString> saveFile(const FileQuestion &) override { return {}; }
+    std::optional<Color> color(Color) override { return {}; }
 };
 
 /// An orchestra of about 28 bytes a line, an instrument every eight lines.
