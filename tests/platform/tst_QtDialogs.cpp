@@ -2,6 +2,7 @@
 #include "platform/ui/QtDialogs.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QComboBox>
 #include <QFileDialog>
 #include <QFileSystemModel>
@@ -51,6 +52,9 @@ private slots:
     void choosePrinter_selectionLeft_isTold();
     void choosePrinter_cancelled_isEmpty();
     void choosePrinter_noPrinterAtAll_printsIntoAFile();
+    void color_chosen_givesItsParts();
+    void color_opens_withTheFirst();
+    void color_cancelled_isEmpty();
 
 private:
     /// Runs \a step once the next dialog is on the screen.
@@ -383,6 +387,30 @@ void tst_QtDialogs::choosePrinter_noPrinterAtAll_printsIntoAFile()
         choice->printer->endJob();
     }
     QVERIFY(QFile::exists(path));
+}
+
+void tst_QtDialogs::color_chosen_givesItsParts()
+{
+    whenShown<QColorDialog>([](QColorDialog *dialog) {
+        dialog->setCurrentColor(QColor(1, 20, 255));
+        QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    QCOMPARE(m_dialogs.color(Color::rgb(0, 0, 0)), Color::rgb(1, 20, 255));
+}
+
+void tst_QtDialogs::color_opens_withTheFirst()
+{
+    whenShown<QColorDialog>([](QColorDialog *dialog) {
+        QCOMPARE(dialog->currentColor(), QColor(200, 100, 50));
+        QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    QCOMPARE(m_dialogs.color(Color::rgb(200, 100, 50)), Color::rgb(200, 100, 50));
+}
+
+void tst_QtDialogs::color_cancelled_isEmpty()
+{
+    whenShown<QColorDialog>([](QColorDialog *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
+    QCOMPARE(m_dialogs.color(Color::rgb(200, 100, 50)), std::optional<Color>());
 }
 
 QTEST_MAIN(tst_QtDialogs)
