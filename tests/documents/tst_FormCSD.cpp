@@ -76,6 +76,7 @@ private slots:
     void tags_emptyUnmodifiedText_leavesTheTree();
     void tags_listClick_insertsTheWordOnce();
     void bookmarks_ctrlB_setsAndRemoves();
+    void bookmarks_line_isWhiteOnRed();
     void bookmarks_sixteenth_isRefused();
     void bookmarks_survive_inTheSideFile();
     void bookmarks_flag_isClearedByASideFileAlone();
@@ -694,6 +695,23 @@ void tst_FormCSD::bookmarks_ctrlB_setsAndRemoves()
     QCOMPARE(tree->topLevelItem(0)->text(0), QStringLiteral("->"));
     trigger("menuToolsRemoveAllBookmark");
     QCOMPARE(tree->topLevelItem(1)->text(0), QStringLiteral("..."));
+}
+
+void tst_FormCSD::bookmarks_line_isWhiteOnRed()
+{
+    show("instr 1\nMMMMMMMM\n");
+    caret(first(), 2, 0);
+    trigger("menuToolsBookmark");
+    caret(first(), 1, 0);
+    const QPoint top = first()->PositionToPixels(2, 0);
+    const QImage line =
+        first()->grab(QRect(top.x(), top.y(), 400, first()->LineHeight())).toImage();
+    QCOMPARE(line.pixelColor(350, line.height() / 2), QColor(240, 0, 0));
+    bool white = false;
+    for (int y = 0; y < line.height(); ++y)
+        for (int x = 0; x < 100; ++x)
+            white = white || line.pixelColor(x, y) == QColor(255, 255, 255);
+    QVERIFY(white);
 }
 
 void tst_FormCSD::bookmarks_sixteenth_isRefused()

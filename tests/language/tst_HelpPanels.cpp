@@ -41,6 +41,7 @@ private slots:
     void click_inViewNotFollowed_changesNothing();
     void click_onOtherThanOpcode_keepsTexts_data();
     void click_onOtherThanOpcode_keepsTexts();
+    void click_besideOrBelowTheText_keepsTexts();
     void click_onNameOutOfReach_keepsTexts();
     void recordThatCannotBeRead_showsPreviousOne();
     void firstRecordThatCannotBeRead_showsWordAlone();
@@ -172,6 +173,25 @@ void tst_HelpPanels::click_onOtherThanOpcode_keepsTexts()
     m_window->first.SetText(QString());
     QTest::mouseClick(m_window->first.focusProxy(), Qt::LeftButton, {}, QPoint(200, 60));
     QCOMPARE(opcode() + parameters(), before);
+}
+
+/// There the caret comes to stand behind the last word of a line, which was not clicked.
+void tst_HelpPanels::click_besideOrBelowTheText_keepsTexts()
+{
+    LEditOCX &view = m_window->first;
+    const int height = view.LineHeight();
+    const QPoint lastLetter = view.PositionToPixels(4, 14) - QPoint(2, -height / 2);
+    for (const QPoint at :
+         {lastLetter + QPoint(6, 0), lastLetter + QPoint(300, 0), lastLetter + QPoint(0, height)}) {
+        QWidget *part = view.childAt(at);
+        QTest::mouseClick(part, Qt::LeftButton, {}, part->mapFrom(&view, at));
+        view.UpdateCurrentWord();
+        QCOMPARE(view.CurrentWord(), QStringLiteral("a"));
+        fields_beginWithTheirTexts();
+    }
+    QWidget *part = view.childAt(lastLetter);
+    QTest::mouseClick(part, Qt::LeftButton, {}, part->mapFrom(&view, lastLetter));
+    QVERIFY(opcode().startsWith(QStringLiteral("[a] - ")));
 }
 
 void tst_HelpPanels::click_onNameOutOfReach_keepsTexts()

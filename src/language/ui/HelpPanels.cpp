@@ -1,7 +1,9 @@
 #include "language/ui/HelpPanels.h"
 
 #include "app/WordTables.h"
+#include "language/GutterNumbers.h"
 #include "language/editor/LEditOCX.h"
+#include "platform/Twips.h"
 
 #include <QLineEdit>
 
@@ -18,6 +20,14 @@ void show(QLineEdit &field, const QString &text)
     field.setText(text);
     field.setCursorPosition(0);
     field.setToolTip(text.trimmed().toHtmlEscaped());
+}
+
+/// Whether \a at, in pixels from the view's corner, lies neither beside nor below the text.
+bool isOnText(const LEditOCX &view, QPoint at)
+{
+    const int line = gutterLineAt(view.TopLine(), at.y(), view.LineHeight());
+    return line <= view.LineCount() &&
+           at.x() < view.PositionToPixels(line, view.LineLength(line)).x();
 }
 
 QLineEdit *makeField(QWidget *parent, const QString &name, const QString &text)
@@ -47,7 +57,14 @@ void HelpPanels::clear()
 
 void HelpPanels::follow(LEditOCX *view)
 {
-    connect(view, &LEditOCX::Click, this, [this, view] { UpdatePanelsForWord(*view); });
+    connect(view, &LEditOCX::MouseButton, this, [this](const EditorMouseButton &button) {
+        m_pressed = {toPixels(button.X), toPixels(button.Y)};
+    });
+    connect(view, &LEditOCX::Click, this, [this, view] {
+        // Beside the text the caret comes to stand behind a word that was not clicked.
+        if (isOnText(*view, m_pressed))
+            UpdatePanelsForWord(*view);
+    });
 }
 
 void HelpPanels::UpdatePanelsForWord(LEditOCX &view)
