@@ -538,6 +538,8 @@ void tst_FormCSD::split_letterInEitherView_showsInTheOtherAtOnce()
     caret(first(), 1, 3);
     QTest::keyClicks(first()->focusProxy(), QStringLiteral("y"));
     QCOMPARE(second()->Text(), QStringLiteral("oney\r\ntxwo\r\n"));
+    QTest::keyClicks(first()->focusProxy(), QStringLiteral(" ~")); // the first and the last of them
+    QCOMPARE(second()->Text(), QStringLiteral("oney ~\r\ntxwo\r\n"));
     QVERIFY(first()->GetState(2));
 }
 
