@@ -69,6 +69,7 @@ QString Session::run()
     const QStringList litter = m_playground.litter();
     if (!litter.isEmpty())
         m_failure += QStringLiteral("files left: ") + litter.join(u' ');
+    ProcessWatch::expectLifeWithin(0);
     return m_failure;
 }
 
