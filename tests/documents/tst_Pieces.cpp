@@ -145,25 +145,24 @@ void tst_Pieces::addPieces(std::optional<DocumentKind> kind)
             QTest::newRow(qPrintable(each.name)) << true;
 }
 
+/// Users keep their own pieces beside the examples, so that folder may hold more than the table.
 void tst_Pieces::table_namesEveryPieceOnce()
 {
     QStringList named;
-    for (const Piece &each : Pieces::all())
+    for (const Piece &each : Pieces::all()) {
+        QVERIFY2(!each.path.isEmpty(), qPrintable(each.name));
+        QVERIFY2(QFileInfo(each.path).size() < 100'000, qPrintable(each.name));
+        QVERIFY2(!named.contains(each.name), qPrintable(each.name));
         named.append(each.name);
-    QStringList there;
-    for (const QString &folder : Pieces::folders()) {
-        QDirIterator files(folder, QDir::Files, QDirIterator::Subdirectories);
-        while (files.hasNext()) {
-            const QString name = QDir(folder).relativeFilePath(files.next());
-            QVERIFY2(files.fileInfo().size() < 100'000 || name.endsWith(".wav"), qPrintable(name));
-            if (name != "expected.txt" && !name.endsWith(".wav"))
-                there.append(name);
-        }
     }
-    std::sort(named.begin(), named.end());
-    std::sort(there.begin(), there.end());
-    QCOMPARE(named, there);
     QVERIFY(named.size() >= 40);
+
+    const QString folder = Pieces::folders().first();
+    QDirIterator files(folder, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QString name = QDir(folder).relativeFilePath(files.next());
+        QVERIFY2(name == "expected.txt" || named.contains(name), qPrintable(name));
+    }
 }
 
 void tst_Pieces::open_showsEveryCharacter()

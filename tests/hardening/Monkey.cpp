@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QCloseEvent>
 #include <QDialog>
 #include <QDropEvent>
 #include <QMenu>
@@ -68,10 +69,12 @@ QList<QWidget *> visibleWindows()
 /// Closes as the window manager does.
 void closeFromOutside(QWidget &window)
 {
+    QCloseEvent event;
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    QObject *receiver = &window;
     if (window.windowHandle())
-        window.windowHandle()->close();
-    else
-        window.close();
+        receiver = window.windowHandle();
+    qApp->notify(receiver, &event);
 }
 
 } // namespace

@@ -88,19 +88,17 @@ void Playground::write(const QString &name, const QByteArray &bytes, bool execut
 
 void Playground::addDocuments()
 {
-    for (const char *folder : {TEST_SOURCE_DIR "/pieces", TEST_SOURCE_DIR "/../data/examples"}) {
-        QDirIterator files(QString::fromUtf8(folder), QDir::Files);
-        while (files.hasNext()) {
-            const QString name = QFileInfo(files.next()).fileName();
-            write(name, bytesOf(files.filePath()));
-            m_documents.append(name);
-        }
+    QDirIterator files(QStringLiteral(TEST_SOURCE_DIR "/pieces"), QDir::Files);
+    while (files.hasNext()) {
+        const QString name = QFileInfo(files.next()).fileName();
+        write(name, bytesOf(files.filePath()));
+        m_documents.append(name);
     }
     write(QStringLiteral("short.wav"), WaveBytes::wave(2, 44100, QByteArray(40'000, '\x12')));
     write(QStringLiteral("cut.wav"), WaveBytes::wave(1, 8000, QByteArray(999, 'x')).first(60));
-    write(QStringLiteral("first.bkm"), QByteArray("not a bookmark\n").repeated(50));
+    write(QStringLiteral("numbered.bkm"), QByteArray("not a bookmark\n").repeated(50));
     m_documents << QStringLiteral("short.wav") << QStringLiteral("cut.wav")
-                << QStringLiteral("first.bkm");
+                << QStringLiteral("numbered.bkm");
     m_documents.sort(); // the folder's own order differs from machine to machine
 }
 

@@ -11,7 +11,7 @@ QStringList children();
 /// The bytes that are allocated and not freed.
 qint64 liveBytes();
 
-/// Ends the process with a message when no new call comes for that many seconds.
+/// Ends the process with a message when no new call comes for that many seconds; 0 ends the watch.
 void expectLifeWithin(unsigned seconds);
 
 } // namespace ProcessWatch

@@ -7,6 +7,7 @@
 #include "preferences/ui/FormAbout.h"
 
 #include <QApplication>
+#include <QPixmapCache>
 #include <QScopeGuard>
 #include <QTest>
 #include <QTimer>
@@ -61,6 +62,7 @@ QString Session::run()
     ProcessWatch::expectLifeWithin(LongestStep);
     m_run.reset();
     QApplication::clipboard()->clear();
+    QPixmapCache::clear(); // it may grow to ten megabytes, and that is no leak
     if (!QTest::qWaitFor([] { return ProcessWatch::children().isEmpty(); }, 30'000))
         m_failure += QStringLiteral("children left: ") + ProcessWatch::children().join(u' ');
     for (const QWidget *each : QApplication::topLevelWidgets())
@@ -69,6 +71,7 @@ QString Session::run()
     const QStringList litter = m_playground.litter();
     if (!litter.isEmpty())
         m_failure += QStringLiteral("files left: ") + litter.join(u' ');
+    ProcessWatch::expectLifeWithin(0);
     return m_failure;
 }
 
