@@ -4,6 +4,8 @@ namespace ardiphon {
 
 namespace {
 
+const QString SoundFolder = QStringLiteral("SFDIR");
+
 /// All that `LC_ALL` overrides, apart from the messages.
 constexpr const char *OtherCategories[] = {
     "LC_CTYPE", "LC_NUMERIC", "LC_TIME",      "LC_COLLATE",     "LC_MONETARY",      "LC_PAPER",
@@ -31,9 +33,15 @@ QList<EnvironmentChange> compilerEnvironment(const QString &documentFolder,
             changes.append({QLatin1String(category), std::nullopt});
         changes.append({QStringLiteral("LANG"), all});
     }
-    if (lookup(QStringLiteral("SFDIR")).value_or(QString()).isEmpty())
-        changes.append({QStringLiteral("SFDIR"), documentFolder});
+    if (lookup(SoundFolder).value_or(QString()).isEmpty())
+        changes.append({SoundFolder, documentFolder});
     return changes;
+}
+
+QString outputFolder(const QString &documentFolder, const EnvironmentLookup &lookup)
+{
+    const QString chosen = lookup(SoundFolder).value_or(QString());
+    return chosen.isEmpty() ? documentFolder : chosen;
 }
 
 } // namespace ardiphon

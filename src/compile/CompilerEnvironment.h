@@ -18,4 +18,8 @@ std::optional<QString> environmentVariable(const QString &name);
 QList<EnvironmentChange> compilerEnvironment(const QString &documentFolder,
                                              const EnvironmentLookup &lookup = environmentVariable);
 
+/// The folder where such a file lands.
+QString outputFolder(const QString &documentFolder,
+                     const EnvironmentLookup &lookup = environmentVariable);
+
 } // namespace ardiphon

@@ -12,7 +12,6 @@ constexpr Command commands[] = {
     {"menuFileImportaORCSCO", "Import ORC/SCO to CSD"},
     {"menuFileConvertToORCSCO", "Export CSD to ORC/SCO"},
     {"menuTemplateCSD", "&CSD Template"},
-    {"menuCSound", "&CSound", "", "F3"},
     {"buttonSplit", "Split CSD Window", "", "", true},
     {"buttonFlagsHelp", "Command Line Flags"},
 };
@@ -37,9 +36,12 @@ constexpr const char *headerMenu[] = {"menuHeaders", nullptr, "menuTemplateCSD"}
 
 constexpr const char *toolsMenu[] = {
     "menuCSound",
+    "menuToolsWinsound",
+    "menuCSoundAV",
     nullptr,
     "menuAnalisi",
     nullptr,
+    "menuCommandLine",
     "menuPlayer",
     nullptr,
     "menuToolsBookmark",
@@ -81,11 +83,17 @@ constexpr ToolButton toolbar[] = {
     {"buttonSplit", "buttonSplit", "split", "Split CSD Window"},
     ToolbarLine,
     {"buttonCsound", "menuCSound", "compile", "CSound Console Compiler"},
+    {"buttonWinsound", "menuToolsWinsound", "winsound", "Winsound Compiler"},
+    {"buttonDirectCsound", "menuCSoundAV", "csoundav", "CSoundAV"},
     ToolbarLine,
     {"buttonHelp", "menuInfoCsoundHelp", "help", "CSound Help"},
     {"buttonOpcodeHelp", "buttonOpcodeHelp", "opcode-help", "Opcode Help"},
     {"buttonDirectHelp", "menuInfoCSoundAVHelp", "direct-help", "CSoundAV Help"},
     {"buttonFlagsHelp", "buttonFlagsHelp", "flags-help", "Command Line Flags"},
+    {"buttonDirectHtml", "buttonDirectHtml", "direct-html", "CSoundAV HTML Help"},
+    ToolbarLine,
+    {"buttonCalculator", "buttonCalculator", "calculator", "Calculator"},
+    {"buttonCommand", "menuCommandLine", "terminal", "Command Line"},
 };
 
 } // namespace

@@ -18,7 +18,11 @@ constexpr Command commands[] = {
     {"menuModificaTrovaRiga", "Find &Line number", "(Ctrl+G)"},
     {"menuModificaSelezionaTutto", "Select &All", "(Ctrl+A)"},
 
+    {"menuCSound", "&CSound", "", "F3"},
+    {"menuToolsWinsound", "W&insound"},
+    {"menuCSoundAV", "CSoundA&V", "", "F4"},
     {"menuSndInfo", "SndInfo"},
+    {"menuCommandLine", "Command &Line"},
     {"menuPlayer", "&Wave Player"},
     {"menuToolsBookmark", "Insert &Bookmark", "", "Ctrl+B"},
     {"menuToolsRemoveBookmark", "Remove B&ookmark"},
@@ -58,6 +62,8 @@ constexpr Command commands[] = {
     {"buttonCarattereMeno", "Smaller Font"},
     {"buttonCaratterePiu", "Larger Font"},
     {"buttonOpcodeHelp", "Opcode Help"},
+    {"buttonDirectHtml", "CSoundAV HTML Help"},
+    {"buttonCalculator", "Calculator"},
 };
 
 } // namespace

@@ -1,140 +1,197 @@
-#include "app/ConfigurationBlock.h"
-#include "compile/ui/CsdCompileLauncher.h"
-#include "language/editor/LEditOCX.h"
-#include "support/ScriptedDialogs.h"
+#include "compile/ProjectDialog.h"
+#include "compile/ui/Launchers.h"
 
 #include <QApplication>
-#include <QPushButton>
-#include <QTest>
-#include <QTimer>
-
-#include <memory>
 
 using namespace ardiphon;
 
-class tst_CsdCompileLauncher : public QObject
+/// The way from a command to its dialog. Which check refuses what, the rules' own tests tell.
+class tst_Launchers : public QObject
 {
     Q_OBJECT
 
 private slots:
     void init();
     void cleanup();
-    void launch_neverSaved_saysSo();
-    void launch_modified_saysSo();
-    void launch_empty_saysNothing();
-    void launch_noCompiler_saysSo();
-    void launch_ownLogFlag_saysSo();
-    void launch_allWell_showsTheConsoleModally();
+    void csd_allWell_showsItsDialogModally();
+    void csd_modified_saysSo();
+    void csdCompile_ownLogFlag_saysSo();
+    void csdWinsound_ok_startsIt();
+    void csdWinsound_cancel_startsNothing();
+    void csdWinsound_refused_asksNothing();
+    void csdCSoundAV_emptyText_showsTheDialog();
+    void project_allWell_showsItsDialogModally();
+    void project_modifiedHalf_saysSo();
+    void project_bothEmpty_saysNothing();
 
 private:
-    void launch();
-    void expect(const QString &text, const QString &title = ProgramTitle);
+    /// Launches; gives the name of the dialog that came up, closed again, or "".
+    QString shown(const std::function<void(const CompileContext &)> &launch);
 
-    std::unique_ptr<ConfigurationBlock> m_config;
-    ScriptedDialogs m_dialogs;
+    std::unique_ptr<ProjectDialog> m_program;
     std::unique_ptr<QWidget> m_owner;
-    LEditOCX *m_editor = nullptr;
-    int m_shown = 0; ///< consoles that the launcher has shown
+    LEditOCX *m_orchestra = nullptr; ///< holds the CSD as well
+    LEditOCX *m_score = nullptr;
 };
 
-void tst_CsdCompileLauncher::init()
+void tst_Launchers::init()
 {
-    m_config = std::make_unique<ConfigurationBlock>();
-    m_config->CSDFileName = QStringLiteral("/music/piece.csd");
-    m_config->FileCSound = QStringLiteral("/usr/bin/csound");
-    m_dialogs = ScriptedDialogs();
+    m_program = std::make_unique<ProjectDialog>(QStringLiteral("my piece"));
     m_owner = std::make_unique<QWidget>();
-    m_editor = new LEditOCX(m_owner.get());
-    m_editor->SetText(QStringLiteral("<CsOptions>\r\n-odac\r\n</CsOptions>"));
-    m_editor->ClearState(2);
+    m_orchestra = new LEditOCX(m_owner.get());
+    m_score = new LEditOCX(m_owner.get());
+    m_orchestra->SetText(QStringLiteral("<CsOptions>\r\n-odac\r\n</CsOptions>"));
+    m_orchestra->ClearState(2);
     m_owner->show();
-    m_shown = 0;
 }
 
-void tst_CsdCompileLauncher::cleanup()
+void tst_Launchers::cleanup()
 {
-    QCOMPARE(m_dialogs.verify(), QString());
+    QCOMPARE(m_program->dialogs.verify(), QString());
     m_owner.reset();
 }
 
-/// Launches; a console that comes up is looked at and closed.
-void tst_CsdCompileLauncher::launch()
+QString tst_Launchers::shown(const std::function<void(const CompileContext &)> &launch)
 {
+    QString name;
     QTimer look;
     connect(&look, &QTimer::timeout, this, [&] {
-        QWidget *console = QApplication::activeModalWidget();
-        if (!console)
+        QWidget *dialog = QApplication::activeModalWidget();
+        if (!dialog)
             return;
         look.stop();
-        ++m_shown;
-        QCOMPARE(console->objectName(), QStringLiteral("FormCSoundCSD"));
-        QCOMPARE(console->parentWidget(), m_owner.get());
-        QTest::keyClick(console, Qt::Key_Escape);
-        QVERIFY(console->isVisible());
-        QTest::mouseClick(console->findChild<QPushButton *>(QStringLiteral("Command1")),
+        name = dialog->objectName();
+        QCOMPARE(dialog->parentWidget(), m_owner.get());
+        QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("Command1")),
                           Qt::LeftButton);
     });
     look.start(1);
-    launchCsdCompile(*m_config, m_dialogs, *m_editor, m_owner.get());
-    QVERIFY(!QApplication::activeModalWidget());
-    QVERIFY(m_owner->findChildren<QDialog *>().isEmpty()); // released
+    launch(m_program->compileContext(m_owner.get()));
+    if (QApplication::activeModalWidget() || !m_owner->findChildren<QDialog *>().isEmpty())
+        return QStringLiteral("not released: ") + name;
+    return name;
 }
 
-void tst_CsdCompileLauncher::expect(const QString &text, const QString &title)
+void tst_Launchers::csd_allWell_showsItsDialogModally()
 {
-    m_dialogs.expect({text, title, MessageIcon::Exclamation, MessageButtons::Ok});
+    const auto launched = [this](auto launch) {
+        return shown([&](const CompileContext &context) { launch(context, *m_orchestra); });
+    };
+    QCOMPARE(launched(&launchCsdCompile), QStringLiteral("FormCSoundCSD"));
+    QCOMPARE(launched(&launchCsdCSoundAV), QStringLiteral("FormCSoundAV"));
 }
 
-void tst_CsdCompileLauncher::launch_neverSaved_saysSo()
+void tst_Launchers::csd_modified_saysSo()
 {
-    for (const char *name : {"", "[Untitled]"}) {
-        m_config->CSDFileName = QLatin1String(name);
-        expect(QStringLiteral("No name associated to File!\r\nYou must save it with a valid name "
-                              "before start CSound compiler (CTRL+S)"));
-        launch();
-    }
-    QCOMPARE(m_shown, 0);
+    m_orchestra->SetSelText(QStringLiteral("x"));
+    const auto launched = [this](auto launch, const char *name) {
+        m_program->expectWarning(
+            QStringLiteral("File has changed!\r\nYou must save it before start "
+                           "%1 (CTRL+S)")
+                .arg(QLatin1String(name)));
+        return shown([&](const CompileContext &context) { launch(context, *m_orchestra); });
+    };
+    QCOMPARE(launched(&launchCsdCompile, "CSound compiler"), QString());
+    QCOMPARE(launched(&launchCsdWinsound, "Winsound compiler"), QString());
+    QCOMPARE(launched(&launchCsdCSoundAV, "CSoundAV"), QString());
 }
 
-void tst_CsdCompileLauncher::launch_modified_saysSo()
+void tst_Launchers::csdCompile_ownLogFlag_saysSo()
 {
-    m_editor->SetSelText(QStringLiteral("x"));
-    expect(QStringLiteral("File has changed!\r\nYou must save it before start CSound compiler "
-                          "(CTRL+S)"));
-    launch();
-    QCOMPARE(m_shown, 0);
+    m_orchestra->SetText(QStringLiteral("<CsOptions>\r\n-Olog.txt\r\n</CsOptions>"));
+    m_orchestra->ClearState(2);
+    m_program->expectWarning(QStringLiteral("Don't use '-O' flag in Ardiphon!"),
+                             QStringLiteral("Error"));
+    QCOMPARE(shown([&](const auto &context) { launchCsdCompile(context, *m_orchestra); }),
+             QString());
 }
 
-void tst_CsdCompileLauncher::launch_empty_saysNothing()
+void tst_Launchers::csdWinsound_ok_startsIt()
 {
-    m_editor->ClearDocument();
-    m_editor->ClearState(2);
-    launch();
-    QCOMPARE(m_shown, 0);
+    m_program->dialogs.expect({QStringLiteral("Compile File?"), QStringLiteral("Winsound Compiler"),
+                               MessageIcon::Question, MessageButtons::OkCancel},
+                              Answer::Ok);
+    launchCsdWinsound(m_program->compileContext(m_owner.get()), *m_orchestra);
+    QTRY_VERIFY(StandInCompiler::pids(m_program->config.CSDFileName).leader != 0);
+    const QString log = QString::fromUtf8(m_program->read(QStringLiteral("my piece.csd.log")));
+    QCOMPARE(m_program->argumentsIn(log), QStringList{m_program->config.CSDFileName});
+    QVERIFY(log.contains(QStringLiteral("directory ") + QCoreApplication::applicationDirPath()));
 }
 
-void tst_CsdCompileLauncher::launch_noCompiler_saysSo()
+void tst_Launchers::csdWinsound_cancel_startsNothing()
 {
-    m_config->FileCSound.clear();
-    expect(QStringLiteral("Cannot find CSound.exe!\r\nSelect File->Settings->Csound.exe!"));
-    launch();
-    QCOMPARE(m_shown, 0);
+    // If it were started, the failed start of a file that is not there would say nothing either.
+    m_program->dialogs.expect({QStringLiteral("Compile File?"), QStringLiteral("Winsound Compiler"),
+                               MessageIcon::Question, MessageButtons::OkCancel},
+                              Answer::Cancel);
+    launchCsdWinsound(m_program->compileContext(m_owner.get()), *m_orchestra);
+    QTest::qWait(100); // nothing tells of what does not happen
+    QCOMPARE(StandInCompiler::pids(m_program->config.CSDFileName).leader, 0);
 }
 
-void tst_CsdCompileLauncher::launch_ownLogFlag_saysSo()
+void tst_Launchers::csdWinsound_refused_asksNothing()
 {
-    m_editor->SetText(QStringLiteral("<CsOptions>\r\n-Olog.txt\r\n</CsOptions>"));
-    m_editor->ClearState(2);
-    expect(QStringLiteral("Don't use '-O' flag in Ardiphon!"), QStringLiteral("Error"));
-    launch();
-    QCOMPARE(m_shown, 0);
+    m_program->config.FileWinsound.clear();
+    m_program->expectWarning(
+        QStringLiteral("Cannot find Winsound.exe!\r\nSelect File->Settings->Winsound.exe!"));
+    launchCsdWinsound(m_program->compileContext(m_owner.get()), *m_orchestra);
+    m_orchestra->ClearDocument();
+    m_orchestra->ClearState(2);
+    launchCsdWinsound(m_program->compileContext(m_owner.get()), *m_orchestra);
 }
 
-void tst_CsdCompileLauncher::launch_allWell_showsTheConsoleModally()
+void tst_Launchers::csdCSoundAV_emptyText_showsTheDialog()
 {
-    launch();
-    QCOMPARE(m_shown, 1);
+    m_orchestra->ClearDocument();
+    m_orchestra->ClearState(2);
+    QCOMPARE(shown([&](const auto &context) { launchCsdCSoundAV(context, *m_orchestra); }),
+             QStringLiteral("FormCSoundAV"));
+    QCOMPARE(shown([&](const auto &context) { launchCsdCompile(context, *m_orchestra); }),
+             QString());
 }
 
-QTEST_MAIN(tst_CsdCompileLauncher)
-#include "tst_CsdCompileLauncher.moc"
+void tst_Launchers::project_allWell_showsItsDialogModally()
+{
+    const auto launched = [this](auto launch) {
+        return shown([&](const CompileContext &context) {
+            launch(context, ProjectEditors{*m_orchestra, *m_score});
+        });
+    };
+    QCOMPARE(launched(&launchProjectCompile), QStringLiteral("FormCSound"));
+    QCOMPARE(launched(&launchProjectWinsound), QStringLiteral("FormWinsound"));
+    QCOMPARE(launched(&launchProjectCSoundAV), QStringLiteral("FormCSoundAVORC"));
+}
+
+void tst_Launchers::project_modifiedHalf_saysSo()
+{
+    m_score->SetSelText(QStringLiteral("x"));
+    const auto launched = [this](auto launch, const char *half, const char *name) {
+        m_program->expectWarning(QStringLiteral("File %1 has changed!\r\nYou must save it before "
+                                                "start %2 (CTRL+S)")
+                                     .arg(QLatin1String(half), QLatin1String(name)));
+        return shown([&](const CompileContext &context) {
+            launch(context, ProjectEditors{*m_orchestra, *m_score});
+        });
+    };
+    QCOMPARE(launched(&launchProjectCompile, "Score", "CSound compiler"), QString());
+    QCOMPARE(launched(&launchProjectWinsound, "Score", "Winsound compiler"), QString());
+    m_orchestra->SetSelText(QStringLiteral("x"));
+    QCOMPARE(launched(&launchProjectCSoundAV, "Orchestra", "CSoundAV"), QString());
+}
+
+void tst_Launchers::project_bothEmpty_saysNothing()
+{
+    m_orchestra->ClearDocument();
+    m_orchestra->ClearState(2);
+    const auto launched = [this](auto launch) {
+        return shown([&](const CompileContext &context) {
+            launch(context, ProjectEditors{*m_orchestra, *m_score});
+        });
+    };
+    QCOMPARE(launched(&launchProjectCompile), QString());
+    QCOMPARE(launched(&launchProjectWinsound), QString());
+    QCOMPARE(launched(&launchProjectCSoundAV), QStringLiteral("FormCSoundAVORC"));
+}
+
+QTEST_MAIN(tst_Launchers)
+#include "tst_Launchers.moc"

@@ -1,18 +1,34 @@
 #pragma once
 
-#include "compile/ui/RunConsoleProcess.h"
-
-class QWidget;
+#include "compile/ui/CompileContext.h"
 
 namespace ardiphon {
 
-struct ConfigurationBlock;
 class LEditOCX;
 
-/// What the CSD window's compile command does: checks whether the document in \a editor can be
-/// compiled, says why not or, where all is well, shows FormCSoundCSD over \a owner until it is
-/// closed.
-void launchCsdCompile(const ConfigurationBlock &config, Dialogs &dialogs, const LEditOCX &editor,
-                      QWidget *owner, const RunSystem &system = RunSystem::real());
+// What the compile commands of the editor windows do: each checks whether the saved documents can
+// be handed to its compiler, says why not or, where all is well, shows its dialog over the window
+// until that is closed.
+
+/// FormCSoundCSD, for the CSD in \a editor.
+void launchCsdCompile(const CompileContext &context, const LEditOCX &editor);
+/// Has no dialog: Winsound starts at once, after one question.
+void launchCsdWinsound(const CompileContext &context, const LEditOCX &editor);
+/// FormCSoundAV.
+void launchCsdCSoundAV(const CompileContext &context, const LEditOCX &editor);
+
+/// The documents of a project.
+struct ProjectEditors
+{
+    LEditOCX &orchestra;
+    LEditOCX &score;
+};
+
+/// FormCSound.
+void launchProjectCompile(const CompileContext &context, const ProjectEditors &editors);
+/// FormWinsound.
+void launchProjectWinsound(const CompileContext &context, const ProjectEditors &editors);
+/// FormCSoundAVORC.
+void launchProjectCSoundAV(const CompileContext &context, const ProjectEditors &editors);
 
 } // namespace ardiphon

@@ -19,6 +19,7 @@ namespace ardiphon {
 struct ConfigurationBlock;
 struct ProgramContext;
 class Definitions;
+struct CompileContext;
 class FontSizeMenu;
 class KeywordHelp;
 class LEditOCX;
@@ -60,6 +61,8 @@ protected:
     /// and the popup entries that stand for entries of the menus.
     void bindCommon();
     void bindTools(ToolToggles &toggles);
+    /// What the compile dialogs are given.
+    CompileContext compileContext();
     /// Makes the search windows for \a editors, and the way to definitions in the first of them.
     /// \a open: what the three entries of the menu do.
     void bindSearch(const QList<ServedEditor> &editors, std::function<void(SearchKind)> open);
@@ -103,6 +106,7 @@ private:
     void bindPopup();
     void bindHelp();
     void bindSound();
+    void bindPrograms();
     void bindHalves();
     /// Moves the window to one half of the screen's work area, whatever its state.
     void moveToHalf(ScreenHalf half);

@@ -4,6 +4,7 @@
 #include "app/ProgramContext.h"
 #include "audio/ui/FormPlayer.h"
 #include "audio/ui/FormSNDInfo.h"
+#include "compile/ui/CompileContext.h"
 #include "documents/Headers.h"
 #include "documents/ui/EditorWindow.h"
 #include "documents/ui/RecentMenu.h"
@@ -13,8 +14,10 @@
 #include "language/ui/FontSizeMenu.h"
 #include "language/ui/KeywordHelp.h"
 #include "navigation/ui/Definitions.h"
+#include "platform/DesktopTools.h"
 #include "preferences/ui/FormAbout.h"
 #include "preferences/ui/FormHelp.h"
+#include "preferences/ui/FormManual.h"
 
 #include <QLabel>
 #include <QMenu>
@@ -103,6 +106,7 @@ void EditorWindow::bindCommon()
     bindPopup();
     bindHelp();
     bindSound();
+    bindPrograms();
     bindHalves();
 }
 
@@ -127,6 +131,7 @@ void EditorWindow::bindHelp()
     ask("menuInfoCsoundHelp", &KeywordHelp::helpIndex);
     ask("menuInfoCSoundAVHelp", &KeywordHelp::csoundAvHelp);
     ask("buttonOpcodeHelp", &KeywordHelp::opcodeHelp);
+    ask("buttonDirectHtml", &KeywordHelp::htmlHelp);
     ask("menuPopupOpcodeHelp", &KeywordHelp::menuPopupOpcodeHelp);
     if (m_commands.has("buttonFlagsHelp"))
         ask("buttonFlagsHelp", &KeywordHelp::flagsHelp);
@@ -140,6 +145,17 @@ void EditorWindow::bindSound()
     m_commands.bind("menuSndInfo", this, [this] { FormSNDInfo(program().dialogs, this).exec(); });
     m_commands.bind("menuPlayer", this,
                     [this] { FormPlayer(config(), program().dialogs, this).exec(); });
+}
+
+void EditorWindow::bindPrograms()
+{
+    m_commands.bind("menuCommandLine", this, [] { StartCommandPrompt(); });
+    m_commands.bind("buttonCalculator", this, [] { StartCalculator(); });
+}
+
+CompileContext EditorWindow::compileContext()
+{
+    return {config(), m_program.dialogs, this, manualViewer};
 }
 
 void EditorWindow::bindHalves()

@@ -59,6 +59,7 @@ FormORCSCO::FormORCSCO(ProgramContext &program) : EditorWindow(program)
     bindEditing();
     bindNavigation();
     bindPanels();
+    bindCompilers();
     bindArrangements();
     groupTools();
     m_tools->load();
