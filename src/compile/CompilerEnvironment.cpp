@@ -1,5 +1,7 @@
 #include "compile/CompilerEnvironment.h"
 
+#include <QFile>
+
 namespace ardiphon {
 
 namespace {
@@ -36,6 +38,15 @@ QList<EnvironmentChange> compilerEnvironment(const QString &documentFolder,
     if (lookup(SoundFolder).value_or(QString()).isEmpty())
         changes.append({SoundFolder, documentFolder});
     return changes;
+}
+
+QString soundFolder(const QString &folder, const QString &rootPath)
+{
+    if (!folder.contains(u':') && !folder.contains(u';'))
+        return folder;
+    const QString link = rootPath + QLatin1String("sounds");
+    QFile::remove(link);
+    return QFile::link(folder, link) ? link : folder;
 }
 
 QString outputFolder(const QString &documentFolder, const EnvironmentLookup &lookup)

@@ -25,6 +25,7 @@ private slots:
     void environment_lcAll_movesToLang();
     void environment_sfdirSet_isLeftAlone();
     void outputFolder_isTheUsersOrTheDocuments();
+    void soundFolder_separatorsInPath_areLinkedAround();
     void cleanLog_bytes_text_data();
     void cleanLog_bytes_text();
     void cleanLog_endlessLine_isBroken();
@@ -142,6 +143,20 @@ void tst_CsdCompileRules::outputFolder_isTheUsersOrTheDocuments()
     QCOMPARE(with(std::nullopt), QStringLiteral("/music"));
     QCOMPARE(with(QString()), QStringLiteral("/music"));
     QCOMPARE(with(QStringLiteral("/sounds")), QStringLiteral("/sounds"));
+}
+
+void tst_CsdCompileRules::soundFolder_separatorsInPath_areLinkedAround()
+{
+    const QString root = m_folder.path() + u'/';
+    const QString plain = m_folder.filePath(QStringLiteral("plain"));
+    QCOMPARE(soundFolder(plain, root), plain);
+    for (const char *name : {"a:b", "a;b"}) {
+        const QString odd = m_folder.filePath(QLatin1String(name));
+        QVERIFY(QDir().mkpath(odd));
+        const QString link = soundFolder(odd, root);
+        QVERIFY(!link.contains(u':') && !link.contains(u';'));
+        QCOMPARE(QFileInfo(link).canonicalFilePath(), odd);
+    }
 }
 
 void tst_CsdCompileRules::cleanLog_bytes_text_data()

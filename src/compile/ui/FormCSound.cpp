@@ -132,12 +132,14 @@ void FormCSound::goTo(const ErrorPlace &place)
     close();
 }
 
-/// On a screen that is too small the window stays below its upper edge.
+/// On a small screen the window stays below its upper edge and grows no higher than it.
 void FormCSound::openPanel()
 {
     pages().setCurrentWidget(FrameCompiler);
-    m_raisedBy = qBound(0, y() - screen()->availableGeometry().top(), PanelRise);
-    resize(width(), height() + PanelGrowth);
+    const QRect room = screen()->availableGeometry();
+    m_raisedBy = qBound(0, y() - room.top(), PanelRise);
+    m_grownBy = qBound(0, room.height() - frameGeometry().height(), PanelGrowth);
+    resize(width(), height() + m_grownBy);
     move(x(), y() - m_raisedBy);
     btnStop->setEnabled(true);
 }
@@ -147,7 +149,7 @@ void FormCSound::closePanel()
 {
     m_runs.requestStop();
     pages().setCurrentWidget(form());
-    resize(width(), height() - PanelGrowth);
+    resize(width(), height() - m_grownBy);
     move(x(), y() + m_raisedBy);
     Compila->setFocus();
 }

@@ -48,6 +48,7 @@ private:
     QPushButton *btnGoToError;
     ErrorPlace m_error; ///< what the button leads to
     int m_raisedBy = 0; ///< how far the window went up, in pixels, when the panel opened
+    int m_grownBy = 0;  ///< and how much higher it became
 };
 
 } // namespace ardiphon

@@ -20,7 +20,8 @@ WaveCompileDialog::WaveCompileDialog(const CompilerDialogKind &kind, const Compi
                                      RunConsole *console)
     : CompilerDialog(kind, context), m_runs(context.dialogs, context.system, console)
 {
-    m_runs.documentFolder = QFileInfo(config().OrchestraFileName).absolutePath();
+    m_runs.documentFolder =
+        soundFolder(QFileInfo(config().OrchestraFileName).absolutePath(), config().RootPath);
     addControls(context);
     m_flags->load();
     m_player->openFirstWave();
