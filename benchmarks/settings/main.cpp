@@ -1,6 +1,7 @@
 // How long a colour that is picked takes until it is seen in the editor, and how long the font
-// window takes to open, as medians. Run it with QT_QPA_PLATFORM=offscreen from any folder; it
-// writes only to a temporary folder of its own.
+// window takes to open, as medians. It writes only to a temporary folder of its own.
+
+#include "Measure.h"
 
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
@@ -14,15 +15,7 @@
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
-#include <QApplication>
-#include <QElapsedTimer>
 #include <QFontDatabase>
-#include <QTemporaryDir>
-
-#include <algorithm>
-#include <cstdio>
-#include <functional>
-#include <vector>
 
 using namespace ardiphon;
 
@@ -67,19 +60,6 @@ private:
     bool m_painted = false;
 };
 
-double medianMilliseconds(const std::function<void()> &step)
-{
-    std::vector<double> values;
-    for (int run = 0; run < Runs; ++run) {
-        QElapsedTimer timer;
-        timer.start();
-        step();
-        values.push_back(double(timer.nsecsElapsed()) / 1e6);
-    }
-    std::sort(values.begin(), values.end());
-    return values[Runs / 2];
-}
-
 class Bench
 {
 public:
@@ -107,32 +87,44 @@ public:
         for (const int top : {1, lines / 2, lines}) {
             first.SetTopLine(top);
             QApplication::processEvents();
-            FormImpostazioni settings(m_program, {first, second}, {}, &first);
+            FormImpostazioni settings(m_program, {first, second}, &first);
             settings.show();
-            for (const char *patch : {"picBackColor", "picForeColor", "picRem", "Command4"}) {
-                auto *button = settings.findChild<QAbstractButton *>(QLatin1String(patch));
-                std::printf("%-14s %9d lines, top line %9d %8.2f ms   (one frame: 16.7)\n", patch,
-                            lines, top, medianMilliseconds([&] {
-                                button->click();
-                                watch.waitForPaint();
-                                QApplication::processEvents(); // up to its end
-                            }));
-            }
+            for (const char *patch : {"picBackColor", "picRem"})
+                measurePick(settings, patch, top, watch, lines);
         }
     }
 
     void measureFontWindow()
     {
-        const double opened = medianMilliseconds([this] {
-            FormFont window(m_config, m_dialogs, nullptr);
-            window.show();
-            QApplication::processEvents();
+        const double opened = measure::medianOf(Runs, [this] {
+            return measure::wallTime([this] {
+                FormFont window(m_config, m_dialogs, nullptr);
+                window.show();
+                QApplication::processEvents();
+            });
         });
-        std::printf("font window    %9lld fonts %31.2f ms   (at once: 100)\n",
-                    static_cast<long long>(QFontDatabase::families().size()), opened);
+        const QByteArray what =
+            "font window, " + QByteArray::number(QFontDatabase::families().size()) + " fonts";
+        measure::row(what.constData(), measure::NoSize, opened, "ms", 100);
     }
 
 private:
+    void measurePick(FormImpostazioni &settings, const char *patch, int top, PaintWatch &watch,
+                     int lines)
+    {
+        auto *const button = settings.findChild<QAbstractButton *>(QLatin1String(patch));
+        const double picked = measure::medianOf(Runs, [&] {
+            return measure::wallTime([&] {
+                button->click();
+                watch.waitForPaint();
+                QApplication::processEvents(); // up to its end
+            });
+        });
+        const char *const place = top == 1 ? "top" : top == lines ? "end" : "middle";
+        const QByteArray what = QByteArray("colour pick, ") + patch + ", at the " + place;
+        measure::row(what.constData(), lines, picked, "ms", 16.7);
+    }
+
     QTemporaryDir m_folder;
     ConfigurationBlock m_config;
     SettingsStore m_settings{m_folder.filePath(QStringLiteral("settings.ini"))};
@@ -148,7 +140,7 @@ int main(int argc, char *argv[])
     QApplication::setQuitOnLastWindowClosed(false);
     Bench bench;
     bench.measureFontWindow();
-    for (const int lines : {1000, 1000000})
+    for (const int lines : measure::Sizes)
         bench.measurePicks(lines);
     return 0;
 }

@@ -63,6 +63,8 @@ struct ConfigurationBlock
 
     /// The private folder of this run, with its closing "/"; its path has no blank.
     QString RootPath;
+    /// Where the program keeps files of its own from one run to the next.
+    QString ProgramFolder;
 
     QString FontName;          ///< the font now used in the CSD window
     std::int16_t FontSize = 0; ///< the size now used, in points

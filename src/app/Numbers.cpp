@@ -1,5 +1,7 @@
 #include "app/Numbers.h"
 
+#include <QRegularExpression>
+
 #include <cmath>
 
 namespace ardiphon {
@@ -44,6 +46,13 @@ double leadingNumber(QStringView text)
 
     // toDouble refuses a lone sign or point, which leaves 0.
     return number.left(end).toDouble();
+}
+
+bool isNumber(const QString &text)
+{
+    static const QRegularExpression number(
+        QStringLiteral("\\A\\s*[+-]?(\\d++\\.?\\d*+|\\.\\d++)([eE][+-]?\\d++)?\\s*\\z"));
+    return number.match(text).hasMatch();
 }
 
 int roundedWithin(double number, int lowest, int highest)

@@ -1,8 +1,12 @@
 #include "compile/CompilerEnvironment.h"
 
+#include <QFile>
+
 namespace ardiphon {
 
 namespace {
+
+const QString SoundFolder = QStringLiteral("SFDIR");
 
 /// All that `LC_ALL` overrides, apart from the messages.
 constexpr const char *OtherCategories[] = {
@@ -31,9 +35,24 @@ QList<EnvironmentChange> compilerEnvironment(const QString &documentFolder,
             changes.append({QLatin1String(category), std::nullopt});
         changes.append({QStringLiteral("LANG"), all});
     }
-    if (lookup(QStringLiteral("SFDIR")).value_or(QString()).isEmpty())
-        changes.append({QStringLiteral("SFDIR"), documentFolder});
+    if (lookup(SoundFolder).value_or(QString()).isEmpty())
+        changes.append({SoundFolder, documentFolder});
     return changes;
+}
+
+QString soundFolder(const QString &folder, const QString &rootPath)
+{
+    if (!folder.contains(u':') && !folder.contains(u';'))
+        return folder;
+    const QString link = rootPath + QLatin1String("sounds");
+    QFile::remove(link);
+    return QFile::link(folder, link) ? link : folder;
+}
+
+QString outputFolder(const QString &documentFolder, const EnvironmentLookup &lookup)
+{
+    const QString chosen = lookup(SoundFolder).value_or(QString());
+    return chosen.isEmpty() ? documentFolder : chosen;
 }
 
 } // namespace ardiphon

@@ -18,4 +18,12 @@ std::optional<QString> environmentVariable(const QString &name);
 QList<EnvironmentChange> compilerEnvironment(const QString &documentFolder,
                                              const EnvironmentLookup &lookup = environmentVariable);
 
+/// \a folder, or where its path holds a ":" or ";", with which the compiler separates folders, a
+/// link to it below \a rootPath.
+QString soundFolder(const QString &folder, const QString &rootPath);
+
+/// The folder where a file with a relative name lands.
+QString outputFolder(const QString &documentFolder,
+                     const EnvironmentLookup &lookup = environmentVariable);
+
 } // namespace ardiphon

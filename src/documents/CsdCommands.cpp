@@ -17,7 +17,6 @@ constexpr Command commands[] = {
     {"menuPopupLastPosition", "Go to last position"},
     {"menuFileStampaOrchestra", "&Print Document", "", "Ctrl+P"},
     {"menuTemplateCSD", "&CSD Template"},
-    {"menuCSound", "&CSound", "", "F3"},
     {"buttonSplit", "Split CSD Window", "", "", true},
     {"buttonFlagsHelp", "Command Line Flags"},
 };
@@ -46,9 +45,12 @@ constexpr const char *headerMenu[] = {"menuHeaders", nullptr, "menuTemplateCSD"}
 
 constexpr const char *toolsMenu[] = {
     "menuCSound",
+    "menuToolsWinsound",
+    "menuCSoundAV",
     nullptr,
     "menuAnalisi",
     nullptr,
+    "menuCommandLine",
     "menuPlayer",
     nullptr,
     "menuToolsBookmark",
@@ -90,12 +92,17 @@ constexpr ToolButton toolbar[] = {
     {"buttonSplit", "buttonSplit", "split", "Split CSD Window"},
     ToolbarLine,
     {"buttonCsound", "menuCSound", "compile", "CSound Console Compiler"},
+    {"buttonWinsound", "menuToolsWinsound", "winsound", "Winsound Compiler"},
+    {"buttonDirectCsound", "menuCSoundAV", "csoundav", "CSoundAV"},
     AnalysisButton,
     ToolbarLine,
     {"buttonHelp", "menuInfoCsoundHelp", "help", "CSound Help"},
     {"buttonOpcodeHelp", "buttonOpcodeHelp", "opcode-help", "Opcode Help"},
     {"buttonDirectHelp", "menuInfoCSoundAVHelp", "direct-help", "CSoundAV Help"},
     {"buttonFlagsHelp", "buttonFlagsHelp", "flags-help", "Command Line Flags"},
+    ToolbarLine,
+    {"buttonCalculator", "buttonCalculator", "calculator", "Calculator"},
+    {"buttonCommand", "menuCommandLine", "terminal", "Command Line"},
 };
 
 } // namespace

@@ -17,6 +17,9 @@ constexpr Command commands[] = {
     {"menuModificaIncolla", "&Paste", "(Ctrl+V)"},
     {"menuModificaSelezionaTutto", "Select &All", "(Ctrl+A)"},
 
+    {"menuCSound", "&CSound", "", "F3"},
+    {"menuToolsWinsound", "W&insound"},
+    {"menuCSoundAV", "CSoundA&V", "", "F4"},
     {"menuFormatoTipocarattere", "Select &Font"},
     {"menuLista", "&Reset Default Font"},
 
@@ -27,6 +30,7 @@ constexpr Command commands[] = {
     {"menuCVAnal", "CVAnal"},
     {"menuDNoise", "DNoise"},
     {"menuSndInfo", "SndInfo"},
+    {"menuCommandLine", "Command &Line"},
     {"menuPlayer", "&Wave Player"},
     {"menuToolsBookmark", "Insert &Bookmark", "", "Ctrl+B"},
     {"menuToolsRemoveBookmark", "Remove B&ookmark"},
@@ -66,6 +70,8 @@ constexpr Command commands[] = {
     {"buttonCaratterePiu", "Larger Font"},
     {"buttonOpcodeHelp", "Opcode Help"},
     {"buttonAnalisi", "CSound Analysis"},
+    {"buttonDirectHtml", "CSoundAV HTML Help"},
+    {"buttonCalculator", "Calculator"},
 };
 
 } // namespace

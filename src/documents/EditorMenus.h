@@ -65,6 +65,7 @@ inline constexpr ToolButton AnalysisButtons[] = {
     {"buttonCVAnal", "menuCVAnal", "cvanal", "CVAnal"},
     {"buttonSndInfo", "menuSndInfo", "sndinfo", "SndInfo"},
     {"buttonDNoise", "menuDNoise", "dnoise", "DNoise"},
+    {"buttonDirectHtml", "buttonDirectHtml", "direct-html", "CSoundAV HTML Help"},
 };
 
 inline constexpr ToolButton AnalysisButton = {"buttonAnalisi", "buttonAnalisi", "analysis",

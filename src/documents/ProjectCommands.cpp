@@ -85,8 +85,13 @@ constexpr const char *viewMenu[] = {
 };
 
 constexpr const char *toolsMenu[] = {
+    "menuCSound",
+    "menuToolsWinsound",
+    "menuCSoundAV",
+    nullptr,
     "menuAnalisi",
     nullptr,
+    "menuCommandLine",
     "menuPlayer",
     nullptr,
     "menuToolsBookmark",
@@ -130,11 +135,17 @@ constexpr ToolButton toolbar[] = {
     {"buttonCarattereMeno", "buttonCarattereMeno", "font-smaller", "Smaller Font"},
     {"buttonCaratterePiu", "buttonCaratterePiu", "font-larger", "Larger Font"},
     ToolbarLine,
+    {"buttonCsound", "menuCSound", "compile", "CSound Console Compiler"},
+    {"buttonWinsound", "menuToolsWinsound", "winsound", "Winsound Compiler"},
+    {"buttonDirectCsound", "menuCSoundAV", "csoundav", "CSoundAV"},
     AnalysisButton,
     ToolbarLine,
     {"buttonHelp", "menuInfoCsoundHelp", "help", "CSound Help"},
     {"buttonOpcodeHelp", "buttonOpcodeHelp", "opcode-help", "Opcode Help"},
     {"buttonDirectHelp", "menuInfoCSoundAVHelp", "direct-help", "CSoundAV Help"},
+    ToolbarLine,
+    {"buttonCalculator", "buttonCalculator", "calculator", "Calculator"},
+    {"buttonCommand", "menuCommandLine", "terminal", "Command Line"},
 };
 
 constexpr ToolButton orchestraButtons[] = {

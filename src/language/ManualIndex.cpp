@@ -26,10 +26,11 @@ const QLatin1String tagChapter("Unified File Format for Orchestras and Scores");
 const QLatin1String statementChapter("Score Statements");
 
 // Keywords that are no names of the language.
-constexpr std::array<NamedPage, 3> fixedKeywords{
+constexpr std::array<NamedPage, 4> fixedKeywords{
     {{QLatin1String("Gen Routines"), QLatin1String("GEN Routines")},
      {QLatin1String("csoundav"), QLatin1String("Front Ends")},
-     {QLatin1String("csound, command line flags"), QLatin1String("Csound command line")}}};
+     {QLatin1String("csound, command line flags"), QLatin1String("Csound command line")},
+     {QLatin1String("directCsound, command-line flags"), QLatin1String("Csound command line")}}};
 
 // Names that the manual explains under another one.
 constexpr std::array<NamedPage, 9> otherSpellings{

@@ -2,8 +2,6 @@
 
 #include "app/Numbers.h"
 
-#include <QRegularExpression>
-
 #include <limits>
 
 namespace ardiphon {
@@ -20,13 +18,6 @@ QString captionForCaller(const QString &title, const QString &caller)
 QString fieldTextFromSelection(const QString &selection)
 {
     return selection.trimmed().left(LongestFieldText);
-}
-
-bool isNumber(const QString &text)
-{
-    static const QRegularExpression number(
-        QStringLiteral("\\A\\s*[+-]?(\\d++\\.?\\d*+|\\.\\d++)([eE][+-]?\\d++)?\\s*\\z"));
-    return number.match(text).hasMatch();
 }
 
 std::optional<int> lineNumberFrom(const QString &text)

@@ -28,10 +28,6 @@ inline constexpr int LongestFieldText = 250'000;
 /// ends around it, cut behind `LongestFieldText` characters.
 QString fieldTextFromSelection(const QString &selection);
 
-/// Whether the whole of \a text is one number: perhaps a sign, digits with at most one point,
-/// perhaps an exponent, blanks around it allowed.
-bool isNumber(const QString &text);
-
 /// The line that a user asks for by \a text: its number rounded to the nearest whole one, a half to
 /// the even neighbour, kept within an int. Empty when the text is no number. Whether the document
 /// has such a line is not looked at.

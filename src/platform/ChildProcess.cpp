@@ -91,8 +91,12 @@ void ChildProcess::start(const ProcessStart &start)
     } else {
         m_process->setProcessChannelMode(QProcess::ForwardedChannels);
     }
-    m_process->setChildProcessModifier([parent = ::getpid()] { leadGroupAndDieWith(parent); });
+    m_process->setChildProcessModifier([this, parent = ::getpid()] {
+        leadGroupAndDieWith(parent);
+        m_guard.watchFromLeader();
+    });
     m_process->start();
+    m_guard.leaderIsStarted();
     m_group = m_process->processId();
     if (m_group > 0) // from both sides: a stop may come before the child got that far
         ::setpgid(static_cast<pid_t>(m_group), static_cast<pid_t>(m_group));

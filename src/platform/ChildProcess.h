@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/GroupGuard.h"
+
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -45,8 +47,7 @@ enum class ProcessEnd {
 };
 
 /// An external program with all that it starts in turn. It runs in a process group of its own,
-/// which never outlives this object, its leader or, as far as the leader goes, this program.
-/// Nothing here blocks the caller.
+/// which never outlives this object, its leader or this program. Nothing here blocks the caller.
 class ChildProcess : public QObject
 {
     Q_OBJECT
@@ -79,6 +80,7 @@ private:
     void killGroup() const;
 
     std::unique_ptr<QProcess> m_process;
+    GroupGuard m_guard;
     QString m_executable;
     qint64 m_group = 0; ///< process group, named by its leader
     bool m_started = false;

@@ -11,8 +11,8 @@ namespace ardiphon {
 
 class Printer;
 
-enum class MessageIcon { None, Information, Exclamation, Critical };
-enum class MessageButtons { Ok, YesNo, YesNoCancel };
+enum class MessageIcon { None, Information, Exclamation, Critical, Question };
+enum class MessageButtons { Ok, YesNo, YesNoCancel, OkCancel };
 enum class Answer { Ok, Yes, No, Cancel };
 
 /// The title of a message box that has none of its own.

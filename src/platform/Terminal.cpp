@@ -6,11 +6,15 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <algorithm>
+#include <iterator>
+
 namespace ardiphon {
 
 namespace {
 
-/// A terminal and its option in front of a program with its arguments.
+/// A terminal and its option in front of a program with its arguments; none where it takes them
+/// in one text only, which a shell would have to read.
 struct Terminal
 {
     const char *name;
@@ -19,12 +23,31 @@ struct Terminal
 
 // The user's own choice comes first, then what desktops bring along, then what every X has.
 constexpr Terminal terminals[] = {
-    {"x-terminal-emulator", "-e"}, {"gnome-terminal", "--"}, {"konsole", "-e"},
-    {"xfce4-terminal", "-x"},      {"mate-terminal", "-x"},  {"kitty", "--"},
-    {"alacritty", "-e"},           {"foot", "--"},           {"xterm", "-e"},
+    {"x-terminal-emulator", "-e"},
+    {"gnome-terminal", "--"},
+    {"kgx", "--"},
+    {"konsole", "-e"},
+    {"xfce4-terminal", "-x"},
+    {"mate-terminal", "-x"},
+    {"lxterminal", nullptr},
+    {"qterminal", nullptr},
+    {"tilix", nullptr},
+    {"terminator", "-x"},
+    {"kitty", "--"},
+    {"alacritty", "-e"},
+    {"foot", "--"},
+    {"xterm", "-e"},
 };
 
 } // namespace
+
+bool startTerminal(const QString &directory)
+{
+    return std::any_of(std::begin(terminals), std::end(terminals),
+                       [&directory](const Terminal &terminal) {
+                           return StartDetached(QLatin1String(terminal.name), QString(), directory);
+                       });
+}
 
 bool startInTerminal(const QString &file, const QString &parameters, const QString &directory,
                      const QString &programFolder)
@@ -37,7 +60,7 @@ bool startInTerminal(const QString &file, const QString &parameters, const QStri
             QStringList{quoted(console), quoted(directory), quoted(file), parameters}.join(u' ');
         for (const Terminal &terminal : terminals) {
             const QString path = QStandardPaths::findExecutable(QLatin1String(terminal.name));
-            if (!path.isEmpty() &&
+            if (terminal.option && !path.isEmpty() &&
                 StartDetached(path, QLatin1String(terminal.option) + u' ' + line, QString()))
                 return true;
         }

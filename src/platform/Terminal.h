@@ -4,6 +4,10 @@
 
 namespace ardiphon {
 
+/// Opens a terminal window in \a directory, which goes on by itself. False when none can be
+/// started.
+bool startTerminal(const QString &directory);
+
 /// Starts a program in a terminal window that stays open at its end until a key is pressed, and
 /// that goes on by itself. \a file and \a parameters as for StartDetached; the program begins in
 /// \a directory. No shell is involved.

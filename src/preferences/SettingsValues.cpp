@@ -3,7 +3,6 @@
 #include "app/ConfigurationBlock.h"
 #include "app/Numbers.h"
 #include "app/modRegistry.h"
-#include "navigation/SearchRules.h"
 
 #include <cmath>
 

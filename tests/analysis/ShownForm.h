@@ -88,7 +88,7 @@ struct ShownForm
     /// Gets what is started too, where a test has set it.
     std::function<void(const QString &, const QString &, const QString &)> passOn;
     ardiphon::ToolContext context{
-        program.config, program.dialogs, program.folder.path(),
+        program.config, program.dialogs,
         [this](const QString &file, const QString &parameters, const QString &directory) {
             starts.append({file, parameters, directory});
             if (passOn)

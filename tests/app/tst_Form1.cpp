@@ -43,6 +43,7 @@ void tst_Form1::load_fillsEverythingBeforeTheWindowShows()
         QCOMPARE(m_config->Words.OpcodeCount, 1);
         QVERIFY(m_config->Words.ReadOpcodeRecord(1));
         QCOMPARE(m_config->RootPath, "/run/folder/");
+        QVERIFY(QFileInfo(m_config->ProgramFolder).isWritable());
         const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
         QCOMPARE(m_config->WorkArea, area);
         QCOMPARE(m_config->WindowLeft, 0);

@@ -13,6 +13,8 @@ class tst_Numbers : public QObject
 private slots:
     void leadingNumber_data();
     void leadingNumber();
+    void isNumber_text_data();
+    void isNumber_text();
     void roundedWithin_data();
     void roundedWithin();
 };
@@ -52,6 +54,25 @@ void tst_Numbers::leadingNumber()
     QFETCH(QString, text);
     QFETCH(double, number);
     QCOMPARE(ardiphon::leadingNumber(text), number);
+}
+
+void tst_Numbers::isNumber_text_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("number");
+    for (const char *text : {"1", "12", " 12 ", "-5", "+5", "12.6", ".5", "5.", "1e3", "1E-3",
+                             "99999999999", "\t7\t", "1e999"})
+        QTest::addRow("'%s'", text) << text << true;
+    for (const char *text : {"", " ", "a", "12a", "a12", "1 2", "1.2.3", "-", "+-1", ".", "e3",
+                             "1e", "1e+", "--1", "0x10", "1,5", "kamp"})
+        QTest::addRow("no number: '%s'", text) << text << false;
+    QTest::newRow("two lines") << "1\n2" << false;
+}
+
+void tst_Numbers::isNumber_text()
+{
+    QFETCH(QString, text);
+    QTEST(isNumber(text), "number");
 }
 
 void tst_Numbers::roundedWithin_data()

@@ -6,14 +6,13 @@
 #include "compile/ui/FormCSoundCSD.h"
 #include "support/ScriptedDialogs.h"
 #include "support/StandInCompiler.h"
+#include "support/When.h"
 
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
-#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -54,18 +53,7 @@ struct CsdConsole
     /// acts while a click on "&Compile" has not returned yet.
     void when(std::function<bool()> condition, std::function<void()> action)
     {
-        auto *timer = new QTimer(form.get());
-        QObject::connect(
-            timer, &QTimer::timeout, form.get(), [=, this, limit = QDeadlineTimer(30'000)] {
-                if (!condition() && !limit.hasExpired())
-                    return;
-                timer->stop();
-                if (condition())
-                    return action();
-                QTest::qFail("what the test waited for never came", __FILE__, __LINE__);
-                form->reject();
-            });
-        timer->start(1);
+        ::when(form.get(), std::move(condition), std::move(action), [this] { form->reject(); });
     }
     void whenRunning(const QString &piece, std::function<void()> action)
     {

@@ -1,6 +1,7 @@
 // Stands in for a compiler. It is called as one is, `stand_in_compiler <piece> ... -O<log>`, and
-// the base name of the piece chooses how it behaves. It leaves its process id, and on the next line
-// that of the process it has started, in a file named after the piece with ".pid" behind it.
+// the base name of the piece, an orchestra or else the first argument, chooses how it behaves. It
+// leaves its process id, and on the next line that of the process it has started, in a file named
+// after the piece with ".pid" behind it.
 
 #include <csignal>
 #include <cstdio>
@@ -12,6 +13,7 @@
 #include <string>
 #include <string_view>
 #include <sys/resource.h>
+#include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
 
@@ -71,6 +73,41 @@ void flood()
     }
 }
 
+/// 500 MB, with an error at the very beginning.
+void deluge()
+{
+    leavePids();
+    std::ofstream log(logFile, std::ios::binary);
+    log << "\nerror: on line 3\n";
+    const std::string line = std::string(99, 'x') + '\n';
+    std::string block;
+    for (int i = 0; i < 10'000; ++i)
+        block += line;
+    for (int i = 0; i < 500; ++i)
+        log << block;
+}
+
+void errors()
+{
+    writeLog("\nerror: syntax error, line 2\n");
+    leavePids();
+}
+
+void scored()
+{
+    writeLog("\nsread: illegal opcode & line 2\n");
+    leavePids();
+}
+
+/// The way in which today's compilers tell of a line.
+void links()
+{
+    const std::string score = piece.substr(0, piece.size() - 3) + "sco";
+    writeLog("\nerror: syntax error\n from file " + piece + " (1), line 2:\n >>> two\nin line 1\n" +
+             " from file " + score + " (1)\n");
+    leavePids();
+}
+
 void ignores()
 {
     for (const int number : {SIGTERM, SIGINT, SIGHUP, SIGQUIT})
@@ -123,6 +160,18 @@ void escapes()
     leavePids();
 }
 
+/// Waits for all of its children.
+void waits()
+{
+    const pid_t child = fork();
+    if (child == 0)
+        std::_Exit(0);
+    while (wait(nullptr) > 0) {
+    }
+    writeLog("no child is left\n");
+    leavePids();
+}
+
 void fails()
 {
     logged();
@@ -148,6 +197,10 @@ const std::map<std::string, std::function<void()>> behaviours{
     {"logged", logged},
     {"slow", slow},
     {"flood", flood},
+    {"deluge", deluge},
+    {"errors", errors},
+    {"scored", scored},
+    {"links", links},
     {"ignores", ignores},
     {"forks", forks},
     {"leaves", leaves},
@@ -156,6 +209,7 @@ const std::map<std::string, std::function<void()>> behaviours{
     {"stubborn", stubborn},
     {"escapes", escapes},
     {"fails", fails},
+    {"waits", waits},
 };
 
 } // namespace
@@ -166,9 +220,14 @@ int main(int count, char **values)
     if (arguments.empty())
         return 2;
     piece = arguments.front();
-    for (const std::string &argument : arguments)
+    for (const std::string &argument : arguments) {
         if (argument.starts_with("-O"))
             logFile = argument.substr(2);
+        if (argument.ends_with(".orc"))
+            piece = argument;
+    }
+    if (logFile.empty()) // as Winsound and CSoundAV are called
+        logFile = piece + ".log";
     const auto behaviour = behaviours.find(std::filesystem::path(piece).stem().string());
     if (behaviour == behaviours.end())
         lists(); // whatever the piece is called

@@ -1,7 +1,6 @@
 #include "compile/CompileRules.h"
 #include "compile/CompilerEnvironment.h"
 #include "compile/CompilerLog.h"
-#include "compile/CsdCompileCheck.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -10,19 +9,6 @@
 #include <sys/stat.h>
 
 using namespace ardiphon;
-
-namespace {
-
-const QString NoName =
-    QStringLiteral("No name associated to File!\r\nYou must save it with a valid "
-                   "name before start CSound compiler (CTRL+S)");
-const QString Changed = QStringLiteral("File has changed!\r\nYou must save it before start CSound "
-                                       "compiler (CTRL+S)");
-const QString NoCompiler =
-    QStringLiteral("Cannot find CSound.exe!\r\nSelect File->Settings->Csound.exe!");
-const QString NoLogFlag = QStringLiteral("Don't use '-O' flag in Ardiphon!");
-
-} // namespace
 
 class tst_CsdCompileRules : public QObject
 {
@@ -35,13 +21,11 @@ private slots:
     void bannerText_elapsed_minutesAndSeconds_data();
     void bannerText_elapsed_minutesAndSeconds();
     void bannerText_whole_exactText();
-    void check_document_decision_data();
-    void check_document_decision();
-    void csOptions_text_namesLog_data();
-    void csOptions_text_namesLog();
     void environment_plain_englishMessagesAndDocumentFolder();
     void environment_lcAll_movesToLang();
     void environment_sfdirSet_isLeftAlone();
+    void outputFolder_isTheUsersOrTheDocuments();
+    void soundFolder_separatorsInPath_areLinkedAround();
     void cleanLog_bytes_text_data();
     void cleanLog_bytes_text();
     void cleanLog_endlessLine_isBroken();
@@ -121,82 +105,6 @@ void tst_CsdCompileRules::bannerText_whole_exactText()
     QCOMPARE(logHeading(), QStringLiteral("\r\n\r\nCSound Compiler Details:\r\n"));
 }
 
-void tst_CsdCompileRules::check_document_decision_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("modified");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("compiler");
-    QTest::addColumn<bool>("open");
-    QTest::addColumn<QString>("message"); // null for none
-    const QString bad = QStringLiteral("<CsOptions>-Ox</CsOptions>");
-    QTest::newRow("well") << "/a.csd" << false << "x"
-                          << "/c" << true << QString();
-    QTest::newRow("no name") << "" << false << "x"
-                             << "/c" << false << NoName;
-    QTest::newRow("untitled") << "[Untitled]" << false << "x"
-                              << "/c" << false << NoName;
-    QTest::newRow("the other untitled") << "[Untitled.CSD]" << false << "x"
-                                        << "/c" << true << QString();
-    QTest::newRow("modified") << "/a.csd" << true << "x"
-                              << "/c" << false << Changed;
-    QTest::newRow("empty") << "/a.csd" << false << ""
-                           << "/c" << false << QString();
-    QTest::newRow("no compiler") << "/a.csd" << false << "x"
-                                 << "" << false << NoCompiler;
-    QTest::newRow("-O") << "/a.csd" << false << bad << "/c" << false << NoLogFlag;
-    // Each check hides those after it.
-    QTest::newRow("name first") << "" << true << ""
-                                << "" << false << NoName;
-    QTest::newRow("modified second") << "/a.csd" << true << ""
-                                     << "" << false << Changed;
-    QTest::newRow("empty third") << "/a.csd" << false << ""
-                                 << "" << false << QString();
-    QTest::newRow("compiler fourth") << "/a.csd" << false << bad << "" << false << NoCompiler;
-}
-
-void tst_CsdCompileRules::check_document_decision()
-{
-    QFETCH(QString, name);
-    QFETCH(bool, modified);
-    QFETCH(QString, text);
-    QFETCH(QString, compiler);
-    QFETCH(QString, message);
-    const LaunchDecision decision = checkCsdCompile(name, modified, text, compiler);
-    QTEST(decision.open, "open");
-    QCOMPARE(decision.message.has_value(), !message.isNull());
-    if (!decision.message)
-        return;
-    QCOMPARE(decision.message->text, message);
-    QCOMPARE(decision.message->title,
-             message == NoLogFlag ? QStringLiteral("Error") : ProgramTitle);
-    QCOMPARE(decision.message->icon, MessageIcon::Exclamation);
-    QCOMPARE(decision.message->buttons, MessageButtons::Ok);
-}
-
-void tst_CsdCompileRules::csOptions_text_namesLog_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("names");
-    QTest::newRow("-odac") << "<CsOptions>\r\n-odac\r\n</CsOptions>" << false;
-    QTest::newRow("-Ofile") << "<CsOptions>\r\n-Ofile\r\n</CsOptions>" << true;
-    QTest::newRow("inside a word") << "<CsOptions>my-Own.wav</CsOptions>" << true;
-    QTest::newRow("before the section") << "; -Ox\r\n<CsOptions>-W</CsOptions>" << false;
-    QTest::newRow("behind the section") << "<CsOptions>-W</CsOptions>; -O" << false;
-    QTest::newRow("no section") << "-Ox" << false;
-    QTest::newRow("not closed") << "<CsOptions>-Ox" << false;
-    QTest::newRow("closed before it opens") << "</CsOptions><CsOptions>-Ox" << false;
-    QTest::newRow("other case of the tag") << "<csoptions>-Ox</csoptions>" << false;
-    QTest::newRow("second section") << "<CsOptions></CsOptions><CsOptions>-O</CsOptions>" << false;
-    QTest::newRow("torn by the closing tag") << "<CsOptions>-</CsOptions>O" << false;
-}
-
-void tst_CsdCompileRules::csOptions_text_namesLog()
-{
-    QFETCH(QString, text);
-    QTEST(csOptionsNameLog(text), "names");
-}
-
 void tst_CsdCompileRules::environment_plain_englishMessagesAndDocumentFolder()
 {
     const auto changes = compilerEnvironment(
@@ -225,6 +133,30 @@ void tst_CsdCompileRules::environment_sfdirSet_isLeftAlone()
     };
     QCOMPARE(with(QStringLiteral("/own")), (QList<EnvironmentChange>{{"LC_MESSAGES", "C"}}));
     QVERIFY(with(QString()).contains(EnvironmentChange{"SFDIR", "/m"}));
+}
+
+void tst_CsdCompileRules::outputFolder_isTheUsersOrTheDocuments()
+{
+    const auto with = [](std::optional<QString> value) {
+        return outputFolder(QStringLiteral("/music"), [value](const QString &) { return value; });
+    };
+    QCOMPARE(with(std::nullopt), QStringLiteral("/music"));
+    QCOMPARE(with(QString()), QStringLiteral("/music"));
+    QCOMPARE(with(QStringLiteral("/sounds")), QStringLiteral("/sounds"));
+}
+
+void tst_CsdCompileRules::soundFolder_separatorsInPath_areLinkedAround()
+{
+    const QString root = m_folder.path() + u'/';
+    const QString plain = m_folder.filePath(QStringLiteral("plain"));
+    QCOMPARE(soundFolder(plain, root), plain);
+    for (const char *name : {"a:b", "a;b"}) {
+        const QString odd = m_folder.filePath(QLatin1String(name));
+        QVERIFY(QDir().mkpath(odd));
+        const QString link = soundFolder(odd, root);
+        QVERIFY(!link.contains(u':') && !link.contains(u';'));
+        QCOMPARE(QFileInfo(link).canonicalFilePath(), odd);
+    }
 }
 
 void tst_CsdCompileRules::cleanLog_bytes_text_data()

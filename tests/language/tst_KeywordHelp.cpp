@@ -46,6 +46,7 @@ private slots:
     void entries_openTheirPages();
     void entries_withoutManual_giveMessage();
     void opcodeHelp_forgetsTheWord();
+    void htmlHelp_file_goesToTheSystem();
     void manualOfAnotherKind_goesToTheSystem();
     void manualThatIsNone_isShownToBeSo_data();
     void manualThatIsNone_isShownToBeSo();
@@ -285,6 +286,17 @@ void tst_KeywordHelp::opcodeHelp_forgetsTheWord()
     m_help->opcodeHelp();
     QCOMPARE(m_config.HelpWord, QString());
     QCOMPARE(taken(), QStringLiteral("start"));
+}
+
+void tst_KeywordHelp::htmlHelp_file_goesToTheSystem()
+{
+    m_dialogs->expect({QStringLiteral("No File defined for CSoundAV HTML Help\r\n"
+                                      "Please set: File->Settings->CSoundAV Help")});
+    m_help->htmlHelp();
+    QCOMPARE(taken(), QString());
+    m_config.FileGuidaHtml = path("av.html");
+    m_help->htmlHelp();
+    QCOMPARE(taken(), QStringLiteral("system ") + m_config.FileGuidaHtml);
 }
 
 void tst_KeywordHelp::manualOfAnotherKind_goesToTheSystem()

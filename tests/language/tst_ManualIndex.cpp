@@ -77,6 +77,7 @@ void tst_ManualIndex::keyword_arrivesAtItsPage_data()
     add("instr", "instr.html");
     add("Gen Routines", "ScoreGenRef.html");
     add("csound, command line flags", "CommandFlags.html");
+    add("directCsound, command-line flags", "CommandFlags.html");
     add("csoundav", "OviewFrontEnds.html");
     add("a (score statement)", "a.html");
     add("b (score statement)", "b.html");

@@ -17,8 +17,6 @@ private slots:
     void fieldText_selection_losesBlanksAround_data();
     void fieldText_selection_losesBlanksAround();
     void fieldText_hugeSelection_isCut();
-    void isNumber_text_data();
-    void isNumber_text();
     void lineNumber_text_isRoundedAndKept_data();
     void lineNumber_text_isRoundedAndKept();
     void wordToFind_definition_data();
@@ -75,25 +73,6 @@ void tst_SearchRules::fieldText_hugeSelection_isCut()
 {
     QCOMPARE(fieldTextFromSelection(QString(100'000, u'x')).size(), 100'000);
     QCOMPARE(fieldTextFromSelection(QString(LongestFieldText + 1, u'x')).size(), LongestFieldText);
-}
-
-void tst_SearchRules::isNumber_text_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("number");
-    for (const char *text : {"1", "12", " 12 ", "-5", "+5", "12.6", ".5", "5.", "1e3", "1E-3",
-                             "99999999999", "\t7\t", "1e999"})
-        QTest::addRow("'%s'", text) << text << true;
-    for (const char *text : {"", " ", "a", "12a", "a12", "1 2", "1.2.3", "-", "+-1", ".", "e3",
-                             "1e", "1e+", "--1", "0x10", "1,5", "kamp"})
-        QTest::addRow("no number: '%s'", text) << text << false;
-    QTest::newRow("two lines") << "1\n2" << false;
-}
-
-void tst_SearchRules::isNumber_text()
-{
-    QFETCH(QString, text);
-    QTEST(isNumber(text), "number");
 }
 
 void tst_SearchRules::lineNumber_text_isRoundedAndKept_data()

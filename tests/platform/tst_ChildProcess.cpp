@@ -38,7 +38,9 @@ private slots:
     void leader_killedFromOutside_isAnEnd();
     void leader_crashes_isAnEnd();
     void destructor_whileRunning_killsAndReturns();
-    void parent_killed_takesTheChildAlong();
+    void parent_killed_takesTheGroupAlong_data();
+    void parent_killed_takesTheGroupAlong();
+    void leader_waitingForItsChildren_findsNoOther();
     void hidden_output_isDiscarded();
 
 private:
@@ -284,23 +286,41 @@ void tst_ChildProcess::destructor_whileRunning_killsAndReturns()
     QCOMPARE(ended.size(), 0);
 }
 
-void tst_ChildProcess::parent_killed_takesTheChildAlong()
+void tst_ChildProcess::parent_killed_takesTheGroupAlong_data()
 {
+    QTest::addColumn<QString>("name");
+    for (const char *name : {"slow.csd", "ignores.csd", "forks.csd"})
+        QTest::newRow(name) << name;
+}
+
+void tst_ChildProcess::parent_killed_takesTheGroupAlong()
+{
+    QFETCH(QString, name);
     // A process of its own stands for the program that is killed.
-    const QString name = path("slow.csd");
     const pid_t program = ::fork();
     if (program == 0) {
         ChildProcess process;
-        process.start(piece("slow.csd"));
+        process.start(piece(name));
         for (;;)
             ::pause();
     }
-    QTRY_VERIFY(pids(name).leader);
-    const pid_t compiler = pids(name).leader;
-    QVERIFY(isAlive(compiler));
+    QTRY_VERIFY(pids(path(name)).leader);
+    const Pids compiler = pids(path(name));
+    QVERIFY(isAlive(compiler.leader));
     QCOMPARE(::kill(program, SIGKILL), 0);
-    QTRY_VERIFY(!isAlive(compiler));
+    QTRY_VERIFY(!isAlive(compiler.leader));
+    if (compiler.child != 0)
+        QTRY_VERIFY(!isAlive(compiler.child));
     QCOMPARE(::waitpid(program, nullptr, 0), program);
+}
+
+/// What watches over the group is not among them.
+void tst_ChildProcess::leader_waitingForItsChildren_findsNoOther()
+{
+    ChildProcess process;
+    process.start(piece("waits.csd"));
+    QTRY_COMPARE(process.end(), ProcessEnd::Ended);
+    QCOMPARE(log(), QByteArray("no child is left\n"));
 }
 
 void tst_ChildProcess::hidden_output_isDiscarded()

@@ -108,6 +108,7 @@ void tst_QtDialogs::message_showsTitleTextAndIcon_data()
     QTest::newRow("none") << MessageIcon::None << int(QMessageBox::NoIcon);
     QTest::newRow("information") << MessageIcon::Information << int(QMessageBox::Information);
     QTest::newRow("exclamation") << MessageIcon::Exclamation << int(QMessageBox::Warning);
+    QTest::newRow("question") << MessageIcon::Question << int(QMessageBox::Question);
     QTest::newRow("critical") << MessageIcon::Critical << int(QMessageBox::Critical);
 }
 
@@ -150,6 +151,8 @@ void tst_QtDialogs::message_button_givesItsAnswer_data()
     row("no of two", MessageButtons::YesNo, QMessageBox::No, Answer::No, 2);
     row("yes of three", MessageButtons::YesNoCancel, QMessageBox::Yes, Answer::Yes, 3);
     row("no of three", MessageButtons::YesNoCancel, QMessageBox::No, Answer::No, 3);
+    row("ok of two", MessageButtons::OkCancel, QMessageBox::Ok, Answer::Ok, 2);
+    row("cancel of two", MessageButtons::OkCancel, QMessageBox::Cancel, Answer::Cancel, 2);
     row("cancel", MessageButtons::YesNoCancel, QMessageBox::Cancel, Answer::Cancel, 3);
 }
 
@@ -173,6 +176,7 @@ void tst_QtDialogs::message_closedWithoutChoice_givesTheMildestAnswer_data()
 
     QTest::newRow("ok") << MessageButtons::Ok << Answer::Ok;
     QTest::newRow("yes or no") << MessageButtons::YesNo << Answer::No;
+    QTest::newRow("ok or cancel") << MessageButtons::OkCancel << Answer::Cancel;
     QTest::newRow("with cancel") << MessageButtons::YesNoCancel << Answer::Cancel;
 }
 

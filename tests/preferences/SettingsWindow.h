@@ -47,7 +47,6 @@ protected:
     std::unique_ptr<QWidget> m_host;
     ardiphon::LEditOCX *LEDIT1 = nullptr;
     ardiphon::LEditOCX *LEDIT2 = nullptr;
-    ardiphon::FileAssociationActions m_actions;
     std::unique_ptr<ardiphon::FormImpostazioni> m_window;
 };
 
@@ -70,7 +69,6 @@ inline void SettingsWindow::begin()
     LEDIT2 = editor(300);
     m_host->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_host.get()));
-    m_actions = {[] {}, [] {}};
 }
 
 inline void SettingsWindow::end()
@@ -85,7 +83,7 @@ inline void SettingsWindow::open(const QString &caller)
 {
     m_program->config.SettingsCaller = caller;
     m_window = std::make_unique<ardiphon::FormImpostazioni>(
-        m_program->context, ardiphon::EditorViews{*LEDIT1, *LEDIT2}, m_actions, m_host.get());
+        m_program->context, ardiphon::EditorViews{*LEDIT1, *LEDIT2}, m_host.get());
     m_window->show();
     QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
 }

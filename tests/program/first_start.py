@@ -36,7 +36,8 @@ with Desktop(COMMAND_FOLDER) as desktop:
     }, settings(desktop)
     desktop.key_until(["alt+n"], "the chooser", lambda: desktop.has_focus("ArdiphonPro Startup"))
     assert settings(desktop)[r"Ardiphon\InstallPath\First"] == "0"
-    assert not os.path.exists(desktop.environment["XDG_DATA_HOME"])
+    for name in ["applications", "mime", "icons"]:
+        assert not os.path.exists(os.path.join(desktop.environment["XDG_DATA_HOME"], name)), name
     stop(program)
 
     program = desktop.start_program()

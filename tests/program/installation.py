@@ -69,6 +69,7 @@ def check_files(package, folder):
     assert packed == installed, packed ^ installed
     for name in [
         "bin/ArdiphonPro",
+        "lib/ardiphon/ArdiphonConsole",
         "lib/ardiphon/ArdiphonPro",
         "lib/ardiphon/opcode.txt",
         "lib/ardiphon/csd.txt",

@@ -20,6 +20,7 @@ struct TestProgram
         config.WindowWidth = 1000 * 15;
         config.WindowHeight = 800 * 15;
         config.RootPath = folder.path() + u'/';
+        config.ProgramFolder = folder.path();
     }
 
     QString path(const QString &name) const { return folder.filePath(name); }

@@ -10,10 +10,10 @@ namespace ardiphon {
 
 ToolContext ToolContext::real(const ConfigurationBlock &config, Dialogs &dialogs)
 {
-    const QString folder = QCoreApplication::applicationDirPath();
-    return {config, dialogs, folder,
-            [folder](const QString &file, const QString &parameters, const QString &directory) {
-                startInTerminal(file, parameters, directory, folder);
+    return {config, dialogs,
+            [](const QString &file, const QString &parameters, const QString &directory) {
+                startInTerminal(file, parameters, directory,
+                                QCoreApplication::applicationDirPath());
             }};
 }
 

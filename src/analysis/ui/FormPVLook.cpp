@@ -1,5 +1,6 @@
 #include "analysis/ui/FormPVLook.h"
 
+#include "app/ConfigurationBlock.h"
 #include "platform/DocumentFile.h"
 
 #include <QBoxLayout>
@@ -33,7 +34,7 @@ void FormPVLook::takeInput(const QString &path)
 
 void FormPVLook::run()
 {
-    const QString path = context().programFolder + QStringLiteral("/pv_temp.txt");
+    const QString path = context().config.ProgramFolder + QStringLiteral("/pv_temp.txt");
     RtfPVLook->setPlainText(QStringLiteral("Reading Data:"));
     RtfPVLook->repaint();
     setCursor(Qt::WaitCursor);

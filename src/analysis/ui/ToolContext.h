@@ -14,12 +14,11 @@ struct ToolContext
 {
     const ConfigurationBlock &config;
     Dialogs &dialogs;
-    QString programFolder; ///< without a closing "/"
     /// Starts a program in a terminal of its own and returns at once; whether it did is not asked.
     std::function<void(const QString &file, const QString &parameters, const QString &directory)>
         start;
 
-    /// The program's own folder, and real terminals.
+    /// Real terminals.
     static ToolContext real(const ConfigurationBlock &config, Dialogs &dialogs);
 };
 

@@ -7,6 +7,7 @@
 #include "app/ui/PictureButton.h"
 #include "app/ui/TitleStrip.h"
 #include "platform/Dialogs.h"
+#include "platform/ProgramFolder.h"
 #include "platform/Twips.h"
 
 #include <QCloseEvent>
@@ -50,6 +51,7 @@ void Form1::Load(const QString &commandText, const QString &programFolder, const
     m_config.Words.LoadWordTables(programFolder);
     setDefaultGeometry();
     m_config.RootPath = rootPath;
+    m_config.ProgramFolder = writableProgramFolder(programFolder);
 
     const StartWindow window = decideStart(m_config, m_windows, commandText);
     if (window == StartWindow::Chooser)

@@ -90,6 +90,7 @@ void CompilerOutput::setText(const QString &text)
 {
     m_text = text;
     m_shown = 0;
+    m_wantedStart = -1;
     clear();
     showNextSlice();
     moveCursor(QTextCursor::Start);
@@ -116,6 +117,31 @@ void CompilerOutput::showNextSlice()
     QTextCursor end(document());
     end.movePosition(QTextCursor::End);
     end.insertText(nextSlice(), QTextCharFormat()); // not in the colour of what was there before
+    selectWhenShown();
+}
+
+void CompilerOutput::select(qsizetype start, qsizetype length)
+{
+    m_wantedStart = start;
+    m_wantedEnd = start + length;
+    selectWhenShown();
+}
+
+void CompilerOutput::selectWhenShown()
+{
+    if (m_wantedStart < 0 || m_wantedEnd > m_shown)
+        return;
+    QTextCursor part(document());
+    part.setPosition(documentPosition(m_wantedStart));
+    part.setPosition(documentPosition(m_wantedEnd), QTextCursor::KeepAnchor);
+    m_wantedStart = -1;
+    setTextCursor(part);
+}
+
+/// The document counts a line end as one character, the text has two.
+int CompilerOutput::documentPosition(qsizetype index) const
+{
+    return int(index - QStringView(m_text).first(index).count(QLatin1String("\r\n")));
 }
 
 void CompilerOutput::insertBanner(qint64 milliseconds)

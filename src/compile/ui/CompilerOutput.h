@@ -24,13 +24,21 @@ public:
     /// Puts the banner of a finished run, which took \a milliseconds, in front of the text.
     void insertBanner(qint64 milliseconds);
 
+    /// Selects a part of the text, given by its place in text(), and brings it into view, as soon
+    /// as that much of the text has joined.
+    void select(qsizetype start, qsizetype length);
+
 private:
     QString nextSlice();
     void showNextSlice();
+    void selectWhenShown();
+    int documentPosition(qsizetype index) const;
 
     QString m_text;
     qsizetype m_shown = 0; ///< how many characters of it the document has got
     QTimer m_slices;
+    qsizetype m_wantedStart = -1; ///< of the part to select, -1 when there is none
+    qsizetype m_wantedEnd = -1;
 };
 
 } // namespace ardiphon

@@ -2,6 +2,7 @@
 
 #include "app/ConfigurationBlock.h"
 #include "compile/CompileRules.h"
+#include "compile/CompilerEnvironment.h"
 #include "compile/CompilerLog.h"
 #include "compile/ui/CompilerOutput.h"
 
@@ -20,7 +21,8 @@ FormCSoundCSD::FormCSoundCSD(const ConfigurationBlock &config, Dialogs &dialogs,
     : QDialog(owner), m_config(config), m_runs(dialogs, std::move(system), this)
 {
     m_runs.compileLogFile = CompileLogFile(config.RootPath);
-    m_runs.documentFolder = QFileInfo(config.CSDFileName).absolutePath();
+    m_runs.documentFolder =
+        soundFolder(QFileInfo(config.CSDFileName).absolutePath(), config.RootPath);
     setObjectName(QStringLiteral("FormCSoundCSD"));
     setWindowTitle(QStringLiteral("CSound Console Compiler"));
     buildControls();

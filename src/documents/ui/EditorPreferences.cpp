@@ -4,7 +4,6 @@
 #include "app/ProgramContext.h"
 #include "documents/ui/EditorWindow.h"
 #include "language/editor/LEditOCX.h"
-#include "preferences/CsoundFiles.h"
 #include "preferences/ui/FormFont.h"
 #include "preferences/ui/FormImpostazioni.h"
 
@@ -37,10 +36,7 @@ void EditorWindow::bindPreferences(const QString &settingsCaller, const EditorVi
     config().FontName = views.LEDIT1.FontName();
     m_commands.bind("menuFilePreferenze", this, [this, settingsCaller, views] {
         config().SettingsCaller = settingsCaller;
-        const FileAssociationActions association{
-            [this] { associateFiles(m_program.dialogs); },
-            [this] { removeFilesAssociation(m_program.dialogs); }};
-        FormImpostazioni(m_program, views, association, this).exec();
+        FormImpostazioni(m_program, views, this).exec();
     });
     const QList<LEditOCX *> editors = openEditors(views, settingsCaller);
     m_commands.bind("menuFormatoTipocarattere", this, [this, editors] { chooseFont(editors); });

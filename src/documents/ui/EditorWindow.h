@@ -20,6 +20,7 @@ namespace ardiphon {
 struct ConfigurationBlock;
 struct ProgramContext;
 class Definitions;
+struct CompileContext;
 class FontSizeMenu;
 class KeywordHelp;
 class LEditOCX;
@@ -61,6 +62,8 @@ protected:
     /// and the popup entries that stand for entries of the menus.
     void bindCommon();
     void bindTools(ToolToggles &toggles);
+    /// What the compile dialogs are given.
+    CompileContext compileContext();
     /// Makes the search windows for \a editors, and the way to definitions in the first of them.
     /// \a open: what the three entries of the menu do.
     void bindSearch(const QList<ServedEditor> &editors, std::function<void(SearchKind)> open);
@@ -111,6 +114,7 @@ private:
     void bindHelp();
     void bindSound();
     void bindAnalysis();
+    void bindPrograms();
     void bindHalves();
     void chooseFont(const QList<LEditOCX *> &editors);
     void resetFont(const QList<LEditOCX *> &editors);

@@ -6,6 +6,7 @@
 #include "app/ProgramContext.h"
 #include "audio/ui/FormPlayer.h"
 #include "audio/ui/FormSNDInfo.h"
+#include "compile/ui/CompileContext.h"
 #include "documents/Headers.h"
 #include "documents/ui/EditorWindow.h"
 #include "documents/ui/RecentMenu.h"
@@ -15,9 +16,11 @@
 #include "language/ui/FontSizeMenu.h"
 #include "language/ui/KeywordHelp.h"
 #include "navigation/ui/Definitions.h"
+#include "platform/DesktopTools.h"
 #include "preferences/ui/FormAbout.h"
 #include "preferences/ui/FormHelp.h"
 #include "preferences/ui/FormImpostaMargini.h"
+#include "preferences/ui/FormManual.h"
 
 #include <QLabel>
 #include <QMenu>
@@ -107,6 +110,7 @@ void EditorWindow::bindCommon()
     bindHelp();
     bindSound();
     bindAnalysis();
+    bindPrograms();
     bindHalves();
     bindMargins();
 }
@@ -132,6 +136,7 @@ void EditorWindow::bindHelp()
     ask("menuInfoCsoundHelp", &KeywordHelp::helpIndex);
     ask("menuInfoCSoundAVHelp", &KeywordHelp::csoundAvHelp);
     ask("buttonOpcodeHelp", &KeywordHelp::opcodeHelp);
+    ask("buttonDirectHtml", &KeywordHelp::htmlHelp);
     ask("menuPopupOpcodeHelp", &KeywordHelp::menuPopupOpcodeHelp);
     if (m_commands.has("buttonFlagsHelp"))
         ask("buttonFlagsHelp", &KeywordHelp::flagsHelp);
@@ -163,6 +168,17 @@ void EditorWindow::bindAnalysis()
     m_commands.bind("buttonAnalisi", this, [this] {
         FormAnalisi(ToolContext::real(config(), program().dialogs), this).exec();
     });
+}
+
+void EditorWindow::bindPrograms()
+{
+    m_commands.bind("menuCommandLine", this, [] { StartCommandPrompt(); });
+    m_commands.bind("buttonCalculator", this, [] { StartCalculator(); });
+}
+
+CompileContext EditorWindow::compileContext()
+{
+    return {config(), m_program.dialogs, this, manualViewer};
 }
 
 void EditorWindow::bindHalves()

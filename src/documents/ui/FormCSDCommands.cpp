@@ -2,7 +2,7 @@
 
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
-#include "compile/ui/CsdCompileLauncher.h"
+#include "compile/ui/Launchers.h"
 #include "documents/DocumentRules.h"
 #include "documents/Headers.h"
 #include "documents/ui/CsdDocument.h"
@@ -95,8 +95,9 @@ void FormCSD::bindNavigation()
 void FormCSD::bindTools()
 {
     CommandSet &set = commands();
-    set.bind("menuCSound", this,
-             [this] { launchCsdCompile(config(), program().dialogs, *LEDIT1, this); });
+    set.bind("menuCSound", this, [this] { launchCsdCompile(compileContext(), *LEDIT1); });
+    set.bind("menuToolsWinsound", this, [this] { launchCsdWinsound(compileContext(), *LEDIT1); });
+    set.bind("menuCSoundAV", this, [this] { launchCsdCSoundAV(compileContext(), *LEDIT1); });
 
     set.bind("menuPopupBookmark", m_bookmarks, &Bookmarks::InsertBookmark);
     set.bind("menuPopupRemoveBookmark", m_bookmarks, &Bookmarks::RemoveBookmark);

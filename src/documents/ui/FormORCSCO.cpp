@@ -62,6 +62,7 @@ FormORCSCO::FormORCSCO(ProgramContext &program) : EditorWindow(program)
     bindNavigation();
     bindPreferences(ProjectSettings, {*LEDIT1, *LEDIT2});
     bindPanels();
+    bindCompilers();
     bindArrangements();
     groupTools();
     m_tools->load();

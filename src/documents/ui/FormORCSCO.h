@@ -58,6 +58,7 @@ private:
     void bindEditing();
     void bindNavigation();
     void bindPanels();
+    void bindCompilers();
     void bindArrangements();
     void bindView(LEditOCX *view, ViewLanguage language, ViewPosition position);
 

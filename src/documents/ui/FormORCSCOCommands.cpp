@@ -2,6 +2,7 @@
 
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
+#include "compile/ui/Launchers.h"
 #include "documents/ui/FormORCSCO.h"
 #include "documents/ui/HalfDocument.h"
 #include "documents/ui/HalfView.h"
@@ -135,6 +136,18 @@ void FormORCSCO::bindPanels()
 
     commands().bind("menuWindowBarraBook", this, &FormORCSCO::toggleBookmarksPanel);
     commands().bind("menuWindowInstrument", this, &FormORCSCO::toggleInstrumentPanel);
+}
+
+void FormORCSCO::bindCompilers()
+{
+    const auto bind = [this](const char *name, auto launch) {
+        commands().bind(name, this, [this, launch] {
+            launch(compileContext(), ProjectEditors{*LEDIT1, *LEDIT2});
+        });
+    };
+    bind("menuCSound", &launchProjectCompile);
+    bind("menuToolsWinsound", &launchProjectWinsound);
+    bind("menuCSoundAV", &launchProjectCSoundAV);
 }
 
 void FormORCSCO::bindArrangements()

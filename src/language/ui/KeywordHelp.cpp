@@ -52,16 +52,23 @@ void KeywordHelp::helpIndex()
         ShowHelpIndex();
 }
 
-void KeywordHelp::csoundAvHelp()
+void KeywordHelp::csoundAvHelp() { entryHelp(CSoundAVKeyword); }
+
+void KeywordHelp::flagsHelp() { entryHelp(FlagsKeyword); }
+
+void KeywordHelp::htmlHelp()
 {
-    if (hasManualForEntry())
-        ShowHelp(CSoundAVKeyword);
+    if (m_config.FileGuidaHtml.isEmpty())
+        m_dialogs.message({QStringLiteral("No File defined for CSoundAV HTML Help\r\n"
+                                          "Please set: File->Settings->CSoundAV Help")});
+    else
+        m_viewer.openFile(m_config.FileGuidaHtml);
 }
 
-void KeywordHelp::flagsHelp()
+void KeywordHelp::entryHelp(const QString &keyword)
 {
     if (hasManualForEntry())
-        ShowHelp(FlagsKeyword);
+        ShowHelp(keyword);
 }
 
 void KeywordHelp::opcodeHelp()

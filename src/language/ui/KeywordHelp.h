@@ -44,6 +44,9 @@ public:
     void csoundAvHelp(); ///< `menuInfoCSoundAVHelp`, `buttonDirectHelp`
     void flagsHelp();    ///< `buttonFlagsHelp`
     void opcodeHelp();   ///< `buttonOpcodeHelp`
+    void htmlHelp();     ///< `buttonDirectHtml`: the real-time compiler's, in the user's browser
+    /// Help at \a keyword, as any such entry gives it.
+    void entryHelp(const QString &keyword);
 
 private:
     /// Whether there is a manual; otherwise the message of the two lines has been given.

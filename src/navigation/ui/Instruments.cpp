@@ -1,5 +1,6 @@
 #include "navigation/ui/Instruments.h"
 
+#include "app/Numbers.h"
 #include "language/TextSearch.h"
 #include "language/editor/LEditOCX.h"
 #include "navigation/SearchRules.h"

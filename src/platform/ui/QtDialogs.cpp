@@ -34,6 +34,8 @@ QMessageBox::Icon iconOf(MessageIcon icon)
         return QMessageBox::Warning;
     case MessageIcon::Critical:
         return QMessageBox::Critical;
+    case MessageIcon::Question:
+        return QMessageBox::Question;
     case MessageIcon::None:
         break;
     }
@@ -47,6 +49,8 @@ QMessageBox::StandardButtons buttonsOf(MessageButtons buttons)
         return QMessageBox::Yes | QMessageBox::No;
     case MessageButtons::YesNoCancel:
         return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case MessageButtons::OkCancel:
+        return QMessageBox::Ok | QMessageBox::Cancel;
     case MessageButtons::Ok:
         break;
     }
@@ -60,6 +64,7 @@ QMessageBox::StandardButton escapeButtonOf(MessageButtons buttons)
     case MessageButtons::YesNo:
         return QMessageBox::No;
     case MessageButtons::YesNoCancel:
+    case MessageButtons::OkCancel:
         return QMessageBox::Cancel;
     case MessageButtons::Ok:
         break;

@@ -1,12 +1,14 @@
 #include "preferences/ui/AssociationSheet.h"
 
+#include "preferences/CsoundFiles.h"
+
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
 
 namespace ardiphon {
 
-AssociationSheet::AssociationSheet(const FileAssociationActions &actions, QWidget *parent)
+AssociationSheet::AssociationSheet(Dialogs &dialogs, QWidget *parent)
     : QGroupBox(QStringLiteral("CSound Files Association"), parent)
 {
     setObjectName(QStringLiteral("FrameAssociation"));
@@ -14,9 +16,11 @@ AssociationSheet::AssociationSheet(const FileAssociationActions &actions, QWidge
     grid->setVerticalSpacing(16);
     addRow(*grid,
            QStringLiteral("Associate CSound file extension (*.csd,*.orc,*.sco)  with Ardiphon:"),
-           "btnAssociate", QStringLiteral("Associate extensions"), actions.associate);
+           "btnAssociate", QStringLiteral("Associate extensions"),
+           [&dialogs] { associateFiles(dialogs); });
     addRow(*grid, QStringLiteral("Remove CSound files association:"), "btnRemoveAssociation",
-           QStringLiteral("Remove files association"), actions.remove);
+           QStringLiteral("Remove files association"),
+           [&dialogs] { removeFilesAssociation(dialogs); });
     grid->setColumnStretch(0, 1);
     grid->setRowStretch(grid->rowCount(), 1);
 }
@@ -28,9 +32,7 @@ void AssociationSheet::addRow(QGridLayout &grid, const QString &label, const cha
     text->setWordWrap(true);
     auto *const push = new QPushButton(caption, this);
     push->setObjectName(QLatin1String(button));
-    push->setEnabled(bool(action));
-    if (action)
-        connect(push, &QPushButton::clicked, this, action);
+    connect(push, &QPushButton::clicked, this, action);
     const int row = grid.rowCount();
     grid.addWidget(text, row, 0);
     grid.addWidget(push, row, 1);

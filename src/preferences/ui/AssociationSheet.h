@@ -1,12 +1,14 @@
 #pragma once
 
-#include "preferences/FileAssociationActions.h"
-
 #include <QGroupBox>
+
+#include <functional>
 
 class QGridLayout;
 
 namespace ardiphon {
+
+class Dialogs;
 
 /// The settings' sheet that makes the program the opener of its documents, or no longer.
 class AssociationSheet : public QGroupBox
@@ -14,7 +16,7 @@ class AssociationSheet : public QGroupBox
     Q_OBJECT
 
 public:
-    AssociationSheet(const FileAssociationActions &actions, QWidget *parent);
+    AssociationSheet(Dialogs &dialogs, QWidget *parent);
 
 private:
     void addRow(QGridLayout &grid, const QString &label, const char *button, const QString &caption,

@@ -2,7 +2,6 @@
 
 #include "app/ConfigurationBlock.h"
 #include "app/Numbers.h"
-#include "navigation/SearchRules.h"
 #include "platform/Dialogs.h"
 
 #include <QFormLayout>

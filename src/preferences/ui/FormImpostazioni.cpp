@@ -46,7 +46,7 @@ QString buttonStyle(bool chosen)
 } // namespace
 
 FormImpostazioni::FormImpostazioni(ProgramContext &program, const EditorViews &views,
-                                   const FileAssociationActions &association, QWidget *owner)
+                                   QWidget *owner)
     : QDialog(owner),
       m_program(program),
       m_views(views),
@@ -55,16 +55,16 @@ FormImpostazioni::FormImpostazioni(ProgramContext &program, const EditorViews &v
     setObjectName(QStringLiteral("FormImpostazioni"));
     setWindowTitle(QStringLiteral("Settings"));
     setModal(true);
-    layOut(makeSheets(association));
+    layOut(makeSheets());
     showSheet(DirectoryIndex);
 }
 
-QList<QWidget *> FormImpostazioni::makeSheets(const FileAssociationActions &association)
+QList<QWidget *> FormImpostazioni::makeSheets()
 {
     ConfigurationBlock &config = m_program.config;
     m_general = new GeneralSheet(config, this);
     m_text = new TextSheet(config, m_program.dialogs, this);
-    return {m_general, new AssociationSheet(association, this), m_text,
+    return {m_general, new AssociationSheet(m_program.dialogs, this), m_text,
             new ColorSheet(config, m_program.dialogs, m_editors, this),
             new DirectorySheet(config, m_program.dialogs, this)};
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "preferences/FileAssociationActions.h"
 #include "preferences/ui/EditorViews.h"
 
 #include <QDialog>
@@ -23,11 +22,10 @@ class FormImpostazioni : public QDialog
 
 public:
     /// \a views: those of the open editor window, the one that `SettingsCaller` names.
-    FormImpostazioni(ProgramContext &program, const EditorViews &views,
-                     const FileAssociationActions &association, QWidget *owner);
+    FormImpostazioni(ProgramContext &program, const EditorViews &views, QWidget *owner);
 
 private:
-    QList<QWidget *> makeSheets(const FileAssociationActions &association);
+    QList<QWidget *> makeSheets();
     void layOut(const QList<QWidget *> &sheets);
     void showSheet(int index);
     void save();

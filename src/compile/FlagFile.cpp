@@ -1,0 +1,94 @@
+#include "compile/FlagFile.h"
+
+#include "compile/ProjectParameters.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QtEndian>
+
+#include <optional>
+
+namespace ardiphon {
+
+namespace {
+
+constexpr qsizetype RecordLength = 50;
+constexpr qsizetype HeadLength = 4;
+constexpr quint16 TextType = 8;
+/// No list of flags is longer; what follows in such a file is not read.
+constexpr qsizetype MostRecords = 5000;
+
+/// Single-byte characters, as other systems write them. A text that would not come back that way
+/// is written as UTF-8.
+QByteArray encoded(const QString &text)
+{
+    const QByteArray bytes = text.toLatin1();
+    const bool isAscii = bytes == text.toUtf8();
+    const bool comesBack =
+        QString::fromLatin1(bytes) == text && !QByteArrayView(bytes).isValidUtf8();
+    return isAscii || comesBack ? bytes : text.toUtf8();
+}
+
+QString decoded(QByteArrayView bytes)
+{
+    const qsizetype end = bytes.indexOf('\0');
+    const QByteArrayView text = end < 0 ? bytes : bytes.first(end);
+    return withoutTrailingBlanks(text.isValidUtf8() ? QString::fromUtf8(text)
+                                                    : QString::fromLatin1(text));
+}
+
+std::optional<QByteArray> record(const QString &flag, FlagLayout layout)
+{
+    const QByteArray text = encoded(withoutTrailingBlanks(flag));
+    if (layout == FlagLayout::Padded)
+        return text.leftJustified(RecordLength, ' ', true);
+    if (text.size() > RecordLength - HeadLength)
+        return std::nullopt;
+    QByteArray bytes(RecordLength, '\0');
+    qToLittleEndian(TextType, bytes.data());
+    qToLittleEndian(quint16(text.size()), bytes.data() + 2);
+    return bytes.replace(HeadLength, text.size(), text);
+}
+
+std::optional<QString> flagOf(QByteArrayView record, FlagLayout layout)
+{
+    if (layout == FlagLayout::Padded)
+        return decoded(record);
+    const auto type = qFromLittleEndian<quint16>(record.data());
+    const auto length = qFromLittleEndian<quint16>(record.data() + 2);
+    if (type != TextType || length == 0 || length > RecordLength - HeadLength)
+        return std::nullopt;
+    return decoded(record.sliced(HeadLength, length));
+}
+
+} // namespace
+
+QStringList readFlagFile(const QString &path, FlagLayout layout)
+{
+    QFile file(path);
+    // The opening of a pipe would wait for its other end.
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray bytes = file.read(MostRecords * RecordLength);
+    QStringList flags;
+    for (qsizetype at = 0; at + RecordLength <= bytes.size(); at += RecordLength)
+        if (const auto flag = flagOf(QByteArrayView(bytes).sliced(at, RecordLength), layout))
+            flags.append(*flag);
+    return flags;
+}
+
+void writeFlagFile(const QString &path, FlagLayout layout, const QStringList &flags)
+{
+    if (!flags.isEmpty() && readFlagFile(path, layout) == flags)
+        return;
+    QFile::remove(path);
+    // One that could not be deleted is written over, and keeps what lies behind the new end.
+    QFile file(path);
+    if (flags.isEmpty() || !file.open(QIODevice::ReadWrite))
+        return;
+    for (qsizetype i = 0; i < flags.size(); ++i)
+        if (const auto bytes = record(flags[i], layout); bytes && file.seek(i * RecordLength))
+            file.write(*bytes);
+}
+
+} // namespace ardiphon

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "compile/FlagFile.h"
+#include "language/ui/KeywordHelp.h"
+#include "platform/Dialogs.h"
+
+class QPushButton;
+
+namespace ardiphon {
+
+struct CompileContext;
+class FlagCombo;
+
+/// In what the lists of flags of the dialogs differ.
+struct FlagListKind
+{
+    QString fileName; ///< in the program's folder
+    FlagLayout layout;
+    QString firstText; ///< of the field, as long as no file gives another
+    const char *removeButton;
+    const char *helpButton;
+    Message alreadyThere; ///< told of a flag that is in the list
+    QString helpKeyword;
+};
+
+/// The list of flags that the console compiler and Winsound share.
+const FlagListKind &compilerFlags();
+/// The list of the real-time compiler.
+const FlagListKind &playerFlags();
+
+/// The flags of a compile dialog: a field whose text goes on the command line, the list of those
+/// that the user has collected, kept in a file, and the three buttons that belong to it.
+class FlagList : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The controls are made as children of \a dialog, which sees to their places.
+    FlagList(const FlagListKind &kind, const CompileContext &context, QWidget *dialog);
+
+    QString text() const;
+    /// What the dialog does when it opens and when it closes.
+    void load();
+    void save() const;
+
+    FlagCombo *const Flags;
+    QPushButton *const add;
+    QPushButton *const remove;
+    QPushButton *const help;
+
+private:
+    void addFlag();
+
+    const FlagListKind &m_kind;
+    Dialogs &m_dialogs;
+    const QString m_path;
+    KeywordHelp m_help;
+};
+
+} // namespace ardiphon

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "compile/ui/CompilerDialog.h"
+
+namespace ardiphon {
+
+/// The dialog that has the real-time compiler play a saved CSD. The compiler is left alone then:
+/// the dialog closes as soon as it is started.
+class FormCSoundAV : public CompilerDialog
+{
+    Q_OBJECT
+
+public:
+    explicit FormCSoundAV(const CompileContext &context);
+
+    void done(int result) override;
+
+private:
+    /// Plays the document that the configuration names, whatever stands in the field.
+    void compile() override;
+};
+
+/// The same for a project, with flags.
+class FormCSoundAVORC : public CompilerDialog
+{
+    Q_OBJECT
+
+public:
+    explicit FormCSoundAVORC(const CompileContext &context);
+
+    void done(int result) override;
+
+protected:
+    /// Enter in the flags' field leads to `Compila`.
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void compile() override;
+
+    QLineEdit *Orchestra;
+    QLineEdit *Score;
+    FlagList *m_flags;
+};
+
+} // namespace ardiphon

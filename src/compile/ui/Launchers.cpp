@@ -1,0 +1,93 @@
+#include "compile/ui/Launchers.h"
+
+#include "app/ConfigurationBlock.h"
+#include "compile/CompileRules.h"
+#include "compile/LaunchChecks.h"
+#include "compile/ui/FormCSound.h"
+#include "compile/ui/FormCSoundAV.h"
+#include "compile/ui/FormCSoundCSD.h"
+#include "compile/ui/FormWinsound.h"
+#include "language/editor/LEditOCX.h"
+#include "platform/CommandText.h"
+#include "platform/StartDetached.h"
+
+namespace ardiphon {
+
+namespace {
+
+constexpr int TextState = 2;
+
+/// Says what there is to say, and tells whether to go on.
+bool mayOpen(const LaunchDecision &decision, Dialogs &dialogs)
+{
+    if (decision.message)
+        dialogs.message(*decision.message);
+    return decision.open;
+}
+
+bool mayLaunch(const Compiler &compiler, const CompileContext &context, const LEditOCX &editor)
+{
+    return mayOpen(
+        checkCsdLaunch(compiler, context.config, editor.GetState(TextState), editor.Text()),
+        context.dialogs);
+}
+
+LaunchedHalf launchedHalf(const LEditOCX &editor)
+{
+    return {editor.GetState(TextState), editor.Text().isEmpty()};
+}
+
+bool mayLaunch(const Compiler &compiler, const CompileContext &context,
+               const ProjectEditors &editors)
+{
+    return mayOpen(checkProjectLaunch(compiler, context.config, launchedHalf(editors.orchestra),
+                                      launchedHalf(editors.score)),
+                   context.dialogs);
+}
+
+} // namespace
+
+void launchCsdCompile(const CompileContext &context, const LEditOCX &editor)
+{
+    if (mayOpen(checkCsdCompile(context.config, editor.GetState(TextState), editor.Text()),
+                context.dialogs))
+        FormCSoundCSD(context.config, context.dialogs, context.owner, context.system).exec();
+}
+
+void launchCsdWinsound(const CompileContext &context, const LEditOCX &editor)
+{
+    if (!mayLaunch(WinsoundCompiler, context, editor))
+        return;
+    const Message question{QStringLiteral("Compile File?"), QStringLiteral("Winsound Compiler"),
+                           MessageIcon::Question, MessageButtons::OkCancel};
+    if (context.dialogs.message(question) != Answer::Ok)
+        return;
+    const QString &winsound = context.config.FileWinsound;
+    StartDetached(winsound, quoted(context.config.CSDFileName), ExecutableDirectory(winsound));
+}
+
+void launchCsdCSoundAV(const CompileContext &context, const LEditOCX &editor)
+{
+    if (mayLaunch(CSoundAVCompiler, context, editor))
+        FormCSoundAV(context).exec();
+}
+
+void launchProjectCompile(const CompileContext &context, const ProjectEditors &editors)
+{
+    if (mayLaunch(CSoundCompiler, context, editors))
+        FormCSound(context, editors.orchestra, editors.score).exec();
+}
+
+void launchProjectWinsound(const CompileContext &context, const ProjectEditors &editors)
+{
+    if (mayLaunch(WinsoundCompiler, context, editors))
+        FormWinsound(context).exec();
+}
+
+void launchProjectCSoundAV(const CompileContext &context, const ProjectEditors &editors)
+{
+    if (mayLaunch(CSoundAVCompiler, context, editors))
+        FormCSoundAVORC(context).exec();
+}
+
+} // namespace ardiphon

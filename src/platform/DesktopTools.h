@@ -1,0 +1,11 @@
+#pragma once
+
+namespace ardiphon {
+
+/// Opens a terminal at "/": the first of the usual ones that starts. False when none does.
+bool StartCommandPrompt();
+
+/// Opens the desktop's calculator in the same way.
+bool StartCalculator();
+
+} // namespace ardiphon

@@ -1,0 +1,19 @@
+#include "platform/ProgramFolder.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace ardiphon {
+
+QString writableProgramFolder(const QString &programFolder)
+{
+    if (QFileInfo(programFolder).isWritable())
+        return programFolder;
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+                           QStringLiteral("/Ardiphon");
+    QDir().mkpath(folder);
+    return folder;
+}
+
+} // namespace ardiphon

@@ -1,0 +1,8 @@
+sr = 44100
+ksmps = 32
+nchnls = 1
+0dbfs = 1
+
+instr 1
+  a1 oscili 0.2, 440
+  out a1

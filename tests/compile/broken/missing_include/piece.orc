@@ -1,0 +1,10 @@
+sr = 44100
+ksmps = 32
+nchnls = 1
+0dbfs = 1
+
+#include "nowhere.inc"
+instr 1
+  a1 oscili 0.2, 440
+  out a1
+endin

@@ -1,0 +1,217 @@
+#include "compile/FlagFile.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace ardiphon;
+
+namespace {
+
+QByteArray padded(const QByteArray &text) { return text.leftJustified(50, ' '); }
+
+/// A record of the other layout, with \a rest behind the text.
+QByteArray tagged(const QByteArray &text, char type = 8, char rest = '\0')
+{
+    QByteArray bytes;
+    bytes.append(type).append('\0').append(char(text.size())).append('\0').append(text);
+    return bytes.leftJustified(50, rest);
+}
+
+} // namespace
+
+class tst_FlagFile : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void write_flags_exactBytes();
+    void write_none_removesTheFile();
+    void write_tooLong_leavesTaggedRecordEmpty();
+    void write_tooLong_cutsPaddedRecord();
+    void write_shorterList_leavesNoOldRecords();
+    void write_cannotDelete_writesOver();
+    void write_sameFlags_leavesTheBytesAlone();
+    void read_written_comesBack_data();
+    void read_written_comesBack();
+    void read_blanks_areCut();
+    void read_emptyRecords_areFlagsOnlyWhenPadded();
+    void read_tornRecord_isLeftOut();
+    void read_nonsense_isLeftOut_data();
+    void read_nonsense_isLeftOut();
+    void read_noFile_nothing();
+    void read_endless_isBounded();
+
+private:
+    QByteArray bytes() const
+    {
+        QFile file(m_path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+    }
+    void setBytes(const QByteArray &bytes) const
+    {
+        QFile file(m_path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(bytes), bytes.size());
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_path;
+};
+
+void tst_FlagFile::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_path = m_folder->filePath(QStringLiteral("CSFlags.dat"));
+}
+
+void tst_FlagFile::write_flags_exactBytes()
+{
+    const QStringList flags{QStringLiteral("-W  "), QStringLiteral(" -w -è")};
+    writeFlagFile(m_path, FlagLayout::Tagged, flags);
+    QCOMPARE(bytes(), QByteArray("\x08\x00\x02\x00-W", 6) + QByteArray(44, '\0') +
+                          QByteArray("\x08\x00\x06\x00 -w -\xe8", 10) + QByteArray(40, '\0'));
+    writeFlagFile(m_path, FlagLayout::Padded, flags);
+    QCOMPARE(bytes(), "-W" + QByteArray(48, ' ') + " -w -\xe8" + QByteArray(44, ' '));
+}
+
+void tst_FlagFile::write_none_removesTheFile()
+{
+    writeFlagFile(m_path, FlagLayout::Tagged, {QStringLiteral("-W")});
+    QVERIFY(QFile::exists(m_path));
+    writeFlagFile(m_path, FlagLayout::Tagged, {});
+    QVERIFY(!QFile::exists(m_path));
+    writeFlagFile(m_path, FlagLayout::Tagged, {});
+    QVERIFY(!QFile::exists(m_path));
+}
+
+void tst_FlagFile::write_tooLong_leavesTaggedRecordEmpty()
+{
+    const QString fits(46, u'a');
+    const QString tooLong(47, u'b');
+    writeFlagFile(m_path, FlagLayout::Tagged, {fits, tooLong, QStringLiteral("-W")});
+    QCOMPARE(bytes(), tagged(QByteArray(46, 'a')) + QByteArray(50, '\0') + tagged("-W"));
+    QCOMPARE(readFlagFile(m_path, FlagLayout::Tagged), QStringList({fits, "-W"}));
+}
+
+void tst_FlagFile::write_tooLong_cutsPaddedRecord()
+{
+    writeFlagFile(m_path, FlagLayout::Padded, {QString(60, u'a'), QStringLiteral("-W")});
+    QCOMPARE(bytes(), QByteArray(50, 'a') + padded("-W"));
+    QCOMPARE(readFlagFile(m_path, FlagLayout::Padded), QStringList({QString(50, u'a'), "-W"}));
+}
+
+void tst_FlagFile::write_shorterList_leavesNoOldRecords()
+{
+    writeFlagFile(m_path, FlagLayout::Padded, {QStringLiteral("a"), QStringLiteral("b")});
+    writeFlagFile(m_path, FlagLayout::Padded, {QStringLiteral("c")});
+    QCOMPARE(bytes(), padded("c"));
+}
+
+void tst_FlagFile::write_cannotDelete_writesOver()
+{
+    if (::geteuid() == 0)
+        QSKIP("root deletes whatever it wants");
+    writeFlagFile(m_path, FlagLayout::Padded, {QStringLiteral("a"), QStringLiteral("b")});
+    QVERIFY(::chmod(QFile::encodeName(m_folder->path()).constData(), 0555) == 0);
+    writeFlagFile(m_path, FlagLayout::Padded, {QStringLiteral("c")});
+    QCOMPARE(bytes(), padded("c") + padded("b"));
+    QVERIFY(::chmod(QFile::encodeName(m_folder->path()).constData(), 0755) == 0);
+}
+
+/// What stands behind a text means nothing, but it is not ours to change.
+void tst_FlagFile::write_sameFlags_leavesTheBytesAlone()
+{
+    const QByteArray foreign = tagged("-W", 8, 'x') + tagged("", 0, 'y') + tagged("-\xe8 ", 8, 'z');
+    setBytes(foreign);
+    writeFlagFile(m_path, FlagLayout::Tagged, readFlagFile(m_path, FlagLayout::Tagged));
+    QCOMPARE(bytes(), foreign);
+}
+
+void tst_FlagFile::read_written_comesBack_data()
+{
+    QTest::addColumn<QStringList>("flags");
+    QTest::newRow("plain") << QStringList{"-W", "-w", "-d -m7"};
+    QTest::newRow("twice") << QStringList{"-W", "-W"};
+    QTest::newRow("Latin-1") << QStringList{"-o /è/ß"};
+    QTest::newRow("like UTF-8") << QStringList{QStringLiteral(u"\u00c3\u00a9")};
+    QTest::newRow("beyond") << QStringList{QStringLiteral(u"\u6f22 \U0001F3B5")};
+}
+
+void tst_FlagFile::read_written_comesBack()
+{
+    QFETCH(QStringList, flags);
+    for (const FlagLayout layout : {FlagLayout::Tagged, FlagLayout::Padded}) {
+        writeFlagFile(m_path, layout, flags);
+        QCOMPARE(readFlagFile(m_path, layout), flags);
+        const QByteArray written = bytes();
+        QFile::remove(m_path);
+        writeFlagFile(m_path, layout, flags);
+        QCOMPARE(bytes(), written);
+    }
+}
+
+void tst_FlagFile::read_blanks_areCut()
+{
+    setBytes(tagged(" -W  "));
+    QCOMPARE(readFlagFile(m_path, FlagLayout::Tagged), QStringList{" -W"});
+    setBytes(padded(" -W"));
+    QCOMPARE(readFlagFile(m_path, FlagLayout::Padded), QStringList{" -W"});
+}
+
+void tst_FlagFile::read_emptyRecords_areFlagsOnlyWhenPadded()
+{
+    setBytes(tagged("") + tagged("x", 0) + tagged("-W"));
+    QCOMPARE(readFlagFile(m_path, FlagLayout::Tagged), QStringList{"-W"});
+    setBytes(padded("") + padded("-W"));
+    QCOMPARE(readFlagFile(m_path, FlagLayout::Padded), QStringList({"", "-W"}));
+}
+
+void tst_FlagFile::read_tornRecord_isLeftOut()
+{
+    setBytes(padded("-W") + QByteArray(49, 'x'));
+    QCOMPARE(readFlagFile(m_path, FlagLayout::Padded), QStringList{"-W"});
+    setBytes(tagged("-W") + tagged("-w").chopped(1));
+    QCOMPARE(readFlagFile(m_path, FlagLayout::Tagged), QStringList{"-W"});
+}
+
+void tst_FlagFile::read_nonsense_isLeftOut_data()
+{
+    QTest::addColumn<QByteArray>("record");
+    QTest::newRow("other type") << tagged("12", 2);
+    QTest::newRow("longer than a record")
+        << QByteArray("\x08\x00\x2f\x00", 4) + QByteArray(46, 'x');
+    QTest::newRow("endless") << QByteArray("\x08\x00\xff\xff", 4) + QByteArray(46, 'x');
+    QTest::newRow("ones") << QByteArray(50, '\xff');
+}
+
+void tst_FlagFile::read_nonsense_isLeftOut()
+{
+    QFETCH(QByteArray, record);
+    setBytes(record + tagged("-W"));
+    QCOMPARE(readFlagFile(m_path, FlagLayout::Tagged), QStringList{"-W"});
+}
+
+void tst_FlagFile::read_noFile_nothing()
+{
+    for (const FlagLayout layout : {FlagLayout::Tagged, FlagLayout::Padded}) {
+        QCOMPARE(readFlagFile(m_path, layout), QStringList());
+        QCOMPARE(readFlagFile(m_folder->path(), layout), QStringList());
+    }
+    QVERIFY(::mkfifo(QFile::encodeName(m_path).constData(), 0600) == 0);
+    QCOMPARE(readFlagFile(m_path, FlagLayout::Tagged), QStringList());
+}
+
+void tst_FlagFile::read_endless_isBounded()
+{
+    setBytes(padded("-W"));
+    QVERIFY(QFile::resize(m_path, 10'000'000'000)); // takes no room on the disk
+    QCOMPARE(readFlagFile(m_path, FlagLayout::Padded).size(), 5000);
+}
+
+QTEST_GUILESS_MAIN(tst_FlagFile)
+#include "tst_FlagFile.moc"
