@@ -1,7 +1,7 @@
 ; MISTAKE - a piece that does not compile, so that you can see what happens then.
 ;
-; Try: press F3 and "Compile". The log names the line; "Go to Line error -->>" goes there.
-;   The opcode in that line lacks one letter. Mend it, save, compile again.
+; Try: press F3 and "Compile". The log names the line: a double click on the underlined text
+;   goes there. The opcode in that line lacks one letter. Mend it, save, compile again.
 ; Listen for, then: a comb of echoes that turns a click into a chord.
 
 	sr     = 44100
