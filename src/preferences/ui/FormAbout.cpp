@@ -1,8 +1,8 @@
 #include "preferences/ui/FormAbout.h"
 
-#include <QHBoxLayout>
+#include "preferences/ui/OkRow.h"
+
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace ardiphon {
@@ -34,15 +34,8 @@ FormAbout::FormAbout(const QString &opcodeHelpVersion, QWidget *owner) : QDialog
         QStringLiteral("Made with Qt and QScintilla. Sound is made by Csound, a program of its "
                        "own that is started from here and is no part of this one."));
 
-    auto *const Command1 = new QPushButton(QStringLiteral("&OK"), this);
-    Command1->setObjectName(QStringLiteral("Command1"));
-    Command1->setDefault(true);
-    connect(Command1, &QPushButton::clicked, this, &QWidget::close);
-    auto *const buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(Command1);
     layout->addStretch();
-    layout->addLayout(buttons);
+    layout->addLayout(newOkRow(*this));
 
     const int width = 440;
     setFixedSize(width, layout->totalHeightForWidth(width));

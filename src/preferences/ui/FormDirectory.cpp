@@ -2,12 +2,11 @@
 
 #include "app/ConfigurationBlock.h"
 #include "preferences/ui/FolderTree.h"
+#include "preferences/ui/OkRow.h"
 
 #include <QDir>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace ardiphon {
@@ -39,19 +38,11 @@ void FormDirectory::layOut()
 {
     auto *const label = new QLabel(QStringLiteral("Selected Directory:"), this);
     label->setObjectName(QStringLiteral("Label1"));
-    auto *const Command1 = new QPushButton(QStringLiteral("&OK"), this);
-    Command1->setObjectName(QStringLiteral("Command1"));
-    Command1->setDefault(true);
-    connect(Command1, &QPushButton::clicked, this, &QWidget::close);
-
-    auto *const buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(Command1);
     auto *const layout = new QVBoxLayout(this);
     layout->addWidget(Dir1);
     layout->addWidget(label);
     layout->addWidget(Text1);
-    layout->addLayout(buttons);
+    layout->addLayout(newOkRow(*this));
     setFixedSize(380, 420);
 }
 

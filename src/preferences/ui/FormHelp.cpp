@@ -1,9 +1,8 @@
 #include "preferences/ui/FormHelp.h"
 
 #include "preferences/KeySummary.h"
+#include "preferences/ui/OkRow.h"
 
-#include <QHBoxLayout>
-#include <QPushButton>
 #include <QTextEdit>
 #include <QVBoxLayout>
 
@@ -21,17 +20,9 @@ FormHelp::FormHelp(QWidget *owner) : QDialog(owner)
     RichTextBox1->setHtml(keySummary(palette().color(QPalette::AlternateBase).name()));
     RichTextBox1->document()->setDocumentMargin(12);
 
-    auto *const Command1 = new QPushButton(QStringLiteral("&OK"), this);
-    Command1->setObjectName(QStringLiteral("Command1"));
-    Command1->setDefault(true);
-    connect(Command1, &QPushButton::clicked, this, &QWidget::close);
-
-    auto *const buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(Command1);
     auto *const layout = new QVBoxLayout(this);
     layout->addWidget(RichTextBox1);
-    layout->addLayout(buttons);
+    layout->addLayout(newOkRow(*this));
     setFixedSize(700, 560);
 }
 
