@@ -3,12 +3,12 @@
 #include "app/modRegistry.h"
 #include "app/ui/Form1.h"
 #include "app/ui/Icons.h"
+#include "associations/ui/FormAssociate.h"
 #include "documents/ui/FormCSD.h"
 #include "documents/ui/FormORCSCO.h"
+#include "help/ui/FormAbout.h"
 #include "platform/RunFolder.h"
 #include "platform/ui/QtDialogs.h"
-#include "preferences/ui/FormAbout.h"
-#include "preferences/ui/FormAssociate.h"
 
 #include <QApplication>
 #include <QDir>

@@ -3,8 +3,8 @@
 #include "Measure.h"
 
 #include "platform/ui/Printer.h"
-#include "preferences/ui/PageFormatter.h"
-#include "preferences/ui/PrintModule.h"
+#include "printing/ui/PageFormatter.h"
+#include "printing/ui/PrintModule.h"
 
 #include <QFontDatabase>
 #include <QPrinter>

@@ -1,7 +1,7 @@
 #include "documents/ProjectWindow.h"
 #include "documents/ui/FormCSD.h"
 #include "platform/ui/Printer.h"
-#include "preferences/ui/FormImpostaMargini.h"
+#include "printing/ui/FormImpostaMargini.h"
 #include "support/EditorInput.h"
 #include "support/PrintedPdf.h"
 

@@ -4,7 +4,7 @@
 
 #include "documents/ui/FormCSD.h"
 #include "documents/ui/FormORCSCO.h"
-#include "preferences/ui/FormAbout.h"
+#include "help/ui/FormAbout.h"
 
 #include <QApplication>
 #include <QPixmapCache>

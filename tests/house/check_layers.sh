@@ -15,8 +15,8 @@ level() {
         platform) echo 0 ;;
         app) echo 1 ;;
         language) echo 2 ;;
-        navigation | audio) echo 3 ;;
-        compile | preferences | analysis) echo 4 ;;
+        navigation | audio | help | associations) echo 3 ;;
+        compile | preferences | printing | analysis) echo 4 ;;
         documents) echo 5 ;;
         *) echo 9 ;;
     esac

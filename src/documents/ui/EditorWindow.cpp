@@ -3,12 +3,12 @@
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
 #include "documents/ui/RecentMenu.h"
+#include "help/ui/FormManual.h"
 #include "language/editor/LEditOCX.h"
 #include "language/ui/FontSizeMenu.h"
 #include "language/ui/KeywordHelp.h"
 #include "navigation/ui/Definitions.h"
 #include "platform/Twips.h"
-#include "preferences/ui/FormManual.h"
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>

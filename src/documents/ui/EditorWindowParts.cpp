@@ -11,16 +11,16 @@
 #include "documents/ui/EditorWindow.h"
 #include "documents/ui/RecentMenu.h"
 #include "documents/ui/ToolToggles.h"
+#include "help/ui/FormAbout.h"
+#include "help/ui/FormHelp.h"
+#include "help/ui/FormManual.h"
 #include "language/editor/LEditOCX.h"
 #include "language/ui/EditorSettings.h"
 #include "language/ui/FontSizeMenu.h"
 #include "language/ui/KeywordHelp.h"
 #include "navigation/ui/Definitions.h"
 #include "platform/DesktopTools.h"
-#include "preferences/ui/FormAbout.h"
-#include "preferences/ui/FormHelp.h"
-#include "preferences/ui/FormImpostaMargini.h"
-#include "preferences/ui/FormManual.h"
+#include "printing/ui/FormImpostaMargini.h"
 
 #include <QLabel>
 #include <QMenu>

@@ -19,7 +19,7 @@
 #include "navigation/ui/Instruments.h"
 #include "navigation/ui/SearchWindows.h"
 #include "platform/ui/FileProperties.h"
-#include "preferences/ui/PrintEntries.h"
+#include "printing/ui/PrintEntries.h"
 
 #include <functional>
 

@@ -15,7 +15,7 @@
 #include "navigation/SearchRules.h"
 #include "navigation/ui/Bookmarks.h"
 #include "platform/ui/FileProperties.h"
-#include "preferences/ui/PrintEntries.h"
+#include "printing/ui/PrintEntries.h"
 
 #include <QActionGroup>
 

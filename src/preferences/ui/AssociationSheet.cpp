@@ -1,6 +1,6 @@
 #include "preferences/ui/AssociationSheet.h"
 
-#include "preferences/CsoundFiles.h"
+#include "associations/CsoundFiles.h"
 
 #include <QGridLayout>
 #include <QLabel>

@@ -1,8 +1,8 @@
 #include "preferences/ui/FormDirectory.h"
 
 #include "app/ConfigurationBlock.h"
+#include "app/ui/OkRow.h"
 #include "preferences/ui/FolderTree.h"
-#include "preferences/ui/OkRow.h"
 
 #include <QDir>
 #include <QLabel>

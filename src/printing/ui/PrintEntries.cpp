@@ -1,0 +1,58 @@
+#include "printing/ui/PrintEntries.h"
+
+#include "app/ConfigurationBlock.h"
+#include "language/editor/FontFamily.h"
+#include "language/editor/LEditOCX.h"
+#include "navigation/ui/EditorSearch.h"
+#include "platform/Dialogs.h"
+#include "printing/ui/PageFormatter.h"
+#include "printing/ui/PrintModule.h"
+
+namespace ardiphon {
+
+PrintEntries::PrintEntries(const ConfigurationBlock &config, Dialogs &dialogs,
+                           const LEditOCX &first)
+    : m_config(config), m_dialogs(dialogs), m_first(first)
+{
+}
+
+void PrintEntries::printDocument(const PrintSource &document) const
+{
+    if (isEmptyText(document.editor)) {
+        m_dialogs.message({QStringLiteral("No Document to print!")});
+        return;
+    }
+    const bool hasSelection = document.editor.SelectionLength() > 0;
+    if (const auto choice = m_dialogs.choosePrinter({printedName(document.path), hasSelection}))
+        print(*choice, document);
+}
+
+void PrintEntries::printProject(const PrintSource &orchestra, const PrintSource &score) const
+{
+    if (isEmptyText(orchestra.editor) || isEmptyText(score.editor)) {
+        m_dialogs.message({QStringLiteral("No complete Project to print!")});
+        return;
+    }
+    if (const auto choice = m_dialogs.choosePrinter({printedName(orchestra.path)})) {
+        print(*choice, orchestra);
+        print(*choice, score);
+    }
+}
+
+void PrintEntries::print(const PrintChoice &choice, const PrintSource &source) const
+{
+    PrintRichText(*choice.printer, textToPrint(source.editor, choice.selectionOnly),
+                  printMargins(m_config), source.path);
+}
+
+PrintText PrintEntries::textToPrint(const LEditOCX &editor, bool selectionOnly) const
+{
+    PrintText box;
+    box.text = selectionOnly ? editor.SelText() : editor.Text();
+    box.font.setFamilies({familyToDraw(m_first.FontName())});
+    box.font.setPointSizeF(m_first.FontSize());
+    box.tabSize = editor.TabSize();
+    return box;
+}
+
+} // namespace ardiphon

@@ -1,0 +1,187 @@
+#include "app/ConfigurationBlock.h"
+#include "preferences/ui/FolderTree.h"
+#include "preferences/ui/FormDirectory.h"
+
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace ardiphon;
+
+/// The window of the working directory.
+class tst_FormDirectory : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void window_closesOnItsButtonAndOnEsc();
+    void directory_empty_becomesTheRoot();
+    void directory_showsWhereItIs();
+    void directory_thatIsGone_staysWithoutMessage();
+    void directory_hidden_isShown();
+    void directory_moving_choosesAtOnce();
+    void directory_click_choosesAtOnce();
+    void directory_closing_keepsTheChoice_data();
+    void directory_closing_keepsTheChoice();
+    void directory_unreadable_isEmpty();
+
+private:
+    static void show(QDialog &window);
+    QString inFolder(const char *name) const { return m_folder->filePath(QLatin1String(name)); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    ConfigurationBlock m_config;
+};
+
+void tst_FormDirectory::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    for (const char *name : {"alpha/inner", "Beta", ".hidden/deep"})
+        QVERIFY(QDir().mkpath(inFolder(name)));
+    m_config.WorkingDirectory = m_folder->path();
+}
+
+void tst_FormDirectory::show(QDialog &window)
+{
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+}
+
+void tst_FormDirectory::window_closesOnItsButtonAndOnEsc()
+{
+    for (const bool byKey : {false, true}) {
+        FormDirectory window(m_config, nullptr);
+        show(window);
+        QCOMPARE(window.objectName(), "FormDirectory");
+        QCOMPARE(window.windowTitle(), "Working Directory");
+        QVERIFY(window.isModal());
+        QCOMPARE(window.minimumSize(), window.maximumSize());
+        auto *const Command1 = window.findChild<QPushButton *>(QStringLiteral("Command1"));
+        QCOMPARE(Command1->text(), QStringLiteral("&OK"));
+        if (byKey)
+            QTest::keyClick(&window, Qt::Key_Escape);
+        else
+            QTest::mouseClick(Command1, Qt::LeftButton);
+        QVERIFY(!window.isVisible());
+    }
+}
+
+void tst_FormDirectory::directory_empty_becomesTheRoot()
+{
+    m_config.WorkingDirectory.clear();
+    FormDirectory window(m_config, nullptr);
+    QCOMPARE(m_config.WorkingDirectory, QStringLiteral("/"));
+    QCOMPARE(window.findChild<QLineEdit *>(QStringLiteral("Text1"))->text(), QStringLiteral("/"));
+    QCOMPARE(window.findChild<FolderTree *>(QStringLiteral("Dir1"))->path(), QStringLiteral("/"));
+}
+
+void tst_FormDirectory::directory_showsWhereItIs()
+{
+    FormDirectory window(m_config, nullptr);
+    auto *const Dir1 = window.findChild<FolderTree *>(QStringLiteral("Dir1"));
+    auto *const Text1 = window.findChild<QLineEdit *>(QStringLiteral("Text1"));
+    QCOMPARE(Dir1->path(), m_folder->path());
+    QCOMPARE(Text1->text(), m_folder->path());
+    QVERIFY(Text1->isReadOnly());
+    QCOMPARE(window.findChild<QLabel *>(QStringLiteral("Label1"))->text(),
+             QStringLiteral("Selected Directory:"));
+    QStringList names;
+    for (int i = 0; i < Dir1->currentItem()->childCount(); ++i)
+        names.append(Dir1->currentItem()->child(i)->text(0));
+    QCOMPARE(names, (QStringList{QStringLiteral("alpha"), QStringLiteral("Beta")}));
+}
+
+void tst_FormDirectory::directory_thatIsGone_staysWithoutMessage()
+{
+    const QString gone = inFolder("gone");
+    m_config.WorkingDirectory = gone;
+    FormDirectory window(m_config, nullptr);
+    show(window);
+    auto *const Dir1 = window.findChild<FolderTree *>(QStringLiteral("Dir1"));
+    QCOMPARE(Dir1->path(), QDir::currentPath());
+    QCOMPARE(m_config.WorkingDirectory, gone);
+    QCOMPARE(window.findChild<QLineEdit *>(QStringLiteral("Text1"))->text(), gone);
+    QVERIFY(!QApplication::activeModalWidget() || QApplication::activeModalWidget() == &window);
+}
+
+void tst_FormDirectory::directory_hidden_isShown()
+{
+    m_config.WorkingDirectory = inFolder(".hidden/deep");
+    FormDirectory window(m_config, nullptr);
+    QCOMPARE(window.findChild<FolderTree *>(QStringLiteral("Dir1"))->path(),
+             inFolder(".hidden/deep"));
+}
+
+void tst_FormDirectory::directory_moving_choosesAtOnce()
+{
+    FormDirectory window(m_config, nullptr);
+    show(window);
+    auto *const Dir1 = window.findChild<FolderTree *>(QStringLiteral("Dir1"));
+    auto *const Text1 = window.findChild<QLineEdit *>(QStringLiteral("Text1"));
+    const auto press = [&](Qt::Key key, const QString &expected) {
+        QTest::keyClick(Dir1, key);
+        QCOMPARE(m_config.WorkingDirectory, expected);
+        QCOMPARE(Text1->text(), expected);
+    };
+    press(Qt::Key_Down, inFolder("alpha"));
+    press(Qt::Key_Right, inFolder("alpha")); // opens it
+    press(Qt::Key_Down, inFolder("alpha/inner"));
+    press(Qt::Key_Down, inFolder("Beta"));
+    press(Qt::Key_Left, m_folder->path());
+}
+
+void tst_FormDirectory::directory_click_choosesAtOnce()
+{
+    FormDirectory window(m_config, nullptr);
+    show(window);
+    auto *const Dir1 = window.findChild<FolderTree *>(QStringLiteral("Dir1"));
+    QTreeWidgetItem *const beta = Dir1->currentItem()->child(1);
+    Dir1->scrollToItem(beta);
+    QTest::mouseClick(Dir1->viewport(), Qt::LeftButton, {}, Dir1->visualItemRect(beta).center());
+    QCOMPARE(m_config.WorkingDirectory, inFolder("Beta"));
+}
+
+void tst_FormDirectory::directory_closing_keepsTheChoice_data()
+{
+    QTest::addColumn<bool>("byKey");
+    QTest::newRow("Esc") << true;
+    QTest::newRow("OK") << false;
+}
+
+void tst_FormDirectory::directory_closing_keepsTheChoice()
+{
+    QFETCH(bool, byKey);
+    FormDirectory window(m_config, nullptr);
+    show(window);
+    QTest::keyClick(window.findChild<FolderTree *>(QStringLiteral("Dir1")), Qt::Key_Down);
+    if (byKey)
+        QTest::keyClick(&window, Qt::Key_Escape);
+    else
+        QTest::mouseClick(window.findChild<QPushButton *>(QStringLiteral("Command1")),
+                          Qt::LeftButton);
+    QVERIFY(!window.isVisible());
+    QCOMPARE(m_config.WorkingDirectory, inFolder("alpha"));
+}
+
+void tst_FormDirectory::directory_unreadable_isEmpty()
+{
+    FolderTree tree(nullptr);
+    QVERIFY(!tree.setPath(QString()));
+    QVERIFY(!tree.setPath(inFolder("gone")));
+    QVERIFY(tree.setPath(inFolder("alpha/inner/..")));
+    QCOMPARE(tree.path(), inFolder("alpha"));
+    QVERIFY(tree.setPath(inFolder("Beta")));
+    QCOMPARE(tree.currentItem()->childCount(), 0);
+    // A folder that goes while the window is open reads as empty.
+    QVERIFY(QDir(inFolder("alpha/inner")).removeRecursively());
+    QTreeWidgetItem *const inner = tree.currentItem()->parent()->child(0)->child(0);
+    inner->setExpanded(true);
+    QCOMPARE(inner->childCount(), 0);
+}
+
+QTEST_MAIN(tst_FormDirectory)
+#include "tst_FormDirectory.moc"
