@@ -45,11 +45,9 @@ QString pathOfCommandText(const QString &commandText)
                                : commandText);
 }
 
-StartWindow nameDocument(ConfigurationBlock &config, const EditorWindows &windows,
-                         const QString &path)
+StartWindow nameDocument(ConfigurationBlock &config, const QString &path)
 {
-    const DocumentKind kind = windows.offerProjects() ? kindOfDocument(path) : DocumentKind::Csd;
-    switch (kind) {
+    switch (kindOfDocument(path)) {
     case DocumentKind::Orchestra:
         config.OrchestraFileName = path;
         return StartWindow::FormORCSCO;
@@ -63,18 +61,20 @@ StartWindow nameDocument(ConfigurationBlock &config, const EditorWindows &window
     return StartWindow::FormCSD;
 }
 
-StartWindow decideStart(ConfigurationBlock &config, const EditorWindows &windows,
-                        const QString &commandText)
+StartWindow decideStart(ConfigurationBlock &config, const QString &commandText)
 {
     config.CSDFileName.clear();
     config.OrchestraFileName.clear();
     config.ScoreFileName.clear();
-    if (!commandText.isEmpty())
-        return nameDocument(config, windows, pathOfCommandText(commandText));
+    if (!commandText.isEmpty()) {
+        const QString path = pathOfCommandText(commandText);
+        QDir::setCurrent(QFileInfo(path).path());
+        return nameDocument(config, path);
+    }
     if (config.StartupAction == QLatin1String("CSD"))
         return StartWindow::FormCSD;
     if (config.StartupAction == QLatin1String("ORCSCO"))
-        return windows.offerProjects() ? StartWindow::FormORCSCO : StartWindow::FormCSD;
+        return StartWindow::FormORCSCO;
     return StartWindow::Chooser;
 }
 

@@ -17,14 +17,12 @@ DocumentKind kindOfDocument(const QString &path);
 /// names.
 enum class StartWindow { Chooser, FormCSD, FormORCSCO };
 
-/// How a lower window opens an editor window. Without a function for projects there is no such
-/// window to offer, and an orchestra or a score is edited as a plain text in `FormCSD`.
+/// How a lower window opens an editor window.
 struct EditorWindows
 {
     std::function<void()> showFormCSD;
     std::function<void()> showFormORCSCO;
 
-    bool offerProjects() const { return bool(showFormORCSCO); }
     /// Shows an editor window; nothing for the chooser.
     void show(StartWindow window) const;
 };
@@ -37,14 +35,13 @@ QString LongPathName(const QString &path);
 /// are taken off, unless a file has just that name, quotes and all.
 QString pathOfCommandText(const QString &commandText);
 
-/// Names the document at \a path in \a config, only the field that fits, and tells which of
-/// \a windows opens it.
-StartWindow nameDocument(ConfigurationBlock &config, const EditorWindows &windows,
-                         const QString &path);
+/// Names the document at \a path in \a config, only the field that fits, and tells the window that
+/// opens it.
+StartWindow nameDocument(ConfigurationBlock &config, const QString &path);
 
 /// Names what the start opens in \a config and tells its window: the file of the command line, or
-/// an empty document by `StartupAction`, or else the chooser.
-StartWindow decideStart(ConfigurationBlock &config, const EditorWindows &windows,
-                        const QString &commandText);
+/// an empty document by `StartupAction`, or else the chooser. That file's folder becomes the
+/// current directory, wherever a file manager started the program.
+StartWindow decideStart(ConfigurationBlock &config, const QString &commandText);
 
 } // namespace ardiphon

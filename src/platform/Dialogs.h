@@ -61,11 +61,13 @@ public:
     /// answers Cancel where it has one, else No, else Ok.
     virtual Answer message(const Message &message) = 0;
 
-    /// Asks for an existing file. Gives its absolute path.
+    /// Asks for an existing file. Gives its absolute path. Its folder becomes the current
+    /// directory, where a dialog begins that has no folder of its own.
     virtual std::optional<QString> openFile(const FileQuestion &question) = 0;
 
     /// Asks for a file to write, and before an existing one is chosen whether to overwrite it.
-    /// Gives the absolute path as it was typed: no extension is added.
+    /// Gives the absolute path as it was typed: no extension is added. Its folder becomes the
+    /// current directory too.
     virtual std::optional<QString> saveFile(const FileQuestion &question) = 0;
 
     /// Asks for a colour; \a first is the one that the dialog begins with.

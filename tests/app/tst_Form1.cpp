@@ -23,8 +23,6 @@ private slots:
     void load_chooser_setsSmallGeometry();
     void associate_isAskedOverTheChooserOnly_data();
     void associate_isAskedOverTheChooserOnly();
-    void associate_withoutItsWindow_isNotAsked();
-    void withoutProjects_orchestraOpensAsText();
 };
 
 void tst_Form1::load_fillsEverythingBeforeTheWindowShows()
@@ -151,28 +149,6 @@ void tst_Form1::associate_isAskedOverTheChooserOnly()
     WriteRegistryString(*m_store, registry::SettingsKey, "StartupAction", action);
     load(commandText);
     QTEST(m_shown, "shown");
-}
-
-void tst_Form1::associate_withoutItsWindow_isNotAsked()
-{
-    WriteRegistryString(*m_store, registry::InstallPathKey, "First", "1");
-    m_form = std::make_unique<Form1>(*m_config, *m_store, *m_dialogs, m_windows);
-    m_form->Load({}, m_folder->path(), "/run/folder/");
-    QVERIFY(m_form->isVisible());
-    QCOMPARE(ReadRegistryString(*m_store, registry::InstallPathKey, "First"), "1");
-}
-
-void tst_Form1::withoutProjects_orchestraOpensAsText()
-{
-    m_windows.showFormORCSCO = {};
-    setRecent(1, "/m/a.orc");
-    load();
-    QTest::keyClick(m_form.get(), Qt::Key_1);
-    QCOMPARE(m_shown, QStringList("FormCSD"));
-    QCOMPARE(names(), QStringList({"/m/a.orc", "", ""}));
-    load("/m/b.sco");
-    QCOMPARE(m_shown, QStringList({"FormCSD", "FormCSD"}));
-    QCOMPARE(names(), QStringList({"/m/b.sco", "", ""}));
 }
 
 QTEST_MAIN(tst_Form1)

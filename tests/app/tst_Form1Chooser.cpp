@@ -18,7 +18,6 @@ private slots:
 
     void window_hasCaptionAndNoFrame();
     void controls_haveCaptionsAndTooltips();
-    void picInfo_withoutItsWindow_isNotThere();
     void picInfo_clicked_showsAbout();
     void recentFiles_showPathsAndDots();
     void longPath_isElidedButWhole();
@@ -51,7 +50,6 @@ private slots:
     void hover_timerRunsOnlyWhileLit();
     void press_showsPressImageAndFreezesHover();
     void titleStrip_dragged_movesWindow();
-    void withoutProjects_picORCSCOAndKeyAreNotOffered();
 };
 
 void tst_Form1Chooser::window_hasCaptionAndNoFrame()
@@ -77,14 +75,6 @@ void tst_Form1Chooser::controls_haveCaptionsAndTooltips()
         QVERIFY2(!picture(name)->accessibleName().isEmpty(), name);
     QVERIFY(m_form->findChild<QWidget *>("labelBAR"));
     QCOMPARE(m_form->findChild<QTimer *>("Timer1")->interval(), 10);
-}
-
-void tst_Form1Chooser::picInfo_withoutItsWindow_isNotThere()
-{
-    m_form = std::make_unique<Form1>(*m_config, *m_store, *m_dialogs, m_windows);
-    m_form->Load({}, m_folder->path(), "/run/folder/");
-    QVERIFY(picture("picChiudi"));
-    QVERIFY(!picture("picInfo"));
 }
 
 void tst_Form1Chooser::picInfo_clicked_showsAbout()
@@ -477,17 +467,6 @@ void tst_Form1Chooser::titleStrip_dragged_movesWindow()
     QTest::mouseRelease(labelBAR, Qt::LeftButton, {}, grip);
     QTest::mouseMove(labelBAR, QPoint(1, 1));
     QCOMPARE(m_form->pos(), before + QPoint(30, 40));
-}
-
-void tst_Form1Chooser::withoutProjects_picORCSCOAndKeyAreNotOffered()
-{
-    m_windows.showFormORCSCO = {};
-    load();
-    QVERIFY(picture("picCSD"));
-    QVERIFY(!picture("picORCSCO"));
-    QTest::keyClick(m_form.get(), Qt::Key_O);
-    QVERIFY(m_form->isVisible());
-    QCOMPARE(m_shown, QStringList());
 }
 
 QTEST_MAIN(tst_Form1Chooser)

@@ -27,7 +27,6 @@ private slots:
     void keys_aloneOrWithAlt();
     void escape_cancels();
     void hover_lightsOnePictureAtATime();
-    void withoutProjects_offersCsdOnly();
     void showModal_waitsForTheChoice();
 
 private:
@@ -35,7 +34,7 @@ private:
     {
         return m_form->findChild<PictureButton *>(QString::fromLatin1(name));
     }
-    void open(const EditorWindows &windows);
+    void open();
 
     std::unique_ptr<QWidget> m_owner;
     ConfigurationBlock m_config;
@@ -49,12 +48,12 @@ void tst_FormNew::init()
     m_owner->setGeometry(300, 300, 10, 10); // so small that it lies under none of the pictures
     m_owner->show();
     m_config.NewDocumentChoice = "old";
-    open({[] {}, [] {}});
+    open();
 }
 
-void tst_FormNew::open(const EditorWindows &windows)
+void tst_FormNew::open()
 {
-    m_form = std::make_unique<FormNew>(m_config, windows, m_owner.get());
+    m_form = std::make_unique<FormNew>(m_config, m_owner.get());
     m_form->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_form.get()));
 }
@@ -169,16 +168,6 @@ void tst_FormNew::hover_lightsOnePictureAtATime()
     QCOMPARE(picture("picORCSCO")->state(), PictureState::Gray);
 }
 
-void tst_FormNew::withoutProjects_offersCsdOnly()
-{
-    open({[] {}, {}});
-    QVERIFY(!picture("picORCSCO"));
-    QTest::keyClick(m_form.get(), Qt::Key_O);
-    QVERIFY(m_form->isVisible());
-    QTest::keyClick(m_form.get(), Qt::Key_C);
-    QCOMPARE(m_config.NewDocumentChoice, "NEWCSD");
-}
-
 void tst_FormNew::showModal_waitsForTheChoice()
 {
     m_form.reset();
@@ -188,7 +177,7 @@ void tst_FormNew::showModal_waitsForTheChoice()
         QVERIFY(chooser);
         QTest::keyClick(chooser, Qt::Key_O);
     });
-    FormNew::showModal(m_config, {[] {}, [] {}}, m_owner.get());
+    FormNew::showModal(m_config, m_owner.get());
     QCOMPARE(m_config.NewDocumentChoice, "NEWORCSCO");
 }
 

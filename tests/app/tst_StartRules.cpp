@@ -12,20 +12,6 @@ using namespace ardiphon;
 Q_DECLARE_METATYPE(ardiphon::StartWindow)
 Q_DECLARE_METATYPE(ardiphon::DocumentKind)
 
-namespace {
-
-EditorWindows bothWindows()
-{
-    return {[] {}, [] {}};
-}
-
-EditorWindows withoutProjects()
-{
-    return {[] {}, {}};
-}
-
-} // namespace
-
 class tst_StartRules : public QObject
 {
     Q_OBJECT
@@ -44,13 +30,12 @@ private slots:
     void commandText_fileNamedWithQuotes_isThatFile();
     void nameDocument_setsOnlyTheFieldThatFits_data();
     void nameDocument_setsOnlyTheFieldThatFits();
-    void nameDocument_withoutProjects_isAlwaysCsd();
     void decideStart_commandLine_goesBeforeStartupAction();
     void decideStart_commandLine_emptiesTheOtherNames_data();
     void decideStart_commandLine_emptiesTheOtherNames();
+    void decideStart_commandLine_beginsInTheFolderOfTheFile();
     void decideStart_startupAction_data();
     void decideStart_startupAction();
-    void decideStart_withoutProjects_opensCsd();
     void show_opensTheWindowAsked();
 };
 
@@ -179,29 +164,18 @@ void tst_StartRules::nameDocument_setsOnlyTheFieldThatFits()
     config.CSDFileName = "c";
     config.OrchestraFileName = "o";
     config.ScoreFileName = "s";
-    QTEST(nameDocument(config, bothWindows(), path), "window");
+    QTEST(nameDocument(config, path), "window");
     QTEST(QStringList({config.CSDFileName, config.OrchestraFileName, config.ScoreFileName}),
           "names");
-}
-
-void tst_StartRules::nameDocument_withoutProjects_isAlwaysCsd()
-{
-    for (const char *path : {"/a.csd", "/a.orc", "/a.SCO"}) {
-        ConfigurationBlock config;
-        QCOMPARE(nameDocument(config, withoutProjects(), path), StartWindow::FormCSD);
-        QCOMPARE(config.CSDFileName, path);
-        QCOMPARE(config.OrchestraFileName, "");
-        QCOMPARE(config.ScoreFileName, "");
-    }
 }
 
 void tst_StartRules::decideStart_commandLine_goesBeforeStartupAction()
 {
     ConfigurationBlock config;
     config.StartupAction = "CSD";
-    QCOMPARE(decideStart(config, bothWindows(), "/a.orc"), StartWindow::FormORCSCO);
+    QCOMPARE(decideStart(config, "/a.orc"), StartWindow::FormORCSCO);
     config.StartupAction = "ORCSCO";
-    QCOMPARE(decideStart(config, bothWindows(), "\"/a.csd\""), StartWindow::FormCSD);
+    QCOMPARE(decideStart(config, "\"/a.csd\""), StartWindow::FormCSD);
     QCOMPARE(config.CSDFileName, "/a.csd");
 }
 
@@ -218,12 +192,26 @@ void tst_StartRules::decideStart_commandLine_emptiesTheOtherNames()
     config.CSDFileName = "c";
     config.OrchestraFileName = "o";
     config.ScoreFileName = "s";
-    QTEST(decideStart(config, bothWindows(), path), "window");
+    QTEST(decideStart(config, path), "window");
     const QStringList named{config.CSDFileName, config.OrchestraFileName, config.ScoreFileName};
     for (QString &name : names)
         if (name != path)
             name.clear();
     QCOMPARE(named, names);
+}
+
+void tst_StartRules::decideStart_commandLine_beginsInTheFolderOfTheFile()
+{
+    const QTemporaryDir folder;
+    const QString before = QDir::currentPath();
+    ConfigurationBlock config;
+    decideStart(config, folder.filePath("a.csd"));
+    QCOMPARE(QDir::currentPath(), folder.path());
+    decideStart(config, "b.csd");
+    QCOMPARE(config.CSDFileName, folder.filePath("b.csd"));
+    decideStart(config, "/no/such/folder/c.csd");
+    QCOMPARE(QDir::currentPath(), folder.path());
+    QVERIFY(QDir::setCurrent(before));
 }
 
 void tst_StartRules::decideStart_startupAction_data()
@@ -245,20 +233,10 @@ void tst_StartRules::decideStart_startupAction()
     ConfigurationBlock config;
     config.StartupAction = action;
     config.CSDFileName = config.OrchestraFileName = config.ScoreFileName = "old";
-    QTEST(decideStart(config, bothWindows(), ""), "window");
+    QTEST(decideStart(config, ""), "window");
     QCOMPARE(config.CSDFileName, "");
     QCOMPARE(config.OrchestraFileName, "");
     QCOMPARE(config.ScoreFileName, "");
-}
-
-void tst_StartRules::decideStart_withoutProjects_opensCsd()
-{
-    ConfigurationBlock config;
-    config.StartupAction = "ORCSCO";
-    QCOMPARE(decideStart(config, withoutProjects(), ""), StartWindow::FormCSD);
-    QCOMPARE(config.CSDFileName, "");
-    QCOMPARE(decideStart(config, withoutProjects(), "/a.orc"), StartWindow::FormCSD);
-    QCOMPARE(config.CSDFileName, "/a.orc");
 }
 
 void tst_StartRules::show_opensTheWindowAsked()
@@ -269,8 +247,6 @@ void tst_StartRules::show_opensTheWindowAsked()
     windows.show(StartWindow::FormORCSCO);
     windows.show(StartWindow::FormCSD);
     QCOMPARE(shown, QStringList({"ORCSCO", "CSD"}));
-    QVERIFY(windows.offerProjects());
-    QVERIFY(!withoutProjects().offerProjects());
 }
 
 QTEST_GUILESS_MAIN(tst_StartRules)

@@ -28,6 +28,7 @@ class tst_QtDialogs : public QObject
 
 private slots:
     void init();
+    void cleanup() { QVERIFY(QDir::setCurrent(m_current)); }
     void message_showsTitleTextAndIcon_data();
     void message_showsTitleTextAndIcon();
     void message_markup_isShownAsItStands();
@@ -46,6 +47,7 @@ private slots:
     void saveFile_existing_asksBeforeOverwriting();
     void saveFile_proposedName_standsInTheField();
     void saveFile_cancelled_isEmpty();
+    void chosenFile_folder_becomesTheCurrentOne();
     void choosePrinter_withSelection_offersIt();
     void choosePrinter_withoutSelection_offersNone();
     void choosePrinter_selectionLeft_isTold_data();
@@ -70,9 +72,14 @@ private:
 
     QtDialogs m_dialogs;
     std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_current;
 };
 
-void tst_QtDialogs::init() { m_folder = std::make_unique<QTemporaryDir>(); }
+void tst_QtDialogs::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_current = QDir::currentPath();
+}
 
 template <typename Dialog, typename Step>
 void tst_QtDialogs::whenShown(Step step)
@@ -323,6 +330,22 @@ void tst_QtDialogs::saveFile_cancelled_isEmpty()
 {
     whenShown<QFileDialog>([](QFileDialog *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
     QVERIFY(!m_dialogs.saveFile(question()).has_value());
+}
+
+void tst_QtDialogs::chosenFile_folder_becomesTheCurrentOne()
+{
+    touch("piece.csd");
+    QVERIFY(QDir(m_folder->path()).mkdir("waves"));
+    const QString before = QDir::currentPath();
+    whenShown<QFileDialog>([](QFileDialog *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
+    m_dialogs.openFile(question());
+    QCOMPARE(QDir::currentPath(), before);
+    whenShown<QFileDialog>([](QFileDialog *dialog) { chooseName(dialog, "piece.csd"); });
+    m_dialogs.openFile(question());
+    QCOMPARE(QDir::currentPath(), m_folder->path());
+    whenShown<QFileDialog>([](QFileDialog *dialog) { chooseName(dialog, "waves/piece.wav"); });
+    m_dialogs.saveFile(question());
+    QCOMPARE(QDir::currentPath(), m_folder->filePath("waves"));
 }
 
 void tst_QtDialogs::choosePrinter_withSelection_offersIt()

@@ -79,8 +79,7 @@ QLayout *ChooserWindow::addDocumentPictures(const std::function<void()> &newCsd,
         addKey(key, choice);
     };
     add(Picture::Csd, "picCSD", "CSD", Qt::Key_C, newCsd);
-    if (newProject)
-        add(Picture::OrcSco, "picORCSCO", "ORC/SCO", Qt::Key_O, newProject);
+    add(Picture::OrcSco, "picORCSCO", "ORC/SCO", Qt::Key_O, newProject);
     return row;
 }
 

@@ -27,8 +27,7 @@ protected:
     /// Makes a picture that is lit under the mouse. \a choice runs when it is clicked.
     PictureButton *addPicture(Picture picture, const QString &name, const QString &accessibleName,
                               std::function<void()> choice);
-    /// Makes `picCSD` and `picORCSCO`, side by side, with their keys C and O. Without a choice for
-    /// projects there is no `picORCSCO`.
+    /// Makes `picCSD` and `picORCSCO`, side by side, with their keys C and O.
     QLayout *addDocumentPictures(const std::function<void()> &newCsd,
                                  const std::function<void()> &newProject);
     /// Has \a label lit under the mouse.

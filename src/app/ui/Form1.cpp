@@ -53,7 +53,7 @@ void Form1::Load(const QString &commandText, const QString &programFolder, const
     m_config.RootPath = rootPath;
     m_config.ProgramFolder = writableProgramFolder(programFolder);
 
-    const StartWindow window = decideStart(m_config, m_windows, commandText);
+    const StartWindow window = decideStart(m_config, commandText);
     if (window == StartWindow::Chooser)
         prepareChooser();
     else
@@ -81,7 +81,7 @@ void Form1::prepareChooser()
     show();
     const QString first =
         ReadRegistryString(m_store, registry::InstallPathKey, QStringLiteral("First"));
-    if (first == QLatin1String("1") && showAssociate) {
+    if (first == QLatin1String("1")) {
         showAssociate(this);
         activateWindow(); // it was not yet on the screen when the question took the focus
     }
@@ -114,18 +114,14 @@ QList<QWidget *> Form1::buildSmallPictures()
         pictures.append(addPicture(picture, QString::fromLatin1(name), text, std::move(choice)));
         pictures.last()->setToolTip(text);
     };
-    if (showAbout)
-        add(Picture::Info, "picInfo", "Informations", [this] { showAbout(this); });
+    add(Picture::Info, "picInfo", "Informations", [this] { showAbout(this); });
     add(Picture::Close, "picChiudi", "Exit Ardiphon", [this] { leave(); });
     return pictures;
 }
 
 QLayout *Form1::buildDocuments()
 {
-    std::function<void()> project;
-    if (m_windows.offerProjects())
-        project = [this] { newProject(); };
-    return addDocumentPictures([this] { newCsd(); }, project);
+    return addDocumentPictures([this] { newCsd(); }, [this] { newProject(); });
 }
 
 QLayout *Form1::buildFiles()
@@ -205,7 +201,7 @@ void Form1::browse()
     openFile(*path);
 }
 
-void Form1::openFile(const QString &path) { openEditor(nameDocument(m_config, m_windows, path)); }
+void Form1::openFile(const QString &path) { openEditor(nameDocument(m_config, path)); }
 
 void Form1::openEditor(StartWindow window)
 {

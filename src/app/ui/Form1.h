@@ -22,8 +22,8 @@ public:
     Form1(ConfigurationBlock &config, SettingsStore &store, Dialogs &dialogs, EditorWindows windows,
           QWidget *parent = nullptr);
 
-    /// Shows the information about the program, or the question about the file types, over the
-    /// window given. Without the one `picInfo` is not there, without the other nothing is asked.
+    /// Show the information about the program, and the question about the file types, over the
+    /// window given. Both are to be set before the load.
     std::function<void(QWidget *)> showAbout;
     std::function<void(QWidget *)> showAssociate;
 

@@ -1,7 +1,6 @@
 #include "app/ui/FormNew.h"
 
 #include "app/ConfigurationBlock.h"
-#include "app/StartRules.h"
 #include "app/ui/PictureButton.h"
 
 #include <QHBoxLayout>
@@ -9,19 +8,17 @@
 
 namespace ardiphon {
 
-FormNew::FormNew(ConfigurationBlock &config, const EditorWindows &windows, QWidget *owner)
+FormNew::FormNew(ConfigurationBlock &config, QWidget *owner)
     : ChooserWindow(QStringLiteral("New"), owner, Qt::Dialog), m_config(config)
 {
     setObjectName(QStringLiteral("FormNew"));
     setModal(true);
     m_config.NewDocumentChoice.clear();
 
-    std::function<void()> newProject;
-    if (windows.offerProjects())
-        newProject = [this] { choose(QStringLiteral("NEWORCSCO")); };
     auto *const body = new QHBoxLayout;
     body->setContentsMargins(16, 18, 16, 18);
-    body->addLayout(addDocumentPictures([this] { choose(QStringLiteral("NEWCSD")); }, newProject));
+    body->addLayout(addDocumentPictures([this] { choose(QStringLiteral("NEWCSD")); },
+                                        [this] { choose(QStringLiteral("NEWORCSCO")); }));
 
     PictureButton *const picChiudi = addPicture(Picture::Close, QStringLiteral("picChiudi"),
                                                 QStringLiteral("Exit"), [this] { close(); });
@@ -32,9 +29,9 @@ FormNew::FormNew(ConfigurationBlock &config, const EditorWindows &windows, QWidg
         centerIn(owner->window()->frameGeometry());
 }
 
-void FormNew::showModal(ConfigurationBlock &config, const EditorWindows &windows, QWidget *owner)
+void FormNew::showModal(ConfigurationBlock &config, QWidget *owner)
 {
-    FormNew chooser(config, windows, owner);
+    FormNew chooser(config, owner);
     chooser.exec();
 }
 

@@ -91,7 +91,7 @@ bool CsdDocument::openPath(const QString &path)
 {
     config().OrchestraFileName.clear();
     config().ScoreFileName.clear();
-    if (nameDocument(config(), program().windows, path) == StartWindow::FormORCSCO) {
+    if (nameDocument(config(), path) == StartWindow::FormORCSCO) {
         handOverToProject();
         return false;
     }

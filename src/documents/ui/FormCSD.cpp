@@ -92,7 +92,7 @@ void FormCSD::buildFeatures()
 {
     m_bookmarks = new Bookmarks(*LEDIT1, *Tree2, config().CSDModified, QStringLiteral("bkm"),
                                 program().dialogs);
-    const auto chooseNew = [this] { FormNew::showModal(config(), program().windows, this); };
+    const auto chooseNew = [this] { FormNew::showModal(config(), this); };
     m_document = new CsdDocument(*LEDIT1, *m_bookmarks, program(), files(), chooseNew, this);
     m_instruments = new Instruments(*LEDIT1);
     Frame1 = new InstrumentPanel(*m_instruments, QStringLiteral("Toolbar2"), centralWidget());

@@ -123,7 +123,7 @@ void FormORCSCO::buildHalves()
     m_score = newHalf(ScoreHalf, *LEDIT2, *score, config().ScoreFileName, QStringLiteral("2"));
     buildGrips();
 
-    const auto chooseNew = [this] { FormNew::showModal(config(), program().windows, this); };
+    const auto chooseNew = [this] { FormNew::showModal(config(), this); };
     m_project = new ProjectDocument(m_orchestra->document(), m_score->document(), program(),
                                     files(), chooseNew, this);
     m_tools = new ToolToggles(program(), {&LineNumbersTool, &OnLineHelpTool, &ToolbarTool}, this);

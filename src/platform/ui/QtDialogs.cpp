@@ -102,7 +102,9 @@ std::optional<QString> askForFile(const FileQuestion &question, QFileDialog::Acc
         dialog.selectFile(question.proposedName);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
-    return dialog.selectedFiles().constFirst();
+    const QString path = dialog.selectedFiles().constFirst();
+    QDir::setCurrent(QFileInfo(path).path());
+    return path;
 }
 
 /// Where a document of that name is printed into a file, unless the user says otherwise.
