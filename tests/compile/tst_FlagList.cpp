@@ -257,10 +257,12 @@ void tst_FlagList::keys_enterInPlayerFlags_leadsToPlay()
 {
     ProjectDialog dialog;
     dialog.open<FormCSoundAVORC>();
-    flags(dialog).setFocus();
-    QTest::keyClick(flags(dialog).lineEdit(), Qt::Key_Return);
-    QVERIFY(dialog.control("Compila")->hasFocus());
-    QVERIFY(dialog.form->isVisible());
+    for (const auto enter : {Qt::Key_Return, Qt::Key_Enter}) {
+        flags(dialog).setFocus();
+        QTest::keyClick(flags(dialog).lineEdit(), enter);
+        QVERIFY(dialog.control("Compila")->hasFocus());
+        QVERIFY(dialog.form->isVisible());
+    }
     // In the other dialogs it does nothing.
     dialog.open<FormWinsound>();
     flags(dialog).setFocus();

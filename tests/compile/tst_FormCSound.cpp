@@ -1,11 +1,15 @@
 #include "compile/ProjectDialog.h"
 #include "compile/ui/FormCSound.h"
 #include "compile/ui/LinkedOutput.h"
+#include "support/WaveBytes.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QTextBlock>
+
+#include <csignal>
+#include <unistd.h>
 
 using namespace ardiphon;
 using namespace StandInCompiler;
@@ -31,6 +35,13 @@ struct Dialog : ProjectDialog
     QString text() const { return output->text(); }
     bool isPanelOpen() const { return control<QWidget>("FrameCompiler")->isVisible(); }
     QPushButton *goToError() const { return control("btnGoToError"); }
+    /// Puts a sound of a second into the folder.
+    void writeWave(const QString &name) const
+    {
+        write(name, WaveBytes::wave(1, 44100, QByteArray(88'200, '\0')));
+    }
+    QString playerCaption() const { return control<QGroupBox>("Frame1")->title(); }
+    int playerMode() const { return control<MMControl>("MMControl1")->Mode(); }
     /// Clicks twice on the line of the output that begins so.
     void doubleClick(const QString &beginning) const
     {
@@ -68,17 +79,23 @@ private slots:
     void opening_showsTheProject();
     void opening_orchestraOfOddName_itsWave();
     void browse_file_countsUntilClosing();
+    void opening_waveIsThere_offersIt();
     void realTime_switchesTheWave();
+    void realTime_off_offersTheWaveAgain();
     void compile_ownFlags_areRefusedFirst();
     void compile_noWave_nothing();
     void compile_waveExists_cancelKeepsAll();
     void compile_waveExists_okDeletesIt();
+    void compile_waveExists_okClearsItsAttributes();
     void compile_folderOfThatName_isNoWave();
+    void compile_duringRun_playerHasLetGo_data();
+    void compile_duringRun_playerHasLetGo();
     void compile_passesTheFields();
     void compile_realTime_asksNothing();
     void compile_relativeWave_isFoundWhereItIsWritten();
     void compile_opensThePanel();
     void compile_end_showsLogAndWave();
+    void compile_end_takesTheFocusToTheLog();
     void compile_cannotStart_saysSoAndKeepsThePanel();
     void compile_again_hidesTheButton();
     void stop_closesThePanel();
@@ -88,6 +105,7 @@ private slots:
     void error_beyondTheText_doesNoHarm();
     void error_inScore_selectsThere();
     void error_selectedInLog();
+    void error_withoutLine_isSelectedAndLeadsNowhere();
     void error_farDownInALongLog_isSelected();
     void link_doubleClick_selectsTheLine();
     void link_pointer_showsIt();
@@ -99,6 +117,7 @@ private slots:
     void leaving_stubbornLog_isDeleted();
     void deluge_staysBoundedAndSaysSo();
     void keys_enter_pressesTheFocusedButton();
+    void keys_tab_followsTheRows();
     void playing_disablesTheButtons();
 };
 
@@ -158,6 +177,16 @@ void tst_FormCSound::browse_file_countsUntilClosing()
     QCOMPARE(dialog.dialogs.verify(), QString());
 }
 
+void tst_FormCSound::opening_waveIsThere_offersIt()
+{
+    Dialog dialog;
+    QCOMPARE(dialog.playerCaption(), QStringLiteral("Wave Player"));
+    dialog.writeWave(QStringLiteral("logged.wav"));
+    dialog.show();
+    QCOMPARE(dialog.playerCaption(), QStringLiteral("Wave Player - Ready"));
+    QCOMPARE(dialog.playerMode(), int(MMControl::Stopped));
+}
+
 void tst_FormCSound::realTime_switchesTheWave()
 {
     Dialog dialog;
@@ -166,6 +195,16 @@ void tst_FormCSound::realTime_switchesTheWave()
     QCOMPARE(dialog.field("Wave"), QStringLiteral("devaudio"));
     dialog.click("CheckRealTime");
     QCOMPARE(dialog.field("Wave"), QStringLiteral("/b.wav"));
+}
+
+void tst_FormCSound::realTime_off_offersTheWaveAgain()
+{
+    Dialog dialog;
+    dialog.click("CheckRealTime");
+    dialog.writeWave(QStringLiteral("logged.wav"));
+    QCOMPARE(dialog.playerCaption(), QStringLiteral("Wave Player"));
+    dialog.click("CheckRealTime");
+    QCOMPARE(dialog.playerCaption(), QStringLiteral("Wave Player - Ready"));
 }
 
 void tst_FormCSound::compile_ownFlags_areRefusedFirst()
@@ -199,10 +238,13 @@ void tst_FormCSound::compile_noWave_nothing()
 void tst_FormCSound::compile_waveExists_cancelKeepsAll()
 {
     Dialog dialog;
-    dialog.write(QStringLiteral("logged.wav"), "old");
+    dialog.writeWave(QStringLiteral("logged.wav"));
+    const QByteArray wave = dialog.read(QStringLiteral("logged.wav"));
+    dialog.show();
     dialog.expectOverwriteQuestion(Answer::Cancel);
     dialog.click("Compila");
-    QCOMPARE(dialog.read(QStringLiteral("logged.wav")), QByteArray("old"));
+    QCOMPARE(dialog.read(QStringLiteral("logged.wav")), wave);
+    QCOMPARE(dialog.playerMode(), int(MMControl::Stopped)); // still open on it
     QVERIFY(!dialog.isPanelOpen());
     QCOMPARE(dialog.pids().leader, 0);
     QCOMPARE(dialog.dialogs.verify(), QString());
@@ -221,12 +263,55 @@ void tst_FormCSound::compile_waveExists_okDeletesIt()
     QCOMPARE(dialog.dialogs.verify(), QString());
 }
 
+/// The file lives on under its other name, where its attributes can be seen.
+void tst_FormCSound::compile_waveExists_okClearsItsAttributes()
+{
+    Dialog dialog;
+    QFile wave(dialog.write(QStringLiteral("logged.wav"), "old"));
+    const QString other = dialog.path(QStringLiteral("other.wav"));
+    QCOMPARE(::link(QFile::encodeName(wave.fileName()).constData(),
+                    QFile::encodeName(other).constData()),
+             0);
+    wave.setPermissions(QFile::ReadOwner);
+    dialog.expectOverwriteQuestion(Answer::Ok);
+    dialog.click("Compila");
+    QVERIFY(!wave.exists());
+    QVERIFY(QFile::permissions(other).testFlag(QFile::WriteOwner));
+}
+
 void tst_FormCSound::compile_folderOfThatName_isNoWave()
 {
     Dialog dialog;
     QVERIFY(QDir(dialog.folder.path()).mkdir(QStringLiteral("logged.wav")));
     dialog.click("Compila");
     QVERIFY(QFileInfo(dialog.path(QStringLiteral("logged.wav"))).isDir());
+    QCOMPARE(dialog.dialogs.verify(), QString());
+}
+
+void tst_FormCSound::compile_duringRun_playerHasLetGo_data()
+{
+    QTest::addColumn<QString>("wave");
+    QTest::newRow("overwritten") << "slow.wav";
+    QTest::newRow("another") << "new.wav";
+}
+
+void tst_FormCSound::compile_duringRun_playerHasLetGo()
+{
+    QFETCH(QString, wave);
+    Dialog dialog(QStringLiteral("slow"));
+    dialog.writeWave(QStringLiteral("slow.wav"));
+    dialog.show();
+    QCOMPARE(dialog.playerMode(), int(MMControl::Stopped));
+    dialog.control<QLineEdit>("Wave")->setText(dialog.path(wave));
+    if (wave == QLatin1String("slow.wav"))
+        dialog.expectOverwriteQuestion(Answer::Ok);
+    int mode = 0;
+    dialog.whenRunning([&] {
+        mode = dialog.playerMode();
+        dialog.click("btnStop");
+    });
+    dialog.click("Compila");
+    QCOMPARE(mode, int(MMControl::NotOpen));
     QCOMPARE(dialog.dialogs.verify(), QString());
 }
 
@@ -241,6 +326,7 @@ void tst_FormCSound::compile_passesTheFields()
                           dialog.config.OrchestraFileName, "/other.sco", "-O" + dialog.logFile()}));
     QVERIFY(dialog.text().contains("directory " + QCoreApplication::applicationDirPath()));
     QVERIFY(dialog.text().contains("SFDIR=" + dialog.folder.path()));
+    QVERIFY(dialog.text().contains("output /dev/null")); // its console is not seen
 }
 
 void tst_FormCSound::compile_realTime_asksNothing()
@@ -302,6 +388,18 @@ void tst_FormCSound::compile_end_showsLogAndWave()
     QVERIFY(!dialog.goToError()->isVisible());
     QVERIFY(dialog.output->hasFocus());
     QCOMPARE(dialog.beeps, 1);
+}
+
+void tst_FormCSound::compile_end_takesTheFocusToTheLog()
+{
+    Dialog dialog(QStringLiteral("slow"));
+    dialog.whenRunning([&] {
+        dialog.control("btnClose")->setFocus();
+        ::kill(dialog.pids().leader, SIGKILL);
+    });
+    dialog.click("Compila");
+    QVERIFY(dialog.isPanelOpen());
+    QVERIFY(dialog.output->hasFocus());
 }
 
 void tst_FormCSound::compile_cannotStart_saysSoAndKeepsThePanel()
@@ -415,6 +513,17 @@ void tst_FormCSound::error_selectedInLog()
              QStringLiteral("error: syntax error, line 2"));
 }
 
+void tst_FormCSound::error_withoutLine_isSelectedAndLeadsNowhere()
+{
+    Dialog dialog(QStringLiteral("links"));
+    dialog.click("Compila");
+    QCOMPARE(dialog.output->textCursor().selectedText(), QStringLiteral("error: syntax error"));
+    QVERIFY(!dialog.goToError()->isVisible());
+    dialog.goToError()->click();
+    QVERIFY(dialog.form->isVisible());
+    QCOMPARE(selection(dialog.orchestra), QString());
+}
+
 void tst_FormCSound::error_farDownInALongLog_isSelected()
 {
     LinkedOutput output([](const QStringList &, qsizetype) { return false; }, 1, nullptr);
@@ -504,6 +613,10 @@ void tst_FormCSound::leaving_anyWay_closingSteps()
     QVERIFY(QFile::exists(dialog.logFile()));
     dialog.click("btnClose");
     dialog.click("Command2");
+    dialog.writeWave(QStringLiteral("logged.wav"));
+    for (int i = 0; i < 2; ++i) // which opens the wave
+        dialog.click("CheckRealTime");
+    QCOMPARE(dialog.playerMode(), int(MMControl::Stopped));
     dialog.config.FileCSound = QStringLiteral("/chosen");
     if (way == QLatin1String("Command1"))
         dialog.click("Command1");
@@ -515,7 +628,7 @@ void tst_FormCSound::leaving_anyWay_closingSteps()
     QVERIFY(!QFile::exists(dialog.logFile()));
     QVERIFY(QFile::exists(dialog.path(QStringLiteral("own/CSFlags.dat"))));
     QCOMPARE(dialog.config.FileCSound, StandInCompiler::path());
-    QCOMPARE(dialog.control<MMControl>("MMControl1")->Length(), 0);
+    QCOMPARE(dialog.playerMode(), int(MMControl::NotOpen));
 }
 
 void tst_FormCSound::leaving_duringRun_endsTheCompiler_data()
@@ -583,6 +696,25 @@ void tst_FormCSound::keys_enter_pressesTheFocusedButton()
     QVERIFY(dialog.isPanelOpen());
     QTest::keyClick(dialog.form.get(), Qt::Key_C, Qt::AltModifier);
     QTRY_VERIFY(!dialog.isPanelOpen());
+}
+
+void tst_FormCSound::keys_tab_followsTheRows()
+{
+    Dialog dialog;
+    dialog.control<QLineEdit>("dir_Csound")->setFocus();
+    QStringList names;
+    for (int i = 0; i < 10; ++i) {
+        names.append(dialog.form->focusWidget()->objectName());
+        QTest::keyClick(dialog.form->focusWidget(), Qt::Key_Tab);
+    }
+    QCOMPARE(names,
+             QStringList({"dir_Csound", "CercaCsound", "Orchestra", "Score", "Wave",
+                          "CheckRealTime", "Flags", "Command2", "Command3", "CommandFlags"}));
+    dialog.control("EditorFileWave")->setFocus();
+    QTest::keyClick(dialog.form.get(), Qt::Key_Tab);
+    QVERIFY(dialog.control("Compila")->hasFocus());
+    QTest::keyClick(dialog.form.get(), Qt::Key_Tab);
+    QVERIFY(dialog.control("Command1")->hasFocus());
 }
 
 void tst_FormCSound::playing_disablesTheButtons()

@@ -93,7 +93,7 @@ void FormCSoundAVORC::done(int result)
 
 void FormCSoundAVORC::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Return && m_flags->Flags->hasFocus())
+    if (isEnter(*event) && m_flags->Flags->hasFocus())
         Compila->setFocus();
     else
         CompilerDialog::keyPressEvent(event);
