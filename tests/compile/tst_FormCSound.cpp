@@ -661,7 +661,10 @@ void tst_FormCSound::leaving_duringRun_endsTheCompiler()
 void tst_FormCSound::leaving_stubbornLog_isDeleted()
 {
     Dialog dialog(QStringLiteral("stubborn"));
-    dialog.whenRunning([&] { dialog.form->close(); });
+    dialog.whenRunning([&] {
+        dialog.form->close();
+        QTRY_VERIFY(QFile::exists(dialog.logFile())); // the compiler is still there and made it
+    });
     dialog.click("Compila");
     QVERIFY(!QFile::exists(dialog.logFile()));
 }

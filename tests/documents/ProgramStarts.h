@@ -77,7 +77,8 @@ inline void goToTools(TestProgram &program, QWidget &window, QWidget &editor)
     }
     for (const Way &way : ToTools) {
         go(window, editor, way);
-        QTRY_VERIFY2(QFile::remove(trace(way.end)), way.name);
+        QTRY_VERIFY2(QFile::exists(trace(way.end)), way.name);
+        QVERIFY(QFile::remove(trace(way.end)));
     }
 }
 
