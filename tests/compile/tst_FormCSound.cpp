@@ -258,7 +258,7 @@ void tst_FormCSound::compile_passesTheFields()
              QStringList({"-W", "-d", "-o", dialog.path("my \"own\"; $HOME *.wav"),
                           dialog.config.OrchestraFileName, "/other.sco", "-O" + dialog.logFile()}));
     QVERIFY(dialog.text().contains("directory " + QCoreApplication::applicationDirPath()));
-    QVERIFY(dialog.text().contains("SFDIR=" + dialog.folder.path()));
+    QVERIFY(dialog.text().contains("SFDIR=" + dialog.folder.path() + "\r\n"));
     QVERIFY(dialog.text().contains("output /dev/null")); // its console is not seen
 }
 

@@ -80,7 +80,7 @@ void tst_FormCSoundAV::csd_play_startsAndCloses()
              QStringList{dialog.config.CSDFileName});
     const QByteArray told = dialog.read(QStringLiteral("my piece; $HOME.csd.log"));
     QVERIFY(told.contains("directory " + QCoreApplication::applicationDirPath().toUtf8()));
-    QVERIFY(told.contains("SFDIR=" + dialog.folder.path().toUtf8()));
+    QVERIFY(told.contains("SFDIR=" + dialog.folder.path().toUtf8() + '\n'));
 }
 
 void tst_FormCSoundAV::csd_editedField_hasNoEffect()
@@ -121,7 +121,7 @@ void tst_FormCSoundAV::project_play_passesTheFields()
              QStringList({"-a", "b c", dialog.config.OrchestraFileName, "/other.sco"}));
     const QByteArray told = dialog.read(QStringLiteral("my piece.orc.log"));
     QVERIFY(told.contains("directory " + QCoreApplication::applicationDirPath().toUtf8()));
-    QVERIFY(told.contains("SFDIR=" + dialog.folder.path().toUtf8()));
+    QVERIFY(told.contains("SFDIR=" + dialog.folder.path().toUtf8() + '\n'));
 }
 
 void tst_FormCSoundAV::project_ownFlags_areNotRefused()
