@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ChildProcess.h"
+#include "platform/ChildEnvironment.h"
 
 #include <functional>
 

@@ -37,11 +37,20 @@ QString decoded(QByteArrayView bytes)
                                                     : QString::fromLatin1(text));
 }
 
+/// As much of the beginning of \a text as a record holds.
+QByteArray encodedBeginning(QString text)
+{
+    text.truncate(RecordLength);
+    while (encoded(text).size() > RecordLength)
+        text.chop(text.size() > 1 && text.back().isLowSurrogate() ? 2 : 1);
+    return encoded(text);
+}
+
 std::optional<QByteArray> record(const QString &flag, FlagLayout layout)
 {
-    const QByteArray text = encoded(withoutTrailingBlanks(flag));
     if (layout == FlagLayout::Padded)
-        return text.leftJustified(RecordLength, ' ', true);
+        return encodedBeginning(withoutTrailingBlanks(flag)).leftJustified(RecordLength, ' ');
+    const QByteArray text = encoded(withoutTrailingBlanks(flag));
     if (text.size() > RecordLength - HeadLength)
         return std::nullopt;
     QByteArray bytes(RecordLength, '\0');

@@ -26,18 +26,6 @@ QString locate(const QString &executable)
     return found.isEmpty() ? executable : found;
 }
 
-QProcessEnvironment changedEnvironment(const QList<EnvironmentChange> &changes)
-{
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const EnvironmentChange &change : changes) {
-        if (change.value)
-            environment.insert(change.name, *change.value);
-        else
-            environment.remove(change.name);
-    }
-    return environment;
-}
-
 /// Runs in the child between fork and exec: only system calls are allowed.
 void leadGroupAndDieWith(pid_t parent)
 {

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/ChildEnvironment.h"
 #include "platform/GroupGuard.h"
 
-#include <QList>
 #include <QObject>
 #include <QString>
 
@@ -17,15 +17,6 @@ namespace ardiphon {
 enum class ShowCommand {
     Hidden = 0, ///< what it prints is discarded
     Normal = 1  ///< what it prints goes where ours goes; its windows are its own matter
-};
-
-/// A variable that the child sees otherwise than this process; without a value it sees none.
-struct EnvironmentChange
-{
-    QString name;
-    std::optional<QString> value;
-
-    bool operator==(const EnvironmentChange &) const = default;
 };
 
 /// What is started and how.

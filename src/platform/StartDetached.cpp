@@ -11,12 +11,14 @@ QString ExecutableDirectory(const QString &path)
     return path.left(qMax(path.lastIndexOf(u'/'), qsizetype(0)));
 }
 
-bool StartDetached(const QString &file, const QString &parameters, const QString &directory)
+bool StartDetached(const QString &file, const QString &parameters, const QString &directory,
+                   const QList<EnvironmentChange> &environment)
 {
     QProcess process;
     process.setProgram(file);
     process.setArguments(splitCommandText(parameters));
     process.setWorkingDirectory(directory);
+    process.setProcessEnvironment(changedEnvironment(environment));
     process.setStandardInputFile(QProcess::nullDevice());
     return process.startDetached();
 }

@@ -187,6 +187,7 @@ void lists()
         if (const char *value = std::getenv(name))
             text += std::string(name) + '=' + value + '\n';
     text += "directory " + std::filesystem::current_path().string() + '\n';
+    text += "output " + std::filesystem::read_symlink("/proc/self/fd/1").string() + '\n';
     text += getpgrp() == getpid() ? "leads its group\n" : "in another's group\n";
     writeLog(text);
     leavePids();

@@ -103,6 +103,10 @@ void tst_FlagFile::write_tooLong_cutsPaddedRecord()
     writeFlagFile(m_path, FlagLayout::Padded, {QString(60, u'a'), QStringLiteral("-W")});
     QCOMPARE(bytes(), QByteArray(50, 'a') + padded("-W"));
     QCOMPARE(readFlagFile(m_path, FlagLayout::Padded), QStringList({QString(50, u'a'), "-W"}));
+    // No character is torn.
+    const QString notes = QStringLiteral(u"\U0001F3B5").repeated(20);
+    writeFlagFile(m_path, FlagLayout::Padded, {notes});
+    QCOMPARE(readFlagFile(m_path, FlagLayout::Padded), QStringList{notes.first(2 * 12)});
 }
 
 void tst_FlagFile::write_shorterList_leavesNoOldRecords()
@@ -165,8 +169,8 @@ void tst_FlagFile::read_blanks_areCut()
 
 void tst_FlagFile::read_emptyRecords_areFlagsOnlyWhenPadded()
 {
-    setBytes(tagged("") + tagged("x", 0) + tagged("-W"));
-    QCOMPARE(readFlagFile(m_path, FlagLayout::Tagged), QStringList{"-W"});
+    setBytes(tagged("") + tagged("x", 0) + tagged("  ") + tagged("-W"));
+    QCOMPARE(readFlagFile(m_path, FlagLayout::Tagged), QStringList({"", "-W"})); // of the blanks
     setBytes(padded("") + padded("-W"));
     QCOMPARE(readFlagFile(m_path, FlagLayout::Padded), QStringList({"", "-W"}));
 }

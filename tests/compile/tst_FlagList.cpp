@@ -18,7 +18,7 @@ private slots:
     void add_text_isLastAndNotSelected();
     void add_empty_nothing();
     void add_again_isToldAsTheDialogDoes();
-    void add_otherCase_isAnother();
+    void add_otherCaseOrBlanks_isAnother();
     void remove_selected_keepsTheText();
     void remove_typedText_removesNothing();
     void typing_isNeitherCompletedNorSelected();
@@ -119,14 +119,16 @@ void tst_FlagList::add_again_isToldAsTheDialogDoes()
     QCOMPARE(dialog.dialogs.verify(), QString());
 }
 
-void tst_FlagList::add_otherCase_isAnother()
+void tst_FlagList::add_otherCaseOrBlanks_isAnother()
 {
     ProjectDialog dialog;
     dialog.open<FormWinsound>();
     dialog.click("Command2");
-    type(dialog, QStringLiteral("-w"));
-    dialog.click("Command2");
-    QCOMPARE(flags(dialog).items(), QStringList({"-W", "-w"}));
+    for (const char *flag : {"-w", "-W ", " -W"}) {
+        type(dialog, QLatin1String(flag));
+        dialog.click("Command2");
+    }
+    QCOMPARE(flags(dialog).items(), QStringList({"-W", "-w", "-W ", " -W"}));
 }
 
 void tst_FlagList::remove_selected_keepsTheText()
@@ -257,10 +259,12 @@ void tst_FlagList::keys_enterInPlayerFlags_leadsToPlay()
 {
     ProjectDialog dialog;
     dialog.open<FormCSoundAVORC>();
-    flags(dialog).setFocus();
-    QTest::keyClick(flags(dialog).lineEdit(), Qt::Key_Return);
-    QVERIFY(dialog.control("Compila")->hasFocus());
-    QVERIFY(dialog.form->isVisible());
+    for (const auto enter : {Qt::Key_Return, Qt::Key_Enter}) {
+        flags(dialog).setFocus();
+        QTest::keyClick(flags(dialog).lineEdit(), enter);
+        QVERIFY(dialog.control("Compila")->hasFocus());
+        QVERIFY(dialog.form->isVisible());
+    }
     // In the other dialogs it does nothing.
     dialog.open<FormWinsound>();
     flags(dialog).setFocus();

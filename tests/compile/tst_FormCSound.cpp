@@ -1,11 +1,9 @@
-#include "compile/ProjectDialog.h"
-#include "compile/ui/FormCSound.h"
-#include "compile/ui/LinkedOutput.h"
+#include "compile/CSoundDialog.h"
 
 #include <QCheckBox>
-#include <QGroupBox>
-#include <QLabel>
-#include <QTextBlock>
+
+#include <csignal>
+#include <unistd.h>
 
 using namespace ardiphon;
 using namespace StandInCompiler;
@@ -14,52 +12,9 @@ namespace {
 
 QString finishedText(const QString &log) { return bannerText(0) + logHeading() + log; }
 
-/// The dialog over two editors.
-struct Dialog : ProjectDialog
-{
-    explicit Dialog(const QString &piece = QStringLiteral("logged")) : ProjectDialog(piece)
-    {
-        orchestra.SetText(QStringLiteral("one\r\ntwo two\r\nthree\r\n"));
-        score.SetText(QStringLiteral("i1 0 1\r\ni2 0 1 2\r\ne\r\n"));
-        show();
-    }
-    void show()
-    {
-        open<FormCSound>(orchestra, score);
-        output = control<LinkedOutput>("TxtOutputs");
-    }
-    QString text() const { return output->text(); }
-    bool isPanelOpen() const { return control<QWidget>("FrameCompiler")->isVisible(); }
-    QPushButton *goToError() const { return control("btnGoToError"); }
-    /// Clicks twice on the line of the output that begins so.
-    void doubleClick(const QString &beginning) const
-    {
-        QTextBlock block = output->document()->begin();
-        while (block.isValid() && !block.text().startsWith(beginning))
-            block = block.next();
-        if (!block.isValid())
-            qFatal("no line %s", qPrintable(beginning));
-        QTextCursor cursor(block);
-        cursor.movePosition(QTextCursor::Right, QTextCursor::MoveAnchor, 3);
-        output->setTextCursor(cursor);
-        const QPoint at = output->cursorRect(cursor).center();
-        QTest::mouseMove(output->viewport(), at);
-        QTest::mouseDClick(output->viewport(), Qt::LeftButton, {}, at);
-    }
-
-    LEditOCX orchestra;
-    LEditOCX score;
-    LinkedOutput *output = nullptr;
-};
-
-QString selection(LEditOCX &editor)
-{
-    editor.GetSelection();
-    return editor.SelText();
-}
-
 } // namespace
 
+/// The dialog around the compiler; what it makes of the log is tested in tst_FormCSoundLog.
 class tst_FormCSound : public QObject
 {
     Q_OBJECT
@@ -68,43 +23,41 @@ private slots:
     void opening_showsTheProject();
     void opening_orchestraOfOddName_itsWave();
     void browse_file_countsUntilClosing();
+    void opening_waveIsThere_offersIt();
     void realTime_switchesTheWave();
+    void realTime_off_offersTheWaveAgain();
     void compile_ownFlags_areRefusedFirst();
     void compile_noWave_nothing();
     void compile_waveExists_cancelKeepsAll();
     void compile_waveExists_okDeletesIt();
+    void compile_waveExists_okClearsItsAttributes();
     void compile_folderOfThatName_isNoWave();
+    void compile_duringRun_playerHasLetGo_data();
+    void compile_duringRun_playerHasLetGo();
     void compile_passesTheFields();
     void compile_realTime_asksNothing();
     void compile_relativeWave_isFoundWhereItIsWritten();
     void compile_opensThePanel();
     void compile_end_showsLogAndWave();
+    void compile_end_takesTheFocusToTheLog();
     void compile_cannotStart_saysSoAndKeepsThePanel();
     void compile_again_hidesTheButton();
     void stop_closesThePanel();
     void close_afterRun_leadsBackToTheForm();
     void panel_movedBetween_movesBackFromThere();
-    void error_button_selectsTheLine();
-    void error_beyondTheText_doesNoHarm();
-    void error_inScore_selectsThere();
-    void error_selectedInLog();
-    void error_farDownInALongLog_isSelected();
-    void link_doubleClick_selectsTheLine();
-    void link_pointer_showsIt();
-    void link_otherLine_selectsItsWord();
     void leaving_anyWay_closingSteps_data();
     void leaving_anyWay_closingSteps();
     void leaving_duringRun_endsTheCompiler_data();
     void leaving_duringRun_endsTheCompiler();
     void leaving_stubbornLog_isDeleted();
-    void deluge_staysBoundedAndSaysSo();
     void keys_enter_pressesTheFocusedButton();
+    void keys_tab_followsTheRows();
     void playing_disablesTheButtons();
 };
 
 void tst_FormCSound::opening_showsTheProject()
 {
-    Dialog dialog(QStringLiteral("my piece"));
+    CSoundDialog dialog(QStringLiteral("my piece"));
     QCOMPARE(dialog.form->objectName(), QStringLiteral("FormCSound"));
     QCOMPARE(dialog.form->windowTitle(), QStringLiteral("CSound Console Compiler"));
     QCOMPARE(dialog.field("dir_Csound"), StandInCompiler::path());
@@ -133,7 +86,7 @@ void tst_FormCSound::opening_showsTheProject()
 
 void tst_FormCSound::opening_orchestraOfOddName_itsWave()
 {
-    Dialog dialog;
+    CSoundDialog dialog;
     dialog.config.OrchestraFileName = QStringLiteral("/a.o");
     dialog.show();
     QCOMPARE(dialog.field("Wave"), QStringLiteral(".wav"));
@@ -144,7 +97,7 @@ void tst_FormCSound::opening_orchestraOfOddName_itsWave()
 
 void tst_FormCSound::browse_file_countsUntilClosing()
 {
-    Dialog dialog;
+    CSoundDialog dialog;
     dialog.dialogs.expectOpen(QStringLiteral("CSound Directory"), std::nullopt);
     dialog.click("CercaCsound");
     QCOMPARE(dialog.config.FileCSound, StandInCompiler::path());
@@ -158,9 +111,19 @@ void tst_FormCSound::browse_file_countsUntilClosing()
     QCOMPARE(dialog.dialogs.verify(), QString());
 }
 
+void tst_FormCSound::opening_waveIsThere_offersIt()
+{
+    CSoundDialog dialog;
+    QCOMPARE(dialog.playerCaption(), QStringLiteral("Wave Player"));
+    dialog.writeWave(QStringLiteral("logged.wav"));
+    dialog.show();
+    QCOMPARE(dialog.playerCaption(), QStringLiteral("Wave Player - Ready"));
+    QCOMPARE(dialog.playerMode(), int(MMControl::Stopped));
+}
+
 void tst_FormCSound::realTime_switchesTheWave()
 {
-    Dialog dialog;
+    CSoundDialog dialog;
     dialog.control<QLineEdit>("Wave")->setText(QStringLiteral(" /b.wav "));
     dialog.click("CheckRealTime");
     QCOMPARE(dialog.field("Wave"), QStringLiteral("devaudio"));
@@ -168,9 +131,19 @@ void tst_FormCSound::realTime_switchesTheWave()
     QCOMPARE(dialog.field("Wave"), QStringLiteral("/b.wav"));
 }
 
+void tst_FormCSound::realTime_off_offersTheWaveAgain()
+{
+    CSoundDialog dialog;
+    dialog.click("CheckRealTime");
+    dialog.writeWave(QStringLiteral("logged.wav"));
+    QCOMPARE(dialog.playerCaption(), QStringLiteral("Wave Player"));
+    dialog.click("CheckRealTime");
+    QCOMPARE(dialog.playerCaption(), QStringLiteral("Wave Player - Ready"));
+}
+
 void tst_FormCSound::compile_ownFlags_areRefusedFirst()
 {
-    Dialog dialog;
+    CSoundDialog dialog;
     dialog.control<QLineEdit>("Wave")->clear();
     const QString error = QStringLiteral("Error");
     for (const char *flags : {"-W -Olog -o x", "-O", "-WO"}) {
@@ -189,7 +162,7 @@ void tst_FormCSound::compile_ownFlags_areRefusedFirst()
 
 void tst_FormCSound::compile_noWave_nothing()
 {
-    Dialog dialog;
+    CSoundDialog dialog;
     dialog.control<QLineEdit>("Wave")->clear();
     dialog.click("Compila");
     QVERIFY(!dialog.isPanelOpen());
@@ -198,11 +171,14 @@ void tst_FormCSound::compile_noWave_nothing()
 
 void tst_FormCSound::compile_waveExists_cancelKeepsAll()
 {
-    Dialog dialog;
-    dialog.write(QStringLiteral("logged.wav"), "old");
+    CSoundDialog dialog;
+    dialog.writeWave(QStringLiteral("logged.wav"));
+    const QByteArray wave = dialog.read(QStringLiteral("logged.wav"));
+    dialog.show();
     dialog.expectOverwriteQuestion(Answer::Cancel);
     dialog.click("Compila");
-    QCOMPARE(dialog.read(QStringLiteral("logged.wav")), QByteArray("old"));
+    QCOMPARE(dialog.read(QStringLiteral("logged.wav")), wave);
+    QCOMPARE(dialog.playerMode(), int(MMControl::Stopped)); // still open on it
     QVERIFY(!dialog.isPanelOpen());
     QCOMPARE(dialog.pids().leader, 0);
     QCOMPARE(dialog.dialogs.verify(), QString());
@@ -210,7 +186,7 @@ void tst_FormCSound::compile_waveExists_cancelKeepsAll()
 
 void tst_FormCSound::compile_waveExists_okDeletesIt()
 {
-    Dialog dialog;
+    CSoundDialog dialog;
     QFile wave(dialog.write(QStringLiteral("logged.wav"), "old"));
     wave.setPermissions(QFile::ReadOwner);
     dialog.control<QLineEdit>("Wave")->setText(wave.fileName() + QStringLiteral("  "));
@@ -221,18 +197,60 @@ void tst_FormCSound::compile_waveExists_okDeletesIt()
     QCOMPARE(dialog.dialogs.verify(), QString());
 }
 
+void tst_FormCSound::compile_waveExists_okClearsItsAttributes()
+{
+    CSoundDialog dialog;
+    QFile wave(dialog.write(QStringLiteral("logged.wav"), "old"));
+    const QString other = dialog.path(QStringLiteral("other.wav"));
+    QCOMPARE(::link(QFile::encodeName(wave.fileName()).constData(),
+                    QFile::encodeName(other).constData()),
+             0);
+    wave.setPermissions(QFile::ReadOwner);
+    dialog.expectOverwriteQuestion(Answer::Ok);
+    dialog.click("Compila");
+    QVERIFY(!wave.exists());
+    QVERIFY(QFile::permissions(other).testFlag(QFile::WriteOwner));
+}
+
 void tst_FormCSound::compile_folderOfThatName_isNoWave()
 {
-    Dialog dialog;
+    CSoundDialog dialog;
     QVERIFY(QDir(dialog.folder.path()).mkdir(QStringLiteral("logged.wav")));
     dialog.click("Compila");
     QVERIFY(QFileInfo(dialog.path(QStringLiteral("logged.wav"))).isDir());
     QCOMPARE(dialog.dialogs.verify(), QString());
 }
 
+void tst_FormCSound::compile_duringRun_playerHasLetGo_data()
+{
+    QTest::addColumn<QString>("wave");
+    QTest::newRow("overwritten") << "slow.wav";
+    QTest::newRow("another") << "new.wav";
+}
+
+void tst_FormCSound::compile_duringRun_playerHasLetGo()
+{
+    QFETCH(QString, wave);
+    CSoundDialog dialog(QStringLiteral("slow"));
+    dialog.writeWave(QStringLiteral("slow.wav"));
+    dialog.show();
+    QCOMPARE(dialog.playerMode(), int(MMControl::Stopped));
+    dialog.control<QLineEdit>("Wave")->setText(dialog.path(wave));
+    if (wave == QLatin1String("slow.wav"))
+        dialog.expectOverwriteQuestion(Answer::Ok);
+    int mode = 0;
+    dialog.whenRunning([&] {
+        mode = dialog.playerMode();
+        dialog.click("btnStop");
+    });
+    dialog.click("Compila");
+    QCOMPARE(mode, int(MMControl::NotOpen));
+    QCOMPARE(dialog.dialogs.verify(), QString());
+}
+
 void tst_FormCSound::compile_passesTheFields()
 {
-    Dialog dialog(QStringLiteral("my \"own\"; $HOME *"));
+    CSoundDialog dialog(QStringLiteral("my \"own\"; $HOME *"));
     dialog.setFlags(QStringLiteral("-W -d "));
     dialog.control<QLineEdit>("Score")->setText(QStringLiteral("/other.sco"));
     dialog.click("Compila");
@@ -240,12 +258,13 @@ void tst_FormCSound::compile_passesTheFields()
              QStringList({"-W", "-d", "-o", dialog.path("my \"own\"; $HOME *.wav"),
                           dialog.config.OrchestraFileName, "/other.sco", "-O" + dialog.logFile()}));
     QVERIFY(dialog.text().contains("directory " + QCoreApplication::applicationDirPath()));
-    QVERIFY(dialog.text().contains("SFDIR=" + dialog.folder.path()));
+    QVERIFY(dialog.text().contains("SFDIR=" + dialog.folder.path() + "\r\n"));
+    QVERIFY(dialog.text().contains("output /dev/null")); // its console is not seen
 }
 
 void tst_FormCSound::compile_realTime_asksNothing()
 {
-    Dialog dialog(QStringLiteral("my piece"));
+    CSoundDialog dialog(QStringLiteral("my piece"));
     dialog.write(QStringLiteral("my piece.wav"), "old");
     dialog.click("CheckRealTime");
     dialog.click("Compila");
@@ -256,7 +275,7 @@ void tst_FormCSound::compile_realTime_asksNothing()
 
 void tst_FormCSound::compile_relativeWave_isFoundWhereItIsWritten()
 {
-    Dialog dialog;
+    CSoundDialog dialog;
     dialog.write(QStringLiteral("take 2.wav"), "old");
     dialog.control<QLineEdit>("Wave")->setText(QStringLiteral("take 2.wav"));
     dialog.expectOverwriteQuestion(Answer::Cancel);
@@ -266,7 +285,7 @@ void tst_FormCSound::compile_relativeWave_isFoundWhereItIsWritten()
 
 void tst_FormCSound::compile_opensThePanel()
 {
-    Dialog dialog(QStringLiteral("slow"));
+    CSoundDialog dialog(QStringLiteral("slow"));
     dialog.form->move(100, 300);
     const QSize compact = dialog.form->size();
     QSize size;
@@ -293,7 +312,7 @@ void tst_FormCSound::compile_opensThePanel()
 
 void tst_FormCSound::compile_end_showsLogAndWave()
 {
-    Dialog dialog;
+    CSoundDialog dialog;
     QVERIFY(!dialog.control("btnStop")->isEnabled());
     dialog.click("Compila");
     QCOMPARE(dialog.text(), finishedText(QStringLiteral("this is the log\r\n")));
@@ -304,9 +323,21 @@ void tst_FormCSound::compile_end_showsLogAndWave()
     QCOMPARE(dialog.beeps, 1);
 }
 
+void tst_FormCSound::compile_end_takesTheFocusToTheLog()
+{
+    CSoundDialog dialog(QStringLiteral("slow"));
+    dialog.whenRunning([&] {
+        dialog.control("btnClose")->setFocus();
+        ::kill(dialog.pids().leader, SIGKILL);
+    });
+    dialog.click("Compila");
+    QVERIFY(dialog.isPanelOpen());
+    QVERIFY(dialog.output->hasFocus());
+}
+
 void tst_FormCSound::compile_cannotStart_saysSoAndKeepsThePanel()
 {
-    Dialog dialog;
+    CSoundDialog dialog;
     dialog.config.FileCSound = QStringLiteral("/nowhere/csound");
     dialog.dialogs.expect({QStringLiteral("File was not found."), ProgramTitle, MessageIcon::None});
     dialog.click("Compila");
@@ -319,7 +350,7 @@ void tst_FormCSound::compile_cannotStart_saysSoAndKeepsThePanel()
 
 void tst_FormCSound::compile_again_hidesTheButton()
 {
-    Dialog dialog(QStringLiteral("errors"));
+    CSoundDialog dialog(QStringLiteral("errors"));
     dialog.click("Compila");
     QVERIFY(dialog.goToError()->isVisible());
     dialog.click("btnClose");
@@ -331,7 +362,7 @@ void tst_FormCSound::compile_again_hidesTheButton()
 
 void tst_FormCSound::stop_closesThePanel()
 {
-    Dialog dialog(QStringLiteral("ignores"));
+    CSoundDialog dialog(QStringLiteral("ignores"));
     const QSize compact = dialog.form->size();
     dialog.form->move(100, 300);
     dialog.whenRunning([&] {
@@ -350,7 +381,7 @@ void tst_FormCSound::stop_closesThePanel()
 
 void tst_FormCSound::close_afterRun_leadsBackToTheForm()
 {
-    Dialog dialog;
+    CSoundDialog dialog;
     dialog.click("Compila");
     dialog.click("btnClose");
     QVERIFY(!dialog.isPanelOpen());
@@ -363,7 +394,7 @@ void tst_FormCSound::close_afterRun_leadsBackToTheForm()
 
 void tst_FormCSound::panel_movedBetween_movesBackFromThere()
 {
-    Dialog dialog;
+    CSoundDialog dialog;
     dialog.form->move(100, 300);
     dialog.click("Compila");
     dialog.form->move(50, 60);
@@ -377,118 +408,6 @@ void tst_FormCSound::panel_movedBetween_movesBackFromThere()
     QCOMPARE(dialog.form->pos(), QPoint(0, 20));
 }
 
-void tst_FormCSound::error_button_selectsTheLine()
-{
-    Dialog dialog(QStringLiteral("errors"));
-    dialog.click("Compila");
-    dialog.click("btnGoToError");
-    QCOMPARE(selection(dialog.orchestra), QStringLiteral("two two"));
-    QCOMPARE(selection(dialog.score), QString());
-    QVERIFY(!dialog.form->isVisible());
-    QVERIFY(!QFile::exists(dialog.logFile()));
-}
-
-void tst_FormCSound::error_beyondTheText_doesNoHarm()
-{
-    Dialog dialog(QStringLiteral("errors"));
-    dialog.orchestra.SetText(QStringLiteral("one"));
-    dialog.click("Compila");
-    dialog.click("btnGoToError");
-    QVERIFY(!dialog.form->isVisible());
-    QCOMPARE(dialog.orchestra.Text(), QStringLiteral("one"));
-}
-
-void tst_FormCSound::error_inScore_selectsThere()
-{
-    Dialog dialog(QStringLiteral("scored"));
-    dialog.click("Compila");
-    dialog.click("btnGoToError");
-    QCOMPARE(selection(dialog.score), QStringLiteral("i2 0 1 2"));
-    QCOMPARE(selection(dialog.orchestra), QString());
-}
-
-void tst_FormCSound::error_selectedInLog()
-{
-    Dialog dialog(QStringLiteral("errors"));
-    dialog.click("Compila");
-    QCOMPARE(dialog.output->textCursor().selectedText(),
-             QStringLiteral("error: syntax error, line 2"));
-}
-
-void tst_FormCSound::error_farDownInALongLog_isSelected()
-{
-    LinkedOutput output([](const QStringList &, qsizetype) { return false; }, 1, nullptr);
-    const QString line = QStringLiteral("a line of many\r\n");
-    const QString text = line.repeated(60'000) + QStringLiteral("the error\r\n") + line;
-    output.setText(text);
-    output.insertBanner(0);
-    output.show();
-    output.select(output.text().indexOf(QLatin1String("error")), 5);
-    QVERIFY(!output.textCursor().hasSelection()); // as far as that it is not there yet
-    QTRY_COMPARE(output.textCursor().selectedText(), QStringLiteral("error"));
-    QCOMPARE(output.textCursor().blockNumber(), 60'007);
-    // A new text drops what was to be selected in the old one.
-    output.setText(text);
-    output.select(text.indexOf(QLatin1String("error")), 5);
-    output.setText(QStringLiteral("new"));
-    QCoreApplication::processEvents();
-    QVERIFY(!output.textCursor().hasSelection());
-}
-
-void tst_FormCSound::link_doubleClick_selectsTheLine()
-{
-    Dialog dialog(QStringLiteral("links"));
-    dialog.click("Compila");
-    QVERIFY(!dialog.goToError()->isVisible()); // its rules find nothing in such a log
-    dialog.doubleClick(QStringLiteral(" from file"));
-    QCOMPARE(selection(dialog.orchestra), QStringLiteral("two two"));
-    QVERIFY(!dialog.form->isVisible());
-
-    dialog.show();
-    dialog.click("Compila");
-    dialog.doubleClick(QStringLiteral("in line 1"));
-    QCOMPARE(selection(dialog.score), QStringLiteral("i1 0 1"));
-    QVERIFY(!dialog.form->isVisible());
-}
-
-void tst_FormCSound::link_pointer_showsIt()
-{
-    Dialog dialog(QStringLiteral("links"));
-    dialog.click("Compila");
-    const auto moveTo = [&](int block) {
-        const QTextCursor cursor(dialog.output->document()->findBlockByNumber(block));
-        QTest::mouseMove(dialog.output->viewport(), dialog.output->cursorRect(cursor).center());
-        return dialog.output->viewport()->cursor().shape();
-    };
-    const QStringList lines = dialog.text().split(QStringLiteral("\r\n"));
-    const int link = int(lines.indexOf(QRegularExpression(QStringLiteral("^ from file.*"))));
-    QTRY_COMPARE(moveTo(link), Qt::PointingHandCursor);
-    QTRY_COMPARE(moveTo(link - 1), Qt::IBeamCursor);
-    // Only the link is underlined.
-    const auto hasLine = [&](int block) {
-        const QTextCursor cursor(dialog.output->document()->findBlockByNumber(block));
-        QRect row = dialog.output->cursorRect(cursor);
-        row.setWidth(60);
-        const QImage image = dialog.output->viewport()->grab(row).toImage();
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x)
-                if (image.pixelColor(x, y) == QColor(0, 0, 220))
-                    return true;
-        return false;
-    };
-    QVERIFY(hasLine(link));
-    QVERIFY(!hasLine(link - 1));
-}
-
-void tst_FormCSound::link_otherLine_selectsItsWord()
-{
-    Dialog dialog(QStringLiteral("links"));
-    dialog.click("Compila");
-    dialog.doubleClick(QStringLiteral("error"));
-    QVERIFY(dialog.form->isVisible());
-    QCOMPARE(dialog.output->textCursor().selectedText(), QStringLiteral("error"));
-}
-
 void tst_FormCSound::leaving_anyWay_closingSteps_data()
 {
     QTest::addColumn<QString>("way");
@@ -499,11 +418,15 @@ void tst_FormCSound::leaving_anyWay_closingSteps_data()
 void tst_FormCSound::leaving_anyWay_closingSteps()
 {
     QFETCH(QString, way);
-    Dialog dialog;
+    CSoundDialog dialog;
     dialog.click("Compila");
     QVERIFY(QFile::exists(dialog.logFile()));
     dialog.click("btnClose");
     dialog.click("Command2");
+    dialog.writeWave(QStringLiteral("logged.wav"));
+    for (int i = 0; i < 2; ++i) // which opens the wave
+        dialog.click("CheckRealTime");
+    QCOMPARE(dialog.playerMode(), int(MMControl::Stopped));
     dialog.config.FileCSound = QStringLiteral("/chosen");
     if (way == QLatin1String("Command1"))
         dialog.click("Command1");
@@ -515,7 +438,7 @@ void tst_FormCSound::leaving_anyWay_closingSteps()
     QVERIFY(!QFile::exists(dialog.logFile()));
     QVERIFY(QFile::exists(dialog.path(QStringLiteral("own/CSFlags.dat"))));
     QCOMPARE(dialog.config.FileCSound, StandInCompiler::path());
-    QCOMPARE(dialog.control<MMControl>("MMControl1")->Length(), 0);
+    QCOMPARE(dialog.playerMode(), int(MMControl::NotOpen));
 }
 
 void tst_FormCSound::leaving_duringRun_endsTheCompiler_data()
@@ -528,7 +451,7 @@ void tst_FormCSound::leaving_duringRun_endsTheCompiler_data()
 void tst_FormCSound::leaving_duringRun_endsTheCompiler()
 {
     QFETCH(QString, piece);
-    Dialog dialog(piece);
+    CSoundDialog dialog(piece);
     dialog.click("Command2");
     bool flagsSaved = false;
     dialog.whenRunning([&] {
@@ -547,28 +470,18 @@ void tst_FormCSound::leaving_duringRun_endsTheCompiler()
 
 void tst_FormCSound::leaving_stubbornLog_isDeleted()
 {
-    Dialog dialog(QStringLiteral("stubborn"));
-    dialog.whenRunning([&] { dialog.form->close(); });
+    CSoundDialog dialog(QStringLiteral("stubborn"));
+    dialog.whenRunning([&] {
+        dialog.form->close();
+        QTRY_VERIFY(QFile::exists(dialog.logFile())); // the compiler is still there and made it
+    });
     dialog.click("Compila");
     QVERIFY(!QFile::exists(dialog.logFile()));
 }
 
-void tst_FormCSound::deluge_staysBoundedAndSaysSo()
-{
-    Dialog dialog(QStringLiteral("deluge"));
-    dialog.click("Compila");
-    QVERIFY(dialog.goToError()->isVisible());
-    QVERIFY(dialog.text().size() < 20'000'000);
-    static const QRegularExpression said(
-        QStringLiteral("\\[\\.\\.\\. \\d{9} bytes of the log are not shown here \\.\\.\\.\\]"));
-    QVERIFY(dialog.text().contains(said));
-    dialog.click("btnGoToError");
-    QCOMPARE(selection(dialog.orchestra), QStringLiteral("three"));
-}
-
 void tst_FormCSound::keys_enter_pressesTheFocusedButton()
 {
-    Dialog dialog;
+    CSoundDialog dialog;
     QVERIFY(dialog.control("Compila")->hasFocus());
     for (const char *name : {"Score", "Wave"}) {
         auto *field = dialog.control<QLineEdit>(name);
@@ -585,9 +498,28 @@ void tst_FormCSound::keys_enter_pressesTheFocusedButton()
     QTRY_VERIFY(!dialog.isPanelOpen());
 }
 
+void tst_FormCSound::keys_tab_followsTheRows()
+{
+    CSoundDialog dialog;
+    dialog.control<QLineEdit>("dir_Csound")->setFocus();
+    QStringList names;
+    for (int i = 0; i < 10; ++i) {
+        names.append(dialog.form->focusWidget()->objectName());
+        QTest::keyClick(dialog.form->focusWidget(), Qt::Key_Tab);
+    }
+    QCOMPARE(names,
+             QStringList({"dir_Csound", "CercaCsound", "Orchestra", "Score", "Wave",
+                          "CheckRealTime", "Flags", "Command2", "Command3", "CommandFlags"}));
+    dialog.control("EditorFileWave")->setFocus();
+    QTest::keyClick(dialog.form.get(), Qt::Key_Tab);
+    QVERIFY(dialog.control("Compila")->hasFocus());
+    QTest::keyClick(dialog.form.get(), Qt::Key_Tab);
+    QVERIFY(dialog.control("Command1")->hasFocus());
+}
+
 void tst_FormCSound::playing_disablesTheButtons()
 {
-    Dialog dialog;
+    CSoundDialog dialog;
     auto *media = dialog.control<MMControl>("MMControl1");
     const auto enabled = [&dialog] {
         QStringList names;

@@ -16,6 +16,8 @@ private slots:
     void project_opening_showsPathAndFiles();
     void project_play_passesTheFields();
     void project_ownFlags_areNotRefused();
+    void browse_file_isWhatPlays_data();
+    void browse_file_isWhatPlays();
     void browse_file_countsUntilClosing_data();
     void browse_file_countsUntilClosing();
     void play_missingCompiler_saysNothing_data();
@@ -76,8 +78,9 @@ void tst_FormCSoundAV::csd_play_startsAndCloses()
     QVERIFY(!dialog.form->isVisible());
     QCOMPARE(arguments(dialog, QStringLiteral("my piece; $HOME.csd")),
              QStringList{dialog.config.CSDFileName});
-    QVERIFY(dialog.read(QStringLiteral("my piece; $HOME.csd.log"))
-                .contains("directory " + QCoreApplication::applicationDirPath().toUtf8()));
+    const QByteArray told = dialog.read(QStringLiteral("my piece; $HOME.csd.log"));
+    QVERIFY(told.contains("directory " + QCoreApplication::applicationDirPath().toUtf8()));
+    QVERIFY(told.contains("SFDIR=" + dialog.folder.path().toUtf8() + '\n'));
 }
 
 void tst_FormCSoundAV::csd_editedField_hasNoEffect()
@@ -116,6 +119,9 @@ void tst_FormCSoundAV::project_play_passesTheFields()
     QVERIFY(!dialog.form->isVisible());
     QCOMPARE(arguments(dialog, QStringLiteral("my piece.orc")),
              QStringList({"-a", "b c", dialog.config.OrchestraFileName, "/other.sco"}));
+    const QByteArray told = dialog.read(QStringLiteral("my piece.orc.log"));
+    QVERIFY(told.contains("directory " + QCoreApplication::applicationDirPath().toUtf8()));
+    QVERIFY(told.contains("SFDIR=" + dialog.folder.path().toUtf8() + '\n'));
 }
 
 void tst_FormCSoundAV::project_ownFlags_areNotRefused()
@@ -126,6 +132,26 @@ void tst_FormCSoundAV::project_ownFlags_areNotRefused()
     dialog.click("Compila");
     QCOMPARE(arguments(dialog, QStringLiteral("my piece.orc")).mid(0, 2), QStringList({"-o", "x"}));
     QCOMPARE(dialog.dialogs.verify(), QString());
+}
+
+void tst_FormCSoundAV::browse_file_isWhatPlays_data() { bothForms(); }
+
+void tst_FormCSoundAV::browse_file_isWhatPlays()
+{
+    QFETCH(bool, project);
+    ProjectDialog dialog(QStringLiteral("my piece"));
+    const QString chosen = dialog.path(QStringLiteral("own/av"));
+    QVERIFY(QFile::link(StandInCompiler::path(), chosen));
+    dialog.config.FileDirectCSound = QStringLiteral("/nowhere/av");
+    open(dialog);
+    dialog.dialogs.expectOpen(QStringLiteral("DirectCSound/CSoundAV Directory"), chosen);
+    dialog.click("CercaCsound");
+    dialog.click("Compila");
+    const QString piece = project ? QStringLiteral("my piece.orc") : QStringLiteral("my piece.csd");
+    QVERIFY(arguments(dialog, piece).contains(dialog.path(piece)));
+    QVERIFY(dialog.read(piece + QStringLiteral(".log"))
+                .contains("directory " + dialog.path(QStringLiteral("own")).toUtf8()));
+    QCOMPARE(dialog.config.FileDirectCSound, QStringLiteral("/nowhere/av"));
 }
 
 void tst_FormCSoundAV::browse_file_countsUntilClosing_data() { bothForms(); }

@@ -116,6 +116,7 @@ void tst_Launchers::csdWinsound_ok_startsIt()
     const QString log = QString::fromUtf8(m_program->read(QStringLiteral("my piece.csd.log")));
     QCOMPARE(m_program->argumentsIn(log), QStringList{m_program->config.CSDFileName});
     QVERIFY(log.contains(QStringLiteral("directory ") + QCoreApplication::applicationDirPath()));
+    QVERIFY(log.contains(QStringLiteral("SFDIR=") + m_program->folder.path() + u'\n'));
 }
 
 void tst_Launchers::csdWinsound_cancel_startsNothing()

@@ -1,4 +1,5 @@
 #include "documents/CommandChecks.h"
+#include "documents/ProgramStarts.h"
 #include "documents/ui/FormCSD.h"
 #include "language/editor/LEditOCX.h"
 #include "support/EditorInput.h"
@@ -43,6 +44,7 @@ private slots:
     void analysis_entries_openTheirWindows();
     void audio_entries_openTheirWindows_data();
     void audio_entries_openTheirWindows();
+    void programs_everyWay_leadsToItsOwn();
 
     // Editing.
     void edit_entries_actOnTheFirstView();
@@ -315,6 +317,16 @@ void tst_FormCSD::audio_entries_openTheirWindows()
     });
     trigger(entry.constData());
     QTEST(shown, "window");
+}
+
+void tst_FormCSD::programs_everyWay_leadsToItsOwn()
+{
+    show();
+    m_program->config.CSDFileName.clear();
+    QWidget &editor = *first()->focusProxy();
+    ProgramStarts::goToCompilers(*m_program, *m_window, editor, QStringLiteral("File"));
+    ProgramStarts::goToTools(*m_program, *m_window, editor);
+    ProgramStarts::goToMissingHtmlHelp(*m_program, *m_window, editor);
 }
 
 // Editing. ---------------------------------------------------------------------------------------

@@ -1,4 +1,5 @@
 #include "documents/CommandChecks.h"
+#include "documents/ProgramStarts.h"
 #include "documents/ProjectWindow.h"
 
 #include <QClipboard>
@@ -31,6 +32,7 @@ private slots:
     void buttons_doWhatTheirCommandsDo();
     void popup_hasNoLastPosition();
     void analysis_entries_openTheirWindows();
+    void programs_everyWay_leadsToItsOwn();
     void window_keepsItsTitle();
 
     // Arrangements.
@@ -236,6 +238,16 @@ void tst_FormORCSCO::analysis_entries_openTheirWindows()
 {
     m->show();
     QCOMPARE(CommandChecks::wrongAnalysisEntries(*m->window), QStringList());
+}
+
+void tst_FormORCSCO::programs_everyWay_leadsToItsOwn()
+{
+    m->show();
+    m->config.OrchestraFileName.clear();
+    QWidget &editor = *m->orchestra->focusProxy();
+    ProgramStarts::goToCompilers(*m, *m->window, editor, QStringLiteral("File Orchestra"));
+    ProgramStarts::goToTools(*m, *m->window, editor);
+    ProgramStarts::goToMissingHtmlHelp(*m, *m->window, editor);
 }
 
 void tst_FormORCSCO::window_keepsItsTitle()

@@ -77,8 +77,10 @@ void CompilerDialog::addRow(const QString &label, QWidget *control, QWidget *bes
     words->setBuddy(control);
     m_fields->addWidget(words, row, 0);
     m_fields->addWidget(control, row, 1, 1, beside ? 1 : 2);
-    if (beside)
+    if (beside) {
         m_fields->addWidget(beside, row, 2);
+        setTabOrder(control, beside);
+    }
 }
 
 void CompilerDialog::addFlags(const FlagList &flags)
@@ -107,9 +109,14 @@ void CompilerDialog::browse()
     dir_Csound->setText(*path);
 }
 
+bool CompilerDialog::isEnter(const QKeyEvent &event)
+{
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
 void CompilerDialog::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+    if (!isEnter(*event))
         return QDialog::keyPressEvent(event);
     if (auto *button = qobject_cast<QPushButton *>(focusWidget()))
         button->click();

@@ -59,6 +59,8 @@ protected:
     void restoreCompiler() { m_config.*m_kind.path = SavedCompilerPath; }
 
     void keyPressEvent(QKeyEvent *event) override;
+    /// Of either block of the keyboard.
+    static bool isEnter(const QKeyEvent &event);
 
     QLineEdit *dir_Csound;
     QPushButton *CercaCsound;

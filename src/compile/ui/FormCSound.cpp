@@ -123,6 +123,8 @@ std::optional<ErrorPlace> FormCSound::placeAt(const QStringList &lines, qsizetyp
 
 void FormCSound::goTo(const ErrorPlace &place)
 {
+    if (place.target == ErrorTarget::None)
+        return;
     LEditOCX &editor = place.target == ErrorTarget::Score ? m_score : m_orchestra;
     editor.SelStartLine = place.line;
     editor.SelEndLine = place.line;

@@ -1,12 +1,11 @@
 #include "compile/ui/FormCSoundAV.h"
 
 #include "app/ConfigurationBlock.h"
-#include "compile/CompileRules.h"
+#include "compile/CompilerStart.h"
 #include "compile/ProjectParameters.h"
 #include "compile/ui/FlagCombo.h"
 #include "compile/ui/FlagList.h"
 #include "platform/CommandText.h"
-#include "platform/StartDetached.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -53,8 +52,8 @@ FormCSoundAV::FormCSoundAV(const CompileContext &context) : CompilerDialog(csdDi
 
 void FormCSoundAV::compile()
 {
-    StartDetached(compilerPath(), quoted(config().CSDFileName),
-                  ExecutableDirectory(compilerPath()));
+    const QString &csd = config().CSDFileName;
+    startCompiler(compilerPath(), quoted(csd), csd);
     close();
 }
 
@@ -77,10 +76,10 @@ FormCSoundAVORC::FormCSoundAVORC(const CompileContext &context)
 
 void FormCSoundAVORC::compile()
 {
-    StartDetached(
+    startCompiler(
         compilerPath(),
         playedProjectParameters({m_flags->text(), QString(), Orchestra->text(), Score->text()}),
-        ExecutableDirectory(compilerPath()));
+        config().OrchestraFileName);
     close();
 }
 
@@ -93,7 +92,7 @@ void FormCSoundAVORC::done(int result)
 
 void FormCSoundAVORC::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Return && m_flags->Flags->hasFocus())
+    if (isEnter(*event) && m_flags->Flags->hasFocus())
         Compila->setFocus();
     else
         CompilerDialog::keyPressEvent(event);

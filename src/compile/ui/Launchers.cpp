@@ -1,7 +1,7 @@
 #include "compile/ui/Launchers.h"
 
 #include "app/ConfigurationBlock.h"
-#include "compile/CompileRules.h"
+#include "compile/CompilerStart.h"
 #include "compile/LaunchChecks.h"
 #include "compile/ui/FormCSound.h"
 #include "compile/ui/FormCSoundAV.h"
@@ -9,7 +9,6 @@
 #include "compile/ui/FormWinsound.h"
 #include "language/editor/LEditOCX.h"
 #include "platform/CommandText.h"
-#include "platform/StartDetached.h"
 
 namespace ardiphon {
 
@@ -62,8 +61,8 @@ void launchCsdWinsound(const CompileContext &context, const LEditOCX &editor)
                            MessageIcon::Question, MessageButtons::OkCancel};
     if (context.dialogs.message(question) != Answer::Ok)
         return;
-    const QString &winsound = context.config.FileWinsound;
-    StartDetached(winsound, quoted(context.config.CSDFileName), ExecutableDirectory(winsound));
+    const QString &csd = context.config.CSDFileName;
+    startCompiler(context.config.FileWinsound, quoted(csd), csd);
 }
 
 void launchCsdCSoundAV(const CompileContext &context, const LEditOCX &editor)
