@@ -42,8 +42,8 @@ void HintPanel::moveTo(const QRect &room)
 {
     layout()->activate();
     const int wanted = heightFor(room.width());
-    const bool leavesAControl = room.height() - wanted >= Command5->height();
-    const int height = leavesAControl ? wanted : room.height(); // none is covered by half
+    const bool leavesAControl = room.height() - wanted >= Command5->sizeHint().height();
+    const int height = leavesAControl ? wanted : room.height(); // no button is covered by half
     setGeometry({room.topLeft(), QSize(room.width(), qMax(height, minimumSizeHint().height()))});
 }
 
