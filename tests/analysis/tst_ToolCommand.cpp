@@ -31,6 +31,15 @@ ToolValues with(ToolValues values, const QHash<QString, QString> &texts,
     return values;
 }
 
+/// Every number has its index as its value, between blanks.
+ToolValues padded(const AnalysisTool &tool, int count)
+{
+    ToolValues values = defaults(tool);
+    for (int i = 0; i < count; ++i)
+        values.texts.insert(QStringLiteral("TextFlags(%1)").arg(i), QStringLiteral(" %1 ").arg(i));
+    return values;
+}
+
 QString fieldName(int index) { return QStringLiteral("TextFlags(%1)").arg(index); }
 
 const QString hetroDefaults = QStringLiteral("-b0.0 -d0.0 -M32767 -m64 -c1 -h10 -n256");
@@ -129,16 +138,7 @@ void tst_ToolCommand::hetro_rules_data()
         " -l500 -s44100 -x", {"CheckMoreFlags"});
 
     QTest::newRow("every field in its place, trimmed")
-        << with(defaults(Hetro), {{fieldName(0), " 1 "},
-                                  {fieldName(1), "2"},
-                                  {fieldName(2), "3"},
-                                  {fieldName(3), "4"},
-                                  {fieldName(4), " 5"},
-                                  {fieldName(5), "6 "},
-                                  {fieldName(6), "7"},
-                                  {fieldName(7), "8"},
-                                  {fieldName(8), "9 "}})
-        << QStringLiteral("-b1 -d2 -M3 -m4 -c6 -h7 -n8 -l 5 -s9 ");
+        << padded(Hetro, 9) << QStringLiteral("-b0 -d1 -M2 -m3 -c5 -h6 -n7 -l 4  -s 8 ");
     const QString longText(10000, u'7');
     QTest::newRow("long field") << with(defaults(Hetro), {{fieldName(0), longText}})
                                 << QString(hetroDefaults).replace("-b0.0", "-b" + longText);
@@ -164,6 +164,8 @@ void tst_ToolCommand::lpanal_rules_data()
     row("poles", {}, " -a", {"CheckPoles"});
     row("all", {{fieldName(4), "c"}, {fieldName(8), "1"}, {"TextMoreFlags", "-x"}},
         " -Cc -s1 -g -a -x", {"CheckGraphic", "CheckPoles", "CheckMoreFlags"});
+    QTest::newRow("every field in its place, trimmed")
+        << padded(LPAnal, 9) << QStringLiteral("-b0 -d1 -p2 -h3 -c5 -P6 -Q7 -v0 -C 4  -s 8 ");
     QTest::newRow("no pitch tracking") << with(defaults(LPAnal), {{fieldName(6), "0"}})
                                        << QString(lpDefaults).replace("-P70", "-P0");
     QTest::newRow("hopsize and highest frequency are two")
@@ -197,6 +199,9 @@ void tst_ToolCommand::pvanal_rules_data()
     row("all", {{fieldName(5), "1"}, {fieldName(7), "t"}, {"TextMoreFlags", "-x"}},
         " -s1 -Vt -G200 -g -v -x",
         {"CheckText", "CheckLatch", "CheckGraphic", "CheckVerbose", "CheckMoreFlags"});
+    QTest::newRow("every field in its place, trimmed")
+        << with(padded(PVAnal, 8), {}, {"CheckText", "CheckLatch"})
+        << QStringLiteral("-b0 -d1 -c2 -n3 -w 4  -s 5  -V 7  -G 6 ");
     QTest::newRow("hopsize") << with(defaults(PVAnal), {{fieldName(4), "128"}}, {}, 1)
                              << QString(pvDefaults).replace("-w4", "-h128");
     QTest::newRow("no item") << with(defaults(PVAnal), {}, {}, -1)
@@ -222,6 +227,8 @@ void tst_ToolCommand::cvanal_rules_data()
     row("negative channel", {{fieldName(2), "-1"}}, " -c-1");
     row("rate", {{fieldName(3), "8000"}}, " -s8000");
     row("both", {{fieldName(2), "2"}, {fieldName(3), "8000"}}, " -c2 -s8000");
+    QTest::newRow("every field in its place, trimmed")
+        << padded(CVAnal, 4) << QStringLiteral("-b0 -d1 -c 2  -s 3 ");
 }
 
 void tst_ToolCommand::cvanal_rules()
@@ -247,6 +254,9 @@ void tst_ToolCommand::dnoise_rules_data()
     row("verbose", {}, " -V", {"CheckVerbose"});
     row("all", {{"TextSoundfileFlags", "-3"}, {"TextMoreFlags", "-x"}}, " -J -3 -R -H1 -V -x",
         {"OptionIRCAM", "CheckRewrite", "CheckHeartbeat", "CheckVerbose", "CheckMoreFlags"});
+    QTest::newRow("every field in its place, trimmed")
+        << with(padded(DNoise, 12), {}, {}, 1)
+        << QStringLiteral("-N0 -L2 -D3 -b4 -B5 -e6 -E7 -t8 -S9 -n10 -m11 -M 1 ");
     QTest::newRow("window length") << with(defaults(DNoise), {{fieldName(1), "0"}}, {}, 1)
                                    << QString(noiseDefaults).replace("-w-1", "-M0");
     QTest::newRow("empty fields leave their bare flags")

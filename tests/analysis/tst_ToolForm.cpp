@@ -96,6 +96,7 @@ private slots:
     void typing_oddNumbers_areTaken();
     void paste_letters_isRefusedAsAWhole();
     void paste_byMouse_bringsBackTheLastKeyDown();
+    void paste_beforeAnyKey_emptiesTheField();
     void paste_longText();
     void emptyField_getsItsDefaultWhenLeft();
     void emptyField_underAMenuOrAnotherProgram_staysEmpty();
@@ -104,6 +105,8 @@ private slots:
     void revert_keepsTheFiles();
     void hint_disablesTheButtons();
     void hint_escape_closesOnlyTheHint();
+    void hint_escapeInThePanel_closesOnlyTheHint();
+    void hint_coversNoControlByHalf();
     void hint_isTakenBackByItsButton();
     void hint_liesBesideTheMarks();
     void escape_closesTheForm();
@@ -261,6 +264,13 @@ void tst_ToolForm::paste_byMouse_bringsBackTheLastKeyDown()
     QCOMPARE(m_form->field(2)->cursorPosition(), 1);
 }
 
+void tst_ToolForm::paste_beforeAnyKey_emptiesTheField()
+{
+    QApplication::clipboard()->setText(QStringLiteral("12a"));
+    m_form->field(0)->paste();
+    QCOMPARE(m_form->field(0)->text(), QString());
+}
+
 void tst_ToolForm::paste_longText()
 {
     const QString digits(10000, u'7');
@@ -404,6 +414,27 @@ void tst_ToolForm::hint_escape_closesOnlyTheHint()
         QVERIFY2(m_form->button(name)->isEnabled(), name);
     QTest::keyClick(m_form->field(0), Qt::Key_Escape);
     QVERIFY(!m_form->form->isVisible());
+}
+
+void tst_ToolForm::hint_escapeInThePanel_closesOnlyTheHint()
+{
+    for (const char *name : {"Text1", "Command5"}) {
+        m_form->help(1);
+        QTest::keyClick(m_form->control<QWidget>(QLatin1String(name)), Qt::Key_Escape);
+        QVERIFY2(!m_form->frame()->isVisible(), name);
+        QVERIFY2(m_form->form->isVisible(), name);
+    }
+}
+
+void tst_ToolForm::hint_coversNoControlByHalf()
+{
+    m_form = std::make_unique<ShownForm>(CVAnal); // it is low enough for the panel to reach the end
+    for (int i = 0; i < 4; ++i) {
+        m_form->help(i);
+        const int bottom = m_form->frame()->geometry().bottom();
+        const QRect exit = m_form->button("CommandExit")->geometry();
+        QVERIFY(bottom < exit.top() || bottom >= exit.bottom());
+    }
 }
 
 void tst_ToolForm::hint_isTakenBackByItsButton()

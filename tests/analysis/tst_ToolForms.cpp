@@ -2,6 +2,10 @@
 
 #include "analysis/ShownForm.h"
 
+#include <QAbstractItemView>
+
+#include <sys/stat.h>
+
 using namespace ardiphon;
 
 namespace {
@@ -13,6 +17,41 @@ void choose(const ShownForm &form, int item)
     QTest::keyClick(combo, item ? Qt::Key_Down : Qt::Key_Up);
     QCOMPARE(combo->currentIndex(), item);
 }
+
+/// Chooses the item that is chosen already.
+void chooseAgain(const ShownForm &form)
+{
+    auto *const combo = form.control<QComboBox>(QStringLiteral("Combo1"));
+    combo->showPopup();
+    QTest::keyClick(combo->view(), Qt::Key_Return);
+}
+
+/// What a form shows each time that its pointer changes: the pointer, and the listing.
+class PointerWatch : public QObject
+{
+public:
+    explicit PointerWatch(const ShownForm &form) : m_form(form)
+    {
+        form.form->installEventFilter(this);
+    }
+
+    QList<std::pair<Qt::CursorShape, QString>> seen;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() != QEvent::CursorChange)
+            return false;
+        const std::pair now{static_cast<QWidget *>(watched)->cursor().shape(),
+                            m_form.control<QPlainTextEdit>("RtfPVLook")->toPlainText()};
+        if (seen.isEmpty() || seen.constLast() != now) // one change may come in several events
+            seen.append(now);
+        return false;
+    }
+
+private:
+    const ShownForm &m_form;
+};
 
 } // namespace
 
@@ -26,7 +65,10 @@ private slots:
     void lpanal_revert();
 
     void pvanal_formats_chooseTheSuffix();
+    void pvanal_formatClickedAgain_writesTheNameAgain();
+    void pvanal_formatByArrowKey_writesTheName();
     void pvanal_comboWritesItsDefault();
+    void combo_itemChosenAgain_writesItsDefault();
     void pvanal_text_isProposedAndKept();
     void pvanal_checks_enableTheirFields();
     void pvanal_revert_keepsFormatAndItem();
@@ -38,12 +80,18 @@ private slots:
     void dnoise_browseForNoise_leavesTheOutput();
     void dnoise_emptyField_staysEmpty();
     void dnoise_run_showsItsLine();
+    void dnoise_line_isShownBeforeTheStart();
+    void dnoise_line_isNotShownWithoutAStart();
     void dnoise_runWithMoreFlags_takesTheLineAlong();
+    void dnoise_freeTexts_takeLetters();
+    void dnoise_revertByKey_leavesTheFocus();
     void dnoise_revert_keepsMoreFlagsChecked();
     void dnoise_options_areWritten();
 
     void pvlook_withoutAFile_clearsTheListing();
     void pvlook_showsTheFileOnce();
+    void pvlook_reading_showsTheHourglass();
+    void pvlook_fileThatCannotBeRead_isDeletedAllTheSame();
     void pvlook_badFile_isSilent();
     void pvlook_browse_clearsTheListing();
     void pvlook_obstacles();
@@ -111,6 +159,35 @@ void tst_ToolForms::pvanal_formats_chooseTheSuffix()
                                             "\"/s/a.pv\""));
 }
 
+void tst_ToolForms::pvanal_formatClickedAgain_writesTheNameAgain()
+{
+    ShownForm form(PVAnal);
+    form.browse(QStringLiteral("/s/a.wav"));
+    form.type(form.text("TextOutput"), QStringLiteral("mine"));
+    form.tick("OptionPV");
+    QCOMPARE(form.text("TextOutput")->text(), QStringLiteral("/s/a.pv"));
+}
+
+void tst_ToolForms::pvanal_formatByArrowKey_writesTheName()
+{
+    ShownForm form(PVAnal);
+    form.browse(QStringLiteral("/s/a.wav"));
+    form.button("OptionPV")->setFocus();
+    QTest::keyClick(form.button("OptionPV"), Qt::Key_Right);
+    QVERIFY(form.button("OptionPVX")->isChecked());
+    QCOMPARE(form.text("TextOutput")->text(), QStringLiteral("/s/a.pvx"));
+}
+
+void tst_ToolForms::combo_itemChosenAgain_writesItsDefault()
+{
+    for (const auto &[tool, field, text] : {std::tuple(&PVAnal, 4, "4"), {&DNoise, 1, "-1"}}) {
+        ShownForm form(*tool);
+        form.type(field, QStringLiteral("9"));
+        chooseAgain(form);
+        QCOMPARE(form.field(field)->text(), QLatin1String(text));
+    }
+}
+
 void tst_ToolForms::pvanal_comboWritesItsDefault()
 {
     ShownForm form(PVAnal);
@@ -135,8 +212,10 @@ void tst_ToolForms::pvanal_text_isProposedAndKept()
     form.tick("CheckText");
     form.browse(QStringLiteral("/s/a.wav"));
     QCOMPARE(form.field(7)->text(), QStringLiteral("/s/a.txt"));
+    form.type(7, QStringLiteral("mine"));
     form.tick("OptionPVX");
-    QCOMPARE(form.field(7)->text(), QStringLiteral("/s/a.txt"));
+    QCOMPARE(form.field(7)->text(), QStringLiteral("mine"));
+    form.browse(QStringLiteral("/s/a.wav"));
     form.tick("CheckText");
     QVERIFY(!form.analyze().contains(QStringLiteral("-V")));
     form.tick("CheckText");
@@ -253,6 +332,48 @@ void tst_ToolForms::dnoise_run_showsItsLine()
     QCOMPARE(form.analyze(), parameters);
 }
 
+void tst_ToolForms::dnoise_line_isShownBeforeTheStart()
+{
+    ShownForm form(DNoise);
+    QString shown;
+    form.passOn = [&](auto...) { shown = form.text("TextMoreFlags")->text(); };
+    QCOMPARE(form.analyze(), shown);
+    QVERIFY(!shown.isEmpty());
+}
+
+void tst_ToolForms::dnoise_line_isNotShownWithoutAStart()
+{
+    ShownForm form(DNoise);
+    form.program.config.FileCSound.clear();
+    form.program.dialogs.expect({.text = QStringLiteral("Cannot find CSound.exe!\r\nSelect "
+                                                        "File->Settings->Csound.exe!")});
+    form.click("CommandAnalyze");
+    QCOMPARE(form.text("TextMoreFlags")->text(), QString());
+}
+
+void tst_ToolForms::dnoise_freeTexts_takeLetters()
+{
+    ShownForm form(DNoise);
+    form.tick("CheckHeartbeat");
+    for (const char *name : {"TextHeartbeat", "TextSoundfileFlags"}) {
+        form.type(form.text(name), QStringLiteral("+a b"));
+        QCOMPARE(form.text(name)->text(), QStringLiteral("+a b"));
+        form.type(form.text(name), QString());
+        QTest::keyClick(form.text(name), Qt::Key_Tab);
+        QCOMPARE(form.text(name)->text(), QString());
+    }
+}
+
+void tst_ToolForms::dnoise_revertByKey_leavesTheFocus()
+{
+    ShownForm form(DNoise);
+    form.tick("CheckMoreFlags");
+    form.type(form.text("TextMoreFlags"), QStringLiteral("-x"));
+    QTest::keyClick(form.text("TextMoreFlags"), Qt::Key_R, Qt::AltModifier);
+    QTRY_COMPARE(form.text("TextMoreFlags")->text(), QString());
+    QVERIFY(form.text("TextMoreFlags")->hasFocus());
+}
+
 void tst_ToolForms::dnoise_runWithMoreFlags_takesTheLineAlong()
 {
     ShownForm form(DNoise);
@@ -326,6 +447,31 @@ void tst_ToolForms::pvlook_showsTheFileOnce()
     QCOMPARE(listing->toPlainText(), QString());
 }
 
+void tst_ToolForms::pvlook_reading_showsTheHourglass()
+{
+    ShownForm form(PVLook);
+    form.browse(QStringLiteral("a.pv"));
+    form.program.write(QStringLiteral("pv_temp.txt"), "a listing");
+    PointerWatch pointer(form);
+    form.click("CommandAnalyze");
+    const decltype(pointer.seen) expected{{Qt::WaitCursor, "Reading Data:"},
+                                          {Qt::ArrowCursor, "a listing"}};
+    QCOMPARE(pointer.seen, expected);
+}
+
+/// A pipe, which nobody writes to.
+void tst_ToolForms::pvlook_fileThatCannotBeRead_isDeletedAllTheSame()
+{
+    ShownForm form(PVLook);
+    form.browse(QStringLiteral("a.pv"));
+    const QString pipe = form.program.path(QStringLiteral("pv_temp.txt"));
+    QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    form.click("CommandAnalyze");
+    QCOMPARE(form.control<QPlainTextEdit>("RtfPVLook")->toPlainText(),
+             QStringLiteral("Reading Data:"));
+    QVERIFY(!QFile::exists(pipe));
+}
+
 void tst_ToolForms::pvlook_badFile_isSilent()
 {
     ShownForm form(PVLook);
@@ -375,7 +521,7 @@ void tst_ToolForms::pvlook_save_writesTheListing()
     ShownForm form(PVLook);
     form.browse(QStringLiteral("a.pv"));
     const QString title = QStringLiteral("Save File As ...");
-    for (const QByteArray bytes : {"one\ntwo \xc3\xa8\n", "one\r\ntwo\r\n"}) {
+    for (const QByteArray bytes : {"one\ntwo \xc3\xa8\n", "one\r\ntwo\r\n", "a \xa0 b\n"}) {
         form.program.write(QStringLiteral("pv_temp.txt"), bytes);
         form.click("CommandAnalyze");
         form.program.dialogs.expectSave(title, form.program.path(QStringLiteral("list.txt")));

@@ -88,7 +88,7 @@ void tst_ToolRuns::show(const AnalysisTool &tool)
         startInTerminal(file, parameters, directory, m_programFolder);
     };
     m_form->program.write(QStringLiteral("a tone.wav"), tone(8000));
-    m_form->program.write(QStringLiteral("noise.wav"), tone(0));
+    m_form->program.write(QStringLiteral("some noise.wav"), tone(0));
     const QString terminal = m_form->program.write(
         QStringLiteral("x-terminal-emulator"),
         "#!/bin/sh\ncd \"${0%/*}\"\nhere=$PWD\nprintf '%s\\n' \"$@\" >arguments\nshift\n"
@@ -139,7 +139,7 @@ void tst_ToolRuns::tool_writesWhatItWritesInAShell()
     show(*tool);
     browse("a tone.wav");
     if (tool == &DNoise) {
-        browse("noise.wav", "Command2");
+        browse("some noise.wav", "Command2");
         m_form->type(6, QStringLiteral("0.5")); // 0.0 is no length of noise
     }
     QCOMPARE(m_form->text("TextOutput")->text(), path(output));
@@ -154,7 +154,7 @@ void tst_ToolRuns::dnoise_defaults_areRefusedByTheTool()
 {
     show(DNoise);
     browse("a tone.wav");
-    browse("noise.wav", "Command2");
+    browse("some noise.wav", "Command2");
     run();
     QVERIFY2(read("log").contains("not enough samples of noise reference"),
              read("log").constData());

@@ -122,9 +122,13 @@ void tst_FormAssociate::yes_associatesAndAsksNoMore()
     QCOMPARE(m_program->dialogs.verify(), "");
     QCOMPARE(associated(), QStringList({"ardiphon-csound-csd.xml", "ardiphon-csound-orc.xml",
                                         "ardiphon-csound-sco.xml"}));
-    const QByteArray package = m_program->read("data/mime/packages/ardiphon-csound-orc.xml");
-    QVERIFY(package.contains("<comment>CSound ORC file</comment>"));
-    QVERIFY(package.contains("\"*.orc\""));
+    for (const QString type : {"csd", "orc", "sco"}) {
+        const QByteArray package =
+            m_program->read("data/mime/packages/ardiphon-csound-" + type + ".xml");
+        const QString comment = "<comment>CSound " + type.toUpper() + " file</comment>";
+        QVERIFY2(package.contains(comment.toUtf8()), qPrintable(type));
+        QVERIFY2(package.contains(("\"*." + type + "\"").toUtf8()), qPrintable(type));
+    }
 }
 
 void tst_FormAssociate::yes_withoutUpdater_tellsAndStaysOpen()

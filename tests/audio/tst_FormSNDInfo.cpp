@@ -29,6 +29,7 @@ private slots:
     void browse_extension_decides_data();
     void browse_extension_decides();
     void browse_textNamedWav_showsZeros();
+    void browse_longPath_fitsTheWindow();
     void browse_cancel_changesNothing();
     void exitAndEscape_close();
 
@@ -124,6 +125,20 @@ void tst_FormSNDInfo::browse_textNamedWav_showsZeros()
     choose(m_program->write(QStringLiteral("a.wav"), QByteArray("text ").repeated(200)));
     QVERIFY(label("LabelInfo")->text().startsWith(QStringLiteral("SampleRate:  0  -  Bits:  0")));
     QVERIFY(label("LabelInfo")->text().contains(QStringLiteral("FileSize:  1")));
+}
+
+void tst_FormSNDInfo::browse_longPath_fitsTheWindow()
+{
+    const QSize before = m_form->size();
+    const QString names[] = {QString(200, u'x'), QStringLiteral("a name ").repeated(30)};
+    for (const QString &name : names) {
+        choose(m_program->write(name + QStringLiteral(".wav"), WaveBytes::wave(1, 8000, "ab")));
+        m_form->layout()->activate();
+        QCOMPARE(m_form->size(), before);
+        QVERIFY(m_form->minimumSizeHint().width() <= before.width());
+        QVERIFY(m_form->findChild<QPushButton *>("Command1")->y() >=
+                label("LabelInfo")->geometry().bottom());
+    }
 }
 
 void tst_FormSNDInfo::browse_cancel_changesNothing()

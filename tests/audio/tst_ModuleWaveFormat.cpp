@@ -150,6 +150,8 @@ void tst_ModuleWaveFormat::refused_givesZeros_data()
     QTest::newRow("other container") << QByteArray(whole).replace(0, 4, "RIFX");
     QTest::newRow("other form") << QByteArray(whole).replace(8, 4, "AVI ");
     QTest::newRow("small format") << QByteArray(whole).replace(16, 4, number<qint32>(15));
+    QTest::newRow("small format with data behind it")
+        << riff("fmt " + number<qint32>(15) + stereo.first(15) + chunk("data", "abcd"));
     QTest::newRow("negative format") << QByteArray(whole).replace(16, 4, number<qint32>(-1));
     QTest::newRow("huge format") << QByteArray(whole).replace(16, 4, number<qint32>(0x7fffffff));
     QTest::newRow("no data") << riff(chunk("fmt ", stereo));

@@ -36,6 +36,18 @@ def answer_first_question(desktop):
     program.wait()
 
 
+def check_icons(desktop, program_folder):
+    """Each type has its own picture."""
+    theme = os.path.join(desktop.environment["XDG_DATA_HOME"], "icons", "hicolor")
+    for ending in ENDINGS:
+        for size, suffix in [("scalable", "svg"), ("48x48", "png")]:
+            folder = "" if size == "scalable" else size
+            given = os.path.join(program_folder, "Icons", folder, f"{ending}.{suffix}")
+            icon = os.path.join(theme, size, "mimetypes", f"ardiphon-csound-{ending}.{suffix}")
+            with open(given, "rb") as one, open(icon, "rb") as other:
+                assert one.read() == other.read(), icon
+
+
 def check_defaults(desktop, expected):
     for ending in ENDINGS:
         kind = f"text/x-csound-{ending}"
@@ -69,6 +81,7 @@ def check(program_folder, kind_of_desktop):
         check_defaults(desktop, "")
         answer_first_question(desktop)
         check_defaults(desktop, OPENER)
+        check_icons(desktop, program_folder)
         with open(defaults, "rb") as file:
             lines = file.read().split(b"\n")
         assert [line for line in lines if OPENER.encode() not in line] == MINE.split(b"\n"), lines

@@ -1,6 +1,5 @@
 #include "analysis/ui/FormDNoise.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 
@@ -8,11 +7,11 @@ namespace ardiphon {
 
 void FormDNoise::revert()
 {
-    const bool wantsMore = CheckMoreFlags->isChecked();
     Combo1->setCurrentIndex(0);
     ToolForm::revert();
-    CheckMoreFlags->setChecked(wantsMore);
 }
+
+void FormDNoise::revertMoreFlags() { TextMoreFlags->clear(); }
 
 /// With `CheckMoreFlags` on, the next run takes this whole line among its flags.
 void FormDNoise::showParameters(const QString &parameters) { TextMoreFlags->setText(parameters); }

@@ -13,8 +13,10 @@ public:
     FormDNoise(const ToolContext &context, QWidget *owner) : ToolForm(DNoise, context, owner) {}
 
 protected:
-    /// The combo box too; whether more flags are wanted stays.
+    /// The combo box too.
     void revert() override;
+    /// Whether they are wanted stays.
+    void revertMoreFlags() override;
     void showParameters(const QString &parameters) override;
 };
 

@@ -57,7 +57,9 @@ void FormPVLook::showListing(const QString &path)
 
 void FormPVLook::saveListing()
 {
-    const QString text = RtfPVLook->toPlainText();
+    // The plain text would have blanks for those that do not break a line.
+    const QString text =
+        RtfPVLook->document()->toRawText().replace(QChar::ParagraphSeparator, u'\n');
     if (text.isEmpty())
         return;
     const auto path = context().dialogs.saveFile(

@@ -8,7 +8,10 @@
 
 namespace ardiphon {
 
-HintPanel::HintPanel(QWidget *form) : QGroupBox(form), Text1(new QPlainTextEdit(this))
+HintPanel::HintPanel(QWidget *form)
+    : QGroupBox(form),
+      Text1(new QPlainTextEdit(this)),
+      Command5(new QPushButton(QStringLiteral("Close"), this))
 {
     setObjectName(QStringLiteral("Frame1"));
     setAlignment(Qt::AlignHCenter);
@@ -16,7 +19,6 @@ HintPanel::HintPanel(QWidget *form) : QGroupBox(form), Text1(new QPlainTextEdit(
     Text1->setReadOnly(true);
     Text1->setTabChangesFocus(true);
     Text1->setMinimumHeight(2 * fontMetrics().lineSpacing());
-    auto *const Command5 = new QPushButton(QStringLiteral("Close"), this);
     Command5->setObjectName(QStringLiteral("Command5"));
     Command5->setAutoDefault(false);
     connect(Command5, &QPushButton::clicked, this, &HintPanel::closeWanted);
@@ -39,7 +41,9 @@ void HintPanel::showHint(const QString &title, const QString &text, const QRect 
 void HintPanel::moveTo(const QRect &room)
 {
     layout()->activate();
-    const int height = qMin(heightFor(room.width()), room.height());
+    const int wanted = heightFor(room.width());
+    const bool leavesAControl = room.height() - wanted >= Command5->sizeHint().height();
+    const int height = leavesAControl ? wanted : room.height(); // no button is covered by half
     setGeometry({room.topLeft(), QSize(room.width(), qMax(height, minimumSizeHint().height()))});
 }
 

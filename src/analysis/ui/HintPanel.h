@@ -3,6 +3,7 @@
 #include <QGroupBox>
 
 class QPlainTextEdit;
+class QPushButton;
 
 namespace ardiphon {
 
@@ -31,6 +32,7 @@ private:
     int heightFor(int width) const;
 
     QPlainTextEdit *Text1;
+    QPushButton *Command5;
 };
 
 } // namespace ardiphon

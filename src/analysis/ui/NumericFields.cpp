@@ -5,8 +5,6 @@
 #include <QFocusEvent>
 #include <QLineEdit>
 
-#include <limits>
-
 namespace ardiphon {
 
 namespace {
@@ -41,8 +39,7 @@ bool NumericFields::eventFilter(QObject *watched, QEvent *event)
 void NumericFields::remember(const QLineEdit &field)
 {
     RememberedText = field.text();
-    if (field.cursorPosition() <= std::numeric_limits<std::int16_t>::max())
-        RememberedCaret = std::int16_t(field.cursorPosition());
+    RememberedCaret = std::int16_t(field.cursorPosition()); // a field is never longer
 }
 
 void NumericFields::check(QLineEdit &field) const

@@ -2,8 +2,8 @@
 
 #include "analysis/ui/HintPanel.h"
 #include "analysis/ui/NumericFields.h"
-#include "analysis/ui/PathLabel.h"
 #include "app/ConfigurationBlock.h"
+#include "app/ui/PathLabel.h"
 #include "platform/StartDetached.h"
 
 #include <QCheckBox>
@@ -106,10 +106,14 @@ void ToolForm::revert()
     }
     if (firstOption)
         firstOption->setChecked(true);
-    if (CheckMoreFlags) {
-        TextMoreFlags->clear();
-        CheckMoreFlags->setChecked(false);
-    }
+    if (CheckMoreFlags)
+        revertMoreFlags();
+}
+
+void ToolForm::revertMoreFlags()
+{
+    TextMoreFlags->clear();
+    CheckMoreFlags->setChecked(false);
 }
 
 void ToolForm::analyze()

@@ -39,6 +39,8 @@ protected:
     virtual void takeInput(const QString &path);
     /// The default values come back.
     virtual void revert();
+    /// So do those of the flags that are typed; for a tool that takes such flags.
+    virtual void revertMoreFlags();
     /// What analyzing does once nothing keeps it from it.
     virtual void run();
     /// Passes by with the parameters just before the tool starts.

@@ -2,9 +2,9 @@
 
 #include "analysis/ui/HintPanel.h"
 #include "analysis/ui/NumericFields.h"
-#include "analysis/ui/PathLabel.h"
 #include "analysis/ui/ToolForm.h"
 #include "app/ui/Icons.h"
+#include "app/ui/PathLabel.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -93,6 +93,7 @@ void ToolForm::addFileRow(const char *name, const char *caption, QWidget *file, 
 {
     auto *const label = new QLabel(QLatin1String(caption), this);
     setName(label, name);
+    label->setBuddy(file);
     const int line = m_files->rowCount();
     m_files->addWidget(label, line, LabelColumn);
     auto *const fileAndButton = new QHBoxLayout;
@@ -262,10 +263,8 @@ void ToolForm::connectControls()
     connect(CommandAnalyze, &QPushButton::clicked, this, &ToolForm::analyze);
     connect(CommandExit, &QPushButton::clicked, this, &QWidget::close);
     connect(Frame1, &HintPanel::closeWanted, this, &ToolForm::closeHint);
-    if (Combo1) { // choosing the item that is chosen counts too
+    if (Combo1) // choosing the item that is chosen counts too
         connect(Combo1, &QComboBox::activated, this, &ToolForm::writeChoice);
-        connect(Combo1, &QComboBox::currentIndexChanged, this, &ToolForm::writeChoice);
-    }
 }
 
 } // namespace ardiphon

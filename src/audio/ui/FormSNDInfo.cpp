@@ -1,5 +1,6 @@
 #include "audio/ui/FormSNDInfo.h"
 
+#include "app/ui/PathLabel.h"
 #include "audio/WaveTexts.h"
 #include "platform/Dialogs.h"
 
@@ -17,16 +18,15 @@ FormSNDInfo::FormSNDInfo(Dialogs &dialogs, QWidget *owner) : QDialog(owner), m_d
     setWindowTitle(QStringLiteral("SNDINFO - Get Soundfile Information"));
     auto *all = new QVBoxLayout(this);
     addLabel("Label1", QStringLiteral("Input File:"));
-    LabelInput = addLabel("LabelInput", QString());
+    LabelInput = new PathLabel(QStringLiteral("LabelInput"), this);
+    all->addWidget(LabelInput);
     addLabel("Label2", QStringLiteral("Wave File Informations:"));
     LabelInfo = addLabel("LabelInfo", QString());
     LabelInfo->setMinimumHeight(9 * fontMetrics().lineSpacing());
     LabelInfo->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    for (QLabel *label : {LabelInput, LabelInfo}) {
-        label->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-        label->setMargin(4);
-        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    }
+    LabelInfo->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    LabelInfo->setMargin(4);
+    LabelInfo->setTextInteractionFlags(Qt::TextSelectableByMouse);
     all->setStretchFactor(LabelInfo, 1);
 
     auto *Command1 = new QPushButton(QStringLiteral("&Browse"), this);
@@ -64,7 +64,7 @@ void FormSNDInfo::browse()
 
 void FormSNDInfo::display(const QString &path)
 {
-    LabelInput->setText(path);
+    LabelInput->showPath(path);
     if (path.right(3).toUpper() == QStringLiteral("WAV"))
         LabelInfo->setText(waveInformation(ReadWaveFormat(path), QFileInfo(path).size(),
                                            QLocale::system().groupSeparator()));

@@ -7,6 +7,7 @@ class QLabel;
 namespace ardiphon {
 
 class Dialogs;
+class PathLabel;
 
 /// Shows what the header of a chosen wave file tells.
 class FormSNDInfo : public QDialog
@@ -22,7 +23,7 @@ private:
     void display(const QString &path);
 
     Dialogs &m_dialogs;
-    QLabel *LabelInput;
+    PathLabel *LabelInput;
     QLabel *LabelInfo;
 };
 

@@ -1,4 +1,4 @@
-#include "analysis/ui/PathLabel.h"
+#include "app/ui/PathLabel.h"
 
 #include <QPainter>
 
