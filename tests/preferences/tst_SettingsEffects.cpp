@@ -1,3 +1,4 @@
+#include "language/ui/EditorSettings.h"
 #include "preferences/SettingsWindow.h"
 #include "preferences/ui/ColorPatch.h"
 #include "support/EditorInput.h"
@@ -72,6 +73,9 @@ private slots:
     void save_writesEverything();
     void save_tabSizeAndIndent_reachTheRightEditors_data();
     void save_tabSizeAndIndent_reachTheRightEditors();
+    void save_tabSize_isAppliedAsAtTheStart_data();
+    void save_tabSize_isAppliedAsAtTheStart();
+    void save_fonts_waitForNewWindows();
     void save_paths_areTrimmed();
     void save_otherSpelling_isReplaced();
     void save_fileChangedMeanwhile_keepsTheOtherValues();
@@ -307,6 +311,42 @@ void tst_SettingsEffects::save_tabSizeAndIndent_reachTheRightEditors()
         EditorInput::press(*editor, Qt::Key_Return);
         QCOMPARE(editor->LineText(2), "  ");
     }
+}
+
+void tst_SettingsEffects::save_tabSize_isAppliedAsAtTheStart_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("characters");
+
+    QTest::newRow("whole") << "4" << 4;
+    QTest::newRow("below a half") << "15.4" << 15;
+    QTest::newRow("above a half") << "15.7" << 16;
+    QTest::newRow("above the most") << "30.9" << 30;
+}
+
+void tst_SettingsEffects::save_tabSize_isAppliedAsAtTheStart()
+{
+    QFETCH(QString, text);
+    open(ProjectSettings);
+    type("textTabSize", text);
+    save();
+    QTEST(LEDIT1->TabSize(), "characters");
+    QTEST(LEDIT2->TabSize(), "characters");
+    applySettings(*LEDIT1, m_program->config);
+    QTEST(LEDIT1->TabSize(), "characters");
+}
+
+void tst_SettingsEffects::save_fonts_waitForNewWindows()
+{
+    LEDIT1->SetFontName("DejaVu Sans Mono");
+    LEDIT1->SetFontSize(11);
+    m_program->config.DefaultFontName = "DejaVu Serif";
+    open();
+    type("textFontSize", "20");
+    save();
+    QCOMPARE(m_program->config.DefaultFontSize, "20");
+    QCOMPARE(LEDIT1->FontName(), "DejaVu Sans Mono");
+    QCOMPARE(LEDIT1->FontSize(), 11.0);
 }
 
 void tst_SettingsEffects::save_paths_areTrimmed()

@@ -194,7 +194,7 @@ void ColorSheet::restoreDefaults()
 void ColorSheet::repaintEditors() const
 {
     for (LEditOCX *editor : m_editors)
-        editor->update();
+        editor->Redraw();
 }
 
 } // namespace ardiphon
