@@ -357,6 +357,8 @@ void tst_EditorPreferences::font_removed_opensAllTheSame()
     QCOMPARE(m_program->config.FontName, "No Such Font");
     trigger("menuFormatoTipocarattere", [](QDialog &window) { press(window, "Command2"); });
     QCOMPARE(control<LEditOCX>("LEDIT1")->FontName(), "No Such Font");
+    const QFont instead = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    QCOMPARE(control<Gutter>("PicNumeri")->font().family(), instead.family());
 }
 
 void tst_EditorPreferences::font_reset_takesTheDefault_data() { bothWindows(); }

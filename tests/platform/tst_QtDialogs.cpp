@@ -339,7 +339,12 @@ void tst_QtDialogs::choosePrinter_withSelection_offersIt()
 void tst_QtDialogs::choosePrinter_withoutSelection_offersNone()
 {
     whenShown<QPrintDialog>([](QPrintDialog *dialog) {
+        for (QPushButton *button : dialog->findChildren<QPushButton *>())
+            if (button->text().contains("Options")) // what is folded away at first
+                QTest::mouseClick(button, Qt::LeftButton);
+        QVERIFY(dialog->findChild<QRadioButton *>("printAll")->isVisible());
         QVERIFY(!dialog->findChild<QRadioButton *>("printSelection")->isVisible());
+        QVERIFY(!dialog->findChild<QRadioButton *>("printRange")->isVisible());
         QCOMPARE(dialog->testOption(QPrintDialog::PrintToFile),
                  QPrinterInfo::availablePrinterNames().isEmpty());
         QCOMPARE(dialog->objectName(), "CommonDialog1");
