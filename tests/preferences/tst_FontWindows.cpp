@@ -164,6 +164,10 @@ void tst_FontWindows::formFont_load_showsBothFonts()
     openFont();
     QCOMPARE(m_window->windowTitle(), "Select font");
     QVERIFY(m_window->isModal());
+    QStringList labels;
+    for (const QLabel *label : m_window->findChildren<QLabel *>())
+        labels.append(label->text());
+    QVERIFY(labels.contains("Current Font:") && labels.contains("Default Font:"));
     QCOMPARE(control<QLabel>("lblActual")->text(), m_fonts.at(1));
     QCOMPARE(control<QLabel>("lblDefault")->text(), ' ' + m_fonts.at(2) + ' ');
     QCOMPARE(control<QLabel>("lblEsempio")->text(), "Example (" + m_fonts.at(1) + "):");

@@ -187,6 +187,8 @@ void tst_SettingsEffects::color_operations_reachTheirEditors()
         QVERIFY2(shows(*LEDIT1, chosen), patch);
         if (qstrcmp(patch, "picBackColor") != 0) // its tokens ask for the colour themselves
             QCOMPARE(shows(*LEDIT2, chosen), second);
+        else
+            QCOMPARE(onScreen(*LEDIT1).pixelColor(250, 250), toQColor(chosen)); // below the text
     }
 }
 
@@ -238,6 +240,8 @@ void tst_SettingsEffects::color_default_restoresAllFifteen()
     for (const Patch &patch : patches)
         m_program->config.*patch.field = Red;
     open();
+    LEDIT1->Redraw();
+    QVERIFY(shows(*LEDIT1, Red));
     click("Command4");
     for (const Patch &patch : patches) {
         QVERIFY2(m_program->config.*patch.field == patch.usual, patch.name);
@@ -351,15 +355,27 @@ void tst_SettingsEffects::save_fonts_waitForNewWindows()
 
 void tst_SettingsEffects::save_paths_areTrimmed()
 {
-    m_program->config.FileGuida = " /doc/index.html ";
-    m_program->config.WaveEditor = "\t/usr/bin/editor";
     m_program->config.StartupAction = " LATER ";
+    m_program->config.DefaultFontName = " Some Font ";
+    const std::pair<const char *, QString Block::*> paths[] = {
+        {"FileGuida", &Block::FileGuida},
+        {"FileCSound", &Block::FileCSound},
+        {"FileWinsound", &Block::FileWinsound},
+        {"FileDirectCSound", &Block::FileDirectCSound},
+        {"FileGuidaHtml", &Block::FileGuidaHtml},
+        {"WaveEditor", &Block::WaveEditor},
+        {"WorkingDirectory", &Block::WorkingDirectory},
+    };
+    for (const auto &[name, field] : paths)
+        m_program->config.*field = QStringLiteral(" /path of/%1 \t").arg(name);
     open();
     save();
-    QCOMPARE(m_program->config.FileGuida, "/doc/index.html");
-    QCOMPARE(m_program->config.WaveEditor, "/usr/bin/editor");
+    for (const auto &[name, field] : paths) {
+        QCOMPARE(m_program->config.*field, QStringLiteral("/path of/%1").arg(name));
+        QCOMPARE(stored(registry::SettingsKey, name), m_program->config.*field);
+    }
     QCOMPARE(m_program->config.StartupAction, "LATER");
-    QCOMPARE(stored(registry::SettingsKey, "FileGuida"), "/doc/index.html");
+    QCOMPARE(m_program->config.DefaultFontName, " Some Font "); // as the system names it
 }
 
 void tst_SettingsEffects::save_otherSpelling_isReplaced()
