@@ -13,9 +13,11 @@
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
 #include <memory>
 
 using namespace ardiphon;
@@ -47,6 +49,12 @@ private slots:
     void font_removed_opensAllTheSame();
     void font_reset_takesTheDefault_data();
     void font_reset_takesTheDefault();
+    void font_commands_setTheStylesOff_data();
+    void font_commands_setTheStylesOff();
+    void font_commands_giveTheFirstEditorTheFocus_data();
+    void font_commands_giveTheFirstEditorTheFocus();
+    void font_commands_arrangeTheWindow_data();
+    void font_commands_arrangeTheWindow();
     void font_inScoreView_keepsTheFocusThere();
 
 private:
@@ -63,7 +71,16 @@ private:
     /// Carries a command out, and \a step in the window that it opens.
     void trigger(const char *command, const std::function<void(QDialog &window)> &step = {});
     static void press(const QDialog &window, const char *button);
+    /// What stands in the editor on the screen, drawn when the program drew it.
+    static QImage onScreen(const LEditOCX &editor);
     static void chooseFont(const QDialog &window, int row);
+    static void bothCommands();
+    /// Gives the editors a font by one of the two commands that do.
+    void giveFont(bool bySelection, const QString &name);
+    /// What the editor shows below the line that the caret stands in.
+    static QImage textBelowTheCaret(LEditOCX &editor);
+    /// The font whose numbers differ most in width from those of \a font.
+    QString fontOfOtherWidth(const QFont &font) const;
     QList<LEditOCX *> openEditors() const;
     /// The editor that has the window's focus, as it has the screen's once the window is active.
     QString focusedEditor() const;
@@ -125,6 +142,15 @@ void tst_EditorPreferences::press(const QDialog &window, const char *button)
     QTest::mouseClick(window.findChild<QAbstractButton *>(QLatin1String(button)), Qt::LeftButton);
 }
 
+QImage tst_EditorPreferences::onScreen(const LEditOCX &editor)
+{
+    const QPoint corner = editor.mapTo(editor.window(), QPoint());
+    return editor.screen()
+        ->grabWindow(editor.window()->winId(), corner.x(), corner.y(), editor.width(),
+                     editor.height())
+        .toImage();
+}
+
 void tst_EditorPreferences::chooseFont(const QDialog &window, int row)
 {
     auto *list = window.findChild<QListView *>("List1");
@@ -132,6 +158,47 @@ void tst_EditorPreferences::chooseFont(const QDialog &window, int row)
     list->scrollTo(entry);
     QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
                       list->visualRect(entry).center());
+}
+
+void tst_EditorPreferences::bothCommands()
+{
+    QTest::addColumn<bool>("project");
+    QTest::addColumn<bool>("bySelection");
+    QTest::newRow("csd, selected") << false << true;
+    QTest::newRow("csd, reset") << false << false;
+    QTest::newRow("project, selected") << true << true;
+    QTest::newRow("project, reset") << true << false;
+}
+
+void tst_EditorPreferences::giveFont(bool bySelection, const QString &name)
+{
+    m_program->config.DefaultFontName = name;
+    if (!bySelection)
+        return trigger("menuLista");
+    trigger("menuFormatoTipocarattere", [&](QDialog &window) {
+        chooseFont(window, int(m_fonts.indexOf(name)));
+        press(window, "Command1");
+    });
+}
+
+QImage tst_EditorPreferences::textBelowTheCaret(LEditOCX &editor)
+{
+    return editor.grab(editor.rect().adjusted(0, 2 * editor.LineHeight(), 0, 0)).toImage();
+}
+
+QString tst_EditorPreferences::fontOfOtherWidth(const QFont &font) const
+{
+    const auto width = [&font](const QString &name) {
+        QFont other = font;
+        other.setFamilies({name});
+        return QFontMetrics(other).horizontalAdvance("000000");
+    };
+    const auto difference = [&](const QString &name) {
+        return qAbs(width(name) - QFontMetrics(font).horizontalAdvance("000000"));
+    };
+    return *std::max_element(m_fonts.begin(), m_fonts.end(), [&](const auto &a, const auto &b) {
+        return difference(a) < difference(b);
+    });
 }
 
 QList<LEditOCX *> tst_EditorPreferences::openEditors() const
@@ -191,7 +258,7 @@ void tst_EditorPreferences::settings_color_showsInTheOpenEditors()
         press(window, "picBackColor");
         QApplication::processEvents();
         for (LEditOCX *editor : openEditors()) // while the settings are still open
-            QCOMPARE(editor->grab().toImage().pixelColor(editor->rect().center()), green);
+            QCOMPARE(onScreen(*editor).pixelColor(editor->rect().center()), green);
     });
     QCOMPARE(m_program->config.ColorBackground, Color::rgb(0, 200, 0));
 }
@@ -290,6 +357,8 @@ void tst_EditorPreferences::font_removed_opensAllTheSame()
     QCOMPARE(m_program->config.FontName, "No Such Font");
     trigger("menuFormatoTipocarattere", [](QDialog &window) { press(window, "Command2"); });
     QCOMPARE(control<LEditOCX>("LEDIT1")->FontName(), "No Such Font");
+    const QFont instead = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    QCOMPARE(control<Gutter>("PicNumeri")->font().family(), instead.family());
 }
 
 void tst_EditorPreferences::font_reset_takesTheDefault_data() { bothWindows(); }
@@ -305,6 +374,64 @@ void tst_EditorPreferences::font_reset_takesTheDefault()
     for (LEditOCX *editor : openEditors())
         QCOMPARE(editor->FontName(), m_fonts.at(1));
     QCOMPARE(focusedEditor(), "LEDIT1");
+}
+
+void tst_EditorPreferences::font_commands_setTheStylesOff_data() { bothCommands(); }
+
+void tst_EditorPreferences::font_commands_setTheStylesOff()
+{
+    QFETCH(bool, project);
+    QFETCH(bool, bySelection);
+    m_program->config.DefaultFontName = m_fonts.at(1);
+    show(project);
+    using Style = void (LEditOCX::*)(bool);
+    for (const Style style : {&LEditOCX::SetFontBold, &LEditOCX::SetFontItalic,
+                              &LEditOCX::SetFontUnderline, &LEditOCX::SetFontStrikethrough}) {
+        QList<QImage> plain;
+        for (LEditOCX *editor : openEditors()) {
+            editor->SetText("first\r\nsecond line\r\nthird line\r\nfourth line");
+            plain.append(textBelowTheCaret(*editor));
+            (editor->*style)(true);
+            QVERIFY(textBelowTheCaret(*editor) != plain.constLast());
+        }
+        giveFont(bySelection, m_fonts.at(1));
+        for (LEditOCX *editor : openEditors())
+            QVERIFY(textBelowTheCaret(*editor) == plain.takeFirst());
+    }
+    for (LEditOCX *editor : openEditors())
+        editor->ClearState(2);
+}
+
+void tst_EditorPreferences::font_commands_giveTheFirstEditorTheFocus_data() { bothCommands(); }
+
+void tst_EditorPreferences::font_commands_giveTheFirstEditorTheFocus()
+{
+    QFETCH(bool, project);
+    QFETCH(bool, bySelection);
+    show(project);
+    if (!project)
+        trigger("buttonSplit");
+    control<LEditOCX>("LEDIT2")->setFocus();
+    QCOMPARE(focusedEditor(), "LEDIT2");
+    giveFont(bySelection, m_fonts.at(1));
+    QCOMPARE(focusedEditor(), "LEDIT1");
+}
+
+void tst_EditorPreferences::font_commands_arrangeTheWindow_data() { bothCommands(); }
+
+/// The numbers beside the text take as much room as the font needs.
+void tst_EditorPreferences::font_commands_arrangeTheWindow()
+{
+    QFETCH(bool, project);
+    QFETCH(bool, bySelection);
+    show(project);
+    const auto *gutter = control<Gutter>(project ? "PicNumeri1" : "PicNumeri");
+    const int widthBefore = gutter->textWidth();
+    const int leftBefore = control<LEditOCX>("LEDIT1")->x();
+    giveFont(bySelection, fontOfOtherWidth(gutter->font()));
+    const int grown = gutter->textWidth() - widthBefore;
+    QVERIFY2(grown != 0, "the test needs fonts of different widths");
+    QCOMPARE(control<LEditOCX>("LEDIT1")->x(), leftBefore + grown);
 }
 
 void tst_EditorPreferences::font_inScoreView_keepsTheFocusThere()

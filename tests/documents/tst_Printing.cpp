@@ -7,7 +7,9 @@
 
 #include <QFontDatabase>
 #include <QLineEdit>
+#include <QPrinter>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QToolButton>
 #include <QtTest>
 
@@ -53,7 +55,9 @@ private slots:
     void halves_empty_saySo_data();
     void halves_empty_saySo();
     void score_isPrintedInTheOrchestrasFont();
+    void score_isPrintedInTheOrchestrasSize();
     void untitledHalves_havePlaceholders();
+    void project_printerThatFails_endsSilently();
 
 private:
     void showCsd(const QByteArray &text);
@@ -367,6 +371,35 @@ void tst_Printing::score_isPrintedInTheOrchestrasFont()
     QCOMPARE(m_pdf->bodyLines(), QStringList{QStringLiteral("i1")});
     QVERIFY2(m_pdf->fonts().contains(QStringLiteral("DejaVuSerif")), qPrintable(m_pdf->fonts()));
     QVERIFY(!m_pdf->fonts().contains(QStringLiteral("Mono")));
+}
+
+void tst_Printing::score_isPrintedInTheOrchestrasSize()
+{
+    m->showPair("instr 1\n", numbered(300));
+    m->orchestra->SetFontSize(18);
+    m->score->SetFontSize(6);
+    const auto pagesOf = [this](const char *entry) {
+        expectPrinter(false, false);
+        m->trigger(entry);
+        return m_pdf->pageCount();
+    };
+    const int large = pagesOf("menuFileStampaScore");
+    m->orchestra->SetFontSize(6);
+    QVERIFY(large > 2 * pagesOf("menuFileStampaScore"));
+}
+
+/// The score is not tried behind an orchestra that could not be printed.
+void tst_Printing::project_printerThatFails_endsSilently()
+{
+    m->showPair();
+    auto broken = std::make_unique<QPrinter>();
+    broken->setOutputFileName(QStringLiteral("/nowhere/printed.pdf"));
+    m->dialogs.expectPrinter(false,
+                             PrintChoice{std::make_shared<Printer>(std::move(broken)), false});
+    const QString refusal = QStringLiteral("QPainter::begin(): Returned false");
+    QTest::ignoreMessage(QtWarningMsg, qPrintable(refusal));
+    QTest::failOnWarning(QRegularExpression(QRegularExpression::escape(refusal)));
+    m->trigger("menuFileStampaProgetto");
 }
 
 void tst_Printing::untitledHalves_havePlaceholders()

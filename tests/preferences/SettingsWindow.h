@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QTest>
 
 #include <memory>
@@ -40,7 +41,10 @@ protected:
     void expectError(const QString &text);
     void save() { click("Command1"); }
     QString stored(const QString &key, const char *name);
-    /// Whether the colour is seen anywhere in the view.
+    /// What stands in the view on the screen, as the program left it there: a picture that the
+    /// widget draws for the test would be the newest one in any case.
+    static QImage onScreen(const ardiphon::LEditOCX &editor);
+    /// Whether the colour stands anywhere in the view on the screen.
     static bool shows(ardiphon::LEditOCX &editor, ardiphon::Color color);
 
     std::unique_ptr<TestProgram> m_program;
@@ -143,10 +147,18 @@ inline QString SettingsWindow::stored(const QString &key, const char *name)
     return ardiphon::ReadRegistryString(fresh, key, QLatin1String(name), "(none)");
 }
 
-inline bool SettingsWindow::shows(ardiphon::LEditOCX &editor, ardiphon::Color color)
+inline QImage SettingsWindow::onScreen(const ardiphon::LEditOCX &editor)
 {
     QApplication::processEvents();
-    const QImage image = editor.window()->grab(editor.geometry()).toImage();
+    const QRect view = editor.geometry();
+    return editor.screen()
+        ->grabWindow(editor.window()->winId(), view.x(), view.y(), view.width(), view.height())
+        .toImage();
+}
+
+inline bool SettingsWindow::shows(ardiphon::LEditOCX &editor, ardiphon::Color color)
+{
+    const QImage image = onScreen(editor);
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)
             if (image.pixelColor(x, y) == QColor(color.red(), color.green(), color.blue()))

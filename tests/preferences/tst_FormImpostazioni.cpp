@@ -53,6 +53,8 @@ private slots:
     void text_tabSize_isChecked();
     void text_fontSize_isChecked_data();
     void text_fontSize_isChecked();
+    void text_fontSize_isShownAsANumber_data();
+    void text_fontSize_isShownAsANumber();
     void text_default_writesTheSizesAlone();
     void text_browse_showsTheNewDefaultFont();
 
@@ -422,12 +424,35 @@ void tst_FormImpostazioni::text_fontSize_isChecked()
         QCOMPARE(control<QLineEdit>("textFontSize")->text(), "14");
 }
 
+void tst_FormImpostazioni::text_fontSize_isShownAsANumber_data()
+{
+    QTest::addColumn<QString>("setting"); // as the store may hold it
+    QTest::addColumn<QString>("shown");
+
+    QTest::newRow("with a unit") << "12pt"
+                                 << "12";
+    QTest::newRow("blanks") << "  9 "
+                            << "9";
+    QTest::newRow("part") << "10.5"
+                          << "10.5";
+    QTest::newRow("many digits") << "12345678"
+                                 << "12345678";
+    QTest::newRow("word") << "large"
+                          << "0";
+}
+
+void tst_FormImpostazioni::text_fontSize_isShownAsANumber()
+{
+    QFETCH(QString, setting);
+    m_program->config.DefaultFontSize = setting;
+    open();
+    QTEST(control<QLineEdit>("textFontSize")->text(), "shown");
+}
+
 void tst_FormImpostazioni::text_default_writesTheSizesAlone()
 {
     m_program->config.DefaultFontName = "Some Font";
-    m_program->config.DefaultFontSize = "12pt"; // as the store may hold it
     open();
-    QCOMPARE(control<QLineEdit>("textFontSize")->text(), "12");
     type("textTabSize", "3");
     click("Command5");
     QCOMPARE(control<QLineEdit>("textTabSize")->text(), "8");

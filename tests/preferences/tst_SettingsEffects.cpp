@@ -1,3 +1,4 @@
+#include "language/ui/EditorSettings.h"
 #include "preferences/SettingsWindow.h"
 #include "preferences/ui/ColorPatch.h"
 #include "support/EditorInput.h"
@@ -72,6 +73,9 @@ private slots:
     void save_writesEverything();
     void save_tabSizeAndIndent_reachTheRightEditors_data();
     void save_tabSizeAndIndent_reachTheRightEditors();
+    void save_tabSize_isAppliedAsAtTheStart_data();
+    void save_tabSize_isAppliedAsAtTheStart();
+    void save_fonts_waitForNewWindows();
     void save_paths_areTrimmed();
     void save_otherSpelling_isReplaced();
     void save_fileChangedMeanwhile_keepsTheOtherValues();
@@ -183,6 +187,8 @@ void tst_SettingsEffects::color_operations_reachTheirEditors()
         QVERIFY2(shows(*LEDIT1, chosen), patch);
         if (qstrcmp(patch, "picBackColor") != 0) // its tokens ask for the colour themselves
             QCOMPARE(shows(*LEDIT2, chosen), second);
+        else
+            QCOMPARE(onScreen(*LEDIT1).pixelColor(250, 250), toQColor(chosen)); // below the text
     }
 }
 
@@ -234,6 +240,8 @@ void tst_SettingsEffects::color_default_restoresAllFifteen()
     for (const Patch &patch : patches)
         m_program->config.*patch.field = Red;
     open();
+    LEDIT1->Redraw();
+    QVERIFY(shows(*LEDIT1, Red));
     click("Command4");
     for (const Patch &patch : patches) {
         QVERIFY2(m_program->config.*patch.field == patch.usual, patch.name);
@@ -309,17 +317,65 @@ void tst_SettingsEffects::save_tabSizeAndIndent_reachTheRightEditors()
     }
 }
 
+void tst_SettingsEffects::save_tabSize_isAppliedAsAtTheStart_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("characters");
+
+    QTest::newRow("whole") << "4" << 4;
+    QTest::newRow("below a half") << "15.4" << 15;
+    QTest::newRow("above a half") << "15.7" << 16;
+    QTest::newRow("above the most") << "30.9" << 30;
+}
+
+void tst_SettingsEffects::save_tabSize_isAppliedAsAtTheStart()
+{
+    QFETCH(QString, text);
+    open(ProjectSettings);
+    type("textTabSize", text);
+    save();
+    QTEST(LEDIT1->TabSize(), "characters");
+    QTEST(LEDIT2->TabSize(), "characters");
+    applySettings(*LEDIT1, m_program->config);
+    QTEST(LEDIT1->TabSize(), "characters");
+}
+
+void tst_SettingsEffects::save_fonts_waitForNewWindows()
+{
+    LEDIT1->SetFontName("DejaVu Sans Mono");
+    LEDIT1->SetFontSize(11);
+    m_program->config.DefaultFontName = "DejaVu Serif";
+    open();
+    type("textFontSize", "20");
+    save();
+    QCOMPARE(m_program->config.DefaultFontSize, "20");
+    QCOMPARE(LEDIT1->FontName(), "DejaVu Sans Mono");
+    QCOMPARE(LEDIT1->FontSize(), 11.0);
+}
+
 void tst_SettingsEffects::save_paths_areTrimmed()
 {
-    m_program->config.FileGuida = " /doc/index.html ";
-    m_program->config.WaveEditor = "\t/usr/bin/editor";
     m_program->config.StartupAction = " LATER ";
+    m_program->config.DefaultFontName = " Some Font ";
+    const std::pair<const char *, QString Block::*> paths[] = {
+        {"FileGuida", &Block::FileGuida},
+        {"FileCSound", &Block::FileCSound},
+        {"FileWinsound", &Block::FileWinsound},
+        {"FileDirectCSound", &Block::FileDirectCSound},
+        {"FileGuidaHtml", &Block::FileGuidaHtml},
+        {"WaveEditor", &Block::WaveEditor},
+        {"WorkingDirectory", &Block::WorkingDirectory},
+    };
+    for (const auto &[name, field] : paths)
+        m_program->config.*field = QStringLiteral(" /path of/%1 \t").arg(name);
     open();
     save();
-    QCOMPARE(m_program->config.FileGuida, "/doc/index.html");
-    QCOMPARE(m_program->config.WaveEditor, "/usr/bin/editor");
+    for (const auto &[name, field] : paths) {
+        QCOMPARE(m_program->config.*field, QStringLiteral("/path of/%1").arg(name));
+        QCOMPARE(stored(registry::SettingsKey, name), m_program->config.*field);
+    }
     QCOMPARE(m_program->config.StartupAction, "LATER");
-    QCOMPARE(stored(registry::SettingsKey, "FileGuida"), "/doc/index.html");
+    QCOMPARE(m_program->config.DefaultFontName, " Some Font "); // as the system names it
 }
 
 void tst_SettingsEffects::save_otherSpelling_isReplaced()

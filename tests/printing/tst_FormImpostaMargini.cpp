@@ -4,6 +4,7 @@
 #include "support/ScriptedDialogs.h"
 
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
@@ -96,6 +97,12 @@ void tst_FormImpostaMargini::window_showsTheMargins()
     QCOMPARE(m_form->findChild<QGroupBox *>()->title(),
              QStringLiteral("Set Print Margins (mm - Min 0 / Max 100)"));
     QCOMPARE(texts(), QStringLiteral("1 2 3 4"));
+    QStringList labels;
+    for (const QLabel *label : m_form->findChildren<QLabel *>())
+        labels.append(qobject_cast<QLineEdit *>(label->buddy())->objectName() + label->text());
+    QCOMPARE(
+        labels.join(u' '),
+        QStringLiteral("txtSinistroLeft: txtDestroRight: txtSuperioreTop: txtInferioreBottom:"));
     const std::pair<const char *, const char *> captions[] = {
         {"Command1", "&OK"}, {"Command2", "C&ancel"}, {"Command3", "&Default"}};
     for (const auto &[name, caption] : captions)

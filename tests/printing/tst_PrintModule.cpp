@@ -37,6 +37,7 @@ private slots:
     void strangeCharacters_printSomehow();
 
     void header_standsInTheSecondLineAtTheLeftMargin();
+    void header_hasTheFontOfTheText();
     void rule_crossesThePageAtTheTopMargin();
     void edgesOutOfReach_moveTheHeaderOnly();
     void jobsIntoOneFile_followEachOther();
@@ -297,6 +298,17 @@ void tst_PrintModule::header_standsInTheSecondLineAtTheLeftMargin()
     QVERIFY(qAbs(header.box.left() - 2000) < 20);
     QVERIFY(header.box.top() > 0.8 * pitch && header.box.bottom() < 2.3 * pitch);
     QVERIFY(qAbs(m_pdf->word(QStringLiteral("one")).box.top() - 3570) < pitch / 2);
+}
+
+void tst_PrintModule::header_hasTheFontOfTheText()
+{
+    PrintText text = box(QStringLiteral("piece.orc"));
+    text.font.setPointSizeF(18);
+    PrintRichText(*m_pdf->printer(), text, Margins, QStringLiteral("piece.csd"));
+    const QRectF header = m_pdf->word(QStringLiteral("piece.csd")).box;
+    const QRectF body = m_pdf->word(QStringLiteral("piece.orc")).box;
+    QVERIFY(qAbs(header.width() - body.width()) < 2);
+    QVERIFY(qAbs(header.height() - body.height()) < 2);
 }
 
 void tst_PrintModule::rule_crossesThePageAtTheTopMargin()

@@ -130,6 +130,8 @@ public:
     void SetForeColor(Color color); ///< of comments
     void SetSelectionBackColor(Color color);
     void SetSelectionForeColor(Color color);
+    /// Draws the view anew, its tokens in the colours that the callback has for them now.
+    void Redraw();
 
     QString FontName() const;
     void SetFontName(const QString &name);

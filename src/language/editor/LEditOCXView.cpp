@@ -39,6 +39,8 @@ void LEditOCX::SetSelectionBackColor(Color color) { d->styling.setSelectionBack(
 
 void LEditOCX::SetSelectionForeColor(Color color) { d->styling.setSelectionFore(color); }
 
+void LEditOCX::Redraw() { d->styling.redraw(); }
+
 void LEditOCX::Private::changeFont(const std::function<void(QFont &)> &change)
 {
     QFont font = styling.font();

@@ -57,6 +57,8 @@ public:
     void setCommentFore(Color color);
     void setSelectionBack(Color color);
     void setSelectionFore(Color color);
+    /// Has everything in view drawn anew.
+    void redraw();
 
     /// The font as it was asked for; where its family is missing another one is drawn.
     const QFont &font() const { return m_font; }
@@ -76,7 +78,6 @@ public:
 private:
     void applyFont();
     void applyBaseColors();
-    void redraw();
     unsigned styleFor(Color back, Color fore);
     unsigned styleOfToken(const Token &token, QByteArrayView line, const LineColors &own);
     void colorLine(int line, LineState state, const LineColors &own);

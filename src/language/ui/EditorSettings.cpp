@@ -6,9 +6,14 @@
 
 namespace ardiphon {
 
-void applySettings(LEditOCX &editor, const ConfigurationBlock &config)
+void applyTabSize(LEditOCX &editor, const ConfigurationBlock &config)
 {
     editor.SetTabSize(roundedWithin(leadingNumber(config.TabSize), 2, 30));
+}
+
+void applySettings(LEditOCX &editor, const ConfigurationBlock &config)
+{
+    applyTabSize(editor, config);
     editor.SetBackColor(config.ColorBackground);
     editor.SetForeColor(config.ColorReminders);
     editor.SetSelectionBackColor(config.ColorSelectionBack);

@@ -1,6 +1,7 @@
 #include "language/ui/Gutter.h"
 
 #include "language/GutterNumbers.h"
+#include "language/editor/FontFamily.h"
 #include "language/editor/LEditOCX.h"
 
 #include <QFontMetrics>
@@ -23,7 +24,7 @@ Gutter::Gutter(LEditOCX &editor, QWidget *parent) : QWidget(parent), m_editor(ed
 
 void Gutter::takeFont()
 {
-    QFont font(m_editor.FontName());
+    QFont font(familyToDraw(m_editor.FontName()));
     font.setPointSizeF(m_editor.FontSize() > 0 ? m_editor.FontSize() : font.pointSizeF());
     setFont(font);
     update();

@@ -55,7 +55,8 @@ bool Printer::startJob(const QString &name)
         return newPage();
     m_printer->setDocName(name);
     m_printer->setCreator(QCoreApplication::applicationName());
-    if (!m_painter.begin(m_printer.get()))
+    m_failed = !m_painter.begin(m_printer.get());
+    if (m_failed)
         return false;
     m_painter.translate(toPixels(QRect(m_page.offsetX, m_page.offsetY, 0, 0)).topLeft());
     return true;
@@ -63,8 +64,9 @@ bool Printer::startJob(const QString &name)
 
 bool Printer::newPage()
 {
-    return m_printer->printerState() != QPrinter::Error &&
-           m_printer->printerState() != QPrinter::Aborted && m_printer->newPage();
+    m_failed = m_printer->printerState() == QPrinter::Error ||
+               m_printer->printerState() == QPrinter::Aborted || !m_printer->newPage();
+    return !m_failed;
 }
 
 void Printer::endJob()

@@ -29,6 +29,8 @@ public:
     /// False when the printer has failed.
     bool newPage();
     void endJob();
+    /// Whether the last page that was asked for could not be begun.
+    bool hasFailed() const { return m_failed; }
 
     /// Draws on the page; only between startJob and endJob.
     QPainter &painter() { return m_painter; }
@@ -40,6 +42,7 @@ private:
 
     const std::unique_ptr<QPrinter> m_printer;
     PrinterPage m_page;
+    bool m_failed = false;
     QPainter m_painter;
 };
 

@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGroupBox>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -124,12 +125,20 @@ void unfoldOptions(const QPrintDialog &dialog)
             button->click();
 }
 
-/// Takes away the choice of pages, which the toolkit leaves there though the option is off.
+/// Takes away the choices of pages, which the toolkit leaves there though the option is off. It
+/// shows them anew now and then, so they move into a part of the dialog that is hidden.
 void hidePageRange(const QPrintDialog &dialog)
 {
-    for (const char *name : {"printRange", "from", "label_3", "to"})
-        if (auto *part = dialog.findChild<QWidget *>(QLatin1String(name)))
-            part->hide();
+    auto *const ranges = dialog.findChild<QGroupBox *>(QStringLiteral("gbPrintRange"));
+    if (!ranges)
+        return;
+    const QStringList kept{QStringLiteral("printAll"), QStringLiteral("printSelection")};
+    const auto parts = ranges->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
+    auto *const hidden = new QWidget(ranges);
+    hidden->hide();
+    for (QWidget *part : parts)
+        if (!kept.contains(part->objectName()))
+            part->setParent(hidden);
 }
 
 } // namespace
@@ -179,12 +188,12 @@ std::optional<PrintChoice> QtDialogs::choosePrinter(const PrintQuestion &questio
     dialog.setObjectName(QStringLiteral("CommonDialog1"));
     dialog.setOption(QPrintDialog::PrintToFile, intoFile);
     dialog.setOption(QPrintDialog::PrintPageRange, false);
-    hidePageRange(dialog);
     dialog.setOption(QPrintDialog::PrintSelection, question.hasSelection);
     if (question.hasSelection) {
         dialog.setPrintRange(QPrintDialog::Selection);
         unfoldOptions(dialog);
     }
+    hidePageRange(dialog);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     const bool selectionOnly = printer->printRange() == QPrinter::Selection;

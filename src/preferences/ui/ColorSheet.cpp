@@ -82,22 +82,40 @@ ColorSheet::ColorSheet(ConfigurationBlock &config, Dialogs &dialogs,
 
 void ColorSheet::layOut()
 {
+    auto *const Command4 = new QPushButton(QStringLiteral("Default"), this);
+    Command4->setObjectName(QStringLiteral("Command4"));
+    connect(Command4, &QPushButton::clicked, this, &ColorSheet::restoreDefaults);
+    auto *const left = new QVBoxLayout;
+    left->addWidget(newTextGroup());
+    left->addStretch();
+    left->addWidget(Command4, 0, Qt::AlignLeft);
+    auto *const all = new QHBoxLayout(this);
+    all->addLayout(left);
+    all->addWidget(newSyntaxGroup(), 1);
+}
+
+QGroupBox *ColorSheet::newTextGroup()
+{
     auto *const text = newGroup(QStringLiteral("FrameTextColors"), QStringLiteral("Text colors"));
-    auto *const textGrid = new QGridLayout(text);
+    auto *const grid = new QGridLayout(text);
     int line = 0;
     for (const Row &row : textRows) {
         const QString label = QLatin1String(row.label);
-        textGrid->addWidget(new QLabel(label, text), line, 0);
-        addPatch(*textGrid, line++, 1, row.fore ? row.fore : row.back, label);
+        grid->addWidget(new QLabel(label, text), line, 0);
+        addPatch(*grid, line++, 1, row.fore ? row.fore : row.back, label);
     }
-    textGrid->setRowStretch(line, 1);
+    grid->setRowStretch(line, 1);
+    return text;
+}
 
+QGroupBox *ColorSheet::newSyntaxGroup()
+{
     auto *const syntax =
         newGroup(QStringLiteral("FrameSyntax"), QStringLiteral("Syntax Highlight"));
     auto *const grid = new QGridLayout(syntax);
     grid->addWidget(new QLabel(QStringLiteral("Fore:"), syntax), 0, 1);
     grid->addWidget(new QLabel(QStringLiteral("Back:"), syntax), 0, 2);
-    line = 1;
+    int line = 1;
     for (const Row &row : syntaxRows) {
         const QString label = QLatin1String(row.label);
         grid->addWidget(new QLabel(label, syntax), line, 0);
@@ -109,17 +127,7 @@ void ColorSheet::layOut()
     grid->setRowStretch(line, 1);
     grid->setColumnStretch(3, 1);
     grid->setHorizontalSpacing(12);
-
-    auto *const Command4 = new QPushButton(QStringLiteral("Default"), this);
-    Command4->setObjectName(QStringLiteral("Command4"));
-    connect(Command4, &QPushButton::clicked, this, &ColorSheet::restoreDefaults);
-    auto *const left = new QVBoxLayout;
-    left->addWidget(text);
-    left->addStretch();
-    left->addWidget(Command4, 0, Qt::AlignLeft);
-    auto *const all = new QHBoxLayout(this);
-    all->addLayout(left);
-    all->addWidget(syntax, 1);
+    return syntax;
 }
 
 QGroupBox *ColorSheet::newGroup(const QString &name, const QString &title)
@@ -194,7 +202,7 @@ void ColorSheet::restoreDefaults()
 void ColorSheet::repaintEditors() const
 {
     for (LEditOCX *editor : m_editors)
-        editor->update();
+        editor->Redraw();
 }
 
 } // namespace ardiphon

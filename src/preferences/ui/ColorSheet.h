@@ -31,6 +31,8 @@ private:
     static const Patch &patchNamed(const char *name);
 
     void layOut();
+    QGroupBox *newTextGroup();
+    QGroupBox *newSyntaxGroup();
     QGroupBox *newGroup(const QString &name, const QString &title);
     void addPatch(QGridLayout &grid, int row, int column, const char *name,
                   const QString &description);

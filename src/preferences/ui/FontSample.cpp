@@ -1,5 +1,7 @@
 #include "preferences/ui/FontSample.h"
 
+#include "language/editor/FontFamily.h"
+
 namespace ardiphon {
 
 namespace {
@@ -19,6 +21,9 @@ FontSample::FontSample(QWidget *parent) : QTextEdit(parent)
     setFixedHeight(6 * fontMetrics().lineSpacing());
 }
 
-void FontSample::showIn(const QString &fontName) { setFont(QFont(fontName, SampleSize)); }
+void FontSample::showIn(const QString &fontName)
+{
+    setFont(QFont(familyToDraw(fontName), SampleSize));
+}
 
 } // namespace ardiphon

@@ -1,9 +1,9 @@
 #include "preferences/ui/FormImpostazioni.h"
 
 #include "app/ConfigurationBlock.h"
-#include "app/Numbers.h"
 #include "app/ProgramContext.h"
 #include "language/editor/LEditOCX.h"
+#include "language/ui/EditorSettings.h"
 #include "preferences/SettingsValues.h"
 #include "preferences/ui/AssociationSheet.h"
 #include "preferences/ui/ColorSheet.h"
@@ -110,13 +110,13 @@ void FormImpostazioni::save()
     if (!m_text->take())
         return;
     for (LEditOCX *editor : m_editors)
-        editor->SetTabSize(int(leadingNumber(m_program.config.TabSize)));
+        applyTabSize(*editor, m_program.config);
     m_general->take();
     m_views.LEDIT1.SetAutoIndent(m_general->autoIndent());
     m_views.LEDIT2.SetAutoIndent(m_general->autoIndent());
     SaveSettings(m_program.config, m_program.settings);
     for (LEditOCX *editor : m_editors)
-        editor->update();
+        editor->Redraw();
     close();
 }
 

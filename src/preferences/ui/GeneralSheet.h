@@ -19,6 +19,7 @@ public:
 
     /// Puts what the sheet shows into the configuration.
     void take();
+    /// Whether the sheet shows the indent as on.
     bool autoIndent() const;
 
 private:

@@ -9,6 +9,7 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPushButton>
 
 namespace ardiphon {
@@ -17,6 +18,12 @@ namespace {
 
 constexpr int SizeFieldWidth = 64; // pixels
 
+/// The number that \a setting begins with, in as many digits as it has.
+QString numberOf(const QString &setting)
+{
+    return QString::number(leadingNumber(setting), 'g', QLocale::FloatingPointShortest);
+}
+
 } // namespace
 
 TextSheet::TextSheet(ConfigurationBlock &config, Dialogs &dialogs, QWidget *parent)
@@ -24,7 +31,7 @@ TextSheet::TextSheet(ConfigurationBlock &config, Dialogs &dialogs, QWidget *pare
       m_config(config),
       m_dialogs(dialogs),
       textTabSize(newEdit("textTabSize", config.TabSize)),
-      textFontSize(newEdit("textFontSize", QString::number(leadingNumber(config.DefaultFontSize)))),
+      textFontSize(newEdit("textFontSize", numberOf(config.DefaultFontSize))),
       textFontName(newEdit("textFontName", config.DefaultFontName))
 {
     setObjectName(QStringLiteral("FrameText"));

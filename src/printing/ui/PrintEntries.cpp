@@ -5,6 +5,7 @@
 #include "language/editor/LEditOCX.h"
 #include "navigation/ui/EditorSearch.h"
 #include "platform/Dialogs.h"
+#include "platform/ui/Printer.h"
 #include "printing/ui/PageFormatter.h"
 #include "printing/ui/PrintModule.h"
 
@@ -35,7 +36,8 @@ void PrintEntries::printProject(const PrintSource &orchestra, const PrintSource 
     }
     if (const auto choice = m_dialogs.choosePrinter({printedName(orchestra.path)})) {
         print(*choice, orchestra);
-        print(*choice, score);
+        if (!choice->printer->hasFailed())
+            print(*choice, score);
     }
 }
 

@@ -28,7 +28,8 @@ public:
 
     /// Prints the selection, where the user leaves it chosen, or the whole text.
     void printDocument(const PrintSource &document) const;
-    /// Prints both texts whole, each as a job of its own; neither when one of them is empty.
+    /// Prints both texts whole, each as a job of its own; neither when one of them is empty, and no
+    /// score on a printer that failed at the orchestra.
     void printProject(const PrintSource &orchestra, const PrintSource &score) const;
 
 private:
