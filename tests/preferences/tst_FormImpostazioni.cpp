@@ -106,6 +106,7 @@ void tst_FormImpostazioni::sheets_everyAccessKey_isThereOnce()
     QCOMPARE(QSet<QString>(keys.begin(), keys.end()).size(), 6);
     QTest::keyClick(m_window->windowHandle(), Qt::Key_C, Qt::AltModifier);
     QTRY_VERIFY(control<QGroupBox>("FrameColors")->isVisible());
+    QCOMPARE(m_window->focusWidget()->objectName(), "picBackColor");
 }
 
 void tst_FormImpostazioni::window_texts_areAsGiven()

@@ -82,16 +82,18 @@ ColorSheet::ColorSheet(ConfigurationBlock &config, Dialogs &dialogs,
 
 void ColorSheet::layOut()
 {
+    QGroupBox *const text = newTextGroup(); // the keyboard reaches them in this order
+    QGroupBox *const syntax = newSyntaxGroup();
     auto *const Command4 = new QPushButton(QStringLiteral("Default"), this);
     Command4->setObjectName(QStringLiteral("Command4"));
     connect(Command4, &QPushButton::clicked, this, &ColorSheet::restoreDefaults);
     auto *const left = new QVBoxLayout;
-    left->addWidget(newTextGroup());
+    left->addWidget(text);
     left->addStretch();
     left->addWidget(Command4, 0, Qt::AlignLeft);
     auto *const all = new QHBoxLayout(this);
     all->addLayout(left);
-    all->addWidget(newSyntaxGroup(), 1);
+    all->addWidget(syntax, 1);
 }
 
 QGroupBox *ColorSheet::newTextGroup()
