@@ -16,7 +16,7 @@ namespace ardiphon {
 namespace {
 
 // Widths, in characters.
-constexpr int ButtonCharacters = 18;
+constexpr int ButtonCharacters = 30; // leaves room for the title between the frame's buttons
 constexpr int HelpCharacters = 46;
 
 QPushButton *newButton(const QString &name, const char *caption, QWidget *parent)
