@@ -26,6 +26,12 @@ QString locate(const QString &executable)
     return found.isEmpty() ? executable : found;
 }
 
+/// QProcess finds out too, but keeps an end of a pipe then.
+bool isStartDirectory(const QString &directory)
+{
+    return directory.isEmpty() || QFileInfo(directory).isDir();
+}
+
 /// Runs in the child between fork and exec: only system calls are allowed.
 void leadGroupAndDieWith(pid_t parent)
 {
@@ -45,8 +51,7 @@ ChildProcess::ChildProcess(QObject *parent) : QObject(parent), m_process(new QPr
     });
     connect(m_process.get(), &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart)
-            finish(QFileInfo::exists(m_executable) ? ProcessEnd::StartFailed
-                                                   : ProcessEnd::NotFound);
+            finishUnstarted();
     });
     connect(m_process.get(), &QProcess::finished, this,
             [this] { finish(m_stopping ? ProcessEnd::Stopped : ProcessEnd::Ended); });
@@ -68,6 +73,8 @@ ChildProcess::~ChildProcess()
 void ChildProcess::start(const ProcessStart &start)
 {
     m_executable = locate(start.executable);
+    if (!isStartDirectory(start.directory))
+        return finishUnstarted();
     m_process->setProgram(m_executable);
     m_process->setArguments(splitCommandText(start.parameters));
     m_process->setWorkingDirectory(start.directory);
@@ -88,6 +95,11 @@ void ChildProcess::start(const ProcessStart &start)
     m_group = m_process->processId();
     if (m_group > 0) // from both sides: a stop may come before the child got that far
         ::setpgid(static_cast<pid_t>(m_group), static_cast<pid_t>(m_group));
+}
+
+void ChildProcess::finishUnstarted()
+{
+    finish(QFileInfo::exists(m_executable) ? ProcessEnd::StartFailed : ProcessEnd::NotFound);
 }
 
 void ChildProcess::stop()

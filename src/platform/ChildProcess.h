@@ -67,6 +67,7 @@ signals:
     void ended(ardiphon::ProcessEnd end);
 
 private:
+    void finishUnstarted();
     void finish(ProcessEnd end);
     void killGroup() const;
 

@@ -322,7 +322,7 @@ void tst_ToolFormLook::grid_isAlignedAndUnclipped()
     }
 }
 
-// The launcher. ----------------------------------------------------------------------------------
+// The launcher. -----------------------------------------------------------------------------------
 
 void tst_ToolFormLook::launcher_texts()
 {

@@ -100,7 +100,7 @@ private slots:
     void pvlook_revert_keepsTheListing();
 };
 
-// LPANAL. ----------------------------------------------------------------------------------------
+// LPANAL. -----------------------------------------------------------------------------------------
 
 void tst_ToolForms::lpanal_comment_takesLetters()
 {
@@ -141,7 +141,7 @@ void tst_ToolForms::lpanal_revert()
     QCOMPARE(form.analyze(), before);
 }
 
-// PVANAL. ----------------------------------------------------------------------------------------
+// PVANAL. -----------------------------------------------------------------------------------------
 
 void tst_ToolForms::pvanal_formats_chooseTheSuffix()
 {
@@ -259,7 +259,7 @@ void tst_ToolForms::pvanal_revert_keepsFormatAndItem()
     QVERIFY(!form.field(7)->isEnabled());
 }
 
-// CVANAL. ----------------------------------------------------------------------------------------
+// CVANAL. -----------------------------------------------------------------------------------------
 
 void tst_ToolForms::cvanal_odd_channels()
 {
@@ -283,7 +283,7 @@ void tst_ToolForms::cvanal_hasNoMoreFlags()
     QVERIFY(!ShownForm(PVLook).form->findChild<QWidget *>(QStringLiteral("TextOutput")));
 }
 
-// DNOISE. ----------------------------------------------------------------------------------------
+// DNOISE. -----------------------------------------------------------------------------------------
 
 void tst_ToolForms::dnoise_withoutFiles_startsAllTheSame()
 {
@@ -419,7 +419,7 @@ void tst_ToolForms::dnoise_options_areWritten()
     QVERIFY(form.analyze().contains(QStringLiteral(" -w-1 -J -i\"")));
 }
 
-// PVLOOK. ----------------------------------------------------------------------------------------
+// PVLOOK. -----------------------------------------------------------------------------------------
 
 void tst_ToolForms::pvlook_withoutAFile_clearsTheListing()
 {

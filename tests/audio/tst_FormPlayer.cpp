@@ -130,7 +130,7 @@ void tst_FormPlayer::moveThumb(int from, int to)
     QApplication::sendEvent(slider(), &move);
 }
 
-// Without a sound device. ------------------------------------------------------------------------
+// Without a sound device. -------------------------------------------------------------------------
 
 void tst_FormPlayer::device_missing_playSaysSoInTheCaption()
 {
@@ -154,7 +154,7 @@ void tst_FormPlayer::device_appears_playWorks()
     QCOMPARE(caption(), playing);
 }
 
-// Opening. ---------------------------------------------------------------------------------------
+// Opening. ----------------------------------------------------------------------------------------
 
 void tst_FormPlayer::opening_showsNoFile()
 {
@@ -232,7 +232,7 @@ void tst_FormPlayer::openWave_another_setsEverythingBack()
     QCOMPARE(media()->Mode(), int(MMControl::NotOpen));
 }
 
-// Playing. ---------------------------------------------------------------------------------------
+// Playing. ----------------------------------------------------------------------------------------
 
 void tst_FormPlayer::play_disablesButtonsAndShowsTime()
 {
@@ -282,7 +282,7 @@ void tst_FormPlayer::end_rewindsAndEnables()
     QVERIFY(control<QPushButton>("EditorFileWave")->isEnabled());
 }
 
-// Seeking. ---------------------------------------------------------------------------------------
+// Seeking. ----------------------------------------------------------------------------------------
 
 void tst_FormPlayer::drag_whilePlaying_goesOnAtTheNewPlace()
 {
@@ -334,7 +334,7 @@ void tst_FormPlayer::track_whileStopped_startsNothing()
     QVERIFY(media()->Position() < 9000);
 }
 
-// The outline. -----------------------------------------------------------------------------------
+// The outline. ------------------------------------------------------------------------------------
 
 void tst_FormPlayer::outline_showsThePeaksOfEachChannel()
 {
@@ -383,7 +383,7 @@ void tst_FormPlayer::outline_hugeFile_stopsWithTheWindow()
     QVERIFY(!outline->isReading());
 }
 
-// The wave editor. -------------------------------------------------------------------------------
+// The wave editor. --------------------------------------------------------------------------------
 
 void tst_FormPlayer::editor_noSetting_comesFirst()
 {
@@ -432,7 +432,7 @@ void tst_FormPlayer::editor_isStartedWithTheWave()
     QTRY_COMPARE(m_program->read(QStringLiteral("told")), "1|" + wave.toUtf8() + '|');
 }
 
-// Closing, and other windows. --------------------------------------------------------------------
+// Closing, and other windows. ---------------------------------------------------------------------
 
 void tst_FormPlayer::exitAndEscape_closeAndEndTheSound_data()
 {

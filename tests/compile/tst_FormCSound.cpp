@@ -50,6 +50,7 @@ private slots:
     void leaving_duringRun_endsTheCompiler_data();
     void leaving_duringRun_endsTheCompiler();
     void leaving_stubbornLog_isDeleted();
+    void leaving_duringRun_startsNoOther();
     void keys_enter_pressesTheFocusedButton();
     void keys_tab_followsTheRows();
     void playing_disablesTheButtons();
@@ -477,6 +478,21 @@ void tst_FormCSound::leaving_stubbornLog_isDeleted()
     });
     dialog.click("Compila");
     QVERIFY(!QFile::exists(dialog.logFile()));
+}
+
+void tst_FormCSound::leaving_duringRun_startsNoOther()
+{
+    CSoundDialog dialog(QStringLiteral("slow"));
+    const QString other = dialog.path(QStringLiteral("logged.orc"));
+    dialog.whenRunning([&] {
+        dialog.form->close();
+        dialog.control<QLineEdit>("Orchestra")->setText(other);
+        QTest::keyClick(dialog.control("Compila"), Qt::Key_Space);
+        dialog.form->reject();
+    });
+    dialog.click("Compila");
+    QCOMPARE(StandInCompiler::pids(other).leader, 0);
+    QVERIFY(!isAlive(dialog.pids().leader));
 }
 
 void tst_FormCSound::keys_enter_pressesTheFocusedButton()

@@ -29,6 +29,7 @@ private slots:
     void run_hugeLog_isShownWhole();
     void run_compiler_getsParametersDirectoryAndEnvironment();
     void close_afterRun_deletesLog();
+    void close_duringRun_startsNoOther();
     void keys_escapeAndEnter_doNothing();
     void keys_mnemonics_pressButtons();
     void realCompiler_tinyPiece_logsAndWrites();
@@ -169,6 +170,22 @@ void tst_FormCSoundCSD::close_afterRun_deletesLog()
     console.click("Command1");
     QVERIFY(!console.form->isVisible());
     QVERIFY(!QFile::exists(console.logFile()));
+}
+
+void tst_FormCSoundCSD::close_duringRun_startsNoOther()
+{
+    const QString piece = QStringLiteral("slow");
+    const QString other = QStringLiteral("logged");
+    CsdConsole console(piece);
+    console.whenRunning(piece, [&] {
+        console.form->close();
+        console.choose(other);
+        QTest::keyClick(console.button("Command2"), Qt::Key_Space);
+        console.form->close();
+    });
+    console.click("Command2");
+    QCOMPARE(console.pids(other).leader, 0);
+    QVERIFY(!StandInCompiler::isAlive(console.pids(piece).leader));
 }
 
 void tst_FormCSoundCSD::keys_escapeAndEnter_doNothing()

@@ -216,7 +216,7 @@ QString tst_EditorPreferences::focusedEditor() const
     return {};
 }
 
-// The settings. ----------------------------------------------------------------------------------
+// The settings. -----------------------------------------------------------------------------------
 
 void tst_EditorPreferences::menus_holdTheirEntries_data() { bothWindows(); }
 
@@ -281,7 +281,7 @@ void tst_EditorPreferences::settings_savedInSplitCsd_reachTheFirstView()
     QCOMPARE(second->grab().toImage().pixelColor(second->rect().center()), QColor(Qt::white));
 }
 
-// The fonts. -------------------------------------------------------------------------------------
+// The fonts. --------------------------------------------------------------------------------------
 
 void tst_EditorPreferences::font_load_remembersTheEditors_data() { bothWindows(); }
 

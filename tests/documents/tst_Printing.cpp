@@ -113,7 +113,7 @@ QByteArray numbered(int lines)
     return text;
 }
 
-// The CSD window. --------------------------------------------------------------------------------
+// The CSD window. ---------------------------------------------------------------------------------
 
 void tst_Printing::document_whole_isPrinted()
 {
@@ -265,7 +265,7 @@ void tst_Printing::unsavedText_isPrintedAndStaysUnsaved()
     csd()->ClearState(2);
 }
 
-// The project's window. --------------------------------------------------------------------------
+// The project's window. ---------------------------------------------------------------------------
 
 void tst_Printing::project_bothTexts_areCountedFromOneEach()
 {

@@ -114,8 +114,10 @@ QString Monkey::act()
     if (window->isModal() && m_dice.chance(6)) // there is little to do in most of them
         return close(*window);
     const int what = m_dice.roll(100);
-    if (what < 22)
+    if (what < 19)
         return triggerAction(*window);
+    if (what < 22)
+        return saveAndRun(*window);
     if (what < 48)
         return click(*window);
     if (what < 70)
@@ -170,6 +172,18 @@ QString Monkey::triggerAction(QWidget &window)
     return told;
 }
 
+/// Only what is saved can be compiled, and chance alone hardly ever leaves a text so.
+QString Monkey::saveAndRun(QWidget &window)
+{
+    const QPointer<QWidget> pressed = &window;
+    QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
+    constexpr const char *compilers[] = {"menuCSound", "menuToolsWinsound", "menuCSoundAV"};
+    const char *chosen = m_dice.pick(compilers);
+    if (auto *action = pressed ? pressed->findChild<QAction *>(QLatin1String(chosen)) : nullptr)
+        action->trigger();
+    return QStringLiteral("save and ") + QLatin1String(chosen);
+}
+
 QString Monkey::click(QWidget &window)
 {
     const QPointer<QWidget> control = target(window);
@@ -203,7 +217,7 @@ QString Monkey::type(QWidget &window)
 {
     QPointer<QWidget> receiver = window.focusWidget() ? window.focusWidget() : &window;
     const QString told = QStringLiteral("text in ") + nameOf(*receiver);
-    for (const char *at = m_dice.pick(Texts); *at && receiver; ++at)
+    for (const char *at = m_dice.pick(Texts); *at && receiver && receiver->isVisible(); ++at)
         QTest::keyClick(receiver.data(), *at);
     return told;
 }

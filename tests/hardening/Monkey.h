@@ -27,6 +27,7 @@ private:
 
     QString choosePopup(QWidget &popup);
     QString triggerAction(QWidget &window);
+    QString saveAndRun(QWidget &window);
     QString click(QWidget &window);
     QString press(QWidget &window);
     QString type(QWidget &window);

@@ -10,37 +10,43 @@ namespace {
 
 // Every program that a desktop could be asked for, by the name under which it is looked for.
 constexpr const char *Programs[] = {
+    // compilers
     "csound",
-    "csound-utils",
     "winsound",
-    "xterm",
+    "csoundav",
+    // terminals
     "x-terminal-emulator",
     "gnome-terminal",
+    "kgx",
     "konsole",
     "xfce4-terminal",
-    "lxterminal",
     "mate-terminal",
+    "lxterminal",
     "qterminal",
+    "tilix",
+    "terminator",
     "kitty",
     "alacritty",
     "foot",
+    "xterm",
+    // calculators
     "gnome-calculator",
     "kcalc",
     "galculator",
     "mate-calc",
     "qalculate-gtk",
+    "qalculate-qt",
+    "speedcrunch",
     "xcalc",
+    // what the desktop opens and remembers, and what it prints with
     "xdg-open",
     "gio",
     "xdg-mime",
-    "xdg-icon-resource",
     "update-mime-database",
     "update-desktop-database",
-    "gtk-update-icon-cache",
     "lp",
     "lpr",
     "lpstat",
-    "gsettings",
 };
 
 // Only a compiler is told where to log; nothing else may take its time, as nobody would end it.
@@ -75,6 +81,8 @@ Playground::Playground(Dice &dice) : m_dice(dice)
 {
     addDocuments();
     addStandIns();
+    addProgramFolder();
+    addManual();
 }
 
 void Playground::write(const QString &name, const QByteArray &bytes, bool executable) const
@@ -113,6 +121,26 @@ void Playground::addStandIns()
         write(QStringLiteral("bin/") + QLatin1String(name), script, true);
 }
 
+/// The word tables are the real ones.
+void Playground::addProgramFolder()
+{
+    QDir(m_folder.path()).mkpath(QStringLiteral("program"));
+    for (const char *name : {"opcode.txt", "csd.txt", "score.txt"})
+        QFile::link(QStringLiteral(PROGRAM_DIR "/") + QLatin1String(name),
+                    programFolder() + u'/' + QLatin1String(name));
+}
+
+void Playground::addManual()
+{
+    QDir(m_folder.path()).mkpath(QStringLiteral("manual"));
+    write(QStringLiteral("manual/index.html"),
+          "<html><body><h1>Manual</h1><a href=\"oscil.html\">oscil</a> "
+          "<a href=\"missing.html\">nothing</a> <a href=\"http://nowhere/\">outside</a></body>");
+    write(QStringLiteral("manual/oscil.html"),
+          "<html><title>oscil</title><p><a name=\"a\">oscil</a> <a href=\"#a\">here</a>" +
+              QByteArray("<p>amplitude and frequency").repeated(200));
+}
+
 void Playground::changeStandIn()
 {
     constexpr const char *ways[] = {"end",  "end",   "fail",   "slow",
@@ -135,11 +163,18 @@ QString Playground::savable()
     return m_dice.chance(60) ? path(m_dice.pick(names)) : path(m_dice.pick(m_documents));
 }
 
+QString Playground::printable()
+{
+    const QString names[] = {QStringLiteral("printed.pdf"), QStringLiteral("sub/printed.pdf"),
+                             QStringLiteral("nowhere/printed.pdf"), QStringLiteral("sub")};
+    return path(m_dice.pick(names));
+}
+
 void Playground::meddle()
 {
     const QString name = path(m_dice.pick(m_documents));
     QFile file(name);
-    switch (m_dice.roll(4)) {
+    switch (m_dice.roll(6)) {
     case 0:
         file.setPermissions(QFile::ReadOwner);
         break;
@@ -149,6 +184,12 @@ void Playground::meddle()
     case 2:
         if (file.open(QIODevice::WriteOnly))
             file.write(QByteArray("instr 1\r\nendin\n").repeated(m_dice.roll(300)));
+        break;
+    case 3: // what a run of the utility left
+        write(QStringLiteral("program/pv_temp.txt"), QByteArray("Bin 1\n 0.5 0.25\n").repeated(40));
+        break;
+    case 4: // a list of flags that somebody else wrote
+        write(QStringLiteral("program/CSFlags.dat"), QByteArray(m_dice.roll(400), '-'));
         break;
     default:
         QDir(m_folder.path()).mkdir(name + QStringLiteral(".bkm"));

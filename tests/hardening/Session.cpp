@@ -2,11 +2,13 @@
 
 #include "hardening/ProcessWatch.h"
 
+#include "associations/ui/FormAssociate.h"
 #include "documents/ui/FormCSD.h"
 #include "documents/ui/FormORCSCO.h"
 #include "help/ui/FormAbout.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QPixmapCache>
 #include <QScopeGuard>
 #include <QTest>
@@ -32,26 +34,37 @@ ProgramRun::ProgramRun(SettingsStore &settings, Dialogs &dialogs, const QString 
     start->showAbout = [this](QWidget *owner) {
         FormAbout(config.Words.OpcodeHelpVersion, owner).exec();
     };
+    start->showAssociate = [this](QWidget *owner) {
+        FormAssociate(context.settings, context.dialogs, owner).exec();
+    };
 }
 
 Session::Session(unsigned seed, int steps, bool trace)
-    : m_dice(seed),
-      m_dialogs(
-          m_dice, [this] { return m_playground.openable(); },
-          [this] { return m_playground.savable(); }),
-      m_steps(steps),
-      m_trace(trace)
+    : m_dice(seed), m_steps(steps), m_trace(trace)
 {
-    for (const char *name : {"FileCSound", "FileWinsound", "FileDirectCSound", "WaveEditor"})
-        WriteRegistryString(m_settings, registry::SettingsKey, QLatin1String(name),
-                            m_playground.standIn());
-    // The search path holds nothing but stand-ins, and what is written goes to this folder.
+    fillSettings();
+    // The search path holds nothing but stand-ins, and what is written goes to this folder, even
+    // under a name that has no folder.
+    QDir::setCurrent(m_playground.path(QStringLiteral("sub")));
     qputenv("PATH", m_playground.path(QStringLiteral("bin")).toUtf8());
     for (const char *name : {"HOME", "TMPDIR", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME",
                              "XDG_RUNTIME_DIR"})
         qputenv(name, m_playground.path(QStringLiteral("sub")).toUtf8());
     qputenv("PULSE_SERVER", "unix:/nowhere/native");
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere/bus");
+}
+
+void Session::fillSettings()
+{
+    for (const char *name : {"FileCSound", "FileWinsound", "FileDirectCSound", "WaveEditor"})
+        WriteRegistryString(m_settings, registry::SettingsKey, QLatin1String(name),
+                            m_playground.standIn());
+    for (const char *name : {"FileGuida", "FileGuidaHtml"})
+        WriteRegistryString(m_settings, registry::SettingsKey, QLatin1String(name),
+                            m_playground.manual());
+    // As an installation leaves it: the first start asks whether files are to be associated.
+    WriteRegistryString(m_settings, registry::InstallPathKey, QStringLiteral("First"),
+                        QStringLiteral("1"));
 }
 
 QString Session::run()
@@ -83,7 +96,7 @@ void Session::startProgram()
     m_run = std::make_unique<ProgramRun>(m_settings, m_dialogs,
                                          m_playground.path(QStringLiteral("sub")));
     m_run->start->Load(m_dice.chance(80) ? m_playground.openable() : QString(),
-                       QStringLiteral(PROGRAM_DIR), m_run->folder.path());
+                       m_playground.programFolder(), m_run->folder.path());
 }
 
 /// Each step makes the next one before it begins: it may not return until a modal window closes.

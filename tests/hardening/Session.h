@@ -41,6 +41,7 @@ public:
     const QMap<QString, int> &windowsMet() const { return m_monkey.windowsMet(); }
 
 private:
+    void fillSettings();
     void startProgram();
     void scheduleStep();
     void step();
@@ -48,7 +49,7 @@ private:
 
     Dice m_dice;
     Playground m_playground{m_dice};
-    AnsweringDialogs m_dialogs;
+    AnsweringDialogs m_dialogs{m_dice, m_playground};
     Monkey m_monkey{m_dice, m_playground};
     ardiphon::SettingsStore m_settings{m_playground.settingsFile()};
     std::unique_ptr<ProgramRun> m_run;

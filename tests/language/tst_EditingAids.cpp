@@ -136,7 +136,7 @@ void tst_EditingAids::handledKeys_reachTheControlUnlessTheyAreCommands()
         QVERIFY(reachesControl(key));
 }
 
-// The gutter. ------------------------------------------------------------------------------------
+// The gutter. -------------------------------------------------------------------------------------
 
 void tst_EditingAids::gutter_lines_runToTheBottom_data()
 {

@@ -403,7 +403,7 @@ void tst_Instruments::panel_otherWindow_hasItsOwnName()
     QVERIFY(project.first->hasFocus());
 }
 
-// The tree of tags. ------------------------------------------------------------------------------
+// The tree of tags. -------------------------------------------------------------------------------
 
 void tst_Instruments::tags_added_appearsAndGoes()
 {

@@ -1,5 +1,6 @@
 #include "platform/ChildProcess.h"
 #include "platform/CommandText.h"
+#include "platform/StartDetached.h"
 #include "support/StandInCompiler.h"
 
 #include <QDir>
@@ -28,6 +29,7 @@ private slots:
     void start_oddNames_areOneArgument();
     void start_cannot_oneEndThatSaysWhy_data();
     void start_cannot_oneEndThatSaysWhy();
+    void start_noDirectory_leavesNoHandle();
     void start_bareName_isFoundInTheSearchPath();
     void start_relativePath_isFromTheCurrentDirectory();
     void stop_whateverItDoes_isKilledWithItsGroup_data();
@@ -167,6 +169,26 @@ void tst_ChildProcess::start_cannot_oneEndThatSaysWhy()
     QCoreApplication::processEvents();
     QCOMPARE(ended.size(), 1);
     QCOMPARE(started.size(), 0);
+}
+
+void tst_ChildProcess::start_noDirectory_leavesNoHandle()
+{
+    const auto handles = [] {
+        const QDir all(QStringLiteral("/proc/self/fd"));
+        return all.entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size();
+    };
+    ProcessStart start = piece("logged.csd");
+    start.directory = path("gone");
+    const auto startBoth = [&] {
+        ChildProcess process;
+        process.start(start);
+        QTRY_VERIFY(process.end());
+        QVERIFY(!StartDetached(start.executable, start.parameters, start.directory));
+    };
+    startBoth(); // what stays open from the first start on is none of each
+    const auto before = handles();
+    startBoth();
+    QCOMPARE(handles(), before);
 }
 
 void tst_ChildProcess::start_bareName_isFoundInTheSearchPath()

@@ -121,7 +121,7 @@ QList<int> tst_MMControl::hear(int frames)
     return std::exchange(m_heard, {});
 }
 
-// Without a sound device. ------------------------------------------------------------------------
+// Without a sound device. -------------------------------------------------------------------------
 
 void tst_MMControl::device_missing_openAndLengthWorkAndPlayTells()
 {
@@ -149,7 +149,7 @@ void tst_MMControl::device_appears_playWorks()
     QVERIFY(!hear(300 * 44).isEmpty());
 }
 
-// Opening. ---------------------------------------------------------------------------------------
+// Opening. ----------------------------------------------------------------------------------------
 
 void tst_MMControl::open_formats_data()
 {
@@ -308,7 +308,7 @@ void tst_MMControl::buttons_areOfferedWhereTheyDoSomething()
     QCOMPARE(m_control->Mode(), int(MMControl::NotOpen));
 }
 
-// Playing. ---------------------------------------------------------------------------------------
+// Playing. ----------------------------------------------------------------------------------------
 
 void tst_MMControl::play_isHeardSampleForSample()
 {
@@ -458,7 +458,7 @@ void tst_MMControl::close_whilePlaying_letsGo()
     QCOMPARE(m_control->Mode(), int(MMControl::NotOpen));
 }
 
-// The file changes while it plays. ---------------------------------------------------------------
+// The file changes while it plays. ----------------------------------------------------------------
 
 void tst_MMControl::file_deletedWhilePlaying_goesOn()
 {

@@ -132,7 +132,7 @@ void tst_FontWindows::compareSample(const QString &name) const
     QVERIFY(!font.bold() && !font.italic() && !font.underline());
 }
 
-// Both windows. ----------------------------------------------------------------------------------
+// Both windows. -----------------------------------------------------------------------------------
 
 void tst_FontWindows::list_holdsEveryFontInTheSystemsOrder()
 {
@@ -157,7 +157,7 @@ void tst_FontWindows::list_names_areDrawnInTheWindowsFont()
             list->editTriggers() == QAbstractItemView::NoEditTriggers);
 }
 
-// FormFont. --------------------------------------------------------------------------------------
+// FormFont. ---------------------------------------------------------------------------------------
 
 void tst_FontWindows::formFont_load_showsBothFonts()
 {
@@ -266,7 +266,7 @@ void tst_FontWindows::formFont_restoreDefaultOfAMissingFont_keepsItsName()
     QCOMPARE(m_program->config.DefaultFontName, "Courier New");
 }
 
-// FormDefaultFont. -------------------------------------------------------------------------------
+// FormDefaultFont. --------------------------------------------------------------------------------
 
 void tst_FontWindows::formDefaultFont_load_showsTheName()
 {

@@ -62,7 +62,7 @@ private slots:
     void association_buttons_doTheirActions();
 };
 
-// The window. ------------------------------------------------------------------------------------
+// The window. -------------------------------------------------------------------------------------
 
 void tst_FormImpostazioni::window_opens_onDirectory()
 {
@@ -173,7 +173,7 @@ void tst_FormImpostazioni::window_texts_areAsGiven()
         QVERIFY2(texts.contains(text), text);
 }
 
-// Directory. -------------------------------------------------------------------------------------
+// Directory. --------------------------------------------------------------------------------------
 
 void tst_FormImpostazioni::path_browse_countsAtOnce_data()
 {
@@ -261,7 +261,7 @@ void tst_FormImpostazioni::path_workingDirectory_comesFromItsWindow()
     QCOMPARE(control<QLineEdit>("Text5")->text(), "/usr");
 }
 
-// General. ---------------------------------------------------------------------------------------
+// General. ----------------------------------------------------------------------------------------
 
 void tst_FormImpostazioni::general_settings_areShown_data()
 {
@@ -361,7 +361,7 @@ void tst_FormImpostazioni::general_unknownStartup_staysAsItIs()
     QCOMPARE(m_program->config.StartupAction, "LATER");
 }
 
-// Text. ------------------------------------------------------------------------------------------
+// Text. -------------------------------------------------------------------------------------------
 
 void tst_FormImpostazioni::text_tabSize_isChecked_data()
 {
@@ -483,7 +483,7 @@ void tst_FormImpostazioni::text_browse_showsTheNewDefaultFont()
     QCOMPARE(stored(registry::SettingsKey, "DefaultFontName"), name);
 }
 
-// Associations. ----------------------------------------------------------------------------------
+// Associations. -----------------------------------------------------------------------------------
 
 void tst_FormImpostazioni::association_buttons_doTheirActions()
 {

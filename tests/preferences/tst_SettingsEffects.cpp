@@ -85,7 +85,7 @@ private slots:
     void close_sizesTyped_areForgotten();
 };
 
-// Values. ----------------------------------------------------------------------------------------
+// Values. -----------------------------------------------------------------------------------------
 
 void tst_SettingsEffects::isNumberWithin_text_data()
 {
@@ -124,7 +124,7 @@ void tst_SettingsEffects::store_order_isThatOfTheSettings()
              "colorSelectionFore colorInstrEndin colorInstrEndinBK");
 }
 
-// Colours. ---------------------------------------------------------------------------------------
+// Colours. ----------------------------------------------------------------------------------------
 
 void tst_SettingsEffects::color_everyPatch_showsAndTakesItsField()
 {
@@ -263,7 +263,7 @@ void tst_SettingsEffects::color_keyboard_picksToo()
     QCOMPARE(m_program->config.ColorReminders, Red);
 }
 
-// Saving. ----------------------------------------------------------------------------------------
+// Saving. -----------------------------------------------------------------------------------------
 
 void tst_SettingsEffects::save_writesEverything()
 {

@@ -91,7 +91,7 @@ void addPapers()
     QTest::newRow("Letter, 1200 dpi") << QPageSize::Letter << 1200;
 }
 
-// The text. --------------------------------------------------------------------------------------
+// The text. ---------------------------------------------------------------------------------------
 
 void tst_PrintModule::pages_holdEveryLineOnce_data() { addPapers(); }
 
@@ -286,7 +286,7 @@ void tst_PrintModule::strangeCharacters_printSomehow()
     QCOMPARE(m_pdf->pageCount(), 1);
 }
 
-// The page around it. ----------------------------------------------------------------------------
+// The page around it. -----------------------------------------------------------------------------
 
 void tst_PrintModule::header_standsInTheSecondLineAtTheLeftMargin()
 {
@@ -357,7 +357,7 @@ void tst_PrintModule::jobsIntoOneFile_followEachOther()
     QCOMPARE(m_pdf->bodyLines().constLast(), QStringLiteral("i1 0 1"));
 }
 
-// Failures. --------------------------------------------------------------------------------------
+// Failures. ---------------------------------------------------------------------------------------
 
 void tst_PrintModule::marginsWithoutRoom_printNothing()
 {

@@ -35,6 +35,9 @@ class Desktop:
             "TMPDIR": self.temporary,
             "LC_ALL": "C.UTF-8",
         }
+        for name in ("ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS"):
+            if name in os.environ:
+                self.environment[name] = os.environ[name]
         os.mkdir(self.temporary)
 
     def __enter__(self):

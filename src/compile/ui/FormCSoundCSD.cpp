@@ -60,8 +60,12 @@ void FormCSoundCSD::buildControls()
     resize(760, 520);
 }
 
+/// A key that was pressed just before the window closed may arrive when it is gone; another run
+/// would take back the stop of the one that goes on beneath.
 void FormCSoundCSD::compile()
 {
+    if (m_closed)
+        return;
     const bool ended = RunConsoleProcess(
         m_runs, m_config.FileCSound, csdParameters(m_config.CSDFileName, m_config.RootPath),
         ExecutableDirectory(m_config.FileCSound), ShowCommand::Hidden);

@@ -66,9 +66,11 @@ bool WaveCompileDialog::refuseFlag(QChar letter)
     return true;
 }
 
+/// A key that was pressed just before the dialog closed may arrive when it is gone; another run
+/// would take back the stop of the one that goes on beneath.
 void WaveCompileDialog::compile()
 {
-    if (flagsAreAllowed() && !Wave->text().isEmpty() && freeWave())
+    if (!m_left && flagsAreAllowed() && !Wave->text().isEmpty() && freeWave())
         run();
 }
 
