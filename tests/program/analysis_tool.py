@@ -72,7 +72,10 @@ with Desktop(PROGRAM_FOLDER) as desktop:
     browse(desktop, form, sound)
 
     analysis = os.path.join(desktop.folder, "a tone.cv")
-    desktop.key("alt+a")
+    terminal_name = "x-terminal-emul"  # as the kernel cuts it
+    desktop.key_until(
+        ["alt+a"], "the terminal", lambda: desktop.processes_named(terminal_name)
+    )
     wait_for("the analysis", lambda: os.path.exists(analysis) and os.path.getsize(analysis) > 10000)
     consoles = wait_for("the console", lambda: desktop.processes_named("ArdiphonConsole"))
     wait_for("the end of the tool", lambda: not desktop.processes_named("csound"))

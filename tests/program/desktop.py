@@ -41,9 +41,18 @@ class Desktop:
         os.mkdir(self.temporary)
 
     def __enter__(self):
+        try:
+            self.open_display()
+        except BaseException:
+            self.__exit__()
+            raise
+        return self
+
+    def open_display(self):
         read_end, write_end = os.pipe()
+        # Without -noreset a client that leaves while it is the only one takes newcomers along.
         self.start(
-            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1280x1024x24"],
+            ["Xvfb", "-noreset", "-displayfd", str(write_end), "-screen", "0", "1280x1024x24"],
             pass_fds=[write_end],
         )
         os.close(write_end)
@@ -51,7 +60,6 @@ class Desktop:
             self.environment["DISPLAY"] = ":" + display.readline().strip()
         self.start(["openbox"])
         wait_for("the window manager", lambda: self.tell("xdotool", "get_num_desktops"))
-        return self
 
     def __exit__(self, *_):
         for process in reversed(self.processes):
@@ -80,8 +88,12 @@ class Desktop:
         return done.stdout.strip() if done.returncode == 0 else ""
 
     def has_focus(self, title):
-        """Whether a window whose title matches has the focus."""
-        return title in self.tell("xdotool", "getactivewindow", "getwindowname")
+        """Whether a window whose title matches has the focus: the window manager has turned to it,
+        and keys arrive there."""
+        return all(
+            title in self.tell("xdotool", which, "getwindowname")
+            for which in ["getactivewindow", "getwindowfocus"]
+        )
 
     def window(self, title):
         """Waits until a window whose title matches has the focus."""

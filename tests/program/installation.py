@@ -135,7 +135,7 @@ def check_desktop_files(root, folder):
     shutil.rmtree(data)
 
 
-def use(root):
+def use(root, scripts):
     """What a plain user does: the first start, a first piece, documents that the system opens."""
     program = root.file("lib", "ardiphon")
     piece = root.file("share", "doc", "ardiphon", "examples", "first.csd")
@@ -144,7 +144,7 @@ def use(root):
         ["first_piece.py", program, program, piece],
         ["file_types.py", program, program],
     ]:
-        script = os.path.join(TESTS, arguments[0])
+        script = os.path.join(scripts, arguments[0])
         run(*AS_USER, sys.executable, script, *arguments[1:], env=EVERYBODY, cwd="/")
 
 
@@ -161,7 +161,9 @@ with tempfile.TemporaryDirectory(prefix="ardiphon-installation-", dir="/tmp") as
     check_desktop_files(root, folder)
     root.make_read_only(True)
     installed = root.tree()
-    use(root)
+    scripts = os.path.join(folder, "scripts")
+    shutil.copytree(TESTS, scripts)  # that user may not look into our folders
+    use(root, scripts)
     assert root.tree() == installed
     root.make_read_only(False)
     root.dpkg("--purge", "ardiphon")
