@@ -26,10 +26,13 @@ QString locate(const QString &executable)
     return found.isEmpty() ? executable : found;
 }
 
-/// QProcess finds out too, but keeps an end of a pipe then.
-bool isStartDirectory(const QString &directory)
+/// Whether there is hope for the start. QProcess would find out too, but each start that fails
+/// costs it the end of a pipe.
+bool canStart(const QString &executable, const QString &directory)
 {
-    return directory.isEmpty() || QFileInfo(directory).isDir();
+    const QFileInfo file(executable);
+    return executable.contains(u'/') && file.isFile() && file.isExecutable() &&
+           (directory.isEmpty() || QFileInfo(directory).isDir());
 }
 
 /// Runs in the child between fork and exec: only system calls are allowed.
@@ -73,7 +76,7 @@ ChildProcess::~ChildProcess()
 void ChildProcess::start(const ProcessStart &start)
 {
     m_executable = locate(start.executable);
-    if (!isStartDirectory(start.directory))
+    if (!canStart(m_executable, start.directory))
         return finishUnstarted();
     m_process->setProgram(m_executable);
     m_process->setArguments(splitCommandText(start.parameters));

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QProcess>
+#include <QStandardPaths>
 
 #include <filesystem>
 
@@ -13,11 +14,14 @@ constexpr int LongestRun = 30'000; // milliseconds
 
 bool runToEnd(const QString &program, const QString &argument)
 {
+    const QString path = QStandardPaths::findExecutable(program);
+    if (path.isEmpty())
+        return false;
     QProcess process;
     process.setStandardInputFile(QProcess::nullDevice());
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
-    process.start(program, {argument});
+    process.start(path, {argument});
     return process.waitForFinished(LongestRun);
 }
 

@@ -29,7 +29,8 @@ private slots:
     void start_oddNames_areOneArgument();
     void start_cannot_oneEndThatSaysWhy_data();
     void start_cannot_oneEndThatSaysWhy();
-    void start_noDirectory_leavesNoHandle();
+    void start_cannot_leavesNoHandle_data();
+    void start_cannot_leavesNoHandle();
     void start_bareName_isFoundInTheSearchPath();
     void start_relativePath_isFromTheCurrentDirectory();
     void stop_whateverItDoes_isKilledWithItsGroup_data();
@@ -171,19 +172,30 @@ void tst_ChildProcess::start_cannot_oneEndThatSaysWhy()
     QCOMPARE(started.size(), 0);
 }
 
-void tst_ChildProcess::start_noDirectory_leavesNoHandle()
+void tst_ChildProcess::start_cannot_leavesNoHandle_data()
 {
+    QTest::addColumn<QString>("executable");
+    QTest::addColumn<QString>("directory");
+    QTest::newRow("bare name") << "no-such-compiler-anywhere" << QString();
+    QTest::newRow("gone") << "/gone/compiler" << QString();
+    QTest::newRow("folder") << "/" << QString();
+    QTest::newRow("not executable") << "/proc/self/maps" << QString();
+    QTest::newRow("start directory gone") << StandInCompiler::path() << "/gone";
+}
+
+void tst_ChildProcess::start_cannot_leavesNoHandle()
+{
+    QFETCH(QString, executable);
+    QFETCH(QString, directory);
     const auto handles = [] {
         const QDir all(QStringLiteral("/proc/self/fd"));
         return all.entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size();
     };
-    ProcessStart start = piece("logged.csd");
-    start.directory = path("gone");
     const auto startBoth = [&] {
         ChildProcess process;
-        process.start(start);
+        process.start({executable, QString(), directory, ShowCommand::Hidden, {}});
         QTRY_VERIFY(process.end());
-        QVERIFY(!StartDetached(start.executable, start.parameters, start.directory));
+        QVERIFY(!StartDetached(executable, QString(), directory));
     };
     startBoth(); // what stays open from the first start on is none of each
     const auto before = handles();
