@@ -16,7 +16,7 @@ enum class Switch {
 /// An item of a combo box.
 struct Choice
 {
-    const char *caption;
+    const char *caption = nullptr;
     const char *flag = "";    ///< in place of the row's, where it has one of its own
     const char *initial = ""; ///< what choosing it writes into the row's field
 };
@@ -84,16 +84,16 @@ struct Hint
 /// A choice of the output's suffix, as a radio button.
 struct OutputFormat
 {
-    const char *name;
-    const char *caption;
-    const char *suffix;
+    const char *name = nullptr;
+    const char *caption = nullptr;
+    const char *suffix = nullptr;
 };
 
 /// An analysis utility and its form.
 struct AnalysisTool
 {
-    const char *form;    ///< the name of its window
-    const char *caption; ///< of its window
+    const char *form = nullptr;    ///< the name of its window
+    const char *caption = nullptr; ///< of its window
     const char *keyword = "";
     std::span<const OutputFormat> formats = {}; ///< one alone is not shown; none: no output file
     std::span<const ToolGroup> groups;

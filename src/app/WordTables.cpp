@@ -16,7 +16,7 @@ public:
     {
         while (at(u' ') || at(u'\t'))
             ++m_at;
-        const QString item = at(u'"') ? quotedItem() : plainItem();
+        QString item = at(u'"') ? quotedItem() : plainItem();
         skipSeparator();
         return item;
     }
@@ -38,7 +38,7 @@ private:
         const qsizetype start = ++m_at;
         while (!atEnd() && !at(u'"'))
             ++m_at;
-        const QString item = m_text.mid(start, m_at - start);
+        QString item = m_text.mid(start, m_at - start);
         plainItem(); // the closing quote and what may follow it
         return item;
     }

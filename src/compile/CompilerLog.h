@@ -10,7 +10,7 @@ namespace ardiphon {
 /// How much of a log is kept from its beginning, and as much again from its end.
 struct LogPortion
 {
-    qint64 bytes = 8 * 1024 * 1024;
+    qint64 bytes = qint64{8} * 1024 * 1024;
     qint64 lines = 200'000;
 };
 

@@ -7,8 +7,8 @@ namespace ardiphon {
 /// One thing that the user can ask of an editor window. Menus, toolbars and popups show it by name.
 struct Command
 {
-    const char *name;          ///< its fixed name, and the objectName of its action
-    const char *caption;       ///< with "&" before the access key
+    const char *name = nullptr;    ///< its fixed name, and the objectName of its action
+    const char *caption = nullptr; ///< with "&" before the access key
     const char *keyText = "";  ///< shown behind a tab, where the key is not the shortcut's own text
     const char *shortcut = ""; ///< in Qt's portable notation; "" for none
     bool checkable = false;

@@ -18,7 +18,7 @@ FileChooser::FileChooser(ProgramContext &program)
 
 std::optional<QString> FileChooser::open(const QString &title, const QString &filter)
 {
-    const auto path = m_dialogs.openFile({title, filter, m_folder});
+    auto path = m_dialogs.openFile({title, filter, m_folder});
     follow(path);
     return path;
 }
@@ -26,7 +26,7 @@ std::optional<QString> FileChooser::open(const QString &title, const QString &fi
 std::optional<QString> FileChooser::save(const QString &title, const QString &filter,
                                          const QString &proposedName)
 {
-    const auto path = m_dialogs.saveFile({title, filter, m_folder, proposedName});
+    auto path = m_dialogs.saveFile({title, filter, m_folder, proposedName});
     follow(path);
     return path;
 }

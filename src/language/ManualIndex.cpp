@@ -20,7 +20,7 @@ struct NamedPage
 };
 
 // Far more than a manual has; a start page may lie in a folder of anything.
-constexpr qint64 mostBytesOfPages = 128 * 1024 * 1024;
+constexpr qint64 mostBytesOfPages = qint64{128} * 1024 * 1024;
 
 const QLatin1String tagChapter("Unified File Format for Orchestras and Scores");
 const QLatin1String statementChapter("Score Statements");

@@ -18,7 +18,7 @@ struct ManualLink
 bool isManualPage(const QString &path);
 
 /// The bytes of a page: at most \a limit, none when it cannot be read.
-QByteArray readManualPage(const QString &path, qint64 limit = 8 * 1024 * 1024);
+QByteArray readManualPage(const QString &path, qint64 limit = qint64{8} * 1024 * 1024);
 
 /// The text of a piece of HTML: no tags, entities as characters, white space made one blank.
 QString plainManualText(const QByteArray &html);

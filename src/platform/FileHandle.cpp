@@ -39,7 +39,7 @@ bool FileHandle::status(struct stat &status) const { return ::fstat(m_descriptor
 
 bool FileHandle::readAll(QByteArray &bytes, qsizetype limit) const
 {
-    struct stat before;
+    struct stat before = {};
     bytes.clear();
     // One byte more than the file tells, so that its end is met without growing the buffer.
     if (status(before))

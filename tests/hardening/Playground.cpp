@@ -157,9 +157,10 @@ QString Playground::openable()
 
 QString Playground::savable()
 {
+    // A project's second file is named by cutting four characters, and stays in this folder too.
     const QString names[] = {QStringLiteral("new.csd"),     QStringLiteral("new.orc"),
-                             QStringLiteral("sub/new.csd"), QStringLiteral("x"),
-                             QStringLiteral("sub"),         QStringLiteral("nowhere/new.csd")};
+                             QStringLiteral("sub/new.csd"), QStringLiteral("sub/x"),
+                             QStringLiteral("program"),     QStringLiteral("nowhere/new.csd")};
     return m_dice.chance(60) ? path(m_dice.pick(names)) : path(m_dice.pick(m_documents));
 }
 

@@ -7,6 +7,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace ardiphon {
 
@@ -83,8 +84,11 @@ void WaveOutline::drawLane(QPainter &painter, const QRectF &lane, int channel,
     const double pixel = 1 / devicePixelRatioF();
     const double middle = lane.center().y();
     const double half = lane.height() / 2 - 1;
+    const int begin = std::max(0, part.x());
     const double end = std::min<double>(lane.width(), part.x() + part.width());
-    for (double x = std::max(0, part.x()); x < end; x += pixel) {
+    const int bars = static_cast<int>(std::ceil((end - begin) / pixel));
+    for (int bar = 0; bar < bars; ++bar) {
+        const double x = begin + bar * pixel;
         const int first = static_cast<int>(x / lane.width() * m_peaks.columns());
         const int last = static_cast<int>((x + pixel) / lane.width() * m_peaks.columns());
         const Peak peak = m_peaks.over(std::min(first, m_peaks.columns() - 1),

@@ -64,8 +64,8 @@ protected:
 
     QLineEdit *dir_Csound;
     QPushButton *CercaCsound;
-    QPushButton *Compila;
-    QPushButton *Command1;
+    QPushButton *Compila = nullptr;
+    QPushButton *Command1 = nullptr;
 
 private:
     void layOut();
@@ -78,8 +78,8 @@ private:
     const QString SavedCompilerPath;
     QStackedLayout *m_pages;
     QWidget *m_form;
-    QGridLayout *m_fields;
-    QVBoxLayout *m_parts;
+    QGridLayout *m_fields = nullptr;
+    QVBoxLayout *m_parts = nullptr;
 };
 
 } // namespace ardiphon

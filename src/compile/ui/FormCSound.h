@@ -42,10 +42,10 @@ private:
     LEditOCX &m_orchestra;
     LEditOCX &m_score;
     QWidget *FrameCompiler;
-    LinkedOutput *TxtOutputs;
-    QPushButton *btnStop;
-    QPushButton *btnClose;
-    QPushButton *btnGoToError;
+    LinkedOutput *TxtOutputs = nullptr;
+    QPushButton *btnStop = nullptr;
+    QPushButton *btnClose = nullptr;
+    QPushButton *btnGoToError = nullptr;
     ErrorPlace m_error; ///< what the button leads to
     int m_raisedBy = 0; ///< how far the window went up, in pixels, when the panel opened
     int m_grownBy = 0;  ///< and how much higher it became

@@ -35,7 +35,7 @@ RecentMenu::RecentMenu(ProgramContext &program, QObject *parent)
 void RecentMenu::refresh()
 {
     for (int i = 0; i < RecentFileCount; ++i) {
-        const QString text = recentFileText(m_program.config.RecentFiles[std::size_t(i + 1)]);
+        const QString text = recentFileText(m_program.config.RecentFiles[std::size_t(i) + 1]);
         if (!text.isEmpty())
             m_entries[i]->setText(caption(text));
     }
@@ -46,7 +46,7 @@ void RecentMenu::choose(int index)
     if (m_entries[index]->text() == EmptyEntry)
         return;
     ReadRecentFiles(m_program.config, m_program.settings);
-    const QString path = m_program.config.RecentFiles[std::size_t(index + 1)];
+    const QString path = m_program.config.RecentFiles[std::size_t(index) + 1];
     if (QFileInfo::exists(path))
         emit chosen(path);
     else

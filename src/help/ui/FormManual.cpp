@@ -68,7 +68,7 @@ QToolButton *FormManual::addButton(const QString &name, const QString &caption, 
     button->setFocusPolicy(Qt::TabFocus);
     button->setToolTip(
         keys.isEmpty() ? hint : hint + QStringLiteral(" (%1)").arg(keys.first().toString()));
-    connect(button, &QToolButton::clicked, this, action);
+    connect(button, &QToolButton::clicked, this, std::move(action));
     for (const QKeySequence &key : keys)
         connect(new QShortcut(key, this), &QShortcut::activated, button,
                 [button] { button->click(); });

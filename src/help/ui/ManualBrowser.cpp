@@ -11,7 +11,7 @@ namespace ardiphon {
 
 namespace {
 
-constexpr qint64 largestPage = 2 * 1024 * 1024;
+constexpr qint64 largestPage = qint64{2} * 1024 * 1024;
 
 // The text view knows little of style sheets, so the manual's own is left out for this one. Sizes
 // are steps, which follow the text size that the reader chose.

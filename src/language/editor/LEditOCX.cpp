@@ -50,7 +50,7 @@ void LEditOCX::Private::click() { emit control.Click(); }
 
 void LEditOCX::Private::viewChanged() { emit control.Repaint(); }
 
-void LEditOCX::Private::replaceDocument(DocumentText document)
+void LEditOCX::Private::replaceDocument(const DocumentText &document)
 {
     form = document.form;
     unreadFile.clear();
@@ -105,10 +105,11 @@ void LEditOCX::ClearDocument() { d->replaceDocument({}); }
 bool LEditOCX::LoadFile(const QString &path)
 {
     auto bytes = readDocumentFile(path);
-    d->replaceDocument(bytes ? decodeDocument(*std::move(bytes)) : DocumentText());
-    if (!bytes)
+    const bool read = bytes.has_value();
+    d->replaceDocument(read ? decodeDocument(*std::move(bytes)) : DocumentText());
+    if (!read)
         d->unreadFile = canonical(path);
-    return bytes.has_value();
+    return read;
 }
 
 bool LEditOCX::SaveFile(const QString &path)

@@ -11,12 +11,12 @@
 namespace ardiphon {
 
 /// What stands behind the control: the view with the document in it, and what the contract adds.
-class LEditOCX::Private : public TextViewOwner
+class LEditOCX::Private final : public TextViewOwner
 {
 public:
     explicit Private(LEditOCX &control);
 
-    void replaceDocument(DocumentText document);
+    void replaceDocument(const DocumentText &document);
     void select(TextRange range);
     void setRecord(TextRange range);
     TextRange record() const;
@@ -41,7 +41,7 @@ public:
     int findDirection = 1;
     bool findWholeWord = false;
     TextSearch search{findText, findWholeWord}; ///< made anew when one of these changes
-    std::optional<TextRange> match; ///< of the last FindFirst, until the text changes
+    std::optional<TextRange> match;             ///< of the last FindFirst, until the text changes
 
 private:
     void aboutToDraw(int first, int last) override;

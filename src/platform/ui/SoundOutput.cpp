@@ -59,7 +59,7 @@ SoundOutput::SoundOutput(SoundFile &file, qint64 frame, const QAudioDevice &devi
 {
     if (!m_file.seek(frame))
         m_endFrame = frame;
-    m_sink->setBufferSize(format.bytesForDuration(BufferTime * 1000));
+    m_sink->setBufferSize(format.bytesForDuration(qint64{BufferTime} * 1000));
     m_input = m_sink->start();
     m_clock.start();
 }
