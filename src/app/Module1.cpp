@@ -6,8 +6,8 @@ namespace ardiphon {
 
 bool IsNumericText(QStringView text)
 {
-    const bool allowed = std::all_of(text.begin(), text.end(),
-                                     [](QChar c) { return c >= u'-' && c <= u'9'; });
+    const bool allowed =
+        std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'-' && c <= u'9'; });
     return allowed && text.count(u'.') <= 1;
 }
 

@@ -98,10 +98,7 @@ QString withoutTrailingBlanks(const QString &text)
 }
 
 /// The single-byte code of a character; one that has none counts as a question mark.
-int codeOf(QChar c)
-{
-    return c.unicode() < 256 ? c.unicode() : '?';
-}
+int codeOf(QChar c) { return c.unicode() < 256 ? c.unicode() : '?'; }
 
 } // namespace
 
@@ -186,7 +183,8 @@ int WordTables::FindInTable(const QString &word) const
 
 bool WordTables::ReadOpcodeRecord(int number)
 {
-    if (number < 1 || !m_opcodeFile.isOpen() || !m_opcodeFile.seek(qint64(number - 1) * RecordLength))
+    if (number < 1 || !m_opcodeFile.isOpen() ||
+        !m_opcodeFile.seek(qint64(number - 1) * RecordLength))
         return false;
     const QByteArray record = m_opcodeFile.read(RecordLength);
     if (record.size() != RecordLength)

@@ -61,7 +61,7 @@ public:
     QStringList OpcodeNames; ///< indices 1 to `OpcodeCount`; index 0 is ""
     int OpcodeCount = 0;     ///< the version record included
     OpcodeEntry OpcodeRecord;
-    QStringList CsdWords;   ///< indices from 1, in the order in which they are offered; index 0 is ""
+    QStringList CsdWords; ///< indices from 1, in the order in which they are offered; index 0 is ""
     QStringList ScoreWords; ///< indices from 1; index 0 is ""
 
     /// Entry c is the first record whose name begins with the character of code c, or 0.

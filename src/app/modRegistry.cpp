@@ -33,8 +33,8 @@ SettingsStore::SettingsStore(const QString &filePath) : m_file(filePath, QSettin
 
 QString SettingsStore::userFilePath()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
-           + QStringLiteral("/Ardiphon/settings.ini");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/Ardiphon/settings.ini");
 }
 
 QString ReadRegistryString(SettingsStore &store, const QString &keyPath, const QString &valueName,

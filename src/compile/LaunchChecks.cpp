@@ -62,7 +62,7 @@ LaunchDecision checkCsdLaunch(const Compiler &compiler, const ConfigurationBlock
 
 LaunchDecision checkCsdCompile(const ConfigurationBlock &config, bool modified, const QString &text)
 {
-    const LaunchDecision decision = checkCsdLaunch(CSoundCompiler, config, modified, text);
+    LaunchDecision decision = checkCsdLaunch(CSoundCompiler, config, modified, text);
     if (decision.open && csOptionsNameLog(text))
         return refuse(QStringLiteral("Don't use '-O' flag in Ardiphon!"), QStringLiteral("Error"));
     return decision;

@@ -214,7 +214,7 @@ QString wordAt(QByteArrayView line, qsizetype column, LineState state)
             break;
         if (token.comment || token.kind != TokenKind::Word || token.end() < column)
             continue;
-        const QString word = stringOf(line.sliced(token.start, token.length));
+        QString word = stringOf(line.sliced(token.start, token.length));
         if (token.end() > column)
             return word;
         ending = word;

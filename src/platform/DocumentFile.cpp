@@ -106,7 +106,7 @@ bool takeOver(const Target &target, const FileHandle &file)
     if (!target.exists)
         return ::fchmod(file.descriptor(), usualMode()) == 0;
     const FileHandle old = FileHandle::open(target.path, O_RDONLY | O_NONBLOCK);
-    struct stat status;
+    struct stat status = {};
     if (!old.isValid() || !file.status(status))
         return false;
     if (status.st_gid != target.status.st_gid &&
@@ -139,7 +139,7 @@ Outcome replaceByRename(const Target &target, const QByteArray &bytes)
     if (!file.isValid())
         return target.exists ? Outcome::NeedsWritingInPlace : Outcome::Failed;
     const bool alike = takeOver(target, file);
-    struct stat status;
+    struct stat status = {};
     const bool whole = alike && file.writeAll(bytes) && file.flush() && file.status(status) &&
                        status.st_size == bytes.size() && file.close();
     if (whole && std::rename(newPath.constData(), target.path.constData()) == 0) {
@@ -198,7 +198,7 @@ std::optional<QByteArray> readDocumentFile(const QString &path)
         return std::nullopt;
     // Without waiting, as opening a FIFO would for its other end.
     const FileHandle file = FileHandle::open(QFile::encodeName(path), O_RDONLY | O_NONBLOCK);
-    struct stat status;
+    struct stat status = {};
     QByteArray bytes;
     if (!file.isValid() || !file.status(status) || !S_ISREG(status.st_mode) ||
         status.st_size > LargestDocument || !file.readAll(bytes, LargestDocument))

@@ -8,8 +8,8 @@
 #include <QMetaMethod>
 #include <QSet>
 #include <QStringList>
-#include <QToolBar>
 #include <QTimer>
+#include <QToolBar>
 #include <QWidget>
 
 /// What must hold for the commands of an editor window. Each gives the names of those for which it

@@ -27,8 +27,8 @@ private:
     void showHelp(const char *text);
 
     const ToolContext m_context;
-    QGroupBox *Frame1;
-    QLabel *LabelHelp;
+    QGroupBox *Frame1 = nullptr;
+    QLabel *LabelHelp = nullptr;
 };
 
 } // namespace ardiphon

@@ -18,9 +18,9 @@ bool leavesField(const QFocusEvent &event)
 
 } // namespace
 
-void NumericFields::watch(QLineEdit *field, std::function<QString()> initial)
+void NumericFields::watch(QLineEdit *field, const std::function<QString()> &initial)
 {
-    m_initials.insert(field, std::move(initial));
+    m_initials.insert(field, initial);
     field->installEventFilter(this);
     connect(field, &QLineEdit::textChanged, this, [this, field] { check(*field); });
 }

@@ -19,7 +19,7 @@ class NumericFields : public QObject
 public:
     explicit NumericFields(QObject *parent) : QObject(parent) {}
 
-    void watch(QLineEdit *field, std::function<QString()> initial);
+    void watch(QLineEdit *field, const std::function<QString()> &initial);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -101,10 +101,10 @@ private:
     PathLabel *LabelInput = nullptr;
     PathLabel *LabelNoise = nullptr;
     QLineEdit *TextOutput = nullptr;
-    HintPanel *Frame1;
-    QPushButton *CommandRevert;
-    QPushButton *CommandAnalyze;
-    QPushButton *CommandExit;
+    HintPanel *Frame1 = nullptr;
+    QPushButton *CommandRevert = nullptr;
+    QPushButton *CommandAnalyze = nullptr;
+    QPushButton *CommandExit = nullptr;
 };
 
 } // namespace ardiphon

@@ -52,7 +52,7 @@ ToolForm::ToolForm(const AnalysisTool &tool, const ToolContext &context, QWidget
     m_all->addStretch();
     buildButtons();
     Frame1 = new HintPanel(this);
-    revert();
+    ToolForm::revert();
     connectControls();
     const int width = LeastCharacters * fontMetrics().averageCharWidth();
     resize(sizeHint().expandedTo({width, 0}));

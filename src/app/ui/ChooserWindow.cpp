@@ -139,9 +139,9 @@ void ChooserWindow::darken()
 void ChooserWindow::lightOnly(PictureButton *picture, ChooserLabel *label)
 {
     for (PictureButton *const each : std::as_const(m_pictures))
-        each->setState(each == picture ? PictureState::Color : PictureState::Gray);
+        each->setState(picture && each == picture ? PictureState::Color : PictureState::Gray);
     for (ChooserLabel *const each : std::as_const(m_labels))
-        each->setLit(each == label && !each->text().isEmpty());
+        each->setLit(label && each == label && !each->text().isEmpty());
     if (!picture && !label)
         Timer1.stop();
     else if (!Timer1.isActive())

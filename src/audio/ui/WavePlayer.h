@@ -63,12 +63,12 @@ private:
     const WavePlayerHost m_host;
     int PlayerLengthMs = 0;
     int PlayerMode = 0; ///< the control's mode when a seek began
-    QLabel *TextTime;
-    QLabel *Lbl_Durata;
-    MySlider *MySlider1;
-    WaveOutline *m_outline;
-    MMControl *MMControl1;
-    QPushButton *EditorFileWave;
+    QLabel *TextTime = nullptr;
+    QLabel *Lbl_Durata = nullptr;
+    MySlider *MySlider1 = nullptr;
+    WaveOutline *m_outline = nullptr;
+    MMControl *MMControl1 = nullptr;
+    QPushButton *EditorFileWave = nullptr;
 };
 
 } // namespace ardiphon

@@ -103,7 +103,7 @@ QString CompilerOutput::nextSlice()
     for (int line = 0; line < SliceLines && end - m_shown < SliceLength && end < m_text.size();
          ++line)
         end = lineEnd(m_text, end);
-    const QString slice = m_text.mid(m_shown, end - m_shown);
+    QString slice = m_text.mid(m_shown, end - m_shown);
     m_shown = end;
     if (m_shown < m_text.size())
         m_slices.start();

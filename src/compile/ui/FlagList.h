@@ -4,7 +4,10 @@
 #include "language/ui/KeywordHelp.h"
 #include "platform/Dialogs.h"
 
+#include <QObject>
+
 class QPushButton;
+class QWidget;
 
 namespace ardiphon {
 

@@ -37,9 +37,9 @@ protected:
 private:
     void compile() override;
 
-    QLineEdit *Orchestra;
-    QLineEdit *Score;
-    FlagList *m_flags;
+    QLineEdit *Orchestra = nullptr;
+    QLineEdit *Score = nullptr;
+    FlagList *m_flags = nullptr;
 };
 
 } // namespace ardiphon

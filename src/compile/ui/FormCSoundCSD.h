@@ -39,10 +39,10 @@ private:
 
     const ConfigurationBlock &m_config;
     RunOwner m_runs;
-    CompilerOutput *TxtOutputs;
-    QPushButton *Command2;
-    QPushButton *btnStop;
-    QPushButton *Command1;
+    CompilerOutput *TxtOutputs = nullptr;
+    QPushButton *Command2 = nullptr;
+    QPushButton *btnStop = nullptr;
+    QPushButton *Command1 = nullptr;
     bool m_closed = false;
 };
 

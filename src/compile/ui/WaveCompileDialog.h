@@ -35,7 +35,7 @@ protected:
     bool hasLeft() const { return m_left; }
 
     RunOwner m_runs;
-    WavePlayer *m_player;
+    WavePlayer *m_player = nullptr;
 
 private:
     void addControls(const CompileContext &context);
@@ -44,11 +44,11 @@ private:
     bool freeWave();
     void switchRealTime(bool on);
 
-    QLineEdit *Orchestra;
-    QLineEdit *Score;
-    QLineEdit *Wave;
-    QCheckBox *CheckRealTime;
-    FlagList *m_flags;
+    QLineEdit *Orchestra = nullptr;
+    QLineEdit *Score = nullptr;
+    QLineEdit *Wave = nullptr;
+    QCheckBox *CheckRealTime = nullptr;
+    FlagList *m_flags = nullptr;
     QString SavedWaveName; ///< while the audio device stands in the field
     bool m_left = false;
 };

@@ -10,9 +10,9 @@ using Sci = QsciScintillaBase;
 
 struct KeyBinding
 {
-    int key;
+    int key = 0;
     Qt::KeyboardModifiers modifiers;
-    unsigned command;
+    unsigned command = 0;
 };
 
 constexpr Qt::KeyboardModifiers Plain = Qt::NoModifier;

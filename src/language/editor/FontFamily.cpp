@@ -1,6 +1,7 @@
 #include "language/editor/FontFamily.h"
 
 #include <QFontDatabase>
+#include <QStringList>
 
 namespace ardiphon {
 

@@ -16,7 +16,7 @@ class ToolWatcher : public QAccessible::ActivationObserver
 {
 public:
     ToolWatcher() { QAccessible::installActivationObserver(this); }
-    ~ToolWatcher() { QAccessible::removeActivationObserver(this); }
+    ~ToolWatcher() override { QAccessible::removeActivationObserver(this); }
 
     bool toolConnected() const { return m_connected; }
 

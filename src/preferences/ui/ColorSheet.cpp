@@ -18,8 +18,8 @@ namespace ardiphon {
 /// operation the editors ask for the colour themselves when they draw.
 struct ColorSheet::Patch
 {
-    const char *name;
-    Color ConfigurationBlock::*field;
+    const char *name = nullptr;
+    Color ConfigurationBlock::*field = nullptr;
     void (LEditOCX::*operation)(Color) = nullptr;
 };
 

@@ -55,7 +55,7 @@ void TextSheet::layOut()
         return made;
     };
     auto *const form = new QFormLayout;
-    const auto addRow = [this, form](const QString &label, QLineEdit *edit, QWidget *beside) {
+    const auto addRow = [form](const QString &label, QLineEdit *edit, QWidget *beside) {
         auto *const row = new QHBoxLayout;
         row->addWidget(edit);
         row->addWidget(beside);

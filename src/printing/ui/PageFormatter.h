@@ -35,7 +35,7 @@ private:
     struct Room
     {
         QRectF area;
-        double top;
+        double top = 0;
         bool holds(double height) const
         {
             return top <= area.top() || top + height <= area.bottom();
