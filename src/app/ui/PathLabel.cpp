@@ -32,10 +32,10 @@ void PathLabel::showPath(const QString &path)
     setToolTip(path.toHtmlEscaped());
 }
 
-void PathLabel::paintEvent(QPaintEvent *event)
+void PathLabel::paintEvent(QPaintEvent *)
 {
-    QFrame::paintEvent(event);
     QPainter painter(this);
+    drawFrame(&painter);
     const QRect room = contentsRect().adjusted(Margin, 0, -Margin, 0);
     painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter,
                      fontMetrics().elidedText(text(), Qt::ElideMiddle, room.width()));
