@@ -25,7 +25,7 @@ const QString noDevice = QStringLiteral("Wave Player - No sound device");
 
 } // namespace
 
-/// The player's window, and the player as other windows embed it.
+/// The player's window.
 class tst_FormPlayer : public QObject
 {
     Q_OBJECT
@@ -61,9 +61,6 @@ private slots:
     void editor_isStartedWithTheWave();
     void exitAndEscape_closeAndEndTheSound_data();
     void exitAndEscape_closeAndEndTheSound();
-    void embedded_firstWave_isOpenedAtItsBeginning();
-    void embedded_noWave_opensNothing();
-    void embedded_hostButtonsAndMessage_areItsOwn();
 
 private:
     template <typename Control>
@@ -453,53 +450,6 @@ void tst_FormPlayer::exitAndEscape_closeAndEndTheSound()
         click("Command1");
     QVERIFY(!m_form->isVisible());
     QCOMPARE(media()->Mode(), int(MMControl::NotOpen));
-}
-
-void tst_FormPlayer::embedded_firstWave_isOpenedAtItsBeginning()
-{
-    const QString path = m_program->write(QStringLiteral("a.wav"), TimedSound::wave(500));
-    auto *player =
-        new WavePlayer(m_program->config, m_program->dialogs,
-                       {[&] { return path + QStringLiteral("  "); }, {}, {}, [] {}}, nullptr);
-    m_form.reset(player);
-    player->openFirstWave();
-    QCOMPARE(player->title(), ready);
-    QCOMPARE(slider()->Max(), 500);
-    QCOMPARE(slider()->Value(), 0);
-}
-
-void tst_FormPlayer::embedded_noWave_opensNothing()
-{
-    auto *player = new WavePlayer(m_program->config, m_program->dialogs,
-                                  {[] { return QString(); }, {}, {}, [] {}}, nullptr);
-    m_form.reset(player);
-    player->openFirstWave();
-    QCOMPARE(player->title(), idle);
-    QCOMPARE(slider()->Max(), 1);
-}
-
-void tst_FormPlayer::embedded_hostButtonsAndMessage_areItsOwn()
-{
-    QString wave;
-    QPushButton first;
-    QPushButton second;
-    auto *player = new WavePlayer(
-        m_program->config, m_program->dialogs,
-        {[&] { return wave; }, QStringLiteral("No wave file generated!"), {&first, &second}, [] {}},
-        nullptr);
-    m_form.reset(player);
-    player->show();
-    m_program->config.WaveEditor = QStringLiteral("editor");
-    m_program->dialogs.expect({QStringLiteral("No wave file generated!"),
-                               QStringLiteral("ArdiphonPro"), MessageIcon::Exclamation,
-                               MessageButtons::Ok});
-    click("EditorFileWave");
-    wave = m_program->write(QStringLiteral("a.wav"), TimedSound::wave(500));
-    player->OpenPlayerWave();
-    click("Play");
-    QVERIFY(!first.isEnabled());
-    QVERIFY(!second.isEnabled());
-    QTRY_VERIFY(first.isEnabled() && second.isEnabled());
 }
 
 QTEST_MAIN(tst_FormPlayer)

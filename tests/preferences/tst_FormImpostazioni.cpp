@@ -1,12 +1,10 @@
 #include "preferences/SettingsWindow.h"
-#include "preferences/ui/FormDefaultFont.h"
 #include "preferences/ui/FormDirectory.h"
 
 #include <QComboBox>
 #include <QDir>
 #include <QGroupBox>
 #include <QLabel>
-#include <QListView>
 #include <QTimer>
 #include <QWindow>
 
@@ -47,16 +45,6 @@ private slots:
     void general_wheelLines_shown_data();
     void general_wheelLines_shown();
     void general_unknownStartup_staysAsItIs();
-
-    // Text.
-    void text_tabSize_isChecked_data();
-    void text_tabSize_isChecked();
-    void text_fontSize_isChecked_data();
-    void text_fontSize_isChecked();
-    void text_fontSize_isShownAsANumber_data();
-    void text_fontSize_isShownAsANumber();
-    void text_default_writesTheSizesAlone();
-    void text_browse_showsTheNewDefaultFont();
 
     // Associations.
     void association_buttons_doTheirActions();
@@ -359,128 +347,6 @@ void tst_FormImpostazioni::general_unknownStartup_staysAsItIs()
     open();
     save();
     QCOMPARE(m_program->config.StartupAction, "LATER");
-}
-
-// Text. -------------------------------------------------------------------------------------------
-
-void tst_FormImpostazioni::text_tabSize_isChecked_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("passes");
-
-    for (const char *good : {"2", "30", "30.9", " 4 ", "1e1"})
-        QTest::newRow(good) << good << true;
-    for (const char *bad : {"1", "31", "", "  ", "eight", "-3", "4x", "99999999999999999999"})
-        QTest::newRow(bad) << bad << false;
-}
-
-void tst_FormImpostazioni::text_tabSize_isChecked()
-{
-    QFETCH(QString, text);
-    QFETCH(bool, passes);
-    m_program->config.TabSize = "5";
-    open();
-    QCOMPARE(control<QLineEdit>("textTabSize")->text(), "5");
-    type("textTabSize", text);
-    if (!passes)
-        expectError("Tab stop size is invalid!");
-    save();
-    QCOMPARE(m_window->isVisible(), !passes);
-    QCOMPARE(m_program->config.TabSize, passes ? text.trimmed() : QString("5"));
-    QCOMPARE(stored(registry::SettingsKey, "TabSize"), passes ? text.trimmed() : QString("(none)"));
-    if (!passes)
-        QCOMPARE(control<QLineEdit>("textTabSize")->text(), "5");
-}
-
-void tst_FormImpostazioni::text_fontSize_isChecked_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("passes");
-
-    for (const char *good : {"6", "20", "20.5", "12 "})
-        QTest::newRow(good) << good << true;
-    for (const char *bad : {"5", "21", "5.9", "", "large", "1e9", "12pt"})
-        QTest::newRow(bad) << bad << false;
-}
-
-void tst_FormImpostazioni::text_fontSize_isChecked()
-{
-    QFETCH(QString, text);
-    QFETCH(bool, passes);
-    m_program->config.DefaultFontSize = "14";
-    m_program->config.FontSize = 9;
-    open();
-    QCOMPARE(control<QLineEdit>("textFontSize")->text(), "14");
-    type("textTabSize", "12");
-    type("textFontSize", text);
-    if (!passes)
-        expectError("Font size is invalid!");
-    save();
-    QCOMPARE(m_window->isVisible(), !passes);
-    QCOMPARE(m_program->config.DefaultFontSize, passes ? text.trimmed() : QString("14"));
-    QCOMPARE(m_program->config.TabSize, passes ? "12" : "8");
-    QCOMPARE(LEDIT1->TabSize(), passes ? 12 : 8);
-    QCOMPARE(m_program->config.FontSize, 9); // of the windows that are open
-    if (!passes)
-        QCOMPARE(control<QLineEdit>("textFontSize")->text(), "14");
-}
-
-void tst_FormImpostazioni::text_fontSize_isShownAsANumber_data()
-{
-    QTest::addColumn<QString>("setting"); // as the store may hold it
-    QTest::addColumn<QString>("shown");
-
-    QTest::newRow("with a unit") << "12pt"
-                                 << "12";
-    QTest::newRow("blanks") << "  9 "
-                            << "9";
-    QTest::newRow("part") << "10.5"
-                          << "10.5";
-    QTest::newRow("many digits") << "12345678"
-                                 << "12345678";
-    QTest::newRow("word") << "large"
-                          << "0";
-}
-
-void tst_FormImpostazioni::text_fontSize_isShownAsANumber()
-{
-    QFETCH(QString, setting);
-    m_program->config.DefaultFontSize = setting;
-    open();
-    QTEST(control<QLineEdit>("textFontSize")->text(), "shown");
-}
-
-void tst_FormImpostazioni::text_default_writesTheSizesAlone()
-{
-    m_program->config.DefaultFontName = "Some Font";
-    open();
-    type("textTabSize", "3");
-    click("Command5");
-    QCOMPARE(control<QLineEdit>("textTabSize")->text(), "8");
-    QCOMPARE(control<QLineEdit>("textFontSize")->text(), "10");
-    QCOMPARE(control<QLineEdit>("textFontName")->text(), "Some Font");
-    QVERIFY(control<QLineEdit>("textFontName")->isReadOnly());
-}
-
-void tst_FormImpostazioni::text_browse_showsTheNewDefaultFont()
-{
-    open();
-    QString name;
-    QTimer::singleShot(0, this, [&name] {
-        auto *chooser = qobject_cast<FormDefaultFont *>(QApplication::activeModalWidget());
-        QVERIFY(chooser);
-        auto *list = chooser->findChild<QListView *>("List1");
-        name = list->model()->index(0, 0).data().toString();
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
-                          list->visualRect(list->model()->index(0, 0)).center());
-        QTest::mouseClick(chooser->findChild<QPushButton *>("Command2"), Qt::LeftButton);
-    });
-    click("Command6");
-    QVERIFY(!name.isEmpty());
-    QCOMPARE(control<QLineEdit>("textFontName")->text(), name);
-    QCOMPARE(m_program->config.DefaultFontName, name);
-    save();
-    QCOMPARE(stored(registry::SettingsKey, "DefaultFontName"), name);
 }
 
 // Associations. -----------------------------------------------------------------------------------

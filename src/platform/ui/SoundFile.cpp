@@ -59,7 +59,10 @@ int SoundFile::millisecondsAt(qint64 frame) const
     return static_cast<int>(seconds * 1000 + inside % rate() * 1000 / rate());
 }
 
-bool SoundFile::seek(qint64 frame) { return sf_seek(m_handle->file, frame, SEEK_SET) == frame; }
+bool SoundFile::seek(qint64 frame)
+{
+    return frame >= 0 && sf_seek(m_handle->file, frame, SEEK_SET) == frame;
+}
 
 qint64 SoundFile::read(float *samples, qint64 count)
 {
