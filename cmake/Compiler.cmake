@@ -7,7 +7,6 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 option(ARDIPHON_WARNINGS_AS_ERRORS "Stop at the first warning" OFF)
 option(ARDIPHON_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
-option(ARDIPHON_TIDY "Run clang-tidy over every source" OFF)
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
@@ -34,8 +33,4 @@ else()
   include(CheckPIESupported)
   check_pie_supported(LANGUAGES CXX)
   add_link_options(-Wl,-z,relro -Wl,-z,now)
-endif()
-
-if(ARDIPHON_TIDY)
-  set(CMAKE_CXX_CLANG_TIDY clang-tidy)
 endif()

@@ -38,9 +38,8 @@ class Tables
 public:
     void readOpcodes(const std::string &path)
     {
-        forEachLine(path, [this](const Place &place, const std::string &line) {
-            addOpcode(place, line);
-        });
+        forEachLine(
+            path, [this](const Place &place, const std::string &line) { addOpcode(place, line); });
     }
 
     std::vector<std::string> readWords(const std::string &path)
@@ -92,9 +91,9 @@ private:
             if (opcode[i].find_first_not_of(' ') == std::string::npos)
                 return refuse(place, std::string("empty ") + fields[i].name);
             if (opcode[i].size() > fields[i].length)
-                return refuse(place, std::string(fields[i].name) + " of "
-                                         + std::to_string(opcode[i].size()) + " characters, "
-                                         + std::to_string(fields[i].length) + " are allowed");
+                return refuse(place, std::string(fields[i].name) + " of " +
+                                         std::to_string(opcode[i].size()) + " characters, " +
+                                         std::to_string(fields[i].length) + " are allowed");
             start = end + std::string(separator).size();
         }
         if (opcode[2].find('|') != std::string::npos)
@@ -176,8 +175,8 @@ int main(int argc, char *argv[])
     scoreWords.push_back("end-of-table");
 
     const std::string &folder = arguments[0];
-    const bool written = write(folder + "/opcode.txt", records)
-                         && write(folder + "/csd.txt", lines(csdWords))
-                         && write(folder + "/score.txt", lines(scoreWords));
+    const bool written = write(folder + "/opcode.txt", records) &&
+                         write(folder + "/csd.txt", lines(csdWords)) &&
+                         write(folder + "/score.txt", lines(scoreWords));
     return written ? 0 : 1;
 }

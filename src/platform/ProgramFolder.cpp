@@ -10,8 +10,8 @@ QString writableProgramFolder(const QString &programFolder)
 {
     if (QFileInfo(programFolder).isWritable())
         return programFolder;
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-                           QStringLiteral("/Ardiphon");
+    QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+                     QStringLiteral("/Ardiphon");
     QDir().mkpath(folder);
     return folder;
 }
