@@ -72,7 +72,7 @@ public:
 
 private:
     static constexpr qsizetype WarmUp = 20;
-    static constexpr qsizetype Comparable = 20;
+    static constexpr qsizetype Comparable = 100;
     static constexpr int SpareHandles = 4;
     static constexpr qint64 MostGrowth = 20'000;
 
