@@ -26,6 +26,8 @@ private slots:
     void setText_mixedLineEnds_keepsThoseNotTouched();
     void setText_meetingCrAndLf_staysTwoLines();
     void setText_sameText_changesNothing();
+    void setTextOf_takesTheTextInItsOwnLineEnds();
+    void setTextOf_sameText_changesNothing();
     void state_otherFlags_areIgnored();
     void state_followsUndoToTheSavedText();
     void resetUndo_keepsTheModifiedState();
@@ -161,6 +163,32 @@ void tst_LEditOCX::setText_sameText_changesNothing()
     load("a\nb\r");
     m_editor->SetText("a\r\nb\r\n");
     QVERIFY(!m_editor->GetState(2));
+}
+
+void tst_LEditOCX::setTextOf_takesTheTextInItsOwnLineEnds()
+{
+    load(QByteArray("è\nb\nc\n"));
+    LEditOCX other;
+    other.SetText(QString::fromUtf8("è\r\nB\r\nX\r\nc\r\n"));
+    m_editor->SetTextOf(other);
+    QCOMPARE(saved(), QByteArray("è\nB\nX\nc\n"));
+    QCOMPARE(other.Text(), QString::fromUtf8("è\r\nB\r\nX\r\nc\r\n"));
+    m_editor->Undo();
+    QCOMPARE(saved(), QByteArray("è\nb\nc\n"));
+    other.SetText({});
+    m_editor->SetTextOf(other);
+    QCOMPARE(saved(), QByteArray());
+}
+
+void tst_LEditOCX::setTextOf_sameText_changesNothing()
+{
+    load("a\nb\rc\r\n");
+    LEditOCX other;
+    other.SetText("a\r\nb\r\nc\r\n");
+    m_editor->SetTextOf(other);
+    m_editor->SetTextOf(*m_editor);
+    QVERIFY(!m_editor->GetState(2));
+    QCOMPARE(saved(), QByteArray("a\nb\rc\r\n"));
 }
 
 void tst_LEditOCX::state_otherFlags_areIgnored()

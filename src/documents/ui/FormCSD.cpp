@@ -149,7 +149,7 @@ void FormCSD::setSplit(bool on)
 {
     commands().action("buttonSplit")->setChecked(on);
     if (on) {
-        LEDIT2->SetText(LEDIT1->Text());
+        LEDIT2->SetTextOf(*LEDIT1);
         LEDIT2->ResetUndo();
     } else {
         LEDIT2->ClearDocument();

@@ -14,7 +14,7 @@ bool isPrintable(int character) { return character >= 32 && character <= 126; }
 void copyText(const LEditOCX &from, LEditOCX &to)
 {
     const int SavedFirstLine = to.TopLine();
-    to.SetText(from.Text());
+    to.SetTextOf(from);
     to.SetTopLine(SavedFirstLine);
 }
 

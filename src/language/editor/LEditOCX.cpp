@@ -63,6 +63,16 @@ void LEditOCX::Private::replaceDocument(const DocumentText &document)
     styling.prepareLongLines();
 }
 
+void LEditOCX::Private::changeText(QByteArrayView wanted)
+{
+    const TextDifference difference = differenceOf(text.bytes(0, text.size()), wanted);
+    if (difference.isNone())
+        return;
+    const auto [start, end] = difference.wanted;
+    const EditStep step(view);
+    text.replace(difference.present, wanted.sliced(start, end - start));
+}
+
 LEditOCX::LEditOCX(QWidget *parent) : QWidget(parent), d(std::make_unique<Private>(*this))
 {
     auto *layout = new QVBoxLayout(this);
@@ -76,16 +86,11 @@ LEditOCX::~LEditOCX() { delete &d->view; }
 
 QString LEditOCX::Text() const { return d->text.text({0, d->text.size()}); }
 
-void LEditOCX::SetText(const QString &text)
+void LEditOCX::SetText(const QString &text) { d->changeText(text.toUtf8()); }
+
+void LEditOCX::SetTextOf(const LEditOCX &other)
 {
-    const QByteArray wanted = text.toUtf8();
-    const TextDifference difference = differenceOf(d->text.bytes(0, d->text.size()), wanted);
-    if (difference.isNone())
-        return;
-    const EditStep step(d->view);
-    d->text.replace(difference.present,
-                    QByteArrayView(wanted).sliced(difference.wanted.start,
-                                                  difference.wanted.end - difference.wanted.start));
+    d->changeText(other.d->text.bytes(0, other.d->text.size()));
 }
 
 int LEditOCX::LineCount() const { return d->text.lineCount(); }

@@ -52,6 +52,8 @@ public:
     QString Text() const;
     /// Replaces the text as one step of history, touching only what differs.
     void SetText(const QString &text);
+    /// The same with the text of another control, without a copy of it on the way.
+    void SetTextOf(const LEditOCX &other);
     int LineCount() const;
     /// Without its line end; "" for a line that does not exist.
     QString LineText(int line) const;

@@ -17,6 +17,8 @@ public:
     explicit Private(LEditOCX &control);
 
     void replaceDocument(const DocumentText &document);
+    /// Makes the text that one, as one step of history that touches only what differs.
+    void changeText(QByteArrayView wanted);
     void select(TextRange range);
     void setRecord(TextRange range);
     TextRange record() const;
