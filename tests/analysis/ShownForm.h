@@ -1,6 +1,7 @@
 #pragma once
 
 #include "analysis/ui/AnalysisWindows.h"
+#include "support/Controls.h"
 #include "support/TestProgram.h"
 
 #include <QComboBox>
@@ -28,10 +29,7 @@ struct ShownForm
     template <typename Control>
     Control *control(const QString &name) const
     {
-        auto *const found = form->findChild<Control *>(name);
-        if (!found)
-            qFatal("no control %s", qPrintable(name));
-        return found;
+        return controlIn<Control>(*form, name);
     }
     QLineEdit *field(int index) const
     {

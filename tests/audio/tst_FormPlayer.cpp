@@ -3,6 +3,7 @@
 #include "audio/ui/WaveOutline.h"
 #include "audio/ui/WavePlayer.h"
 #include "platform/ui/MMControl.h"
+#include "support/Controls.h"
 #include "support/SoundServer.h"
 #include "support/TestProgram.h"
 #include "support/TimedSound.h"
@@ -66,10 +67,7 @@ private:
     template <typename Control>
     Control *control(const char *name) const
     {
-        auto *found = m_form->findChild<Control *>(QLatin1String(name));
-        if (!found)
-            qFatal("no control %s", name);
-        return found;
+        return controlIn<Control>(*m_form, QLatin1String(name));
     }
     void click(const char *name)
     {

@@ -4,6 +4,7 @@
 #include "compile/ui/CompileContext.h"
 #include "language/editor/LEditOCX.h"
 #include "platform/ui/MMControl.h"
+#include "support/Controls.h"
 #include "support/StandInCompiler.h"
 #include "support/TestProgram.h"
 #include "support/When.h"
@@ -62,10 +63,7 @@ struct ProjectDialog : TestProgram
     template <typename Control = QPushButton>
     Control *control(const char *name) const
     {
-        auto *found = form->findChild<Control *>(QLatin1String(name));
-        if (!found)
-            qFatal("no control %s", name);
-        return found;
+        return controlIn<Control>(*form, QLatin1String(name));
     }
     void click(const char *name) const
     {

@@ -2,6 +2,7 @@
 
 #include "documents/ui/FormCSD.h"
 #include "language/editor/LEditOCX.h"
+#include "support/Controls.h"
 #include "support/TestProgram.h"
 
 #include <QAction>
@@ -37,10 +38,7 @@ protected:
     template <typename Control>
     Control *control(const char *name) const
     {
-        auto *found = m_window->findChild<Control *>(QLatin1String(name));
-        if (!found)
-            qFatal("no control %s", name);
-        return found;
+        return controlIn<Control>(*m_window, QLatin1String(name));
     }
     QAction *action(const char *name) const { return control<QAction>(name); }
     void trigger(const char *name) { action(name)->trigger(); }

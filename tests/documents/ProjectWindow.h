@@ -3,6 +3,7 @@
 #include "app/ui/FormNew.h"
 #include "documents/ui/FormORCSCO.h"
 #include "language/editor/LEditOCX.h"
+#include "support/Controls.h"
 #include "support/TestProgram.h"
 
 #include <QAction>
@@ -45,10 +46,7 @@ struct ProjectWindow : TestProgram
     template <typename Control>
     Control *control(const char *name) const
     {
-        auto *found = window->findChild<Control *>(QLatin1String(name));
-        if (!found)
-            qFatal("no control %s", name);
-        return found;
+        return controlIn<Control>(*window, QLatin1String(name));
     }
 
     void trigger(const char *command) const { control<QAction>(command)->trigger(); }

@@ -2,6 +2,7 @@
 #include "documents/ui/FormORCSCO.h"
 #include "language/editor/LEditOCX.h"
 #include "language/ui/Gutter.h"
+#include "support/Controls.h"
 #include "support/TestProgram.h"
 
 #include <QAction>
@@ -63,10 +64,7 @@ private:
     template <typename Control>
     Control *control(const char *name) const
     {
-        auto *found = m_window->findChild<Control *>(QLatin1String(name));
-        if (!found)
-            qFatal("no control %s", name);
-        return found;
+        return controlIn<Control>(*m_window, QLatin1String(name));
     }
     /// Carries a command out, and \a step in the window that it opens.
     void trigger(const char *command, const std::function<void(QDialog &window)> &step = {});

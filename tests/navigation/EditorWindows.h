@@ -7,6 +7,7 @@
 #include "language/editor/LEditOCX.h"
 #include "navigation/SearchRules.h"
 #include "navigation/ui/SearchWindows.h"
+#include "support/Controls.h"
 #include "support/EditorInput.h"
 #include "support/ScriptedDialogs.h"
 
@@ -55,10 +56,7 @@ struct CsdWindow
     template <typename Control>
     Control *control(const char *name) const
     {
-        auto *found = form->findChild<Control *>(QLatin1String(name));
-        if (!found)
-            qFatal("no control %s", name);
-        return found;
+        return controlIn<Control>(*form, QLatin1String(name));
     }
     void trigger(const char *name) const { control<QAction>(name)->trigger(); }
 

@@ -3,6 +3,7 @@
 #include "EditorWindows.h"
 #include "navigation/ui/SearchWindow.h"
 #include "platform/Dialogs.h"
+#include "support/Controls.h"
 
 #include <QAbstractButton>
 #include <QLineEdit>
@@ -36,10 +37,7 @@ public:
     template <typename Control>
     Control *control(const char *name) const
     {
-        auto *found = window->findChild<Control *>(QLatin1String(name));
-        if (!found)
-            qFatal("no control %s", name);
-        return found;
+        return controlIn<Control>(*window, QLatin1String(name));
     }
     QLineEdit *text(const char *name = "Text1") const { return control<QLineEdit>(name); }
     void click(const char *name) const

@@ -4,6 +4,7 @@
 #include "language/editor/LEditOCX.h"
 #include "preferences/SettingsValues.h"
 #include "preferences/ui/FormImpostazioni.h"
+#include "support/Controls.h"
 #include "support/TestProgram.h"
 
 #include <QApplication>
@@ -28,10 +29,7 @@ protected:
     template <typename Control>
     Control *control(const char *name) const
     {
-        auto *found = m_window->findChild<Control *>(QLatin1String(name));
-        if (!found)
-            qFatal("no control %s", name);
-        return found;
+        return controlIn<Control>(*m_window, QLatin1String(name));
     }
     /// Shows the sheet and clicks on the control as a user would.
     void click(const char *name);

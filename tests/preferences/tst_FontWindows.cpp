@@ -1,6 +1,7 @@
 #include "language/editor/FontFamily.h"
 #include "preferences/ui/FormDefaultFont.h"
 #include "preferences/ui/FormFont.h"
+#include "support/Controls.h"
 #include "support/TestProgram.h"
 
 #include <QFontDatabase>
@@ -52,10 +53,7 @@ private:
     template <typename Control>
     Control *control(const char *name) const
     {
-        auto *found = m_window->findChild<Control *>(QLatin1String(name));
-        if (!found)
-            qFatal("no control %s", name);
-        return found;
+        return controlIn<Control>(*m_window, QLatin1String(name));
     }
     void clickButton(const char *name)
     {
