@@ -34,22 +34,19 @@ struct ToolButton
     std::span<const ToolButton> menu = {}; ///< further buttons, beneath an arrow beside this one
 };
 
-/// The commands that both editor windows have.
+// What both editor windows have: commands, submenus and the popup menu.
 std::span<const Command> editorCommands();
+std::span<const Menu> editorSubmenus();
+const Menu &editorPopup();
 
-// The CSD window: its own commands, its menu bar from left to right, its submenus, its popup menu
-// and its toolbar.
+// The CSD window: its own commands, its menu bar from left to right and its toolbar.
 std::span<const Command> csdCommands();
 std::span<const Menu> csdMenus();
-std::span<const Menu> csdSubmenus();
-const Menu &csdPopup();
 std::span<const ToolButton> csdToolbar();
 
 // The project's window, with the toolbars of its two halves.
 std::span<const Command> projectCommands();
 std::span<const Menu> projectMenus();
-std::span<const Menu> projectSubmenus();
-const Menu &projectPopup();
 std::span<const ToolButton> projectToolbar();
 std::span<const ToolButton> orchestraToolbar();
 std::span<const ToolButton> scoreToolbar();

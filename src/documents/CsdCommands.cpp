@@ -43,74 +43,50 @@ constexpr const char *fileMenu[] = {
 
 constexpr const char *headerMenu[] = {"menuHeaders", nullptr, "menuTemplateCSD"};
 
-constexpr const char *toolsMenu[] = {
-    "menuCSound",
-    "menuToolsWinsound",
-    "menuCSoundAV",
-    nullptr,
-    "menuAnalisi",
-    nullptr,
-    "menuCommandLine",
-    "menuPlayer",
-    nullptr,
-    "menuToolsBookmark",
-    "menuToolsRemoveBookmark",
-    "menuToolsRemoveAllBookmark",
-};
-
 constexpr Menu menus[] = {
     {"menuFile", "&File", fileMenu},        {"menuModifica", "&Edit", EditMenu},
     {"menuFormato", "F&ormat", FormatMenu}, {"menuHeader", "&Header", headerMenu},
-    {"menuTools", "&Tools", toolsMenu},     {"menuWindow", "&Window", WindowMenu},
+    {"menuTools", "&Tools", ToolsMenu},     {"menuWindow", "&Window", WindowMenu},
     {"menuInfo", "&Info", InfoMenu},
 };
-
-constexpr Menu submenus[] = {
-    {"menuSize", "&Size", SizeMenu},
-    {"menuAnalisi", "CSound &Analysis", AnalysisMenu},
-};
-
-constexpr Menu popup = {"menuPopup", "", PopupMenu};
 
 constexpr ToolButton toolbar[] = {
     {"buttonNuovoProgetto", "menuFileNuovaOrchestra", "new", "New File"},
     {"buttonApriProgetto", "menuFileApriOrchestra", "open", "Open File"},
     {"buttonSalvaProgetto", "menuFileSalvaOrchestra", "save", "Save File"},
     {"buttonSalvaProgettoNome", "menuFileSalvaOrchestraNome", "save-as", "Save File As"},
-    {"buttonDefaultDir", "buttonDefaultDir", "default-folder", "Default Directory"},
+    FolderButton,
     {"buttonPlayer", "menuPlayer", "player", "Wave Player"},
     ToolbarLine,
     {"buttonTrova", "menuModificaTrova", "find", "Find"},
     {"buttonSostituisci", "menuModificaSostituisci", "replace", "Find and Replace"},
     {"buttonTrovaRiga", "menuModificaTrovaRiga", "find-line", "Find Line number"},
     ToolbarLine,
-    {"buttonUndo", "menuModificaUndo", "undo", "Undo"},
-    {"buttonRedo", "menuModificaRedo", "redo", "Redo"},
+    UndoButton,
+    RedoButton,
     ToolbarLine,
-    {"buttonCarattereMeno", "buttonCarattereMeno", "font-smaller", "Smaller Font"},
-    {"buttonCaratterePiu", "buttonCaratterePiu", "font-larger", "Larger Font"},
+    SmallerFontButton,
+    LargerFontButton,
     {"buttonSplit", "buttonSplit", "split", "Split CSD Window"},
     ToolbarLine,
-    {"buttonCsound", "menuCSound", "compile", "CSound Console Compiler"},
-    {"buttonWinsound", "menuToolsWinsound", "winsound", "Winsound Compiler"},
-    {"buttonDirectCsound", "menuCSoundAV", "csoundav", "CSoundAV"},
+    CompileButton,
+    WinsoundButton,
+    CSoundAVButton,
     AnalysisButton,
     ToolbarLine,
-    {"buttonHelp", "menuInfoCsoundHelp", "help", "CSound Help"},
-    {"buttonOpcodeHelp", "buttonOpcodeHelp", "opcode-help", "Opcode Help"},
-    {"buttonDirectHelp", "menuInfoCSoundAVHelp", "direct-help", "CSoundAV Help"},
+    HelpButton,
+    OpcodeHelpButton,
+    CSoundAVHelpButton,
     {"buttonFlagsHelp", "buttonFlagsHelp", "flags-help", "Command Line Flags"},
     ToolbarLine,
-    {"buttonCalculator", "buttonCalculator", "calculator", "Calculator"},
-    {"buttonCommand", "menuCommandLine", "terminal", "Command Line"},
+    CalculatorButton,
+    TerminalButton,
 };
 
 } // namespace
 
 std::span<const Command> csdCommands() { return commands; }
 std::span<const Menu> csdMenus() { return menus; }
-std::span<const Menu> csdSubmenus() { return submenus; }
-const Menu &csdPopup() { return popup; }
 std::span<const ToolButton> csdToolbar() { return toolbar; }
 
 } // namespace ardiphon

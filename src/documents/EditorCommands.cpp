@@ -1,4 +1,4 @@
-#include "documents/Commands.h"
+#include "documents/EditorMenus.h"
 
 namespace ardiphon {
 
@@ -74,8 +74,17 @@ constexpr Command commands[] = {
     {"buttonCalculator", "Calculator"},
 };
 
+constexpr Menu submenus[] = {
+    {"menuSize", "&Size", SizeMenu},
+    {"menuAnalisi", "CSound &Analysis", AnalysisMenu},
+};
+
+constexpr Menu popup = {"menuPopup", "", PopupMenu};
+
 } // namespace
 
 std::span<const Command> editorCommands() { return commands; }
+std::span<const Menu> editorSubmenus() { return submenus; }
+const Menu &editorPopup() { return popup; }
 
 } // namespace ardiphon

@@ -4,8 +4,8 @@
 
 namespace ardiphon {
 
-// What the menus of both editor windows hold alike; a command that a window lacks is left out
-// there. ----------------------------------------------
+// What the menus and toolbars of both editor windows hold alike; a command that a window lacks is
+// left out there.
 
 inline constexpr const char *EditMenu[] = {
     "menuModificaUndo",        "menuModificaRedo",      nullptr, "menuModificaTaglia",
@@ -15,6 +15,21 @@ inline constexpr const char *EditMenu[] = {
 
 inline constexpr const char *FormatMenu[] = {"menuFormatoTipocarattere", "menuSize", "menuLista"};
 inline constexpr const char *SizeMenu[] = {"menuFontSize"};
+
+inline constexpr const char *ToolsMenu[] = {
+    "menuCSound",
+    "menuToolsWinsound",
+    "menuCSoundAV",
+    nullptr,
+    "menuAnalisi",
+    nullptr,
+    "menuCommandLine",
+    "menuPlayer",
+    nullptr,
+    "menuToolsBookmark",
+    "menuToolsRemoveBookmark",
+    "menuToolsRemoveAllBookmark",
+};
 
 inline constexpr const char *WindowMenu[] = {
     "menuWindowLineNumbers", "menuWindowBarraBook",  "menuWindowHelp",
@@ -56,6 +71,31 @@ inline constexpr const char *PopupMenu[] = {
 };
 
 inline constexpr ToolButton ToolbarLine = {nullptr, nullptr, nullptr, nullptr};
+
+inline constexpr ToolButton FolderButton = {"buttonDefaultDir", "buttonDefaultDir",
+                                            "default-folder", "Default Directory"};
+inline constexpr ToolButton UndoButton = {"buttonUndo", "menuModificaUndo", "undo", "Undo"};
+inline constexpr ToolButton RedoButton = {"buttonRedo", "menuModificaRedo", "redo", "Redo"};
+inline constexpr ToolButton SmallerFontButton = {"buttonCarattereMeno", "buttonCarattereMeno",
+                                                 "font-smaller", "Smaller Font"};
+inline constexpr ToolButton LargerFontButton = {"buttonCaratterePiu", "buttonCaratterePiu",
+                                                "font-larger", "Larger Font"};
+inline constexpr ToolButton CompileButton = {"buttonCsound", "menuCSound", "compile",
+                                             "CSound Console Compiler"};
+inline constexpr ToolButton WinsoundButton = {"buttonWinsound", "menuToolsWinsound", "winsound",
+                                              "Winsound Compiler"};
+inline constexpr ToolButton CSoundAVButton = {"buttonDirectCsound", "menuCSoundAV", "csoundav",
+                                              "CSoundAV"};
+inline constexpr ToolButton HelpButton = {"buttonHelp", "menuInfoCsoundHelp", "help",
+                                          "CSound Help"};
+inline constexpr ToolButton OpcodeHelpButton = {"buttonOpcodeHelp", "buttonOpcodeHelp",
+                                                "opcode-help", "Opcode Help"};
+inline constexpr ToolButton CSoundAVHelpButton = {"buttonDirectHelp", "menuInfoCSoundAVHelp",
+                                                  "direct-help", "CSoundAV Help"};
+inline constexpr ToolButton CalculatorButton = {"buttonCalculator", "buttonCalculator",
+                                                "calculator", "Calculator"};
+inline constexpr ToolButton TerminalButton = {"buttonCommand", "menuCommandLine", "terminal",
+                                              "Command Line"};
 
 inline constexpr ToolButton AnalysisButtons[] = {
     {"buttonHetro", "menuHetro", "hetro", "Hetro"},

@@ -84,44 +84,22 @@ constexpr const char *viewMenu[] = {
     "menuVisualizzaReset",
 };
 
-constexpr const char *toolsMenu[] = {
-    "menuCSound",
-    "menuToolsWinsound",
-    "menuCSoundAV",
-    nullptr,
-    "menuAnalisi",
-    nullptr,
-    "menuCommandLine",
-    "menuPlayer",
-    nullptr,
-    "menuToolsBookmark",
-    "menuToolsRemoveBookmark",
-    "menuToolsRemoveAllBookmark",
-};
-
 constexpr Menu menus[] = {
     {"menuFile", "&File", fileMenu},        {"menuModifica", "&Edit", EditMenu},
     {"menuFormato", "F&ormat", FormatMenu}, {"menuHeader", "&Header", headerMenu},
-    {"menuVisualizza", "&View", viewMenu},  {"menuTools", "&Tools", toolsMenu},
+    {"menuVisualizza", "&View", viewMenu},  {"menuTools", "&Tools", ToolsMenu},
     {"menuWindow", "&Window", WindowMenu},  {"menuInfo", "&Info", InfoMenu},
 };
-
-constexpr Menu submenus[] = {
-    {"menuSize", "&Size", SizeMenu},
-    {"menuAnalisi", "CSound &Analysis", AnalysisMenu},
-};
-
-constexpr Menu popup = {"menuPopup", "", PopupMenu};
 
 constexpr ToolButton toolbar[] = {
     {"buttonNuovoProgetto", "menuFileNuovoProgetto", "new", "New Project"},
     {"buttonApriProgetto", "menuFileApriProgetto", "open", "Open Project"},
     {"buttonSalvaProgetto", "menuFileSalvaProgetto", "save", "Save Project"},
     {"buttonSalvaProgettoNome", "menuFileSalvaProgettoNome", "save-as", "Save Project As"},
-    {"buttonDefaultDir", "buttonDefaultDir", "default-folder", "Default Directory"},
+    FolderButton,
     ToolbarLine,
-    {"buttonUndo", "menuModificaUndo", "undo", "Undo"},
-    {"buttonRedo", "menuModificaRedo", "redo", "Redo"},
+    UndoButton,
+    RedoButton,
     ToolbarLine,
     {"buttonOrizzontale", "menuVisualizzaOrizzontale", "arrange-horizontal",
      "Arrange windows horizontally"},
@@ -132,20 +110,20 @@ constexpr ToolButton toolbar[] = {
     {"buttonWindowRefresh", "menuVisualizzaReset", "arrange-reset",
      "Reset windows to normal position"},
     ToolbarLine,
-    {"buttonCarattereMeno", "buttonCarattereMeno", "font-smaller", "Smaller Font"},
-    {"buttonCaratterePiu", "buttonCaratterePiu", "font-larger", "Larger Font"},
+    SmallerFontButton,
+    LargerFontButton,
     ToolbarLine,
-    {"buttonCsound", "menuCSound", "compile", "CSound Console Compiler"},
-    {"buttonWinsound", "menuToolsWinsound", "winsound", "Winsound Compiler"},
-    {"buttonDirectCsound", "menuCSoundAV", "csoundav", "CSoundAV"},
+    CompileButton,
+    WinsoundButton,
+    CSoundAVButton,
     AnalysisButton,
     ToolbarLine,
-    {"buttonHelp", "menuInfoCsoundHelp", "help", "CSound Help"},
-    {"buttonOpcodeHelp", "buttonOpcodeHelp", "opcode-help", "Opcode Help"},
-    {"buttonDirectHelp", "menuInfoCSoundAVHelp", "direct-help", "CSoundAV Help"},
+    HelpButton,
+    OpcodeHelpButton,
+    CSoundAVHelpButton,
     ToolbarLine,
-    {"buttonCalculator", "buttonCalculator", "calculator", "Calculator"},
-    {"buttonCommand", "menuCommandLine", "terminal", "Command Line"},
+    CalculatorButton,
+    TerminalButton,
 };
 
 constexpr ToolButton orchestraButtons[] = {
@@ -179,8 +157,6 @@ constexpr ToolButton scoreButtons[] = {
 
 std::span<const Command> projectCommands() { return commands; }
 std::span<const Menu> projectMenus() { return menus; }
-std::span<const Menu> projectSubmenus() { return submenus; }
-const Menu &projectPopup() { return popup; }
 std::span<const ToolButton> projectToolbar() { return toolbar; }
 std::span<const ToolButton> orchestraToolbar() { return orchestraButtons; }
 std::span<const ToolButton> scoreToolbar() { return scoreButtons; }

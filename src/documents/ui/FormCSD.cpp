@@ -108,10 +108,10 @@ void FormCSD::buildMenus()
 {
     CommandSet &set = commands();
     addCommands(csdCommands());
-    set.fill(*menuBar(), csdMenus(), csdSubmenus());
+    set.fill(*menuBar(), csdMenus(), editorSubmenus());
     set.fill(*Toolbar1, csdToolbar());
     menuPopup = new QMenu(this);
-    set.fill(*menuPopup, csdPopup());
+    set.fill(*menuPopup, editorPopup());
 }
 
 void FormCSD::groupTools()

@@ -156,12 +156,12 @@ void FormORCSCO::buildMenus()
 {
     CommandSet &set = commands();
     addCommands(projectCommands());
-    set.fill(*menuBar(), projectMenus(), projectSubmenus());
+    set.fill(*menuBar(), projectMenus(), editorSubmenus());
     set.fill(*Toolbar1, projectToolbar());
     set.fill(m_orchestra->toolbar(), orchestraToolbar());
     set.fill(m_score->toolbar(), scoreToolbar());
     menuPopup = new QMenu(this);
-    set.fill(*menuPopup, projectPopup());
+    set.fill(*menuPopup, editorPopup());
 }
 
 void FormORCSCO::groupTools()
