@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Checks the sources with clang-format and clang-tidy:  tools/tidy.sh [PATTERN]
-# PATTERN, a regular expression, picks the sources by their path, such as src/compile/.
+# PATTERN, a regular expression, picks the sources by their path below src, such as compile/ui.
 set -eu
 cd "$(dirname "$(readlink -f "$0")")/.."
 . tools/packages.sh

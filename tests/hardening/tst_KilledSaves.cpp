@@ -1,5 +1,6 @@
 // A program that is killed at any moment of a save leaves the old text or the new one, never a
-// third thing. KILLS in the environment tells how often it is tried; 50 times without it.
+// third thing; where the file has to be written in place, the text may be the one set aside. KILLS
+// in the environment tells how often it is tried; 50 times without it.
 
 #include <QDir>
 #include <QFile>
