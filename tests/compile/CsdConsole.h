@@ -88,7 +88,8 @@ struct CsdConsole
         });
     }
 
-    QTemporaryDir folder;
+    /// Without the usual dash, as options are searched for "-o".
+    QTemporaryDir folder{QDir::tempPath() + QStringLiteral("/test_XXXXXX")};
     ardiphon::ConfigurationBlock config;
     ScriptedDialogs dialogs;
     std::function<qint64()> clock = [] { return qint64(5000); };

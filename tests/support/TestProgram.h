@@ -5,6 +5,7 @@
 #include "app/modRegistry.h"
 #include "support/ScriptedDialogs.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -39,7 +40,8 @@ struct TestProgram
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
-    QTemporaryDir folder;
+    /// Without the usual dash: one name in fifty would hold "-o", which flags may not.
+    QTemporaryDir folder{QDir::tempPath() + QStringLiteral("/test_XXXXXX")};
     ardiphon::ConfigurationBlock config;
     ardiphon::SettingsStore settings{folder.filePath(QStringLiteral("settings.ini"))};
     ScriptedDialogs dialogs;
