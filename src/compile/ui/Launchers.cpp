@@ -14,8 +14,6 @@ namespace ardiphon {
 
 namespace {
 
-constexpr int TextState = 2;
-
 /// Says what there is to say, and tells whether to go on.
 bool mayOpen(const LaunchDecision &decision, Dialogs &dialogs)
 {

@@ -11,12 +11,6 @@
 
 namespace ardiphon {
 
-namespace {
-
-constexpr int TextState = 2;
-
-} // namespace
-
 EditedFile::EditedFile(LEditOCX &editor, Bookmarks &bookmarks, QString &fileName, FileTexts texts,
                        ProgramContext &program, FileChooser &files, QObject *parent)
     : QObject(parent),

@@ -29,12 +29,6 @@
 
 namespace ardiphon {
 
-namespace {
-
-constexpr int TextState = 2;
-
-} // namespace
-
 LEditOCX *EditorWindow::newEditor(const QString &name, ViewLanguage language)
 {
     auto *editor = new LEditOCX(centralWidget());

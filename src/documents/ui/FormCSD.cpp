@@ -32,7 +32,6 @@ namespace ardiphon {
 
 namespace {
 
-constexpr int TextState = 2;
 constexpr int RefreshInterval = 100; // milliseconds
 constexpr int ToolIconSize = 20;
 

@@ -27,6 +27,9 @@ struct EditorMouseButton
     int Y;      ///< twips from the control's top edge
 };
 
+/// The flag of GetState and ClearState that stands for the text.
+inline constexpr int TextState = 2;
+
 /// The editor control: one document with its typing, caret and selection, history, clipboard, file
 /// load and save, search, bookmarks, and the tokens that colouring asks for.
 ///
@@ -70,9 +73,10 @@ public:
     /// is written byte for byte as it was. False when nothing was written.
     bool SaveFile(const QString &path);
 
-    /// \a flag 2: whether the text was modified since the state was last cleared. Else false.
+    /// \a flag TextState: whether the text was modified since the state was last cleared. Else
+    /// false.
     bool GetState(int flag) const;
-    /// \a flag 2 clears the modified state.
+    /// \a flag TextState clears the modified state.
     void ClearState(int flag);
 
     void Undo();
