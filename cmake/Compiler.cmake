@@ -4,6 +4,7 @@ set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
 
 option(ARDIPHON_WARNINGS_AS_ERRORS "Stop at the first warning" OFF)
 option(ARDIPHON_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
