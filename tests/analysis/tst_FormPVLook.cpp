@@ -1,4 +1,5 @@
 #include "analysis/ShownForm.h"
+#include "support/TestMain.h"
 
 #include <sys/stat.h>
 
@@ -188,5 +189,5 @@ void tst_FormPVLook::pvlook_revert_keepsTheListing()
     QCOMPARE(form.field(1)->text(), QStringLiteral("-1"));
 }
 
-QTEST_MAIN(tst_FormPVLook)
+ARDIPHON_TEST(tst_FormPVLook, QApplication)
 #include "tst_FormPVLook.moc"

@@ -1,4 +1,5 @@
 #include "analysis/ToolCommand.h"
+#include "support/TestMain.h"
 
 #include <QtTest>
 
@@ -333,5 +334,5 @@ void tst_ToolCommand::obstacle_ofTheOddTools()
     QVERIFY(startObstacle(PVLook, QString(), values));
 }
 
-QTEST_APPLESS_MAIN(tst_ToolCommand)
+ARDIPHON_TEST(tst_ToolCommand, NoApplication)
 #include "tst_ToolCommand.moc"

@@ -1,6 +1,7 @@
 // What all forms of the analysis tools have in common, on the form of HETRO.
 
 #include "analysis/ShownForm.h"
+#include "support/TestMain.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -488,5 +489,5 @@ void tst_ToolForm::return_startsNothing()
     QVERIFY(m_form->form->isVisible());
 }
 
-QTEST_MAIN(tst_ToolForm)
+ARDIPHON_TEST(tst_ToolForm, QApplication)
 #include "tst_ToolForm.moc"

@@ -2,6 +2,7 @@
 
 #include "analysis/ShownForm.h"
 #include "analysis/ui/FormAnalisi.h"
+#include "support/TestMain.h"
 
 #include <QCheckBox>
 #include <QRadioButton>
@@ -412,5 +413,5 @@ void tst_ToolFormLook::launcher_escape_closesAtOnce()
     QVERIFY(!launcher.isVisible());
 }
 
-QTEST_MAIN(tst_ToolFormLook)
+ARDIPHON_TEST(tst_ToolFormLook, QApplication)
 #include "tst_ToolFormLook.moc"

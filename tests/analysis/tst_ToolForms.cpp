@@ -1,6 +1,7 @@
 // What each form of the analysis tools has of its own; PVLOOK has a test program to itself.
 
 #include "analysis/ShownForm.h"
+#include "support/TestMain.h"
 
 #include <QAbstractItemView>
 
@@ -379,5 +380,5 @@ void tst_ToolForms::dnoise_options_areWritten()
     QVERIFY(form.analyze().contains(QStringLiteral(" -w-1 -J -i\"")));
 }
 
-QTEST_MAIN(tst_ToolForms)
+ARDIPHON_TEST(tst_ToolForms, QApplication)
 #include "tst_ToolForms.moc"

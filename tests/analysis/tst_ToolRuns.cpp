@@ -3,6 +3,7 @@
 
 #include "analysis/ShownForm.h"
 #include "platform/Terminal.h"
+#include "support/TestMain.h"
 #include "support/WaveBytes.h"
 
 #include <QProcess>
@@ -266,5 +267,5 @@ void tst_ToolRuns::terminal_missingProgram_isSilent()
              read("log").constData());
 }
 
-QTEST_MAIN(tst_ToolRuns)
+ARDIPHON_TEST(tst_ToolRuns, QApplication)
 #include "tst_ToolRuns.moc"

@@ -1,4 +1,5 @@
 #include "support/Form1Fixture.h"
+#include "support/TestMain.h"
 
 #include <QScreen>
 
@@ -151,5 +152,5 @@ void tst_Form1::associate_isAskedOverTheChooserOnly()
     QTEST(m_shown, "shown");
 }
 
-QTEST_MAIN(tst_Form1)
+ARDIPHON_TEST(tst_Form1, QApplication)
 #include "tst_Form1.moc"

@@ -1,4 +1,5 @@
 #include "support/Form1Fixture.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 #include <QMouseEvent>
@@ -469,5 +470,5 @@ void tst_Form1Chooser::titleStrip_dragged_movesWindow()
     QCOMPARE(m_form->pos(), before + QPoint(30, 40));
 }
 
-QTEST_MAIN(tst_Form1Chooser)
+ARDIPHON_TEST(tst_Form1Chooser, QApplication)
 #include "tst_Form1Chooser.moc"

@@ -2,6 +2,7 @@
 #include "app/StartRules.h"
 #include "app/ui/FormNew.h"
 #include "app/ui/PictureButton.h"
+#include "support/TestMain.h"
 
 #include <QLabel>
 #include <QSignalSpy>
@@ -181,5 +182,5 @@ void tst_FormNew::showModal_waitsForTheChoice()
     QCOMPARE(m_config.NewDocumentChoice, "NEWORCSCO");
 }
 
-QTEST_MAIN(tst_FormNew)
+ARDIPHON_TEST(tst_FormNew, QApplication)
 #include "tst_FormNew.moc"

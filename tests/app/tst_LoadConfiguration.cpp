@@ -1,5 +1,6 @@
 #include "app/ConfigurationBlock.h"
 #include "app/modRegistry.h"
+#include "support/TestMain.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -314,5 +315,5 @@ void tst_LoadConfiguration::color_numberIsBounded()
     QTEST(quint32(load().ColorText.value), "value");
 }
 
-QTEST_GUILESS_MAIN(tst_LoadConfiguration)
+ARDIPHON_TEST(tst_LoadConfiguration, QCoreApplication)
 #include "tst_LoadConfiguration.moc"

@@ -1,4 +1,5 @@
 #include "app/Module1.h"
+#include "support/TestMain.h"
 
 #include <QTest>
 
@@ -42,5 +43,5 @@ void tst_Module1::isNumericText()
     QCOMPARE(IsNumericText(text), numeric);
 }
 
-QTEST_GUILESS_MAIN(tst_Module1)
+ARDIPHON_TEST(tst_Module1, QCoreApplication)
 #include "tst_Module1.moc"

@@ -1,4 +1,5 @@
 #include "app/Numbers.h"
+#include "support/TestMain.h"
 
 #include <QTest>
 
@@ -100,5 +101,5 @@ void tst_Numbers::roundedWithin()
     QCOMPARE(ardiphon::roundedWithin(number, 1, 6), rounded);
 }
 
-QTEST_GUILESS_MAIN(tst_Numbers)
+ARDIPHON_TEST(tst_Numbers, QCoreApplication)
 #include "tst_Numbers.moc"

@@ -2,6 +2,7 @@
 
 #include "app/ConfigurationBlock.h"
 #include "app/modRegistry.h"
+#include "support/TestMain.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -157,5 +158,5 @@ void tst_RecentFiles::shownText()
     QTEST(recentFileText(path), "text");
 }
 
-QTEST_GUILESS_MAIN(tst_RecentFiles)
+ARDIPHON_TEST(tst_RecentFiles, QCoreApplication)
 #include "tst_RecentFiles.moc"

@@ -1,6 +1,7 @@
 #include "app/StartRules.h"
 
 #include "app/ConfigurationBlock.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 #include <QFile>
@@ -249,5 +250,5 @@ void tst_StartRules::show_opensTheWindowAsked()
     QCOMPARE(shown, QStringList({"ORCSCO", "CSD"}));
 }
 
-QTEST_GUILESS_MAIN(tst_StartRules)
+ARDIPHON_TEST(tst_StartRules, QCoreApplication)
 #include "tst_StartRules.moc"

@@ -1,4 +1,5 @@
 #include "app/WordTables.h"
+#include "support/TestMain.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -447,5 +448,5 @@ void tst_WordTables::load_again_replacesEverything()
     QCOMPARE(m_words->FirstLetterIndex['a'], 0);
 }
 
-QTEST_GUILESS_MAIN(tst_WordTables)
+ARDIPHON_TEST(tst_WordTables, QCoreApplication)
 #include "tst_WordTables.moc"

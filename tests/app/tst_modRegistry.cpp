@@ -1,4 +1,5 @@
 #include "app/modRegistry.h"
+#include "support/TestMain.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -256,5 +257,5 @@ void tst_modRegistry::userFilePath_liesInConfigurationFolder()
              qEnvironmentVariable("XDG_CONFIG_HOME") + "/Ardiphon/settings.ini");
 }
 
-QTEST_GUILESS_MAIN(tst_modRegistry)
+ARDIPHON_TEST(tst_modRegistry, QCoreApplication)
 #include "tst_modRegistry.moc"

@@ -1,4 +1,5 @@
 #include "associations/DefaultApplications.h"
+#include "support/TestMain.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -178,5 +179,5 @@ void tst_DefaultApplications::undo_withoutOurs_changesNothing()
     QCOMPARE(withoutDefault(list, Type, Ours), list);
 }
 
-QTEST_GUILESS_MAIN(tst_DefaultApplications)
+ARDIPHON_TEST(tst_DefaultApplications, QCoreApplication)
 #include "tst_DefaultApplications.moc"

@@ -1,5 +1,6 @@
 #include "associations/FileAssociation.h"
 #include "associations/OpenerEntry.h"
+#include "support/TestMain.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -411,5 +412,5 @@ void tst_FileAssociation::iconCache_isOutdated()
     QCOMPARE(read(cache), "a cache");
 }
 
-QTEST_GUILESS_MAIN(tst_FileAssociation)
+ARDIPHON_TEST(tst_FileAssociation, QCoreApplication)
 #include "tst_FileAssociation.moc"

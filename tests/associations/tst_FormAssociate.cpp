@@ -1,6 +1,7 @@
 #include "app/ui/Form1.h"
 #include "associations/CsoundFiles.h"
 #include "associations/ui/FormAssociate.h"
+#include "support/TestMain.h"
 #include "support/TestProgram.h"
 
 #include <QDir>
@@ -232,5 +233,5 @@ void tst_FormAssociate::removal_withoutUpdater_tells()
     QCOMPARE(m_program->dialogs.verify(), "");
 }
 
-QTEST_MAIN(tst_FormAssociate)
+ARDIPHON_TEST(tst_FormAssociate, QApplication)
 #include "tst_FormAssociate.moc"

@@ -5,6 +5,7 @@
 #include "platform/ui/MMControl.h"
 #include "support/Controls.h"
 #include "support/SoundServer.h"
+#include "support/TestMain.h"
 #include "support/TestProgram.h"
 #include "support/TimedSound.h"
 
@@ -450,5 +451,5 @@ void tst_FormPlayer::exitAndEscape_closeAndEndTheSound()
     QCOMPARE(media()->Mode(), int(MMControl::NotOpen));
 }
 
-QTEST_MAIN(tst_FormPlayer)
+ARDIPHON_TEST(tst_FormPlayer, QApplication)
 #include "tst_FormPlayer.moc"

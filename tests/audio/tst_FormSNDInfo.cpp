@@ -1,4 +1,5 @@
 #include "audio/ui/FormSNDInfo.h"
+#include "support/TestMain.h"
 #include "support/TestProgram.h"
 #include "support/WaveBytes.h"
 
@@ -159,5 +160,5 @@ void tst_FormSNDInfo::exitAndEscape_close()
     QVERIFY(!m_form->isVisible());
 }
 
-QTEST_MAIN(tst_FormSNDInfo)
+ARDIPHON_TEST(tst_FormSNDInfo, QApplication)
 #include "tst_FormSNDInfo.moc"

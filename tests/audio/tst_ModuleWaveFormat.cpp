@@ -1,5 +1,6 @@
 #include "audio/ModuleWaveFormat.h"
 #include "audio/WaveTexts.h"
+#include "support/TestMain.h"
 #include "support/WaveBytes.h"
 
 #include <QFile>
@@ -321,5 +322,5 @@ void tst_ModuleWaveFormat::playTime()
                                           QStringLiteral(" (mm:ss)"));
 }
 
-QTEST_GUILESS_MAIN(tst_ModuleWaveFormat)
+ARDIPHON_TEST(tst_ModuleWaveFormat, QCoreApplication)
 #include "tst_ModuleWaveFormat.moc"

@@ -1,4 +1,5 @@
 #include "audio/ui/MySlider.h"
+#include "support/TestMain.h"
 
 #include <QtTest>
 
@@ -325,5 +326,5 @@ void tst_MySlider::keys_others_areLeft()
     QCOMPARE(m_slider->Value(), 500);
 }
 
-QTEST_MAIN(tst_MySlider)
+ARDIPHON_TEST(tst_MySlider, QApplication)
 #include "tst_MySlider.moc"

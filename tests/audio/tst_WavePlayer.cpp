@@ -1,6 +1,7 @@
 #include "audio/ui/MySlider.h"
 #include "audio/ui/WavePlayer.h"
 #include "support/SoundServer.h"
+#include "support/TestMain.h"
 #include "support/TestProgram.h"
 #include "support/TimedSound.h"
 
@@ -94,5 +95,5 @@ void tst_WavePlayer::hostButtonsAndMessage_areItsOwn()
     QTRY_VERIFY(first.isEnabled() && second.isEnabled());
 }
 
-QTEST_MAIN(tst_WavePlayer)
+ARDIPHON_TEST(tst_WavePlayer, QApplication)
 #include "tst_WavePlayer.moc"

@@ -1,6 +1,7 @@
 #include "compile/CompileRules.h"
 #include "compile/CompilerEnvironment.h"
 #include "compile/CompilerLog.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -272,5 +273,5 @@ void tst_CsdCompileRules::readLog_oneEndlessLine_staysBounded()
     QVERIFY(text->size() < 20'000'000);
 }
 
-QTEST_APPLESS_MAIN(tst_CsdCompileRules)
+ARDIPHON_TEST(tst_CsdCompileRules, NoApplication)
 #include "tst_CsdCompileRules.moc"

@@ -1,4 +1,5 @@
 #include "compile/FlagFile.h"
+#include "support/TestMain.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -217,5 +218,5 @@ void tst_FlagFile::read_endless_isBounded()
     QCOMPARE(readFlagFile(m_path, FlagLayout::Padded).size(), 5000);
 }
 
-QTEST_GUILESS_MAIN(tst_FlagFile)
+ARDIPHON_TEST(tst_FlagFile, QCoreApplication)
 #include "tst_FlagFile.moc"

@@ -3,6 +3,7 @@
 #include "compile/ui/FlagCombo.h"
 #include "compile/ui/FormCSoundAV.h"
 #include "compile/ui/FormWinsound.h"
+#include "support/TestMain.h"
 
 using namespace ardiphon;
 
@@ -273,5 +274,5 @@ void tst_FlagList::keys_enterInPlayerFlags_leadsToPlay()
     QVERIFY(dialog.form->isVisible());
 }
 
-QTEST_MAIN(tst_FlagList)
+ARDIPHON_TEST(tst_FlagList, QApplication)
 #include "tst_FlagList.moc"

@@ -1,4 +1,6 @@
 #include "compile/CSoundDialog.h"
+#include "compile/FinishedText.h"
+#include "support/TestMain.h"
 
 #include <QCheckBox>
 
@@ -7,12 +9,6 @@
 
 using namespace ardiphon;
 using namespace StandInCompiler;
-
-namespace {
-
-QString finishedText(const QString &log) { return bannerText(0) + logHeading() + log; }
-
-} // namespace
 
 /// The dialog around the compiler; what it makes of the log and the ways
 /// out of it are tested in tst_FormCSoundLog and tst_FormCSoundLeaving.
@@ -460,5 +456,5 @@ void tst_FormCSound::playing_disablesTheButtons()
     QCOMPARE(enabled(), 7);
 }
 
-QTEST_MAIN(tst_FormCSound)
+ARDIPHON_TEST(tst_FormCSound, QApplication)
 #include "tst_FormCSound.moc"

@@ -1,5 +1,6 @@
 #include "compile/ProjectDialog.h"
 #include "compile/ui/FormCSoundAV.h"
+#include "support/TestMain.h"
 
 #include <QLabel>
 
@@ -201,5 +202,5 @@ void tst_FormCSoundAV::exitAndEscape_close()
     QCOMPARE(dialog.pids().leader, 0);
 }
 
-QTEST_MAIN(tst_FormCSoundAV)
+ARDIPHON_TEST(tst_FormCSoundAV, QApplication)
 #include "tst_FormCSoundAV.moc"

@@ -1,4 +1,6 @@
 #include "compile/CsdConsole.h"
+#include "compile/FinishedText.h"
+#include "support/TestMain.h"
 
 #include <QStandardPaths>
 
@@ -8,9 +10,6 @@ using namespace StandInCompiler;
 namespace {
 
 const QString Log = QStringLiteral("this is the log\r\n");
-
-/// The text of a finished run that took under half a second.
-QString finishedText(const QString &log) { return bannerText(0) + logHeading() + log; }
 
 } // namespace
 
@@ -235,5 +234,5 @@ void tst_FormCSoundCSD::realCompiler_tinyPiece_logsAndWrites()
     QVERIFY(wave.size() > 44);
 }
 
-QTEST_MAIN(tst_FormCSoundCSD)
+ARDIPHON_TEST(tst_FormCSoundCSD, QApplication)
 #include "tst_FormCSoundCSD.moc"

@@ -1,4 +1,5 @@
 #include "compile/CSoundDialog.h"
+#include "support/TestMain.h"
 
 using namespace ardiphon;
 using namespace StandInCompiler;
@@ -103,5 +104,5 @@ void tst_FormCSoundLeaving::leaving_duringRun_startsNoOther()
     QVERIFY(!isAlive(dialog.pids().leader));
 }
 
-QTEST_MAIN(tst_FormCSoundLeaving)
+ARDIPHON_TEST(tst_FormCSoundLeaving, QApplication)
 #include "tst_FormCSoundLeaving.moc"

@@ -1,4 +1,5 @@
 #include "compile/CSoundDialog.h"
+#include "support/TestMain.h"
 
 using namespace ardiphon;
 
@@ -166,5 +167,5 @@ void tst_FormCSoundLog::deluge_staysBoundedAndSaysSo()
     QCOMPARE(selection(dialog.orchestra), QStringLiteral("three"));
 }
 
-QTEST_MAIN(tst_FormCSoundLog)
+ARDIPHON_TEST(tst_FormCSoundLog, QApplication)
 #include "tst_FormCSoundLog.moc"

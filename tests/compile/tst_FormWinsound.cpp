@@ -1,5 +1,6 @@
 #include "compile/ProjectDialog.h"
 #include "compile/ui/FormWinsound.h"
+#include "support/TestMain.h"
 #include "support/WaveBytes.h"
 
 #include <QGroupBox>
@@ -182,5 +183,5 @@ void tst_FormWinsound::leaving_duringNestedRuns_endsBoth()
     QVERIFY(!isAlive(dialog.pids().leader));
 }
 
-QTEST_MAIN(tst_FormWinsound)
+ARDIPHON_TEST(tst_FormWinsound, QApplication)
 #include "tst_FormWinsound.moc"

@@ -1,5 +1,6 @@
 #include "app/ConfigurationBlock.h"
 #include "compile/LaunchChecks.h"
+#include "support/TestMain.h"
 
 #include <QTest>
 
@@ -177,5 +178,5 @@ void tst_LaunchChecks::csOptions_text_namesLog()
     QTEST(csOptionsNameLog(text), "names");
 }
 
-QTEST_GUILESS_MAIN(tst_LaunchChecks)
+ARDIPHON_TEST(tst_LaunchChecks, QCoreApplication)
 #include "tst_LaunchChecks.moc"

@@ -1,5 +1,6 @@
 #include "compile/ProjectDialog.h"
 #include "compile/ui/Launchers.h"
+#include "support/TestMain.h"
 
 #include <QApplication>
 
@@ -194,5 +195,5 @@ void tst_Launchers::project_bothEmpty_saysNothing()
     QCOMPARE(launched(&launchProjectCSoundAV), QStringLiteral("FormCSoundAVORC"));
 }
 
-QTEST_MAIN(tst_Launchers)
+ARDIPHON_TEST(tst_Launchers, QApplication)
 #include "tst_Launchers.moc"

@@ -1,5 +1,6 @@
 #include "compile/CompileRules.h"
 #include "compile/LogAnalysis.h"
+#include "support/TestMain.h"
 
 #include <QTest>
 
@@ -168,5 +169,5 @@ void tst_LogAnalysis::place_numberAboveFile_bothLinesNameIt()
     QCOMPARE(describe(placeNamedAt({log[0], log[3]}, 1, Orchestra, Score)), QStringLiteral("none"));
 }
 
-QTEST_GUILESS_MAIN(tst_LogAnalysis)
+ARDIPHON_TEST(tst_LogAnalysis, QCoreApplication)
 #include "tst_LogAnalysis.moc"

@@ -1,5 +1,6 @@
 #include "compile/ProjectParameters.h"
 #include "platform/CommandText.h"
+#include "support/TestMain.h"
 
 #include <QTest>
 
@@ -133,5 +134,5 @@ void tst_ProjectParameters::parameters_oddNames_stayOneArgument()
                                      "-O/r/tmp.txt"}));
 }
 
-QTEST_GUILESS_MAIN(tst_ProjectParameters)
+ARDIPHON_TEST(tst_ProjectParameters, QCoreApplication)
 #include "tst_ProjectParameters.moc"

@@ -2,6 +2,7 @@
 #include "compile/ProjectDialog.h"
 #include "compile/ui/CompilerOutput.h"
 #include "compile/ui/FormCSound.h"
+#include "support/TestMain.h"
 
 #include <QGroupBox>
 #include <QStandardPaths>
@@ -112,5 +113,5 @@ void tst_RealLogs::compile_soundPiece_isOfferedToPlay()
     QCOMPARE(dialog.dialogs.verify(), QString());
 }
 
-QTEST_MAIN(tst_RealLogs)
+ARDIPHON_TEST(tst_RealLogs, QApplication)
 #include "tst_RealLogs.moc"

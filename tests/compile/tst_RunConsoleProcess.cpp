@@ -1,4 +1,6 @@
 #include "compile/CsdConsole.h"
+#include "compile/FinishedText.h"
+#include "support/TestMain.h"
 
 #include <csignal>
 #include <sys/wait.h>
@@ -9,9 +11,6 @@ using namespace StandInCompiler;
 namespace {
 
 const QString Log = QStringLiteral("this is the log\r\n");
-
-/// The text of a finished run that took under half a second.
-QString finishedText(const QString &log) { return bannerText(0) + logHeading() + log; }
 
 /// Waits without handling any event until the process is dead; it is not collected yet.
 void waitForDeath(pid_t pid)
@@ -436,5 +435,5 @@ void tst_RunConsoleProcess::silentRun_stop_endsIt()
     QVERIFY(!isOurChild(pids(piece).leader));
 }
 
-QTEST_MAIN(tst_RunConsoleProcess)
+ARDIPHON_TEST(tst_RunConsoleProcess, QApplication)
 #include "tst_RunConsoleProcess.moc"

@@ -1,3 +1,5 @@
+#include "support/TestMain.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -207,5 +209,5 @@ void tst_MakeWordTables::folderThatCannotBeWritten_fails()
     QVERIFY(run.exitCode != 0);
 }
 
-QTEST_GUILESS_MAIN(tst_MakeWordTables)
+ARDIPHON_TEST(tst_MakeWordTables, QCoreApplication)
 #include "tst_MakeWordTables.moc"

@@ -1,5 +1,6 @@
 #include "app/WordTables.h"
 #include "data/CompilerOpcodes.h"
+#include "support/TestMain.h"
 
 #include <QTest>
 
@@ -203,5 +204,5 @@ void tst_OpcodeTable::scoreWords_areTheStatements()
     QCOMPARE(m_words.ScoreWords.mid(1), statements);
 }
 
-QTEST_GUILESS_MAIN(tst_OpcodeTable)
+ARDIPHON_TEST(tst_OpcodeTable, QCoreApplication)
 #include "tst_OpcodeTable.moc"

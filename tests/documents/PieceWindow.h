@@ -53,7 +53,7 @@ struct PieceWindow : TestProgram
 private:
     QString copyOf(const QString &source) const
     {
-        return write(QFileInfo(source).fileName(), Pieces::bytesOf(source));
+        return write(QFileInfo(source).fileName(), bytesOf(source));
     }
 
     void show(ardiphon::DocumentKind kind)

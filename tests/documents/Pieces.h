@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/StartRules.h"
+#include "support/FileBytes.h"
 
 #include <QDir>
 #include <QFile>
@@ -31,12 +32,6 @@ inline QStringList folders()
 {
     return {QStringLiteral(TEST_SOURCE_DIR "/pieces"),
             QStringLiteral(TEST_SOURCE_DIR "/../data/examples")};
-}
-
-inline QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(not there)");
 }
 
 inline QList<Word> wordsOf(const QString &column)

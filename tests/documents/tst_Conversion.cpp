@@ -1,4 +1,5 @@
 #include "documents/Conversion.h"
+#include "support/TestMain.h"
 
 #include <QFile>
 #include <QtTest>
@@ -136,5 +137,5 @@ void tst_Conversion::proposedName_cutsFourCharacters()
     QTEST(proposedName(path, QStringLiteral(".orc")), "name");
 }
 
-QTEST_APPLESS_MAIN(tst_Conversion)
+ARDIPHON_TEST(tst_Conversion, NoApplication)
 #include "tst_Conversion.moc"

@@ -1,5 +1,6 @@
 #include "documents/CsdDocumentFixture.h"
 #include "support/EditorInput.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 #include <QLineEdit>
@@ -372,5 +373,5 @@ void tst_CsdDocument::new_project_handsOver()
     QVERIFY(m_program->config.Words.ReadOpcodeRecord(1)); // the other window goes on with them
 }
 
-QTEST_MAIN(tst_CsdDocument)
+ARDIPHON_TEST(tst_CsdDocument, QApplication)
 #include "tst_CsdDocument.moc"

@@ -1,6 +1,7 @@
 #include "app/RecentFiles.h"
 #include "documents/CsdDocumentFixture.h"
 #include "support/FileDrop.h"
+#include "support/TestMain.h"
 
 #include <QDialog>
 #include <QDir>
@@ -431,5 +432,5 @@ void tst_CsdLeaving::title_modified_getsOneStar()
     QCOMPARE(m_window->windowTitle(), starred);
 }
 
-QTEST_MAIN(tst_CsdLeaving)
+ARDIPHON_TEST(tst_CsdLeaving, QApplication)
 #include "tst_CsdLeaving.moc"

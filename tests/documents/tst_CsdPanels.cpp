@@ -1,4 +1,5 @@
 #include "documents/CsdFixture.h"
+#include "support/TestMain.h"
 
 #include <QListWidget>
 #include <QMenu>
@@ -408,5 +409,5 @@ void tst_CsdPanels::bookmarks_click_goesToTheLine()
     QVERIFY(first()->hasFocus());
 }
 
-QTEST_MAIN(tst_CsdPanels)
+ARDIPHON_TEST(tst_CsdPanels, QApplication)
 #include "tst_CsdPanels.moc"

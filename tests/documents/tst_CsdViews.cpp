@@ -1,4 +1,5 @@
 #include "documents/CsdFixture.h"
+#include "support/TestMain.h"
 
 #include <QApplication>
 #include <QListWidget>
@@ -338,5 +339,5 @@ void tst_CsdViews::ctrlAltZ_redoesInItsView()
     QCOMPARE(first()->Text(), QStringLiteral("x"));
 }
 
-QTEST_MAIN(tst_CsdViews)
+ARDIPHON_TEST(tst_CsdViews, QApplication)
 #include "tst_CsdViews.moc"

@@ -1,4 +1,5 @@
 #include "documents/CsdWindowLayout.h"
+#include "support/TestMain.h"
 
 #include <QtTest>
 
@@ -92,5 +93,5 @@ void tst_CsdWindowLayout::tinyWindow_givesNoNegativeLength()
     }
 }
 
-QTEST_APPLESS_MAIN(tst_CsdWindowLayout)
+ARDIPHON_TEST(tst_CsdWindowLayout, NoApplication)
 #include "tst_CsdWindowLayout.moc"

@@ -3,6 +3,7 @@
 #include "language/editor/LEditOCX.h"
 #include "language/ui/Gutter.h"
 #include "support/Controls.h"
+#include "support/TestMain.h"
 #include "support/TestProgram.h"
 
 #include <QAction>
@@ -442,5 +443,5 @@ void tst_EditorPreferences::font_inScoreView_keepsTheFocusThere()
     QCOMPARE(focusedEditor(), "LEDIT2");
 }
 
-QTEST_MAIN(tst_EditorPreferences)
+ARDIPHON_TEST(tst_EditorPreferences, QApplication)
 #include "tst_EditorPreferences.moc"

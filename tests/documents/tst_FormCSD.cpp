@@ -2,6 +2,7 @@
 #include "documents/CsdFixture.h"
 #include "documents/ProgramStarts.h"
 #include "support/EditorInput.h"
+#include "support/TestMain.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -346,5 +347,5 @@ void tst_FormCSD::help_about_showsTheTablesVersion()
     trigger("menuInfoAbout");
 }
 
-QTEST_MAIN(tst_FormCSD)
+ARDIPHON_TEST(tst_FormCSD, QApplication)
 #include "tst_FormCSD.moc"

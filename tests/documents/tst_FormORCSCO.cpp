@@ -1,6 +1,7 @@
 #include "documents/CommandChecks.h"
 #include "documents/ProgramStarts.h"
 #include "documents/ProjectFixture.h"
+#include "support/TestMain.h"
 
 #include <QDialog>
 #include <QGroupBox>
@@ -450,5 +451,5 @@ void tst_FormORCSCO::properties_ofTheFocusedHalf()
     QTRY_VERIFY(m->window->findChild<QDialog *>(QStringLiteral("FileProperties")));
 }
 
-QTEST_MAIN(tst_FormORCSCO)
+ARDIPHON_TEST(tst_FormORCSCO, QApplication)
 #include "tst_FormORCSCO.moc"

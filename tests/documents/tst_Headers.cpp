@@ -1,4 +1,5 @@
 #include "documents/Headers.h"
+#include "support/TestMain.h"
 
 #include <QtTest>
 
@@ -59,5 +60,5 @@ void tst_Headers::template_isTheseBytes()
     QCOMPARE(csdTemplate(), QString::fromLatin1(text));
 }
 
-QTEST_APPLESS_MAIN(tst_Headers)
+ARDIPHON_TEST(tst_Headers, NoApplication)
 #include "tst_Headers.moc"

@@ -1,6 +1,7 @@
 // The pieces that stand for a composer's files, in the real windows.
 
 #include "documents/PieceWindow.h"
+#include "support/TestMain.h"
 
 #include <QDirIterator>
 #include <QImage>
@@ -12,7 +13,6 @@
 #include <sys/stat.h>
 
 using namespace ardiphon;
-using Pieces::bytesOf;
 using Pieces::Piece;
 
 namespace {
@@ -278,5 +278,5 @@ void tst_Pieces::convert_project_losesNoText()
     QCOMPARE(opened.dialogs.verify(), "");
 }
 
-QTEST_MAIN(tst_Pieces)
+ARDIPHON_TEST(tst_Pieces, QApplication)
 #include "tst_Pieces.moc"

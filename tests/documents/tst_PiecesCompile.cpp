@@ -1,6 +1,7 @@
 // What the real compiler says to the pieces that stand for a composer's files.
 
 #include "documents/Pieces.h"
+#include "support/TestMain.h"
 
 #include <QProcess>
 #include <QStandardPaths>
@@ -53,5 +54,5 @@ void tst_PiecesCompile::compile_givesItsVerdict()
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList());
 }
 
-QTEST_GUILESS_MAIN(tst_PiecesCompile)
+ARDIPHON_TEST(tst_PiecesCompile, QCoreApplication)
 #include "tst_PiecesCompile.moc"

@@ -4,6 +4,7 @@
 #include "printing/ui/FormImpostaMargini.h"
 #include "support/EditorInput.h"
 #include "support/PrintedPdf.h"
+#include "support/TestMain.h"
 
 #include <QFontDatabase>
 #include <QLineEdit>
@@ -415,5 +416,5 @@ void tst_Printing::untitledHalves_havePlaceholders()
     m->score->ClearState(2);
 }
 
-QTEST_MAIN(tst_Printing)
+ARDIPHON_TEST(tst_Printing, QApplication)
 #include "tst_Printing.moc"

@@ -1,4 +1,5 @@
 #include "documents/ProjectFixture.h"
+#include "support/TestMain.h"
 
 #include <QLineEdit>
 #include <QTreeWidget>
@@ -338,5 +339,5 @@ void tst_ProjectArrangements::smallestWindow_showsEverythingInside()
     }
 }
 
-QTEST_MAIN(tst_ProjectArrangements)
+ARDIPHON_TEST(tst_ProjectArrangements, QApplication)
 #include "tst_ProjectArrangements.moc"

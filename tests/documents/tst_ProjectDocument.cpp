@@ -1,5 +1,6 @@
 #include "documents/ProjectFixture.h"
 #include "support/FileDrop.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 
@@ -444,5 +445,5 @@ void tst_ProjectDocument::save_failed_asksAgain()
     QVERIFY(m->score->GetState(2));
 }
 
-QTEST_MAIN(tst_ProjectDocument)
+ARDIPHON_TEST(tst_ProjectDocument, QApplication)
 #include "tst_ProjectDocument.moc"

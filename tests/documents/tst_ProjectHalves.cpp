@@ -1,4 +1,5 @@
 #include "documents/ProjectFixture.h"
+#include "support/TestMain.h"
 
 #include <optional>
 
@@ -296,5 +297,5 @@ void tst_ProjectHalves::import_noTags_changesNothing()
     QCOMPARE(m->config.OrchestraFileName, m->path(QStringLiteral("piece.orc")));
 }
 
-QTEST_MAIN(tst_ProjectHalves)
+ARDIPHON_TEST(tst_ProjectHalves, QApplication)
 #include "tst_ProjectHalves.moc"

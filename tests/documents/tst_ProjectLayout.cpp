@@ -1,4 +1,5 @@
 #include "documents/ProjectLayout.h"
+#include "support/TestMain.h"
 
 #include <QtTest>
 
@@ -243,5 +244,5 @@ void tst_ProjectLayout::tinyWindow_givesNoNegativeLength()
     }
 }
 
-QTEST_APPLESS_MAIN(tst_ProjectLayout)
+ARDIPHON_TEST(tst_ProjectLayout, NoApplication)
 #include "tst_ProjectLayout.moc"

@@ -2,6 +2,7 @@
 #include "documents/ProjectFixture.h"
 #include "documents/ui/FormCSD.h"
 #include "support/FileDrop.h"
+#include "support/TestMain.h"
 
 using namespace ardiphon;
 
@@ -217,5 +218,5 @@ void tst_ProjectLeaving::handOver_thereAndBack_opensTheTexts()
     QCOMPARE(m->config.OrchestraFileName, m->path(QStringLiteral("piece.orc")));
 }
 
-QTEST_MAIN(tst_ProjectLeaving)
+ARDIPHON_TEST(tst_ProjectLeaving, QApplication)
 #include "tst_ProjectLeaving.moc"

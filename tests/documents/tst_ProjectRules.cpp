@@ -1,4 +1,5 @@
 #include "documents/ProjectRules.h"
+#include "support/TestMain.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -140,5 +141,5 @@ void tst_ProjectRules::partner_folder_isNone()
     QVERIFY(!existingPartner(folder.filePath(QStringLiteral("piece.sco"))));
 }
 
-QTEST_APPLESS_MAIN(tst_ProjectRules)
+ARDIPHON_TEST(tst_ProjectRules, NoApplication)
 #include "tst_ProjectRules.moc"

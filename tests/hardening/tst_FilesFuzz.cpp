@@ -18,6 +18,7 @@
 #include "language/Tokenizer.h"
 #include "navigation/BookmarkFile.h"
 #include "platform/ui/SoundFile.h"
+#include "support/TestMain.h"
 #include "support/WaveBytes.h"
 
 #include <QDir>
@@ -259,11 +260,9 @@ void tst_FilesFuzz::read_desktopFiles_takesItsDefaultBack()
     });
 }
 
-int main(int argc, char **argv)
-{
+ARDIPHON_TEST_RUN_BY(tst_FilesFuzz, [](int argc, char **argv) {
     readNumbers(argc, argv, caseCount, seed);
-    QCoreApplication application(argc, argv);
-    tst_FilesFuzz test;
-    return QTest::qExec(&test, argc, argv);
-}
+    return runTest<tst_FilesFuzz, QCoreApplication>(argc, argv);
+})
+
 #include "tst_FilesFuzz.moc"

@@ -4,6 +4,8 @@
 #include "documents/ui/FormCSD.h"
 #include "documents/ui/FormORCSCO.h"
 #include "language/editor/LEditOCX.h"
+#include "support/FileBytes.h"
+#include "support/TestMain.h"
 #include "support/TestProgram.h"
 
 #include <QAction>
@@ -29,12 +31,6 @@ bool put(const char *path, const QByteArray &bytes)
 {
     QFile file(QString::fromLatin1(path));
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(not there)");
 }
 
 /// Makes this process the superuser of a world of its own, in which it may mount. To be called
@@ -197,12 +193,9 @@ void tst_FullDisk::leave_settingsStayWhole()
     QCOMPARE(files(), QStringList({"ballast", "settings.ini"}));
 }
 
-int main(int argc, char *argv[])
-{
+ARDIPHON_TEST_RUN_BY(tst_FullDisk, [](int argc, char **argv) {
     inOwnWorld = enterOwnWorld();
-    QApplication application(argc, argv);
-    tst_FullDisk test;
-    return QTest::qExec(&test, argc, argv);
-}
+    return runTest<tst_FullDisk, QApplication>(argc, argv);
+})
 
 #include "tst_FullDisk.moc"

@@ -2,6 +2,9 @@
 // third thing; where the file has to be written in place, the text may be the one set aside. KILLS
 // in the environment tells how often it is tried; 50 times without it.
 
+#include "support/FileBytes.h"
+#include "support/TestMain.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -16,12 +19,6 @@ namespace {
 
 constexpr int BookmarkFileSize = 15 * 40;
 constexpr int LongestSave = 4000; ///< in microseconds, with the way to the next one
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(not there)");
-}
 
 QByteArray textOf(char letter) { return (QByteArray(79, letter) + '\n').repeated(2500); }
 
@@ -150,5 +147,5 @@ void tst_KilledSaves::kill_anyMoment_leavesAWholeText()
     QVERIFY(found['a'] + found['b'] > 0);
 }
 
-QTEST_GUILESS_MAIN(tst_KilledSaves)
+ARDIPHON_TEST(tst_KilledSaves, QCoreApplication)
 #include "tst_KilledSaves.moc"

@@ -1,4 +1,5 @@
 #include "help/ui/FormManual.h"
+#include "support/TestMain.h"
 
 #include <QFile>
 #include <QLabel>
@@ -374,5 +375,5 @@ void tst_FormManual::installedManual_isReadable()
     QVERIFY(m_browser->toPlainText().contains(text));
 }
 
-QTEST_MAIN(tst_FormManual)
+ARDIPHON_TEST(tst_FormManual, QApplication)
 #include "tst_FormManual.moc"

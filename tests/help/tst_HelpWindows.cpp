@@ -1,5 +1,6 @@
 #include "help/ui/FormAbout.h"
 #include "help/ui/FormHelp.h"
+#include "support/TestMain.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -203,5 +204,5 @@ void tst_HelpWindows::about_isAsNarrowAsEver()
     QCOMPARE(odd.width(), plain.width());
 }
 
-QTEST_MAIN(tst_HelpWindows)
+ARDIPHON_TEST(tst_HelpWindows, QApplication)
 #include "tst_HelpWindows.moc"

@@ -2,6 +2,7 @@
 
 #include "language/DocumentText.h"
 #include "language/Utf8.h"
+#include "support/TestMain.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -163,5 +164,5 @@ void tst_DocumentText::utf16_randomText_countsAsQString()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_DocumentText)
+ARDIPHON_TEST(tst_DocumentText, QCoreApplication)
 #include "tst_DocumentText.moc"

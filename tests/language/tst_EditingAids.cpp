@@ -1,5 +1,6 @@
 #include "language/EditorKeyRules.h"
 #include "language/GutterNumbers.h"
+#include "support/TestMain.h"
 
 #include <QTest>
 
@@ -183,5 +184,5 @@ void tst_EditingAids::gutter_noLineHeight_showsNothing()
     QCOMPARE(gutterLineAt(3, 50, 0), 3);
 }
 
-QTEST_APPLESS_MAIN(tst_EditingAids)
+ARDIPHON_TEST(tst_EditingAids, NoApplication)
 #include "tst_EditingAids.moc"

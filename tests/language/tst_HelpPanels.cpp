@@ -2,6 +2,7 @@
 #include "language/editor/LEditOCX.h"
 #include "language/ui/HelpPanels.h"
 #include "support/EditorInput.h"
+#include "support/TestMain.h"
 
 #include <QFile>
 #include <QLineEdit>
@@ -241,5 +242,5 @@ void tst_HelpPanels::randomBytes_neverFail()
     QVERIFY(!opcode().isEmpty());
 }
 
-QTEST_MAIN(tst_HelpPanels)
+ARDIPHON_TEST(tst_HelpPanels, QApplication)
 #include "tst_HelpPanels.moc"

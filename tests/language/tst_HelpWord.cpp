@@ -1,5 +1,6 @@
 #include "app/WordTables.h"
 #include "language/HelpWord.h"
+#include "support/TestMain.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -129,5 +130,5 @@ void tst_HelpWord::popupWithoutTables_offersNothing()
     QCOMPARE(keyHelpWord(none, ViewLanguage::Csd, QStringLiteral("bb")), QString());
 }
 
-QTEST_GUILESS_MAIN(tst_HelpWord)
+ARDIPHON_TEST(tst_HelpWord, QCoreApplication)
 #include "tst_HelpWord.moc"

@@ -4,6 +4,7 @@
 #include "language/ui/KeywordHelp.h"
 #include "support/EditorInput.h"
 #include "support/ScriptedDialogs.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 #include <QFile>
@@ -338,5 +339,5 @@ void tst_KeywordHelp::anotherManual_isUsedAtOnce()
     QCOMPARE(taken(), QStringLiteral("noise.html"));
 }
 
-QTEST_MAIN(tst_KeywordHelp)
+ARDIPHON_TEST(tst_KeywordHelp, QApplication)
 #include "tst_KeywordHelp.moc"

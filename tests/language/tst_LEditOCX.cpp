@@ -2,6 +2,7 @@
 
 #include "language/editor/LEditOCX.h"
 #include "support/EditorInput.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -437,5 +438,5 @@ void tst_LEditOCX::currentWord_followsTheCaret()
     QCOMPARE(m_editor->CurrentWord(), word);
 }
 
-QTEST_MAIN(tst_LEditOCX)
+ARDIPHON_TEST(tst_LEditOCX, QApplication)
 #include "tst_LEditOCX.moc"

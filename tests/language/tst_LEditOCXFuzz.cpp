@@ -3,6 +3,7 @@
 
 #include "language/editor/LEditOCX.h"
 #include "support/EditorInput.h"
+#include "support/TestMain.h"
 
 #include <QFile>
 #include <QLoggingCategory>
@@ -354,8 +355,7 @@ void tst_LEditOCXFuzz::randomCalls_randomArguments_keepTheControlSound()
     }
 }
 
-int main(int argc, char **argv)
-{
+ARDIPHON_TEST_RUN_BY(tst_LEditOCXFuzz, [](int argc, char **argv) {
     for (int *value : {&caseCount, reinterpret_cast<int *>(&seed)}) {
         bool isNumber = false;
         const int number = argc > 1 ? QByteArray(argv[1]).toInt(&isNumber) : 0;
@@ -364,10 +364,9 @@ int main(int argc, char **argv)
         *value = number;
         std::rotate(argv + 1, argv + 2, argv + argc--);
     }
-    QApplication application(argc, argv);
     // No font here has every script that random bytes come upon.
     QLoggingCategory::setFilterRules(QStringLiteral("*.warning=false"));
-    tst_LEditOCXFuzz test;
-    return QTest::qExec(&test, argc, argv);
-}
+    return runTest<tst_LEditOCXFuzz, QApplication>(argc, argv);
+})
+
 #include "tst_LEditOCXFuzz.moc"

@@ -2,6 +2,7 @@
 
 #include "language/editor/LEditOCX.h"
 #include "support/EditorInput.h"
+#include "support/TestMain.h"
 
 #include <QClipboard>
 #include <QInputMethodEvent>
@@ -448,5 +449,5 @@ void tst_LEditOCXKeys::focus_isTheView()
     QVERIFY(m_editor->hasFocus());
 }
 
-QTEST_MAIN(tst_LEditOCXKeys)
+ARDIPHON_TEST(tst_LEditOCXKeys, QApplication)
 #include "tst_LEditOCXKeys.moc"

@@ -2,6 +2,7 @@
 
 #include "language/editor/LEditOCX.h"
 #include "support/EditorInput.h"
+#include "support/TestMain.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -215,5 +216,5 @@ void tst_LEditOCXMouse::accessible_activeTool_getsTheText()
     QCOMPARE(plain->role(), QAccessible::EditableText);
 }
 
-QTEST_MAIN(tst_LEditOCXMouse)
+ARDIPHON_TEST(tst_LEditOCXMouse, QApplication)
 #include "tst_LEditOCXMouse.moc"

@@ -2,6 +2,7 @@
 
 #include "language/editor/LEditOCX.h"
 #include "support/EditorInput.h"
+#include "support/TestMain.h"
 
 #include <QRandomGenerator>
 #include <QTemporaryDir>
@@ -197,5 +198,5 @@ void tst_LEditOCXSearch::replaceAll_randomText_asTheModel()
     }
 }
 
-QTEST_MAIN(tst_LEditOCXSearch)
+ARDIPHON_TEST(tst_LEditOCXSearch, QApplication)
 #include "tst_LEditOCXSearch.moc"

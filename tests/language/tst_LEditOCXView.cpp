@@ -2,6 +2,7 @@
 
 #include "language/editor/LEditOCX.h"
 #include "support/EditorInput.h"
+#include "support/TestMain.h"
 
 #include <QSignalSpy>
 #include <QTemporaryFile>
@@ -334,5 +335,5 @@ void tst_LEditOCXView::colors_areDrawn()
     QVERIFY(green);
 }
 
-QTEST_MAIN(tst_LEditOCXView)
+ARDIPHON_TEST(tst_LEditOCXView, QApplication)
 #include "tst_LEditOCXView.moc"

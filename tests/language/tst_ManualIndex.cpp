@@ -1,6 +1,7 @@
 #include "app/WordTables.h"
 #include "language/ManualIndex.h"
 #include "language/ManualText.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 #include <QFile>
@@ -319,5 +320,5 @@ void tst_ManualIndex::names_areReadOutOfMarkup()
     QCOMPARE(links[0].target, QStringLiteral("p.html"));
 }
 
-QTEST_GUILESS_MAIN(tst_ManualIndex)
+ARDIPHON_TEST(tst_ManualIndex, QCoreApplication)
 #include "tst_ManualIndex.moc"

@@ -1,4 +1,5 @@
 #include "language/TextDifference.h"
+#include "support/TestMain.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
@@ -108,5 +109,5 @@ void tst_TextDifference::longTexts_withOtherLineEnds_differInTheChangeAlone()
     }
 }
 
-QTEST_APPLESS_MAIN(tst_TextDifference)
+ARDIPHON_TEST(tst_TextDifference, NoApplication)
 #include "tst_TextDifference.moc"

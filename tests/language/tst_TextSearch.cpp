@@ -1,6 +1,7 @@
 // The search rules, and the search against a plain slow one.
 
 #include "language/TextSearch.h"
+#include "support/TestMain.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -167,5 +168,5 @@ void tst_TextSearch::randomText_asTheModel()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_TextSearch)
+ARDIPHON_TEST(tst_TextSearch, QCoreApplication)
 #include "tst_TextSearch.moc"

@@ -1,6 +1,7 @@
 #include "language/TokenColors.h"
 
 #include "app/ConfigurationBlock.h"
+#include "support/TestMain.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -208,5 +209,5 @@ void tst_TokenColors::opcodeTableMissing_leavesTheRest()
     m_config.Words.LoadWordTables(m_folder.path());
 }
 
-QTEST_GUILESS_MAIN(tst_TokenColors)
+ARDIPHON_TEST(tst_TokenColors, QCoreApplication)
 #include "tst_TokenColors.moc"

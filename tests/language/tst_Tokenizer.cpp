@@ -1,6 +1,7 @@
 // The token rules, the state over lines, and the word at a column.
 
 #include "language/Tokenizer.h"
+#include "support/TestMain.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -160,5 +161,5 @@ void tst_Tokenizer::wordAt_inBlockComment_isEmpty()
     QCOMPARE(wordAt("instr */ endin", 10, LineState::BlockComment), "endin");
 }
 
-QTEST_GUILESS_MAIN(tst_Tokenizer)
+ARDIPHON_TEST(tst_Tokenizer, QCoreApplication)
 #include "tst_Tokenizer.moc"

@@ -71,9 +71,9 @@ struct CsdWindow
 };
 
 /// A window of two editors, an orchestra above a score, and a control that is neither.
-struct ProjectWindow
+struct EditorPair
 {
-    ProjectWindow(const QString &orchestra, const QString &score)
+    EditorPair(const QString &orchestra, const QString &score)
     {
         auto *column = new QVBoxLayout(window);
         for (ardiphon::LEditOCX *editor : {first, second})
@@ -90,8 +90,8 @@ struct ProjectWindow
         bringToFront(window);
         first->setFocus();
     }
-    ~ProjectWindow() { delete window; }
-    Q_DISABLE_COPY_MOVE(ProjectWindow)
+    ~EditorPair() { delete window; }
+    Q_DISABLE_COPY_MOVE(EditorPair)
 
     QPointer<QWidget> window = new QWidget;
     ardiphon::LEditOCX *first = new ardiphon::LEditOCX(window);

@@ -1,4 +1,5 @@
 #include "navigation/BookmarkFile.h"
+#include "support/TestMain.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -173,5 +174,5 @@ void tst_BookmarkFile::read_cutOrForeignFile_neverFails()
     QCOMPARE(read->front(), (Bookmark{text, line}));
 }
 
-QTEST_APPLESS_MAIN(tst_BookmarkFile)
+ARDIPHON_TEST(tst_BookmarkFile, NoApplication)
 #include "tst_BookmarkFile.moc"

@@ -2,6 +2,7 @@
 
 #include "EditorWindows.h"
 #include "navigation/ui/Definitions.h"
+#include "support/TestMain.h"
 
 #include <QMenu>
 
@@ -279,7 +280,7 @@ void tst_Definitions::record_scannedMeanwhile_doesNotMatter()
 
 void tst_Definitions::twoEditors_score_hasNeither()
 {
-    ProjectWindow project(QStringLiteral("instr 1\r\nkamp = 1\r\nendin"), QStringLiteral("kamp"));
+    EditorPair project(QStringLiteral("instr 1\r\nkamp = 1\r\nendin"), QStringLiteral("kamp"));
     WordTables words;
     QAction definitionEntry;
     QAction referenceEntry;
@@ -300,5 +301,5 @@ void tst_Definitions::twoEditors_score_hasNeither()
     QCOMPARE(selection(*project.second), QStringLiteral("1:2-1:2"));
 }
 
-QTEST_MAIN(tst_Definitions)
+ARDIPHON_TEST(tst_Definitions, QApplication)
 #include "tst_Definitions.moc"

@@ -1,6 +1,7 @@
 // Searching in an editor, and going to a line of it, with keys and clicks.
 
 #include "OpenedWindow.h"
+#include "support/TestMain.h"
 
 #include <QClipboard>
 
@@ -42,7 +43,7 @@ private slots:
 
 void tst_FindWindows::find_emptyText_doesNothing()
 {
-    ProjectWindow project(QStringLiteral("text"), QString());
+    EditorPair project(QStringLiteral("text"), QString());
     project.search->open(SearchKind::Find, OrchestraCaller);
     const Opened search(project.window, SearchKind::Find);
     search.box("Option2")->setFocus();
@@ -54,7 +55,7 @@ void tst_FindWindows::find_emptyText_doesNothing()
 
 void tst_FindWindows::find_enter_movesOn()
 {
-    ProjectWindow project(QStringLiteral("sig a\r\nsig b\r\nSIG c"), QString());
+    EditorPair project(QStringLiteral("sig a\r\nsig b\r\nSIG c"), QString());
     project.search->open(SearchKind::Find, OrchestraCaller);
     const Opened search(project.window, SearchKind::Find);
     search.type(QStringLiteral("sig"));
@@ -86,7 +87,7 @@ void tst_FindWindows::find_directions()
 {
     QFETCH(QString, option);
     QFETCH(QStringList, matches);
-    ProjectWindow project(QStringLiteral("x\r\nx\r\nx\r\nx\r\nx"), QString());
+    EditorPair project(QStringLiteral("x\r\nx\r\nx\r\nx\r\nx"), QString());
     select(*project.first, 3, 0, 3, 1);
     project.search->open(SearchKind::Find, OrchestraCaller);
     const Opened search(project.window, SearchKind::Find);
@@ -107,7 +108,7 @@ void tst_FindWindows::find_directions()
 void tst_FindWindows::find_caretWithinTheOnlyMatch_findsIt()
 {
     const QString match = QString::fromUtf8("\u20ac\u00e9\u00e9\u20ac");
-    ProjectWindow project("a " + match + match, QString());
+    EditorPair project("a " + match + match, QString());
     project.search->open(SearchKind::Find, OrchestraCaller);
     const Opened search(project.window, SearchKind::Find);
     search.text()->setText(match + match);
@@ -121,7 +122,7 @@ void tst_FindWindows::find_caretWithinTheOnlyMatch_findsIt()
 
 void tst_FindWindows::find_insideALongerWord_isNoMatchAsDefault()
 {
-    ProjectWindow project(QStringLiteral("instrument my_instr instr2"), QString());
+    EditorPair project(QStringLiteral("instrument my_instr instr2"), QString());
     project.search->open(SearchKind::Find, OrchestraCaller);
     const Opened search(project.window, SearchKind::Find);
     search.type(QStringLiteral("instr"));
@@ -136,7 +137,7 @@ void tst_FindWindows::find_insideALongerWord_isNoMatchAsDefault()
 
 void tst_FindWindows::find_miss_changesNothing()
 {
-    ProjectWindow project(QStringLiteral("one two three"), QString());
+    EditorPair project(QStringLiteral("one two three"), QString());
     select(*project.first, 1, 4, 1, 7);
     project.search->open(SearchKind::Find, OrchestraCaller);
     const Opened search(project.window, SearchKind::Find);
@@ -152,7 +153,7 @@ void tst_FindWindows::find_miss_changesNothing()
 
 void tst_FindWindows::find_typingMeanwhile_startsAtTheCaret()
 {
-    ProjectWindow project(QStringLiteral("x\r\nx\r\nx\r\n"), QString());
+    EditorPair project(QStringLiteral("x\r\nx\r\nx\r\n"), QString());
     project.search->open(SearchKind::Find, OrchestraCaller);
     const Opened search(project.window, SearchKind::Find);
     search.type(QStringLiteral("x"));
@@ -175,7 +176,7 @@ void tst_FindWindows::find_specialCharacters_meanThemselves_data()
 void tst_FindWindows::find_specialCharacters_meanThemselves()
 {
     QFETCH(QString, text);
-    ProjectWindow project("abc 1 n aa ab x HALL\r\n" + text, QString());
+    EditorPair project("abc 1 n aa ab x HALL\r\n" + text, QString());
     project.search->open(SearchKind::Find, OrchestraCaller);
     const Opened search(project.window, SearchKind::Find);
     search.type(text);
@@ -185,7 +186,7 @@ void tst_FindWindows::find_specialCharacters_meanThemselves()
 
 void tst_FindWindows::find_pastedLineEnds_match()
 {
-    ProjectWindow project(QStringLiteral("a\r\nb\r\nc"), QString());
+    EditorPair project(QStringLiteral("a\r\nb\r\nc"), QString());
     project.search->open(SearchKind::Find, OrchestraCaller);
     const Opened search(project.window, SearchKind::Find);
     QApplication::clipboard()->setText(QStringLiteral("b\nc"));
@@ -200,7 +201,7 @@ void tst_FindWindows::find_hugeText_isSearchedWhole()
     for (int i = 0; huge.size() < 100'000; ++i)
         huge += QString::number(i) + u' ';
     huge.truncate(100'000);
-    ProjectWindow project(huge + "z\r\n" + huge + "y", QString());
+    EditorPair project(huge + "z\r\n" + huge + "y", QString());
     project.search->open(SearchKind::Find, OrchestraCaller);
     const Opened search(project.window, SearchKind::Find);
     QApplication::clipboard()->setText(huge + u'y');
@@ -215,7 +216,7 @@ void tst_FindWindows::find_hugeSelection_opensAtOnce()
     QString lines;
     for (int i = 0; i < 100'000; ++i)
         lines += QStringLiteral("kamp line 0, p3, 1\r\n");
-    ProjectWindow project(lines, QString());
+    EditorPair project(lines, QString());
     project.first->SelectAll();
     project.search->open(SearchKind::Find, OrchestraCaller);
     const Opened search(project.window, SearchKind::Find);
@@ -254,7 +255,7 @@ void tst_FindWindows::line_number_selectsTheLineAndCloses()
     QStringList lines;
     for (int line = 1; line <= 20; ++line)
         lines.append(QStringLiteral("line %1").arg(line, 2, 10, QLatin1Char('0')));
-    ProjectWindow project(lines.join("\r\n"), lines.join("\r\n"));
+    EditorPair project(lines.join("\r\n"), lines.join("\r\n"));
     project.elsewhere->setFocus();
     project.search->open(SearchKind::FindLine, ScoreCaller);
     const Opened search(project.window, SearchKind::FindLine);
@@ -276,7 +277,7 @@ void tst_FindWindows::line_noNumber_saysSoAndStays_data()
 
 void tst_FindWindows::line_noNumber_saysSoAndStays()
 {
-    ProjectWindow project(QStringLiteral("a\r\nb"), QString());
+    EditorPair project(QStringLiteral("a\r\nb"), QString());
     project.search->open(SearchKind::FindLine, OrchestraCaller);
     const Opened search(project.window, SearchKind::FindLine);
     QFETCH(QString, text);
@@ -289,5 +290,5 @@ void tst_FindWindows::line_noNumber_saysSoAndStays()
     QCOMPARE(selection(*project.first), QStringLiteral("1:0-1:0"));
 }
 
-QTEST_MAIN(tst_FindWindows)
+ARDIPHON_TEST(tst_FindWindows, QApplication)
 #include "tst_FindWindows.moc"

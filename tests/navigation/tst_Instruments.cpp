@@ -4,6 +4,7 @@
 #include "EditorWindows.h"
 #include "navigation/ui/InstrumentPanel.h"
 #include "navigation/ui/Instruments.h"
+#include "support/TestMain.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -390,7 +391,7 @@ void tst_Instruments::panel_tab_reachesEveryControl()
 
 void tst_Instruments::panel_otherWindow_hasItsOwnName()
 {
-    ProjectWindow project(QStringLiteral("\r\ninstr 2\r\nendin"), QStringLiteral("instr 2"));
+    EditorPair project(QStringLiteral("\r\ninstr 2\r\nendin"), QStringLiteral("instr 2"));
     Instruments instruments(*project.first);
     InstrumentPanel panel(instruments, QStringLiteral("Toolbar_INSTR_2"), project.window);
     panel.show();
@@ -473,5 +474,5 @@ void tst_Instruments::tags_clickThenInstrument_isWholeWordAgain()
     QCOMPARE(selection(*csd.first), wholeWord(3));
 }
 
-QTEST_MAIN(tst_Instruments)
+ARDIPHON_TEST(tst_Instruments, QApplication)
 #include "tst_Instruments.moc"

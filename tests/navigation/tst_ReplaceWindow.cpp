@@ -1,6 +1,7 @@
 // The four buttons of the replace window.
 
 #include "OpenedWindow.h"
+#include "support/TestMain.h"
 
 using namespace ardiphon;
 using namespace EditorInput;
@@ -32,7 +33,7 @@ private slots:
 
 void tst_ReplaceWindow::replace_find_goesRoundTheText()
 {
-    ProjectWindow project(QStringLiteral("x 1\r\nx 2"), QString());
+    EditorPair project(QStringLiteral("x 1\r\nx 2"), QString());
     goTo(*project.first, 1, 1);
     project.search->open(SearchKind::Replace, OrchestraCaller);
     const Opened search(project.window, SearchKind::Replace);
@@ -52,7 +53,7 @@ void tst_ReplaceWindow::replace_find_goesRoundTheText()
 
 void tst_ReplaceWindow::replace_nothingSelected_doesNothing()
 {
-    ProjectWindow project(QStringLiteral("x"), QString());
+    EditorPair project(QStringLiteral("x"), QString());
     project.search->open(SearchKind::Replace, OrchestraCaller);
     const Opened search(project.window, SearchKind::Replace);
     search.type(QStringLiteral("x"));
@@ -66,7 +67,7 @@ void tst_ReplaceWindow::replace_nothingSelected_doesNothing()
 
 void tst_ReplaceWindow::replace_selection_isOverwrittenWhateverTheText()
 {
-    ProjectWindow project(QStringLiteral("one two three"), QString());
+    EditorPair project(QStringLiteral("one two three"), QString());
     project.search->open(SearchKind::Replace, OrchestraCaller);
     const Opened search(project.window, SearchKind::Replace);
     search.type(QStringLiteral("three"));
@@ -88,7 +89,7 @@ void tst_ReplaceWindow::replace_selection_isOverwrittenWhateverTheText()
 
 void tst_ReplaceWindow::replace_emptyText_buttons()
 {
-    ProjectWindow project(QStringLiteral("text"), QString());
+    EditorPair project(QStringLiteral("text"), QString());
     project.search->open(SearchKind::Replace, OrchestraCaller);
     const Opened search(project.window, SearchKind::Replace);
     search.type(QStringLiteral("y"), "Text2");
@@ -103,7 +104,7 @@ void tst_ReplaceWindow::replace_emptyText_buttons()
 
 void tst_ReplaceWindow::replaceAll_everyMatch_isOneStep()
 {
-    ProjectWindow project(QStringLiteral("x X\r\nxx x"), QString());
+    EditorPair project(QStringLiteral("x X\r\nxx x"), QString());
     goTo(*project.first, 2, 2);
     project.search->open(SearchKind::Replace, OrchestraCaller);
     const Opened search(project.window, SearchKind::Replace);
@@ -121,7 +122,7 @@ void tst_ReplaceWindow::replaceAll_everyMatch_isOneStep()
 
 void tst_ReplaceWindow::replaceAll_miss_saysSo()
 {
-    ProjectWindow project(QStringLiteral("xx"), QString());
+    EditorPair project(QStringLiteral("xx"), QString());
     project.search->open(SearchKind::Replace, OrchestraCaller);
     const Opened search(project.window, SearchKind::Replace);
     search.type(QStringLiteral("x"));
@@ -134,7 +135,7 @@ void tst_ReplaceWindow::replaceAll_miss_saysSo()
 
 void tst_ReplaceWindow::replaceFromCaret_onlyBehindTheCaret()
 {
-    ProjectWindow project(QStringLiteral("x x x\r\nx"), QString());
+    EditorPair project(QStringLiteral("x x x\r\nx"), QString());
     select(*project.first, 1, 2, 1, 3); // a match begins at the selection's start, and counts
     project.search->open(SearchKind::Replace, OrchestraCaller);
     const Opened search(project.window, SearchKind::Replace);
@@ -149,7 +150,7 @@ void tst_ReplaceWindow::replaceFromCaret_onlyBehindTheCaret()
 
 void tst_ReplaceWindow::replaceFromCaret_noMatch_beepsOnce()
 {
-    ProjectWindow project(QStringLiteral("x\r\ny"), QString());
+    EditorPair project(QStringLiteral("x\r\ny"), QString());
     goTo(*project.first, 2, 0);
     project.search->open(SearchKind::Replace, OrchestraCaller);
     const Opened search(project.window, SearchKind::Replace);
@@ -165,7 +166,7 @@ void tst_ReplaceWindow::replaceFromCaret_noMatch_beepsOnce()
 /// Only the columns of the selection meet: one over several lines still ends on its last line.
 void tst_ReplaceWindow::replaceFromCaret_linesOfTheSelection_stay()
 {
-    ProjectWindow project(QStringLiteral("x x\r\nx x\r\nx x"), QString());
+    EditorPair project(QStringLiteral("x x\r\nx x\r\nx x"), QString());
     select(*project.first, 1, 1, 2, 3);
     project.search->open(SearchKind::Replace, OrchestraCaller);
     const Opened search(project.window, SearchKind::Replace);
@@ -177,7 +178,7 @@ void tst_ReplaceWindow::replaceFromCaret_linesOfTheSelection_stay()
 
 void tst_ReplaceWindow::replaceFromCaret_undo_takesOneBack()
 {
-    ProjectWindow project(QStringLiteral("x x x"), QString());
+    EditorPair project(QStringLiteral("x x x"), QString());
     project.search->open(SearchKind::Replace, OrchestraCaller);
     const Opened search(project.window, SearchKind::Replace);
     search.type(QStringLiteral("x"));
@@ -193,7 +194,7 @@ void tst_ReplaceWindow::replaceFromCaret_undo_takesOneBack()
 void tst_ReplaceWindow::replace_emptyReplacement_deletes()
 {
     for (const char *button : {"Command2", "Command3", "Command1"}) {
-        ProjectWindow project(QStringLiteral("ax"), QString());
+        EditorPair project(QStringLiteral("ax"), QString());
         project.search->open(SearchKind::Replace, OrchestraCaller);
         const Opened search(project.window, SearchKind::Replace);
         search.choose("Check1");
@@ -257,7 +258,7 @@ void tst_ReplaceWindow::replace_everyPairOfTexts_ends()
     QFETCH(QString, find);
     QFETCH(QString, replacement);
     for (const char *button : {"Command3", "Command1"}) {
-        ProjectWindow project(text, QString());
+        EditorPair project(text, QString());
         project.search->open(SearchKind::Replace, OrchestraCaller);
         const Opened search(project.window, SearchKind::Replace);
         search.choose("Check1");
@@ -271,7 +272,7 @@ void tst_ReplaceWindow::replace_everyPairOfTexts_ends()
 void tst_ReplaceWindow::replace_wholeWordOff_findsInside()
 {
     for (const char *button : {"Command3", "Command1"}) {
-        ProjectWindow project(QStringLiteral("xx"), QString());
+        EditorPair project(QStringLiteral("xx"), QString());
         project.search->open(SearchKind::Replace, OrchestraCaller);
         const Opened search(project.window, SearchKind::Replace);
         search.type(QStringLiteral("x"));
@@ -284,7 +285,7 @@ void tst_ReplaceWindow::replace_wholeWordOff_findsInside()
 
 void tst_ReplaceWindow::replace_accessKeys_pressButtons()
 {
-    ProjectWindow project(QStringLiteral("x x x"), QString());
+    EditorPair project(QStringLiteral("x x x"), QString());
     project.search->open(SearchKind::Replace, OrchestraCaller);
     const Opened search(project.window, SearchKind::Replace);
     search.type(QStringLiteral("x"));
@@ -323,5 +324,5 @@ void tst_ReplaceWindow::replace_splitView_isCopied()
     }
 }
 
-QTEST_MAIN(tst_ReplaceWindow)
+ARDIPHON_TEST(tst_ReplaceWindow, QApplication)
 #include "tst_ReplaceWindow.moc"

@@ -1,5 +1,6 @@
 #include "navigation/DefinitionRules.h"
 #include "navigation/SearchRules.h"
+#include "support/TestMain.h"
 
 #include <QtTest>
 
@@ -192,5 +193,5 @@ void tst_SearchRules::entryCaption_longWord_isCutAt50()
     QCOMPARE(referenceCaption(x50 + u'y'), QStringLiteral("Go to reference of ") + x50);
 }
 
-QTEST_GUILESS_MAIN(tst_SearchRules)
+ARDIPHON_TEST(tst_SearchRules, QCoreApplication)
 #include "tst_SearchRules.moc"

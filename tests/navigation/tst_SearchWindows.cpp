@@ -1,6 +1,7 @@
 // The three search windows as such: how they open, whom they serve, how they close.
 
 #include "OpenedWindow.h"
+#include "support/TestMain.h"
 
 using namespace ardiphon;
 using namespace EditorInput;
@@ -141,7 +142,7 @@ void tst_SearchWindows::open_secondView_servesTheFirst()
 void tst_SearchWindows::open_caller_isInTheCaption()
 {
     CsdWindow csd("text");
-    ProjectWindow project(QStringLiteral("text"), QStringLiteral("text"));
+    EditorPair project(QStringLiteral("text"), QStringLiteral("text"));
     static const char *const titles[] = {"Find", "Find and Replace", "Find Line number"};
     static const char *const actions[] = {"menuModificaTrova", "menuModificaSostituisci",
                                           "menuModificaTrovaRiga"};
@@ -230,7 +231,7 @@ void tst_SearchWindows::open_again_startsAnewInOneWindow()
 
 void tst_SearchWindows::open_menuOfTwoEditors_followsTheFocus()
 {
-    ProjectWindow project(QStringLiteral("instr"), QStringLiteral("f1"));
+    EditorPair project(QStringLiteral("instr"), QStringLiteral("f1"));
     project.elsewhere->setFocus();
     project.search->openForFocus(SearchKind::Find);
     QCOMPARE(visibleWindows(), 0);
@@ -252,7 +253,7 @@ void tst_SearchWindows::open_menuOfTwoEditors_followsTheFocus()
 
 void tst_SearchWindows::open_emptyScore_focusDependsOnTheCommand()
 {
-    ProjectWindow project(QStringLiteral("instr"), QString());
+    EditorPair project(QStringLiteral("instr"), QString());
     project.second->setFocus();
     for (const SearchKind kind : Kinds) {
         project.dialogs.expect(NoDocument);
@@ -285,7 +286,7 @@ void tst_SearchWindows::keys_escapeAnywhere_closes()
 {
     QFETCH(SearchKind, kind);
     QFETCH(QString, name);
-    ProjectWindow project(QStringLiteral("text"), QStringLiteral("text"));
+    EditorPair project(QStringLiteral("text"), QStringLiteral("text"));
     project.search->open(kind, ScoreCaller);
     const Opened search(project.window, kind);
     auto *control = search.control<QWidget>(qPrintable(name));
@@ -297,7 +298,7 @@ void tst_SearchWindows::keys_escapeAnywhere_closes()
 
 void tst_SearchWindows::keys_tab_reachesEveryControl()
 {
-    ProjectWindow project(QStringLiteral("text"), QStringLiteral("text"));
+    EditorPair project(QStringLiteral("text"), QStringLiteral("text"));
     static const int counts[] = {5, 8, 3}; // the three options are one stop
     for (const SearchKind kind : Kinds) {
         project.search->open(kind, OrchestraCaller);
@@ -315,7 +316,7 @@ void tst_SearchWindows::keys_tab_reachesEveryControl()
 
 void tst_SearchWindows::exit_focus_asEachWindowHasIt()
 {
-    ProjectWindow project(QStringLiteral("text"), QStringLiteral("text"));
+    EditorPair project(QStringLiteral("text"), QStringLiteral("text"));
     static const char *const exits[] = {"Command4", "Command4", "buttonEsci"};
     for (const SearchKind kind : Kinds) {
         project.elsewhere->setFocus();
@@ -350,7 +351,7 @@ void tst_SearchWindows::owner_handOver_newWindowsServeTheNewEditors()
 {
     CsdWindow csd("text of the old window");
     csd.trigger("menuModificaTrova");
-    ProjectWindow project(QStringLiteral("the new text"), QString());
+    EditorPair project(QStringLiteral("the new text"), QString());
     SearchWindows search(csd.config, csd.dialogs, {{OrchestraCaller, project.first}},
                          *project.window);
     csd.form->close();
@@ -367,7 +368,7 @@ void tst_SearchWindows::owner_handOver_newWindowsServeTheNewEditors()
 
 void tst_SearchWindows::caller_changes_servesTheOtherEditor()
 {
-    ProjectWindow project(QStringLiteral("same"), QStringLiteral("same"));
+    EditorPair project(QStringLiteral("same"), QStringLiteral("same"));
     project.search->open(SearchKind::Find, OrchestraCaller);
     const Opened search(project.window, SearchKind::Find);
     search.type(QStringLiteral("same"));
@@ -381,5 +382,5 @@ void tst_SearchWindows::caller_changes_servesTheOtherEditor()
     QTRY_VERIFY(!search.window);
 }
 
-QTEST_MAIN(tst_SearchWindows)
+ARDIPHON_TEST(tst_SearchWindows, QApplication)
 #include "tst_SearchWindows.moc"

@@ -2,6 +2,7 @@
 #include "platform/CommandText.h"
 #include "platform/StartDetached.h"
 #include "support/StandInCompiler.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 #include <QSignalSpy>
@@ -372,5 +373,5 @@ void tst_ChildProcess::hidden_output_isDiscarded()
         ::close(descriptor);
 }
 
-QTEST_GUILESS_MAIN(tst_ChildProcess)
+ARDIPHON_TEST(tst_ChildProcess, QCoreApplication)
 #include "tst_ChildProcess.moc"

@@ -1,4 +1,5 @@
 #include "platform/CommandText.h"
+#include "support/TestMain.h"
 
 #include <QTest>
 
@@ -69,5 +70,5 @@ void tst_CommandText::quoted_gluedToText_staysInThatArgument()
              QStringList{"--file=a b"});
 }
 
-QTEST_APPLESS_MAIN(tst_CommandText)
+ARDIPHON_TEST(tst_CommandText, NoApplication)
 #include "tst_CommandText.moc"

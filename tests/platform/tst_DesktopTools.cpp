@@ -1,5 +1,6 @@
 #include "platform/DesktopTools.h"
 #include "platform/ProgramFolder.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 #include <QFile>
@@ -100,5 +101,5 @@ void tst_DesktopTools::programFolder_readOnly_isTheUsers()
     QVERIFY(QFileInfo(folder).isDir());
 }
 
-QTEST_GUILESS_MAIN(tst_DesktopTools)
+ARDIPHON_TEST(tst_DesktopTools, QCoreApplication)
 #include "tst_DesktopTools.moc"

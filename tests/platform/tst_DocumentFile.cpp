@@ -1,6 +1,7 @@
 // A document's file is read whole or not at all, and written whole or not at all.
 
 #include "platform/DocumentFile.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 #include <QFile>
@@ -456,5 +457,5 @@ void tst_DocumentFile::write_killedAnywhere_holdsOldOrNew()
     QCOMPARE(get(m_file), NewBytes);
 }
 
-QTEST_GUILESS_MAIN(tst_DocumentFile)
+ARDIPHON_TEST(tst_DocumentFile, QCoreApplication)
 #include "tst_DocumentFile.moc"

@@ -1,4 +1,5 @@
 #include "platform/FileFilter.h"
+#include "support/TestMain.h"
 
 #include <QTest>
 
@@ -38,5 +39,5 @@ void tst_FileFilter::nameFilters()
     QTEST(ardiphon::nameFilters(filter), "filters");
 }
 
-QTEST_GUILESS_MAIN(tst_FileFilter)
+ARDIPHON_TEST(tst_FileFilter, QCoreApplication)
 #include "tst_FileFilter.moc"

@@ -1,4 +1,5 @@
 #include "platform/ui/FileProperties.h"
+#include "support/TestMain.h"
 
 #include <QDBusConnection>
 #include <QDialog>
@@ -143,5 +144,5 @@ void tst_FileProperties::cleanupTestCase()
     m_bus.waitForFinished();
 }
 
-QTEST_MAIN(tst_FileProperties)
+ARDIPHON_TEST(tst_FileProperties, QApplication)
 #include "tst_FileProperties.moc"

@@ -1,5 +1,6 @@
 #include "platform/ui/MMControl.h"
 #include "support/SoundServer.h"
+#include "support/TestMain.h"
 #include "support/TimedSound.h"
 
 #include <QToolButton>
@@ -449,5 +450,5 @@ void tst_MMControl::device_goesWhilePlaying_isTold()
     QTRY_VERIFY_WITH_TIMEOUT((command("Play"), m_control->Mode() == MMControl::Playing), 20'000);
 }
 
-QTEST_MAIN(tst_MMControl)
+ARDIPHON_TEST(tst_MMControl, QApplication)
 #include "tst_MMControl.moc"

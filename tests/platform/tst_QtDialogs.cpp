@@ -1,5 +1,6 @@
 #include "platform/ui/Printer.h"
 #include "platform/ui/QtDialogs.h"
+#include "support/TestMain.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -459,5 +460,5 @@ void tst_QtDialogs::color_cancelled_isEmpty()
     QCOMPARE(m_dialogs.color(Color::rgb(200, 100, 50)), std::optional<Color>());
 }
 
-QTEST_MAIN(tst_QtDialogs)
+ARDIPHON_TEST(tst_QtDialogs, QApplication)
 #include "tst_QtDialogs.moc"

@@ -1,4 +1,5 @@
 #include "platform/RunFolder.h"
+#include "support/TestMain.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -138,5 +139,5 @@ void tst_RunFolder::leftovers_others_stay()
     QVERIFY(QFileInfo::exists(target + "/tmp.txt"));
 }
 
-QTEST_GUILESS_MAIN(tst_RunFolder)
+ARDIPHON_TEST(tst_RunFolder, QCoreApplication)
 #include "tst_RunFolder.moc"

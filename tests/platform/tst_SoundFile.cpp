@@ -1,4 +1,5 @@
 #include "platform/ui/SoundFile.h"
+#include "support/TestMain.h"
 #include "support/WaveBytes.h"
 
 #include <QtTest>
@@ -152,5 +153,5 @@ void tst_SoundFile::open_damagedHeaders_neverHarm()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_SoundFile)
+ARDIPHON_TEST(tst_SoundFile, QCoreApplication)
 #include "tst_SoundFile.moc"

@@ -2,6 +2,7 @@
 #include "preferences/ui/FormDefaultFont.h"
 #include "preferences/ui/FormFont.h"
 #include "support/Controls.h"
+#include "support/TestMain.h"
 #include "support/TestProgram.h"
 
 #include <QFontDatabase>
@@ -345,5 +346,5 @@ void tst_FontWindows::formDefaultFont_esc_doesNothing()
     QCOMPARE(m_program->config.DefaultFontName, name);
 }
 
-QTEST_MAIN(tst_FontWindows)
+ARDIPHON_TEST(tst_FontWindows, QApplication)
 #include "tst_FontWindows.moc"

@@ -1,6 +1,7 @@
 #include "app/ConfigurationBlock.h"
 #include "preferences/ui/FolderTree.h"
 #include "preferences/ui/FormDirectory.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 #include <QLabel>
@@ -183,5 +184,5 @@ void tst_FormDirectory::directory_unreadable_isEmpty()
     QCOMPARE(inner->childCount(), 0);
 }
 
-QTEST_MAIN(tst_FormDirectory)
+ARDIPHON_TEST(tst_FormDirectory, QApplication)
 #include "tst_FormDirectory.moc"

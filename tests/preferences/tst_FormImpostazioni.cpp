@@ -1,5 +1,6 @@
 #include "preferences/SettingsWindow.h"
 #include "preferences/ui/FormDirectory.h"
+#include "support/TestMain.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -375,5 +376,5 @@ void tst_FormImpostazioni::association_buttons_doTheirActions()
     QVERIFY(m_window->isVisible());
 }
 
-QTEST_MAIN(tst_FormImpostazioni)
+ARDIPHON_TEST(tst_FormImpostazioni, QApplication)
 #include "tst_FormImpostazioni.moc"

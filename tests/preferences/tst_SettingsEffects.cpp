@@ -2,6 +2,7 @@
 #include "preferences/SettingsWindow.h"
 #include "preferences/ui/ColorPatch.h"
 #include "support/EditorInput.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 
@@ -461,5 +462,5 @@ void tst_SettingsEffects::close_sizesTyped_areForgotten()
     QCOMPARE(control<QLineEdit>("textTabSize")->text(), "8");
 }
 
-QTEST_MAIN(tst_SettingsEffects)
+ARDIPHON_TEST(tst_SettingsEffects, QApplication)
 #include "tst_SettingsEffects.moc"

@@ -1,5 +1,6 @@
 #include "preferences/SettingsWindow.h"
 #include "preferences/ui/FormDefaultFont.h"
+#include "support/TestMain.h"
 
 #include <QListView>
 #include <QTimer>
@@ -145,5 +146,5 @@ void tst_TextSheet::browse_showsTheNewDefaultFont()
     QCOMPARE(stored(registry::SettingsKey, "DefaultFontName"), name);
 }
 
-QTEST_MAIN(tst_TextSheet)
+ARDIPHON_TEST(tst_TextSheet, QApplication)
 #include "tst_TextSheet.moc"

@@ -2,6 +2,7 @@
 
 #include "app/ConfigurationBlock.h"
 #include "support/ScriptedDialogs.h"
+#include "support/TestMain.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -235,5 +236,5 @@ void tst_FormImpostaMargini::enter_isOk()
     QCOMPARE(m_config.MarginLeft, 8L);
 }
 
-QTEST_MAIN(tst_FormImpostaMargini)
+ARDIPHON_TEST(tst_FormImpostaMargini, QApplication)
 #include "tst_FormImpostaMargini.moc"

@@ -2,6 +2,7 @@
 #include "printing/ui/PageFormatter.h"
 #include "printing/ui/PrintModule.h"
 #include "support/PrintedPdf.h"
+#include "support/TestMain.h"
 
 #include <QPrinter>
 #include <QRandomGenerator>
@@ -383,5 +384,5 @@ void tst_PrintModule::printerThatFails_endsSilently()
     PrintRichText(printer, box(lines(200)), Margins, QStringLiteral("piece.csd"));
 }
 
-QTEST_MAIN(tst_PrintModule)
+ARDIPHON_TEST(tst_PrintModule, QApplication)
 #include "tst_PrintModule.moc"

@@ -1,6 +1,7 @@
 #include "printing/PrintPage.h"
 
 #include "app/ConfigurationBlock.h"
+#include "support/TestMain.h"
 
 #include <QTest>
 
@@ -102,5 +103,5 @@ void tst_PrintPage::headerLine_namesThePage()
     QCOMPARE(headerLine(QStringLiteral("piece.csd"), 12), QStringLiteral("piece.csd - Page 12"));
 }
 
-QTEST_GUILESS_MAIN(tst_PrintPage)
+ARDIPHON_TEST(tst_PrintPage, QCoreApplication)
 #include "tst_PrintPage.moc"
