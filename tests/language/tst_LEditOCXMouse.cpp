@@ -44,6 +44,7 @@ private slots:
     void mouse_drag_selects();
     void mouse_wheel_isLeftToTheWindow();
     void menuKey_isTheRightButtonAtTheCaret();
+    void menuKey_caretOutOfSight_bringsItBack();
     void drop_file_reachesTheWindow();
     void drop_text_goesIntoTheDocument();
     void accessible_activeTool_getsTheText();
@@ -166,9 +167,28 @@ void tst_LEditOCXMouse::menuKey_isTheRightButtonAtTheCaret()
             [&](EditorMouseButton &button) { told.append(button); });
     QContextMenuEvent menu(QContextMenuEvent::Keyboard, QPoint(), QPoint());
     QApplication::sendEvent(m_editor->focusProxy(), &menu);
-    QCOMPARE(told.size(), 1);
-    QCOMPARE(told[0].Button, 2);
-    QCOMPARE(QPoint(told[0].X, told[0].Y), m_editor->PositionToPixels(2, 2) * 15);
+    QTest::keyClick(m_editor->focusProxy(), Qt::Key_F10, Qt::ShiftModifier);
+    QCOMPARE(told.size(), 2);
+    for (const EditorMouseButton &button : told) {
+        QCOMPARE(button.Button, 2);
+        QCOMPARE(QPoint(button.X, button.Y), m_editor->PositionToPixels(2, 2) * 15);
+    }
+    QTest::keyClick(m_editor->focusProxy(), Qt::Key_F10);
+    QTest::keyClick(m_editor->focusProxy(), Qt::Key_F10, Qt::ShiftModifier | Qt::ControlModifier);
+    QCOMPARE(told.size(), 2);
+}
+
+void tst_LEditOCXMouse::menuKey_caretOutOfSight_bringsItBack()
+{
+    m_editor->SetText(QString("x\r\n").repeated(500));
+    goTo(*m_editor, 400, 1);
+    m_editor->SetTopLine(1);
+    connect(m_editor, &LEditOCX::MouseButton, this, [&](EditorMouseButton &button) {
+        QVERIFY(m_editor->rect().contains(button.X / 15, button.Y / 15));
+    });
+    QTest::keyClick(m_editor->focusProxy(), Qt::Key_F10, Qt::ShiftModifier);
+    QVERIFY(m_editor->TopLine() > 300);
+    QCOMPARE(selection(*m_editor), "400:1-400:1");
 }
 
 void tst_LEditOCXMouse::drop(const QMimeData &data, const QPoint &at)

@@ -2,6 +2,7 @@
 
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
+#include "documents/ui/MenuBarStyle.h"
 #include "documents/ui/RecentMenu.h"
 #include "help/ui/FormManual.h"
 #include "language/editor/LEditOCX.h"
@@ -14,6 +15,8 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFile>
+#include <QKeyEvent>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
 #include <QThread>
@@ -52,6 +55,9 @@ EditorWindow::EditorWindow(ProgramContext &program)
     setAcceptDrops(true);
     setMinimumSize(SmallestWindow);
     setCentralWidget(new QWidget(this));
+    auto *const style = new MenuBarStyle;
+    style->setParent(menuBar());
+    menuBar()->setStyle(style);
 }
 
 EditorWindow::~EditorWindow() = default;
@@ -167,7 +173,19 @@ void EditorWindow::resizeEvent(QResizeEvent *event)
     arrangeWindow();
 }
 
-/// Only the direction of the wheel counts: a notch scrolls as many lines as the user has set.
+/// F10, which no control has a use for, does what Alt alone does: the keys go to the menu bar, or
+/// back. The bar knows only Alt, which it follows in its window; held is told as before the key.
+void EditorWindow::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_F10 || event->modifiers() != Qt::NoModifier)
+        return QMainWindow::keyPressEvent(event);
+    QKeyEvent altDown(QEvent::ShortcutOverride, Qt::Key_Alt, Qt::NoModifier);
+    QKeyEvent altUp(QEvent::KeyRelease, Qt::Key_Alt, Qt::AltModifier);
+    QCoreApplication::sendEvent(this, &altDown);
+    QCoreApplication::sendEvent(this, &altUp);
+}
+
+/// A notch scrolls as many lines as the user has set.
 void EditorWindow::wheelEvent(QWheelEvent *event)
 {
     LEditOCX *editor = focusedEditor();

@@ -146,8 +146,13 @@ void TextView::mouseReleaseEvent(QMouseEvent *event)
 void TextView::contextMenuEvent(QContextMenuEvent *event)
 {
     event->accept();
-    if (event->reason() != QContextMenuEvent::Keyboard)
-        return;
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        openMenuAtCaret();
+}
+
+void TextView::openMenuAtCaret()
+{
+    SendScintilla(SCI_SCROLLCARET);
     const long caret = SendScintilla(SCI_GETCURRENTPOS);
     const QPoint inView(int(SendScintilla(SCI_POINTXFROMPOSITION, 0UL, caret)),
                         int(SendScintilla(SCI_POINTYFROMPOSITION, 0UL, caret)));

@@ -66,6 +66,7 @@ private:
     void moveCaret(long caret, bool extend);
 
     // Mouse.
+    void openMenuAtCaret();
     void tellMouseButton(const QMouseEvent *event);
     template <typename Handler>
     void withMouseEdits(Handler handler);

@@ -10,14 +10,14 @@
 namespace ardiphon {
 
 // A key that the view itself answers is not taken for a shortcut of the window, and with Alt none
-// is taken for the access key of a menu.
+// is taken for the access key of a menu. Alt alone is the menu bar's.
 bool TextView::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride) {
         const auto *key = static_cast<QKeyEvent *>(event);
         if (commandOfKey(key->key(), key->modifiers()) != NoCommand ||
             controlCharacterOfKey(key->key(), key->modifiers()) != 0 || typesText(*key) ||
-            key->modifiers() == Qt::AltModifier) {
+            (key->modifiers() == Qt::AltModifier && !isModifierKey(key->key()))) {
             event->accept();
             return true;
         }
@@ -39,6 +39,8 @@ void TextView::keyPressEvent(QKeyEvent *event)
         return;
     if (typesText(*event))
         typeText(event->text());
+    else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
+        openMenuAtCaret();
     else
         event->ignore();
 }
