@@ -11,6 +11,7 @@ constexpr int PanelLeft = 30;
 constexpr int PanelWidth = 2150;
 constexpr int LabelIndent = 30;
 constexpr int LabelHeight = 240;
+constexpr int LineWidth = 15; // of the line between the views: a pixel
 
 /// The height of the band above the text that the help panels and the toolbar take.
 int topBand(const CsdWindowState &state)
@@ -43,6 +44,8 @@ void placeViews(CsdWindowLayout &layout, const CsdWindowState &state, const QRec
     layout.LEDIT2 = rect(left, area.top() + height, width, height);
     layout.PicNumeri = rect(area.left(), area.top(), state.gutterWidth, height);
     layout.PicNumeri2 = rect(area.left(), area.top() + height, state.gutterWidth, height);
+    layout.splitLine = rect(area.left(), layout.LEDIT2.y() - LineWidth,
+                            state.innerWidth - area.left() - 50, LineWidth);
 }
 
 QRect labelAbove(const QRect &list, int distance)

@@ -35,6 +35,7 @@ struct CsdWindowLayout
     QRect LabelTags;
     QRect List1;
     QRect Frame1;
+    QRect splitLine; ///< over the foot of LEDIT1 and of its gutter
 };
 
 /// The layout rules of the CSD window. No length comes out negative, however small the window is.

@@ -14,6 +14,7 @@ constexpr int ColumnWidth = 360; // of the halves' toolbars in the horizontal ar
 constexpr int LeastColumnHeight = 1000;
 constexpr int LabelHeight = 300;
 constexpr int RowsAboveEditor = 450; // a label and a toolbar, beside what the common start leaves
+constexpr int LineWidth = 15;        // of the line between the halves: a pixel
 constexpr int GripIndent = 250;      // how far the vertical grip reaches back from the boundary
 
 QRect rect(int left, int top, int width, int height)
@@ -52,6 +53,7 @@ void followHorizontal(HalfLayout &half, const ProjectWindowState &state)
     const QRect &editor = half.editor;
     half.label = rect(410, editor.y() - 220, state.innerWidth, LabelHeight);
     half.toolbar = column(state, editor);
+    half.toolbarRoom = half.toolbar.width();
     half.gutter = rect(ColumnWidth, editor.y(), state.gutterWidth, editor.height());
 }
 
@@ -62,6 +64,7 @@ void followRows(HalfLayout &half, const ProjectWindowState &state, int left, con
     const QRect &editor = half.editor;
     half.label = rect(label.x(), editor.y() - 650, label.width(), LabelHeight);
     half.toolbar = rect(left, editor.y() - 400, toolbarWidth, state.toolbarHeight);
+    half.toolbarRoom = std::clamp(state.innerWidth - left, 0, toolbarWidth);
     half.gutter = rect(left, editor.y(), state.gutterWidth, editor.height());
 }
 
@@ -71,6 +74,9 @@ void followVertical(ProjectLayout &layout, const ProjectWindowState &state)
     const int half = state.innerWidth / 2;
     followRows(layout.orchestra, state, 0, rect(50, 0, half - 10, 0), half);
     followRows(layout.score, state, middle, rect(middle, 0, half - 10, 0), half);
+    layout.orchestra.toolbarRoom = std::min(half, middle);
+    const QRect &editor = layout.orchestra.editor;
+    layout.splitLine = rect(middle - LineWidth, editor.y(), LineWidth, editor.height());
 }
 
 void placeHorizontal(ProjectLayout &layout, const ProjectWindowState &state, int top)

@@ -39,6 +39,7 @@ struct HalfLayout
     QRect gutter;
     QRect label;
     QRect toolbar;
+    int toolbarRoom = 0; ///< the width of the toolbar that the other half and the window leave free
 };
 
 /// Where the controls of the project's window stand. The half that an arrangement hides and the
@@ -52,6 +53,7 @@ struct ProjectLayout
     HalfLayout score;
     QPoint SplitterH; ///< its top left corner
     QPoint SplitterV;
+    QRect splitLine; ///< over the right edge of the orchestra beside the score
 };
 
 /// The layout rules of the project's window. No length comes out negative.

@@ -28,6 +28,7 @@ private slots:
     void split_off_copiesNothing();
     void split_randomEdits_endEqual();
     void split_keys_moveTheFocus();
+    void split_line_isSeenBetweenTheViews();
 
     // Aids.
     void settings_reachBothViews();
@@ -142,6 +143,31 @@ void tst_CsdViews::split_keys_moveTheFocus()
     QVERIFY(second()->hasFocus());
     QTest::keyClick(second()->focusProxy(), Qt::Key_F11);
     QVERIFY(first()->hasFocus());
+}
+
+/// One row of pixels over the foot of the first view and its gutter, neither of which gives way.
+void tst_CsdViews::split_line_isSeenBetweenTheViews()
+{
+    show();
+    const auto colors = [this](int y) {
+        const QImage image = m_window->centralWidget()->grab().toImage();
+        QSet<QRgb> all;
+        for (int x = control<QWidget>("PicNumeri")->x(); x <= first()->geometry().right(); ++x)
+            all.insert(image.pixel(x, y));
+        return all;
+    };
+    trigger("buttonSplit");
+    const int foot = first()->geometry().bottom();
+    QCOMPARE(second()->y(), foot + 1);
+    QCOMPARE(colors(foot), QSet<QRgb>{QColor(Qt::darkGray).rgb()});
+    QVERIFY(!colors(foot - 1).contains(QColor(Qt::darkGray).rgb()));
+    QVERIFY(!colors(foot + 1).contains(QColor(Qt::darkGray).rgb()));
+    QWidget *atFoot = m_window->centralWidget()->childAt(first()->x() + 40, foot);
+    QVERIFY(first()->isAncestorOf(atFoot)); // the mouse does not meet it
+    m_program->config.ColorBackground = Color::rgb(0, 0, 0);
+    QCOMPARE(colors(foot), QSet<QRgb>{QColor(Qt::lightGray).rgb()});
+    trigger("buttonSplit");
+    QVERIFY(!colors(foot).contains(QColor(Qt::lightGray).rgb()));
 }
 
 // Aids. -------------------------------------------------------------------------------------------

@@ -57,6 +57,7 @@ void tst_CsdWindowLayout::everyCombination_followsTheRules()
     if (state.split) {
         QCOMPARE(at.LEDIT2, QRect(left, top + viewHeight, width - left - 50, viewHeight));
         QCOMPARE(at.PicNumeri2, QRect(areaLeft, top + viewHeight, 735, viewHeight));
+        QCOMPARE(at.splitLine, QRect(areaLeft, top + viewHeight - 15, width - areaLeft - 50, 15));
     }
 
     // The side panel.

@@ -2,6 +2,8 @@
 #include "support/TestMain.h"
 
 #include <QLineEdit>
+#include <QToolBar>
+#include <QToolButton>
 #include <QTreeWidget>
 
 using namespace ardiphon;
@@ -25,7 +27,9 @@ private slots:
     void reset_andResize_dropTheDraggedPosition();
     void gripH_followsTheMouseWithinItsLimits();
     void gripV_followsTheMouseWithinItsLimits();
+    void gripV_draggedFar_leavesEachButtonItsPlace();
     void grips_ofTheirArrangement_haveTheirToolTips();
+    void line_partsHalvesThatTouch();
 
     // Tools.
     void tools_toggle_bothGutters();
@@ -202,6 +206,65 @@ void tst_ProjectArrangements::gripV_followsTheMouseWithinItsLimits()
     QCOMPARE(grip->x(), 54);
     QCOMPARE(place("LEDIT2").right(), m->window->centralWidget()->rect().right());
     QVERIFY(place("Toolbar3").left() <= place("PicNumeri2").left());
+}
+
+/// The toolbars keep their places, one partly under the other or outside; what cannot be seen there
+/// is behind the arrow at the end.
+void tst_ProjectArrangements::gripV_draggedFar_leavesEachButtonItsPlace()
+{
+    m->showPair();
+    m->trigger("menuVisualizzaVerticale");
+    QWidget *inside = m->window->centralWidget();
+    const auto buttonsInSight = [&](const char *name) {
+        auto *toolbar = m->control<QToolBar>(name);
+        int count = 0;
+        for (QToolButton *button : toolbar->findChildren<QToolButton *>()) {
+            if (!button->isVisible())
+                continue;
+            ++count;
+            for (const QPoint &corner : {button->rect().topLeft(), button->rect().bottomRight()}) {
+                const QPoint at = button->mapTo(inside, corner);
+                if (inside->childAt(at) != button)
+                    return -1;
+            }
+        }
+        return count;
+    };
+    const int all = buttonsInSight("Toolbar2");
+    QCOMPARE(all, int(orchestraToolbar().size()));
+    auto *grip = m->control<QWidget>("SplitterV");
+    drag(grip, {60 - grip->x(), 0});
+    const int half = inside->width() / 2;
+    QCOMPARE(place("Toolbar2").width(), half);
+    QCOMPARE(place("Toolbar3").left(), place("LEDIT1").right() + 1);
+    QTRY_VERIFY(buttonsInSight("Toolbar2") > 0 && buttonsInSight("Toolbar2") < all);
+    QVERIFY(m->control<QToolBar>("Toolbar2")
+                ->findChild<QToolButton *>(QStringLiteral("qt_toolbar_ext_button"))
+                ->isVisible());
+    drag(grip, {inside->width() - 90 - grip->x(), 0});
+    QCOMPARE(place("Toolbar3").width(), half);
+    QTRY_COMPARE(buttonsInSight("Toolbar2"), all);
+    QTRY_VERIFY(buttonsInSight("Toolbar3") > 0);
+    press(m->orchestra, Qt::Key_F5);
+    QTRY_VERIFY(buttonsInSight("Toolbar2") > 0);
+    QCOMPARE(place("Toolbar2").width(), 24);
+}
+
+/// Without line numbers the two texts would stand in one white field.
+void tst_ProjectArrangements::line_partsHalvesThatTouch()
+{
+    m->showPair();
+    QVERIFY(!shown("splitLine"));
+    press(m->orchestra, Qt::Key_F6);
+    press(m->orchestra, Qt::Key_1, Qt::ControlModifier);
+    QVERIFY(shown("splitLine"));
+    QCOMPARE(place("splitLine"),
+             QRect(place("LEDIT2").left() - 1, place("LEDIT1").top(), 1, place("LEDIT1").height()));
+    QWidget *inside = m->window->centralWidget();
+    const QRgb seen = inside->grab().toImage().pixel(place("splitLine").center());
+    QCOMPARE(QColor(seen), QColor(Qt::darkGray));
+    press(m->orchestra, Qt::Key_F7);
+    QVERIFY(!shown("splitLine"));
 }
 
 void tst_ProjectArrangements::grips_ofTheirArrangement_haveTheirToolTips()

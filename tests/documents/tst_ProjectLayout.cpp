@@ -96,6 +96,7 @@ void tst_ProjectLayout::compareHorizontalFollowers(const ProjectLayout &at) cons
         const QRect &editor = half->editor;
         QCOMPARE(half->label, QRect(410, editor.y() - 220, m_state.innerWidth, 300));
         QCOMPARE(half->toolbar, QRect(0, editor.y() + 50, 360, 1000));
+        QCOMPARE(half->toolbarRoom, 360);
         QCOMPARE(half->gutter, QRect(360, editor.y(), 735, editor.height()));
     }
 }
@@ -110,6 +111,9 @@ void tst_ProjectLayout::compareVerticalFollowers(const ProjectLayout &at) const
     QCOMPARE(at.score.label, QRect(middle, right.y() - 650, half - 10, 300));
     QCOMPARE(at.orchestra.toolbar, QRect(0, left.y() - 400, half, 390));
     QCOMPARE(at.score.toolbar, QRect(middle, right.y() - 400, half, 390));
+    QCOMPARE(at.orchestra.toolbarRoom, std::min(half, middle));
+    QCOMPARE(at.score.toolbarRoom, std::min(half, m_state.innerWidth - middle));
+    QCOMPARE(at.splitLine, QRect(middle - 15, left.y(), 15, left.height()));
     QCOMPARE(at.orchestra.gutter, QRect(0, left.y(), 735, left.height()));
     QCOMPARE(at.score.gutter, QRect(middle, right.y(), 735, right.height()));
 }

@@ -6,6 +6,7 @@
 #include "documents/CsdWindowLayout.h"
 #include "documents/DocumentRules.h"
 #include "documents/ui/CsdDocument.h"
+#include "documents/ui/SplitLine.h"
 #include "documents/ui/SplitMirror.h"
 #include "documents/ui/TagPanel.h"
 #include "documents/ui/ToolToggles.h"
@@ -71,6 +72,9 @@ void FormCSD::buildControls()
     PicNumeri->setObjectName(QStringLiteral("PicNumeri"));
     PicNumeri2 = new Gutter(*LEDIT2, centralWidget());
     PicNumeri2->setObjectName(QStringLiteral("PicNumeri2"));
+    m_splitLine = new SplitLine(config(), centralWidget());
+    m_splitLine->setObjectName(QStringLiteral("splitLine"));
+    m_splitLine->hide();
 
     LabelBookmarks = newLabel(QStringLiteral("LabelBookmarks"), tr("Tags in this file"));
     Tree = newTree(QStringLiteral("Tree"));
@@ -157,6 +161,7 @@ void FormCSD::setSplit(bool on)
     }
     LEDIT2->setVisible(on);
     PicNumeri2->setVisible(on && config().LineNumbersVisible);
+    m_splitLine->setVisible(on);
     m_mirror->setSplit(on);
     arrangeWindow();
 }
@@ -194,6 +199,7 @@ void FormCSD::arrangeWindow()
         {LEDIT2, at.LEDIT2},
         {PicNumeri, at.PicNumeri},
         {PicNumeri2, at.PicNumeri2},
+        {m_splitLine, at.splitLine},
         {Tree, at.Tree},
         {Tree2, at.Tree2},
         {List1, at.List1},

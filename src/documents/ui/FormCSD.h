@@ -19,6 +19,7 @@ class HelpPanels;
 class InstrumentPanel;
 class Instruments;
 class LEditOCX;
+class SplitLine;
 class SplitMirror;
 class TagPanel;
 class ToolToggles;
@@ -85,6 +86,7 @@ private:
     HelpPanels *m_panels = nullptr;
     TagPanel *m_tags = nullptr;
     SplitMirror *m_mirror = nullptr;
+    SplitLine *m_splitLine = nullptr;
     ToolToggles *m_tools = nullptr;
     QTimer Timer1{this};
 };

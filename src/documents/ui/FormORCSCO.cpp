@@ -9,6 +9,7 @@
 #include "documents/ui/HalfDocument.h"
 #include "documents/ui/HalfView.h"
 #include "documents/ui/ProjectDocument.h"
+#include "documents/ui/SplitLine.h"
 #include "documents/ui/SplitterGrip.h"
 #include "documents/ui/ToolToggles.h"
 #include "language/editor/LEditOCX.h"
@@ -101,6 +102,9 @@ void FormORCSCO::buildControls()
 
 void FormORCSCO::buildGrips()
 {
+    m_splitLine = new SplitLine(config(), centralWidget());
+    m_splitLine->setObjectName(QStringLiteral("splitLine"));
+    m_splitLine->stackUnder(PictureBookmarks);
     SplitterH = new SplitterGrip(Qt::Vertical, centralWidget());
     SplitterH->setObjectName(QStringLiteral("SplitterH"));
     SplitterH->setToolTip(tr("Splitter - [F9] Reset to Normal position"));
@@ -188,6 +192,7 @@ void FormORCSCO::arrange(Arrangement chosen)
     m_score->setShown(showsScore(chosen), config().LineNumbersVisible);
     SplitterH->setVisible(chosen == Arrangement::Horizontal);
     SplitterV->setVisible(chosen == Arrangement::Vertical);
+    m_splitLine->setVisible(chosen == Arrangement::Vertical);
     for (HalfView *half : {m_orchestra, m_score}) {
         half->setColumn(chosen == Arrangement::Horizontal);
         half->setNarrowLabel(chosen == Arrangement::Vertical);
@@ -226,6 +231,7 @@ void FormORCSCO::place(const ProjectLayout &layout)
         m_orchestra->place(layout.orchestra);
     if (m_score->isShown())
         m_score->place(layout.score);
+    m_splitLine->setGeometry(toPixels(layout.splitLine));
     SplitterH->move(toPixels(layout.SplitterH));
     SplitterV->move(toPixels(layout.SplitterV));
 }

@@ -18,6 +18,7 @@ class HalfView;
 class HelpPanels;
 class InstrumentPanel;
 class ProjectDocument;
+class SplitLine;
 class SplitterGrip;
 class ToolToggles;
 struct EditorKey;
@@ -82,6 +83,7 @@ private:
     QToolBar *Toolbar1 = nullptr;
     SplitterGrip *SplitterH = nullptr;
     SplitterGrip *SplitterV = nullptr;
+    SplitLine *m_splitLine = nullptr;
     BookmarksPanel *PictureBookmarks = nullptr;
     InstrumentPanel *PictureInstrument = nullptr;
     QMenu *menuPopup = nullptr;
