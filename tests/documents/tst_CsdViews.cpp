@@ -28,6 +28,7 @@ private slots:
     void split_off_copiesNothing();
     void split_randomEdits_endEqual();
     void split_keys_moveTheFocus();
+    void split_off_givesTheFocusOfTheSecondToTheFirst();
     void split_line_isSeenBetweenTheViews();
 
     // Aids.
@@ -142,6 +143,30 @@ void tst_CsdViews::split_keys_moveTheFocus()
     QTest::keyClick(second()->focusProxy(), Qt::Key_F12);
     QVERIFY(second()->hasFocus());
     QTest::keyClick(second()->focusProxy(), Qt::Key_F11);
+    QVERIFY(first()->hasFocus());
+}
+
+void tst_CsdViews::split_off_givesTheFocusOfTheSecondToTheFirst()
+{
+    show("one");
+    trigger("buttonSplit");
+    second()->setFocus();
+    trigger("buttonSplit");
+    QVERIFY(first()->hasFocus());
+    trigger("buttonSplit");
+    control<QListWidget>("List1")->setFocus();
+    trigger("buttonSplit");
+    QVERIFY(control<QListWidget>("List1")->hasFocus());
+    // Also while another window is in front.
+    trigger("buttonSplit");
+    second()->setFocus();
+    QWidget front;
+    front.show();
+    front.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&front));
+    trigger("buttonSplit");
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window));
     QVERIFY(first()->hasFocus());
 }
 

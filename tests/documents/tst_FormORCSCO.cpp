@@ -33,6 +33,7 @@ private slots:
     // Keys and editing.
     void keys_moveTheFocus();
     void keys_F12WithTheScoreHidden_staysAndF5ToF8MoveNoCaret();
+    void focus_isNeverGivenToAHiddenEditor();
     void edit_entries_actOnTheFocusedEditor();
     void header_goesIntoTheOrchestra();
     void popup_inTheScore_namesTheStatement();
@@ -234,6 +235,30 @@ void tst_FormORCSCO::keys_F12WithTheScoreHidden_staysAndF5ToF8MoveNoCaret()
     press(m->orchestra, Qt::Key_F5);
     m->orchestra->GetSelection();
     QCOMPARE(m->orchestra->SelStartLine, 1);
+}
+
+void tst_FormORCSCO::focus_isNeverGivenToAHiddenEditor()
+{
+    m->showPair();
+    press(m->orchestra, Qt::Key_F8);
+    for (QWidget *hidden : {static_cast<QWidget *>(m->orchestra), m->orchestra->focusProxy()}) {
+        hidden->setFocus();
+        QVERIFY(m->score->hasFocus());
+    }
+    m->trigger("menu22050Mono"); // a header goes to the orchestra
+    QVERIFY(m->orchestra->Text().contains(QLatin1String("22050")));
+    QVERIFY(m->score->hasFocus());
+    m->trigger("menuFileNuovaScore");
+    QVERIFY(m->score->hasFocus());
+    press(m->score, Qt::Key_F7);
+    QVERIFY(m->orchestra->hasFocus());
+    m->trigger("menuFileNuovaScore");
+    QVERIFY(m->orchestra->hasFocus());
+    press(m->orchestra, Qt::Key_F5); // both are shown, and each takes it again
+    m->score->setFocus();
+    QVERIFY(m->score->hasFocus());
+    m->orchestra->setFocus();
+    QVERIFY(m->orchestra->hasFocus());
 }
 
 void tst_FormORCSCO::edit_entries_actOnTheFocusedEditor()

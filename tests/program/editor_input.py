@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Keys as a user has them, under a window manager: the menu bar and the popup from the keyboard.
+"""Keys and mouse as a user has them, under a window manager: the menu bar and the popup from the
+keyboard, and the focus that stays with what is seen.
 
   editor_input.py PROGRAM-FOLDER TOOLS-FOLDER"""
 
@@ -15,6 +16,27 @@ TITLE = "ArdiphonPro - Version 2.3.0"
 
 # Places on the screen, with the window maximised.
 FIRST_MENU = (40, 20, 4, 20)  # width, height, left, top
+BUTTON_SPLIT = (416, 52)
+GUTTER = 180
+FIRST_INSTRUMENT = (1151, 64)  # in the floating panel of the project's window
+INSTRUMENT_NUMBER = (1205, 104)
+
+ENTRIES = [
+    "New Project",
+    "Open Project",
+    "Save Project",
+    "Save Project As",
+    "New Orchestra",
+    "Open Orchestra",
+    "Save Orchestra",
+    "Save Orchestra As",
+    "New Score",
+    "Open Score",
+    "Save Score",
+    "Save Score As",
+    "Import",
+    "Export",
+]
 
 
 def path_of(desktop, name):
@@ -108,9 +130,134 @@ def menus_of_the_focused_half(desktop):
         text_is(desktop, "orchestra")
 
 
+# The focus. ----------------------------------------------------------------------------------------
+
+
+def choose(desktop, entry):
+    """An entry of the project's menu File."""
+    desktop.key("alt", "f", "Home", *["Down"] * ENTRIES.index(entry), "Return")
+
+
+def choose_file(desktop, title, name):
+    desktop.window(title)
+    desktop.type(path_of(desktop, name))
+    desktop.key("Return")
+    desktop.window(TITLE)
+
+
+class VisibleEditor:
+    """The editor that alone is seen: whatever is typed lands there."""
+
+    def __init__(self, desktop, text):
+        self.desktop = desktop
+        self.text = text
+        self.typed = 0
+
+    def takes_what_is_typed(self):
+        letter = chr(ord("a") + self.typed)
+        self.typed += 1
+        self.text += letter
+        self.desktop.key("ctrl+End")
+        self.desktop.type(letter)
+        text_is(self.desktop, self.text)
+
+    def save(self, file):
+        """Saves the project, so that nothing asks before the next step."""
+        self.desktop.key("ctrl+s")
+
+        def saved():
+            with open(path_of(self.desktop, file), encoding="utf-8") as written:
+                return written.read() == self.text
+
+        wait_for("the saved text", saved)
+
+
+def score_alone(desktop):
+    """The orchestra is hidden, and what would give it the focus leaves it with the score."""
+    orchestra = "instr 1\nendin\n"
+    write(desktop, "alone.sco", "i1 0 1 ;")
+    with opened(desktop, write(desktop, "alone.orc", orchestra), "instr 1"):
+        desktop.key("F8")
+        score = VisibleEditor(desktop, "i1 0 1 ;")
+        score.takes_what_is_typed()
+
+        desktop.key("ctrl+7")
+        click(desktop, *FIRST_INSTRUMENT)
+        score.takes_what_is_typed()
+        click(desktop, *INSTRUMENT_NUMBER)
+        desktop.type("1")
+        desktop.key("Return", "End")
+        desktop.type("2")  # the field keeps the focus
+        text_is(desktop, "12")
+        desktop.key("ctrl+7")
+        click(desktop, 400, 400)
+
+        choose(desktop, "Export")
+        choose_file(desktop, "Save CSD File As", "exported.csd")
+        score.takes_what_is_typed()
+        choose(desktop, "Save Project As")
+        choose_file(desktop, "Save Project As", "saved.orc")
+        score.takes_what_is_typed()
+        score.save("saved.sco")
+        desktop.key("ctrl+o")
+        choose_file(desktop, "Open Project", "saved.orc")
+        score.takes_what_is_typed()
+        desktop.key("ctrl+n")
+        desktop.window("New Project")
+        desktop.key_until(["Escape"], "the editor", lambda: desktop.has_focus(TITLE))
+        score.takes_what_is_typed()
+        score.save("saved.sco")
+        desktop.key("F7")
+        text_is(desktop, orchestra.rstrip("\n"))  # the clipboard's reader drops the last line end
+        desktop.key("F8")
+
+        desktop.key("alt", "h", "1")  # a header, for the hidden orchestra
+        score.takes_what_is_typed()
+        score.save("saved.sco")
+        choose(desktop, "New Orchestra")
+        score.takes_what_is_typed()
+
+
+def orchestra_alone(desktop):
+    write(desktop, "other.sco", "")
+    with opened(desktop, write(desktop, "other.orc", "instr 1 ;"), "instr 1"):
+        desktop.key("F7")
+        orchestra = VisibleEditor(desktop, "instr 1 ;")
+        choose(desktop, "Save Score As")
+        choose_file(desktop, "Save Score As", "another.sco")
+        orchestra.takes_what_is_typed()
+        choose(desktop, "New Score")
+        orchestra.takes_what_is_typed()
+        desktop.key("F12")
+        orchestra.takes_what_is_typed()
+        desktop.key("F8")
+        desktop.type("all of the score")
+        text_is(desktop, "all of the score")
+
+
+def split_switched_off(desktop):
+    with opened(desktop, write(desktop, "off.csd", "text"), "text"):
+        click(desktop, *BUTTON_SPLIT)
+        wait_for("the second view", lambda: line_between(desktop))
+        desktop.key("F12", "ctrl+End")
+        click(desktop, *BUTTON_SPLIT)
+        wait_for("one view", lambda: not line_between(desktop))
+        desktop.type("the upper ")
+        text_is(desktop, "the upper text")
+
+
+def line_between(desktop):
+    """Whether a line parts gutters and texts of two views."""
+    rows = pixels(desktop, 500, 400, GUTTER - 30, 400)
+    return [row for row in rows if row == bytes([0x80] * 1500)]
+
+
 with Desktop(PROGRAM_FOLDER) as desktop:
     subprocess.run(
         [os.path.join(TOOLS_FOLDER, "first_settings")], env=desktop.environment, check=True
     )
     menus_by_keys(desktop)
     menus_of_the_focused_half(desktop)
+    score_alone(desktop)
+    orchestra_alone(desktop)
+    split_switched_off(desktop)

@@ -22,13 +22,6 @@ void setPlainFont(const QList<LEditOCX *> &editors, const QString &name)
     }
 }
 
-/// A hidden view would take the focus away from the other one.
-void focusIfShown(LEditOCX &editor)
-{
-    if (!editor.isHidden())
-        editor.setFocus();
-}
-
 } // namespace
 
 void EditorWindow::bindPreferences(const QString &settingsCaller, const EditorViews &views)
@@ -51,7 +44,7 @@ void EditorWindow::chooseFont(const QList<LEditOCX *> &editors)
     FormFont(config(), m_program.dialogs, this).exec();
     unsetCursor();
     setPlainFont(editors, config().FontName);
-    focusIfShown(*editors.constFirst());
+    editors.constFirst()->setFocus();
     arrangeWindow();
 }
 
@@ -60,7 +53,7 @@ void EditorWindow::resetFont(const QList<LEditOCX *> &editors)
     config().FontName = config().DefaultFontName;
     setPlainFont(editors, config().FontName);
     arrangeWindow();
-    focusIfShown(*editors.constFirst());
+    editors.constFirst()->setFocus();
 }
 
 } // namespace ardiphon

@@ -159,7 +159,10 @@ void FormCSD::setSplit(bool on)
         LEDIT2->ClearState(TextState);
         LEDIT2->ResetUndo();
     }
+    const bool lowerHasFocus = LEDIT2->isAncestorOf(focusWidget());
     LEDIT2->setVisible(on);
+    if (!on && lowerHasFocus)
+        LEDIT1->setFocus();
     PicNumeri2->setVisible(on && config().LineNumbersVisible);
     m_splitLine->setVisible(on);
     m_mirror->setSplit(on);

@@ -125,8 +125,7 @@ void FormCSD::handleViewKey(LEditOCX *view, ViewPosition position, EditorKey &ke
         LEDIT1->setFocus();
         break;
     case ViewKey::FocusSecondView:
-        if (isSplit())
-            LEDIT2->setFocus();
+        LEDIT2->setFocus();
         break;
     default:
         navigateByKey(view, meaning);

@@ -175,12 +175,10 @@ void FormORCSCO::handleViewKey(LEditOCX &view, ViewLanguage language, ViewPositi
         search().open(*kind, caller, view, *LEDIT1);
     switch (meaning) {
     case ViewKey::FocusFirstView:
-        if (m_orchestra->isShown())
-            LEDIT1->setFocus();
+        LEDIT1->setFocus();
         break;
     case ViewKey::FocusSecondView:
-        if (m_score->isShown())
-            LEDIT2->setFocus();
+        LEDIT2->setFocus();
         break;
     default:
         followKey(view, language, meaning);

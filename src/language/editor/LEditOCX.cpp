@@ -84,6 +84,13 @@ LEditOCX::LEditOCX(QWidget *parent) : QWidget(parent), d(std::make_unique<Privat
 // The view calls back while it goes, so it goes while the rest is still there.
 LEditOCX::~LEditOCX() { delete &d->view; }
 
+// The toolkit gives the focus to a widget that nobody sees, but not to one that is disabled.
+void LEditOCX::setVisible(bool visible)
+{
+    QWidget::setVisible(visible);
+    setEnabled(visible);
+}
+
 QString LEditOCX::Text() const { return d->text.text({0, d->text.size()}); }
 
 void LEditOCX::SetText(const QString &text) { d->changeText(text.toUtf8()); }

@@ -38,6 +38,7 @@ inline constexpr int TextState = 2;
 ///
 /// What is not the control's own goes on to the window: files that are dropped, the wheel, and the
 /// keys that neither type nor edit. The view inside is the focus proxy, so keys are sent to that.
+/// A control that was hidden takes no focus: a setFocus leaves the focus where it is.
 class LEditOCX : public QWidget
 {
     Q_OBJECT
@@ -45,6 +46,8 @@ class LEditOCX : public QWidget
 public:
     explicit LEditOCX(QWidget *parent = nullptr);
     ~LEditOCX() override;
+
+    void setVisible(bool visible) override;
 
     /// Answers how a token is drawn; asked for what comes into view, never for a comment.
     using TokenColorsCallback = std::function<TokenColors(TokenKind kind, const QString &text)>;
