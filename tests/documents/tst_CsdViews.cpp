@@ -5,6 +5,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QRandomGenerator>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTimer>
 #include <QWheelEvent>
@@ -262,12 +263,15 @@ void tst_CsdViews::gutter_font_isThatOfItsView()
     QCOMPARE(font.pointSizeF(), 17.0);
 }
 
-/// Turns the wheel over the view that has the focus, which leaves it to the window.
+/// Turns the wheel over the view that has the focus, and over its scroll bars: they leave it to the
+/// window.
 void tst_CsdViews::scroll(int delta)
 {
     const LEditOCX *editor = second()->hasFocus() ? second() : first();
     QWidget *view = editor->childAt(20, 20);
-    for (QWidget *receiver : {view, static_cast<QWidget *>(m_window)}) {
+    const auto *area = qobject_cast<QAbstractScrollArea *>(editor->focusProxy());
+    for (QWidget *receiver : std::initializer_list<QWidget *>{
+             view, area->verticalScrollBar(), area->horizontalScrollBar(), m_window}) {
         QWheelEvent wheel(QPointF(20, 20), view->mapToGlobal(QPointF(20, 20)), {}, QPoint(0, delta),
                           Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(receiver, &wheel);
@@ -283,7 +287,11 @@ void tst_CsdViews::wheel_scrollsTheFocusedView()
     scroll(-120);
     QCOMPARE(first()->TopLine(), 7);
     QCOMPARE(second()->TopLine(), 1);
-    scroll(-1); // only the sign counts
+    for (int turned = 0; turned < 7; ++turned) {
+        scroll(-15); // as a touchpad tells it
+        QCOMPARE(first()->TopLine(), 7);
+    }
+    scroll(-15);
     QCOMPARE(first()->TopLine(), 13);
     scroll(120);
     QCOMPARE(first()->TopLine(), 7);

@@ -1,5 +1,6 @@
 #include "language/EditorKeyRules.h"
 #include "language/GutterNumbers.h"
+#include "language/WheelNotches.h"
 #include "support/TestMain.h"
 
 #include <QTest>
@@ -27,6 +28,9 @@ private slots:
     void gutter_press_isOnALine_data();
     void gutter_press_isOnALine();
     void gutter_noLineHeight_showsNothing();
+
+    void wheel_smallTurns_addUpToANotch();
+    void wheel_turnedBack_beginsAnew();
 };
 
 namespace {
@@ -182,6 +186,35 @@ void tst_EditingAids::gutter_noLineHeight_showsNothing()
 {
     QVERIFY(gutterNumbers(3, 100, 0).last < 3);
     QCOMPARE(gutterLineAt(3, 50, 0), 3);
+}
+
+void tst_EditingAids::wheel_smallTurns_addUpToANotch()
+{
+    WheelNotches wheel;
+    QCOMPARE(wheel.turn(120), 1);
+    QCOMPARE(wheel.turn(-120), -1);
+    QCOMPARE(wheel.turn(240), 2); // two notches told at once
+    for (int notch = 0; notch < 3; ++notch) {
+        for (int part = 1; part < 8; ++part)
+            QCOMPARE(wheel.turn(-15), 0);
+        QCOMPARE(wheel.turn(-15), -1);
+    }
+    QCOMPARE(wheel.turn(-119), 0);
+    QCOMPARE(wheel.turn(-2), -1); // what is over counts for the next notch
+    QCOMPARE(wheel.turn(-118), 0);
+    QCOMPARE(wheel.turn(-1), -1);
+    QCOMPARE(wheel.turn(0), 0);
+}
+
+void tst_EditingAids::wheel_turnedBack_beginsAnew()
+{
+    WheelNotches wheel;
+    QCOMPARE(wheel.turn(119), 0);
+    QCOMPARE(wheel.turn(-1), 0);
+    QCOMPARE(wheel.turn(-119), -1);
+    QCOMPARE(wheel.turn(-60), 0);
+    QCOMPARE(wheel.turn(119), 0);
+    QCOMPARE(wheel.turn(1), 1);
 }
 
 ARDIPHON_TEST(tst_EditingAids, NoApplication)

@@ -43,6 +43,7 @@ private slots:
     void mouse_doubleAndTripleClick_selectWordAndLine();
     void mouse_drag_selects();
     void mouse_wheel_isLeftToTheWindow();
+    void mouse_wheel_takesNoFocus();
     void menuKey_isTheRightButtonAtTheCaret();
     void menuKey_caretOutOfSight_bringsItBack();
     void drop_file_reachesTheWindow();
@@ -156,6 +157,11 @@ void tst_LEditOCXMouse::mouse_wheel_isLeftToTheWindow()
     QApplication::sendEvent(viewport(), &wheel);
     QVERIFY(!wheel.isAccepted());
     QCOMPARE(m_editor->TopLine(), 10);
+}
+
+void tst_LEditOCXMouse::mouse_wheel_takesNoFocus()
+{
+    QCOMPARE(m_editor->focusProxy()->focusPolicy(), Qt::StrongFocus);
 }
 
 void tst_LEditOCXMouse::menuKey_isTheRightButtonAtTheCaret()

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Keys and mouse as a user has them, under a window manager: the menu bar and the popup from the
-keyboard, and the focus that stays with what is seen.
+"""Keys, wheel and mouse as a user has them, under a window manager: the menu bar and the popup from
+the keyboard, the focus that stays with what is seen, and the wheel over the other view.
 
   editor_input.py PROGRAM-FOLDER TOOLS-FOLDER"""
 
@@ -17,9 +17,15 @@ TITLE = "ArdiphonPro - Version 2.3.0"
 # Places on the screen, with the window maximised.
 FIRST_MENU = (40, 20, 4, 20)  # width, height, left, top
 BUTTON_SPLIT = (416, 52)
+LINE_HEIGHT = 16
 GUTTER = 180
+TEXT_LEFT = 196
+SCROLL_BAR = 1268
+UPPER_VIEW = (300, 256, TEXT_LEFT, 180)
+LOWER_VIEW = (300, 256, TEXT_LEFT, 640)
 FIRST_INSTRUMENT = (1151, 64)  # in the floating panel of the project's window
 INSTRUMENT_NUMBER = (1205, 104)
+LINES_OF_A_NOTCH = 3
 
 ENTRIES = [
     "New Project",
@@ -252,6 +258,35 @@ def line_between(desktop):
     return [row for row in rows if row == bytes([0x80] * 1500)]
 
 
+# The wheel. ----------------------------------------------------------------------------------------
+
+
+def turn_wheel(desktop, x, y, view, other):
+    """A notch down with the pointer there scrolls the one view and not the other."""
+    seen = pixels(desktop, *view)
+    others = pixels(desktop, *other)
+    moved = LINES_OF_A_NOTCH * LINE_HEIGHT
+    click(desktop, x, y, 5)
+    wait_for("the scrolled view", lambda: pixels(desktop, *view)[:-moved] == seen[moved:])
+    assert pixels(desktop, *other) == others, "the other view moved"
+
+
+def wheel(desktop):
+    lines = "".join(f"line {line} {line * 7919 % 1000}\n" for line in range(1, 1001))
+    with opened(desktop, write(desktop, "wheel.csd", lines), "line 1000"):
+        click(desktop, *BUTTON_SPLIT)
+        wait_for("the second view", lambda: line_between(desktop))
+        desktop.key("F12", "ctrl+End", "F11")
+        places = [(600, 700), (GUTTER, 700), (SCROLL_BAR, 700), (600, 300), (SCROLL_BAR, 300)]
+        for x, y in places:
+            turn_wheel(desktop, x, y, UPPER_VIEW, LOWER_VIEW)
+        desktop.key("F12", "ctrl+Home")
+        for x, y in places:
+            turn_wheel(desktop, x, y, LOWER_VIEW, UPPER_VIEW)
+        desktop.type("lower ")
+        wait_for("what was typed", lambda: desktop.copied_text().startswith("lower line 1 "))
+
+
 with Desktop(PROGRAM_FOLDER) as desktop:
     subprocess.run(
         [os.path.join(TOOLS_FOLDER, "first_settings")], env=desktop.environment, check=True
@@ -261,3 +296,4 @@ with Desktop(PROGRAM_FOLDER) as desktop:
     score_alone(desktop)
     orchestra_alone(desktop)
     split_switched_off(desktop)
+    wheel(desktop)

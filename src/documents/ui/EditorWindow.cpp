@@ -192,9 +192,9 @@ void EditorWindow::wheelEvent(QWheelEvent *event)
     const int delta = event->angleDelta().y();
     if (!editor || delta == 0)
         return;
-    const int lines = config().WheelLinesCount;
-    editor->SetTopLine(editor->TopLine() + (delta > 0 ? -lines : lines));
     event->accept();
+    if (const int notches = m_wheel.turn(delta))
+        editor->SetTopLine(editor->TopLine() - notches * config().WheelLinesCount);
 }
 
 void EditorWindow::dragEnterEvent(QDragEnterEvent *event)

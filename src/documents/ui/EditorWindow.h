@@ -5,6 +5,7 @@
 #include "documents/ui/CommandSet.h"
 #include "language/EditorKeyRules.h"
 #include "language/TokenColors.h"
+#include "language/WheelNotches.h"
 #include "navigation/ui/SearchWindows.h"
 #include "preferences/ui/EditorViews.h"
 
@@ -131,6 +132,7 @@ private:
     std::unique_ptr<KeywordHelp> m_help;
     SearchWindows *m_search = nullptr;
     Definitions *m_definitions = nullptr;
+    WheelNotches m_wheel;
     bool m_closedByUser = false; ///< as a closing that was put off would have told
 };
 

@@ -9,6 +9,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPaintEvent>
+#include <QScrollBar>
 #include <QWheelEvent>
 
 namespace ardiphon {
@@ -47,6 +48,9 @@ TextView::TextView(TextViewOwner &owner, QWidget *parent)
     : QsciScintillaBase(parent), m_owner(owner)
 {
     setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::StrongFocus); // the wheel takes no focus
+    for (QScrollBar *bar : {verticalScrollBar(), horizontalScrollBar()})
+        bar->installEventFilter(this);
     setUpScintilla();
     installPlainAccessible();
     connect(this, &TextView::SCEN_CHANGE, this, [this] { m_textChanged = true; });
@@ -158,6 +162,16 @@ void TextView::openMenuAtCaret()
                         int(SendScintilla(SCI_POINTYFROMPOSITION, 0UL, caret)));
     const QPoint at = viewport()->mapTo(parentWidget(), inView);
     m_owner.mouseButton({2, 0, toTwips(at.x()), toTwips(at.y())});
+}
+
+// Over a scroll bar the wheel does what it does over the text.
+bool TextView::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::Wheel ||
+        static_cast<const QWheelEvent *>(event)->angleDelta().y() == 0)
+        return QsciScintillaBase::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 // How many lines the wheel turns is the window's matter; sideways it scrolls as everywhere.
