@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Keys, wheel and mouse as a user has them, under a window manager: the menu bar and the popup from
-the keyboard, the focus that stays with what is seen, and the wheel over the other view.
+the keyboard, the focus that stays with what is seen, the wheel over the other view, the colours of
+what the program selects, and the middle button.
 
   editor_input.py PROGRAM-FOLDER TOOLS-FOLDER"""
 
@@ -17,6 +18,7 @@ TITLE = "ArdiphonPro - Version 2.3.0"
 # Places on the screen, with the window maximised.
 FIRST_MENU = (40, 20, 4, 20)  # width, height, left, top
 BUTTON_SPLIT = (416, 52)
+FIRST_LINE = 124
 LINE_HEIGHT = 16
 GUTTER = 180
 TEXT_LEFT = 196
@@ -287,6 +289,59 @@ def wheel(desktop):
         wait_for("what was typed", lambda: desktop.copied_text().startswith("lower line 1 "))
 
 
+# What is selected. ---------------------------------------------------------------------------------
+
+
+def selection_shows(desktop, line):
+    """Whether that line is drawn as selected; in no case is it drawn in the toolkit's grey."""
+    drawn = b"".join(pixels(desktop, 200, 14, TEXT_LEFT, FIRST_LINE - 7 + (line - 1) * LINE_HEIGHT))
+    points = [drawn[at : at + 3] for at in range(0, len(drawn), 3)]
+    assert points.count(bytes([0xB0] * 3)) < 50, "selected text is grey"
+    return points.count(bytes(3)) > 150
+
+
+def find(desktop, text):
+    desktop.key("ctrl+f")
+    desktop.window("Find")
+    desktop.key("ctrl+a")
+    desktop.type(text)
+    desktop.key("Return", "Escape")
+    desktop.window(TITLE)
+
+
+def primary(desktop):
+    return desktop.tell("xclip", "-selection", "primary", "-o")
+
+
+def selections(desktop):
+    text = "alpha beta gamma delta\n\n\nend"
+    with opened(desktop, write(desktop, "colours.csd", text), "alpha"):
+        desktop.key("shift+ctrl+Right", "Home")  # the user's selection, then none
+        find(desktop, "gamma")
+        wait_for("the match", lambda: selection_shows(desktop, 1))
+        wait_for("the match for the middle button", lambda: primary(desktop) == "gamma")
+
+        # Another program's selection takes the middle button and nothing else.
+        taken = write(desktop, "taken.txt", "another")
+        other = desktop.start(["xclip", "-quiet", "-selection", "primary", taken])
+        wait_for("the other selection", lambda: primary(desktop) == "another")
+        desktop.key("ctrl+c")
+        wait_for(
+            "the copied match",
+            lambda: desktop.tell("xclip", "-selection", "clipboard", "-o") == "gamma",
+        )
+        assert selection_shows(desktop, 1), "the match is not marked any more"
+        other.kill()
+
+        click(desktop, GUTTER, FIRST_LINE + 3 * LINE_HEIGHT)
+        wait_for("the line of the gutter", lambda: selection_shows(desktop, 4))
+        wait_for("the line for the middle button", lambda: primary(desktop) == "end")
+        desktop.key("ctrl+Home", "shift+ctrl+Right")
+        find(desktop, "delta")
+        click(desktop, 600, FIRST_LINE + LINE_HEIGHT, 2)
+        text_is(desktop, text.replace("\n\n\n", "\ndelta\n\n"))
+
+
 with Desktop(PROGRAM_FOLDER) as desktop:
     subprocess.run(
         [os.path.join(TOOLS_FOLDER, "first_settings")], env=desktop.environment, check=True
@@ -297,3 +352,4 @@ with Desktop(PROGRAM_FOLDER) as desktop:
     orchestra_alone(desktop)
     split_switched_off(desktop)
     wheel(desktop)
+    selections(desktop)

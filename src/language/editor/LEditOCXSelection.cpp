@@ -30,6 +30,10 @@ void LEditOCX::Private::show(TextRange range)
     text.select(range);
     if (!control.updatesEnabled())
         return;
+    // Said again in this way the library takes it for the user's: it draws it in the colours of a
+    // selection, and the middle button pastes it.
+    if (range.start < range.end)
+        view.SendScintilla(Sci::SCI_SETANCHOR, ulong(range.start));
     view.SendScintilla(Sci::SCI_SCROLLRANGE, ulong(range.start), long(range.end));
     view.SendScintilla(Sci::SCI_CHOOSECARETX);
 }

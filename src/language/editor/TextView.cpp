@@ -4,8 +4,10 @@
 #include "language/editor/PlainAccessible.h"
 #include "platform/Twips.h"
 
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDropEvent>
+#include <QGuiApplication>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -53,6 +55,9 @@ TextView::TextView(TextViewOwner &owner, QWidget *parent)
         bar->installEventFilter(this);
     setUpScintilla();
     installPlainAccessible();
+    // The library greys a selection when another program holds what the middle button pastes. What
+    // listens inside it cannot be named, and nobody else listens.
+    disconnect(QGuiApplication::clipboard(), &QClipboard::selectionChanged, nullptr, nullptr);
     connect(this, &TextView::SCEN_CHANGE, this, [this] { m_textChanged = true; });
     connect(this, &TextView::SCN_UPDATEUI, this, [this](int updated) {
         if (updated & (SC_UPDATE_CONTENT | SC_UPDATE_V_SCROLL | SC_UPDATE_H_SCROLL))
