@@ -1,6 +1,8 @@
 #include "platform/DocumentFile.h"
 
+#include "platform/FileFailure.h"
 #include "platform/FileHandle.h"
+#include "platform/RegularFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -28,6 +30,15 @@ struct Target
     QByteArray besidePrefix() const { return folder + ".ardiphon-"; }
 };
 
+bool failed(FileFailure &why, const FileFailure &reason)
+{
+    why = reason;
+    return false;
+}
+
+// For the step of the system that has just failed.
+bool failed(FileFailure &why) { return failed(why, FileFailure::ofSystem(errno)); }
+
 // Follows symbolic links also where the last one points to a file that is not there yet.
 std::optional<QByteArray> behindLinks(QByteArray path)
 {
@@ -45,23 +56,31 @@ std::optional<QByteArray> behindLinks(QByteArray path)
     return std::nullopt;
 }
 
-// Nothing when no document can be written there.
-std::optional<Target> targetAt(const QString &path)
+bool mayBeWritten(const Target &target, FileFailure &why)
 {
-    const QString absolute = QDir::current().absoluteFilePath(path);
-    const auto file = behindLinks(QFile::encodeName(absolute));
-    if (path.isEmpty() || absolute.contains(QChar::Null) || !file || file->endsWith('/'))
-        return std::nullopt;
-    Target target{*file, file->first(file->lastIndexOf('/') + 1)};
-    if (::lstat(target.path.constData(), &target.status) == 0)
-        target.exists = true;
-    else if (errno != ENOENT)
-        return std::nullopt;
+    if (S_ISDIR(target.status.st_mode))
+        return failed(why, {FileFailure::Kind::Folder});
+    if (!S_ISREG(target.status.st_mode))
+        return failed(why, {FileFailure::Kind::NoRegularFile});
     // Nobody expects a file that is protected to be changed, though its folder would let us.
-    if (target.exists && (!S_ISREG(target.status.st_mode) ||
-                          ::faccessat(AT_FDCWD, target.path.constData(), W_OK, AT_EACCESS) != 0))
-        return std::nullopt;
-    return target;
+    return ::faccessat(AT_FDCWD, target.path.constData(), W_OK, AT_EACCESS) == 0 || failed(why);
+}
+
+// False when no document can be written there.
+bool findTarget(const QString &path, Target &target, FileFailure &why)
+{
+    if (path.isEmpty() || path.contains(QChar::Null))
+        return failed(why, FileFailure::ofSystem(EINVAL));
+    const auto file = behindLinks(QFile::encodeName(QDir::current().absoluteFilePath(path)));
+    if (!file)
+        return failed(why, {FileFailure::Kind::LinksInACircle});
+    if (file->endsWith('/'))
+        return failed(why, {FileFailure::Kind::Folder});
+    target = {*file, file->first(file->lastIndexOf('/') + 1)};
+    target.exists = ::lstat(target.path.constData(), &target.status) == 0;
+    if (!target.exists)
+        return errno == ENOENT || failed(why);
+    return mayBeWritten(target, why);
 }
 
 bool copyAttribute(int from, int to, const char *name)
@@ -130,92 +149,141 @@ bool holds(const QByteArray &path, const QByteArray &bytes)
     return file.isValid() && file.readAll(found, bytes.size()) && found == bytes;
 }
 
-enum class Outcome { Done, Failed, NeedsWritingInPlace };
+bool hasSize(const FileHandle &file, qsizetype size)
+{
+    struct stat status = {};
+    if (!file.status(status))
+        return false;
+    errno = EIO; // the system has said nothing of a file that it cut
+    return status.st_size == size;
+}
 
-Outcome replaceByRename(const Target &target, const QByteArray &bytes)
+bool replaceByRename(const Target &target, const QByteArray &bytes, FileFailure &why)
 {
     QByteArray newPath;
     FileHandle file = FileHandle::createBeside(target.besidePrefix(), newPath);
     if (!file.isValid())
-        return target.exists ? Outcome::NeedsWritingInPlace : Outcome::Failed;
-    const bool alike = takeOver(target, file);
-    struct stat status = {};
-    const bool whole = alike && file.writeAll(bytes) && file.flush() && file.status(status) &&
-                       status.st_size == bytes.size() && file.close();
-    if (whole && std::rename(newPath.constData(), target.path.constData()) == 0) {
+        return failed(why);
+    if (takeOver(target, file) && file.writeAll(bytes) && file.flush() &&
+        hasSize(file, bytes.size()) && file.close() &&
+        std::rename(newPath.constData(), target.path.constData()) == 0) {
         flushFolder(target.folder);
-        return Outcome::Done;
+        return true;
     }
+    failed(why);
     ::unlink(newPath.constData());
-    return alike || !target.exists ? Outcome::Failed : Outcome::NeedsWritingInPlace;
+    return false;
+}
+
+// The content of the file that is about to be written in place.
+std::optional<QByteArray> readBytes(const QByteArray &path, FileFailure &why)
+{
+    const FileHandle file = openRegularFile(path, why);
+    struct stat status = {};
+    QByteArray bytes;
+    if (!file.isValid())
+        return std::nullopt;
+    if (file.status(status) && status.st_size <= LargestDocument &&
+        file.readAll(bytes, LargestDocument))
+        return bytes;
+    const bool tooLarge = status.st_size > LargestDocument || errno == EFBIG;
+    why = tooLarge ? FileFailure{FileFailure::Kind::TooLarge} : FileFailure::ofSystem(errno);
+    return std::nullopt;
 }
 
 // Puts the old bytes where they survive whatever happens; "" when that is not possible.
-QByteArray setAside(const Target &target, const QByteArray &oldBytes)
+QByteArray setAside(const Target &target, const QByteArray &oldBytes, FileFailure &why)
 {
     const QByteArray temporary = QFile::encodeName(QDir::tempPath()) + "/ardiphon-";
+    why = {};
     for (const QByteArray &prefix : {target.besidePrefix(), temporary}) {
         QByteArray path;
         FileHandle file = FileHandle::createBeside(prefix, path);
-        if (!file.isValid())
-            continue;
-        if (file.writeAll(oldBytes) && file.flush() && file.close() && holds(path, oldBytes)) {
+        const bool made = file.isValid();
+        if (made && file.writeAll(oldBytes) && file.flush() && file.close() &&
+            holds(path, oldBytes)) {
             flushFolder(path.first(path.lastIndexOf('/') + 1));
             return path;
         }
-        ::unlink(path.constData());
+        if (!why.isLackOfRoom()) // of the two places' reasons the one that the user can mend
+            failed(why);
+        if (made)
+            ::unlink(path.constData());
     }
     return {};
 }
 
-bool overwrite(const QByteArray &path, const QByteArray &bytes)
+// Whether the bytes will find their room, told before a single one of the old is gone.
+bool hasRoom(const FileHandle &file, qsizetype size)
 {
-    FileHandle file = FileHandle::open(path, O_WRONLY | O_NONBLOCK);
-    return file.isValid() && file.writeAll(bytes) &&
-           ::ftruncate(file.descriptor(), off_t(bytes.size())) == 0 && file.flush() && file.close();
+    return size == 0 || ::fallocate(file.descriptor(), FALLOC_FL_KEEP_SIZE, 0, off_t(size)) == 0 ||
+           (errno != ENOSPC && errno != EDQUOT); // not every disk can tell
 }
 
-bool writeInPlace(const Target &target, const QByteArray &bytes)
+bool overwrite(const QByteArray &path, const QByteArray &bytes, FileFailure &why)
 {
-    const auto oldBytes = readDocumentFile(QFile::decodeName(target.path));
+    FileHandle file = FileHandle::open(path, O_WRONLY | O_NONBLOCK);
+    return (file.isValid() && hasRoom(file, bytes.size()) && file.writeAll(bytes) &&
+            ::ftruncate(file.descriptor(), off_t(bytes.size())) == 0 && file.flush() &&
+            file.close()) ||
+           failed(why);
+}
+
+bool writeInPlace(const Target &target, const QByteArray &bytes, FileFailure &why)
+{
+    const auto oldBytes = readBytes(target.path, why);
     if (!oldBytes)
         return false;
-    const QByteArray aside = setAside(target, *oldBytes);
+    const QByteArray aside = setAside(target, *oldBytes, why);
     if (aside.isEmpty())
         return false;
-    const bool written = overwrite(target.path, bytes);
+    const bool written = overwrite(target.path, bytes, why);
+    FileFailure second;
     // The old bytes stay aside when they could not even be put back.
-    if (written || overwrite(target.path, *oldBytes))
+    if (written || overwrite(target.path, *oldBytes, second))
         ::unlink(aside.constData());
+    else
+        why.oldContent = QFile::decodeName(aside);
     return written;
+}
+
+bool write(const QString &path, const QByteArray &bytes, FileFailure &why)
+{
+    Target target;
+    if (!findTarget(path, target, why))
+        return false;
+    const bool replaceable =
+        !target.exists || (target.status.st_nlink == 1 && target.status.st_uid == ::geteuid());
+    if (replaceable && replaceByRename(target, bytes, why))
+        return true;
+    if (!target.exists)
+        return false;
+    const FileFailure first = why;
+    if (writeInPlace(target, bytes, why))
+        return true;
+    if (first.isLackOfRoom()) // what came of the way around it tells less
+        why = {first.kind, first.error, why.oldContent};
+    return false;
 }
 
 } // namespace
 
-std::optional<QByteArray> readDocumentFile(const QString &path)
+std::optional<QByteArray> readDocumentFile(const QString &path, FileFailure *why)
 {
-    if (path.isEmpty() || path.contains(QChar::Null))
-        return std::nullopt;
-    // Without waiting, as opening a FIFO would for its other end.
-    const FileHandle file = FileHandle::open(QFile::encodeName(path), O_RDONLY | O_NONBLOCK);
-    struct stat status = {};
-    QByteArray bytes;
-    if (!file.isValid() || !file.status(status) || !S_ISREG(status.st_mode) ||
-        status.st_size > LargestDocument || !file.readAll(bytes, LargestDocument))
-        return std::nullopt;
+    FileFailure failure;
+    auto bytes = readBytes(QFile::encodeName(path), failure);
+    if (!bytes && why)
+        *why = failure;
     return bytes;
 }
 
-bool writeDocumentFile(const QString &path, const QByteArray &bytes)
+bool writeDocumentFile(const QString &path, const QByteArray &bytes, FileFailure *why)
 {
-    const auto target = targetAt(path);
-    if (!target)
-        return false;
-    const bool single =
-        !target->exists || (target->status.st_nlink == 1 && target->status.st_uid == ::geteuid());
-    const Outcome outcome = single ? replaceByRename(*target, bytes) : Outcome::NeedsWritingInPlace;
-    return outcome == Outcome::NeedsWritingInPlace ? writeInPlace(*target, bytes)
-                                                   : outcome == Outcome::Done;
+    FileFailure failure;
+    const bool written = write(path, bytes, failure);
+    if (!written && why)
+        *why = failure;
+    return written;
 }
 
 } // namespace ardiphon

@@ -35,6 +35,8 @@ FileHandle FileHandle::createBeside(const QByteArray &prefix, QByteArray &path)
     return FileHandle(::mkostemp(path.data(), O_CLOEXEC));
 }
 
+int FileHandle::release() { return std::exchange(m_descriptor, -1); }
+
 bool FileHandle::status(struct stat &status) const { return ::fstat(m_descriptor, &status) == 0; }
 
 bool FileHandle::readAll(QByteArray &bytes, qsizetype limit) const
@@ -43,7 +45,7 @@ bool FileHandle::readAll(QByteArray &bytes, qsizetype limit) const
     bytes.clear();
     // One byte more than the file tells, so that its end is met without growing the buffer.
     if (status(before))
-        bytes.resize(std::clamp<qsizetype>(before.st_size + 1, 4096, limit + 1));
+        bytes.resize(std::min<qsizetype>(before.st_size, limit) + 1);
     qsizetype size = 0;
     while (true) {
         if (size == bytes.size())
@@ -53,8 +55,10 @@ bool FileHandle::readAll(QByteArray &bytes, qsizetype limit) const
         if (count < 0)
             return false;
         size += count;
-        if (size > limit)
+        if (size > limit) {
+            errno = EFBIG;
             return false;
+        }
         if (count == 0)
             break;
     }
@@ -70,6 +74,8 @@ bool FileHandle::writeAll(const QByteArray &bytes) const
             return ::write(m_descriptor, bytes.constData() + written,
                            size_t(bytes.size() - written));
         });
+        if (count == 0)
+            errno = EIO;
         if (count <= 0)
             return false;
         written += count;

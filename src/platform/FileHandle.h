@@ -6,7 +6,8 @@
 
 namespace ardiphon {
 
-/// An open file of the system, closed with the object. Every call goes on after an interruption.
+/// An open file of the system, closed with the object. Every call goes on after an interruption;
+/// one that fails leaves the reason in errno.
 class FileHandle
 {
 public:
@@ -26,6 +27,8 @@ public:
 
     bool isValid() const { return m_descriptor >= 0; }
     int descriptor() const { return m_descriptor; }
+    /// Hands the open file over to the caller, who closes it.
+    int release();
     bool status(struct stat &status) const;
 
     /// Reads to the end, but no more than \a limit bytes; false when there is more or it fails.

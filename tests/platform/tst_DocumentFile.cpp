@@ -1,6 +1,7 @@
 // A document's file is read whole or not at all, and written whole or not at all.
 
 #include "platform/DocumentFile.h"
+#include "platform/FileFailure.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -13,6 +14,7 @@
 #include <functional>
 #include <string>
 
+#include <fcntl.h>
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/ptrace.h>
@@ -65,6 +67,23 @@ int inChild(const std::function<int()> &step)
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
+// To be called in a process of its own: the superuser becomes somebody who may not write
+// everywhere.
+bool becomePlainUser() { return ::geteuid() != 0 || ::seteuid(12345) == 0; }
+
+// Around the buffers of the system, of files and of pages.
+const QList<qsizetype> Sizes{0, 1, 4094, 4095, 4096, 4097, 8192, 16384, 16385, 65537};
+const QList<qsizetype> OldSizes{0, 1, 4095, 16385};
+
+// A text of that size, which no other has at its beginning.
+QByteArray bytesOf(qsizetype size, char first)
+{
+    QByteArray bytes(size, 'x');
+    for (qsizetype i = 0; i < size; ++i)
+        bytes[i] = char(first + i % 23);
+    return bytes;
+}
+
 // A file system of 4 MB at \a folder, seen by this process alone, which is its superuser.
 bool mountSmallDisk(const char *folder)
 {
@@ -76,6 +95,16 @@ bool mountSmallDisk(const char *folder)
     put("/proc/self/uid_map", user);
     put("/proc/self/gid_map", group);
     return ::mount("tmpfs", folder, "tmpfs", 0, "size=4m") == 0;
+}
+
+// Takes every free byte of a disk.
+void fillDisk(const QString &ballast)
+{
+    const int file = ::open(native(ballast).c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
+    const QByteArray block(4096, 'x');
+    while (::write(file, block.constData(), size_t(block.size())) == block.size()) {
+    }
+    ::close(file);
 }
 
 // Runs the step and kills it at its \a stop th entry into or return from the system. True when it
@@ -125,14 +154,26 @@ private slots:
     void write_linksInACircle_isRefused();
     void write_hardLink_keepsIt();
     void write_otherOwner_keepsIt();
+    void write_protectedFile_isRefused_data();
     void write_protectedFile_isRefused();
     void write_folderWithoutRight_writesInPlace();
     void write_noRegularFile_isRefused_data();
     void write_noRegularFile_isRefused();
     void write_leavesNoOtherFile();
+    void write_anySize_isWhole_data();
+    void write_anySize_isWhole();
+
+    void read_refused_tellsWhy_data();
+    void read_refused_tellsWhy();
+    void write_refused_tellsWhy_data();
+    void write_refused_tellsWhy();
+    void write_done_leavesTheReasonAlone();
 
     void write_fullDisk_keepsOld_data();
     void write_fullDisk_keepsOld();
+    void write_fullDiskWithRoomInTheFile_writesInPlace();
+    void write_fullDiskWithoutRoomForACopy_keepsOld();
+    void write_mountedFile_writesInPlace();
     void write_readOnlyDisk_keepsOld();
     void write_sizeLimit_keepsOld_data();
     void write_sizeLimit_keepsOld();
@@ -301,18 +342,34 @@ void tst_DocumentFile::write_otherOwner_keepsIt()
 }
 
 // The superuser may write everywhere, so these two become somebody else for the while.
+void tst_DocumentFile::write_protectedFile_isRefused_data()
+{
+    QTest::addColumn<bool>("own");
+    QTest::newRow("one's own") << true;
+    QTest::newRow("another's") << false;
+}
+
 void tst_DocumentFile::write_protectedFile_isRefused()
 {
+    QFETCH(bool, own);
     put(m_file, OldBytes);
+    if (!own && ::geteuid() != 0)
+        QSKIP("only the superuser may give a file away");
+    const uid_t owner = ::geteuid() != 0 ? ::geteuid() : own ? 12345 : 12346;
+    QCOMPARE(::chown(native(m_file).c_str(), owner, gid_t(-1)), 0);
     QCOMPARE(::chmod(native(m_file).c_str(), 0444), 0);
     QCOMPARE(::chmod(native(m_folder->path()).c_str(), 0777), 0);
     QCOMPARE(inChild([&] {
-                 if (::geteuid() == 0 && ::seteuid(12345) != 0)
+                 if (!becomePlainUser())
                      return NotPossibleHere;
-                 return writeDocumentFile(m_file, NewBytes) ? 1 : 0;
+                 FileFailure why;
+                 if (writeDocumentFile(m_file, NewBytes, &why))
+                     return 1;
+                 return why.kind == FileFailure::Kind::NoPermission ? 0 : 2;
              }),
              0);
     QCOMPARE(get(m_file), OldBytes);
+    QCOMPARE(names(), QStringList("piece.csd"));
 }
 
 void tst_DocumentFile::write_folderWithoutRight_writesInPlace()
@@ -365,6 +422,133 @@ void tst_DocumentFile::write_leavesNoOtherFile()
     QCOMPARE(names(), QStringList("piece.csd"));
 }
 
+void tst_DocumentFile::write_anySize_isWhole_data()
+{
+    QTest::addColumn<QString>("way");
+    QTest::newRow("new file") << "new";
+    QTest::newRow("replaced") << "replaced";
+    QTest::newRow("two hard links") << "links";
+    QTest::newRow("another owner") << "owner";
+    QTest::newRow("folder without right") << "folder";
+}
+
+void tst_DocumentFile::write_anySize_isWhole()
+{
+    QFETCH(QString, way);
+    if (way == "owner" && ::geteuid() != 0)
+        QSKIP("only the superuser may give a file away");
+    const std::string folder = native(m_folder->path());
+    const auto write = [&](const QByteArray &bytes) {
+        if (way != "folder")
+            return writeDocumentFile(m_file, bytes);
+        return inChild([&] {
+                   ::setenv("TMPDIR", "/tmp", 1);
+                   return becomePlainUser() && writeDocumentFile(m_file, bytes) ? 0 : 1;
+               }) == 0;
+    };
+    for (const qsizetype oldSize : way == "new" ? QList<qsizetype>{0} : OldSizes) {
+        for (const qsizetype size : Sizes) {
+            ::chmod(folder.c_str(), 0700);
+            QFile::remove(m_file);
+            QFile::remove(path("second"));
+            if (way != "new")
+                put(m_file, bytesOf(oldSize, 'A'));
+            if (way == "links")
+                QCOMPARE(::link(native(m_file).c_str(), native(path("second")).c_str()), 0);
+            if (way == "owner")
+                QCOMPARE(::chown(native(m_file).c_str(), 12345, 12345), 0);
+            if (way == "folder") {
+                ::chmod(native(m_file).c_str(), 0666);
+                ::chmod(folder.c_str(), 0555);
+            }
+            const bool written = write(bytesOf(size, 'a'));
+            const QByteArray found = get(m_file);
+            QVERIFY2(written && found == bytesOf(size, 'a'),
+                     qPrintable(QStringLiteral("%1 bytes over %2").arg(size).arg(oldSize)));
+            QCOMPARE(readDocumentFile(m_file), found);
+            QCOMPARE(names().size(), way == "links" ? 2 : 1);
+        }
+    }
+    ::chmod(folder.c_str(), 0700);
+}
+
+void tst_DocumentFile::read_refused_tellsWhy_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("missing") << "missing"
+                             << "it does not exist";
+    QTest::newRow("folder") << "sub"
+                            << "it is a folder";
+    QTest::newRow("fifo") << "fifo"
+                          << "it is no regular file";
+    QTest::newRow("device") << "/dev/zero"
+                            << "it is no regular file";
+    QTest::newRow("circle") << "circle"
+                            << "its links lead in a circle";
+    QTest::newRow("name too long") << QString(300, u'x') << "its name is too long";
+    QTest::newRow("too large") << "large"
+                               << "it is larger than 512 MB";
+    QTest::newRow("nul in its name")
+        << QString::fromLatin1("piece\0.csd", 10) << "the system reports \"Invalid argument\"";
+}
+
+void tst_DocumentFile::read_refused_tellsWhy()
+{
+    QFETCH(QString, file);
+    QVERIFY(QDir(m_folder->path()).mkdir("sub"));
+    QVERIFY(QFile::link("circle", path("circle")));
+    QCOMPARE(::mkfifo(native(path("fifo")).c_str(), 0600), 0);
+    QFile large(path("large"));
+    QVERIFY(large.open(QIODevice::WriteOnly) && large.resize(LargestDocument + 1));
+    FileFailure why;
+    QVERIFY(!readDocumentFile(path(file), &why));
+    QFETCH(QString, reason);
+    QCOMPARE(notOpenedText("a.csd", why), "The file \"a.csd\" cannot be opened: " + reason + ".");
+}
+
+void tst_DocumentFile::write_refused_tellsWhy_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("folder") << "sub"
+                            << "it is a folder";
+    QTest::newRow("folder with its slash") << "sub/"
+                                           << "it is a folder";
+    QTest::newRow("fifo") << "fifo"
+                          << "it is no regular file";
+    QTest::newRow("device") << "/dev/null"
+                            << "it is no regular file";
+    QTest::newRow("circle") << "circle"
+                            << "its links lead in a circle";
+    QTest::newRow("folder gone") << "gone/piece.csd"
+                                 << "its folder does not exist";
+    QTest::newRow("below a file") << "piece.csd/x"
+                                  << "its folder does not exist";
+    QTest::newRow("name too long") << QString(300, u'x') << "its name is too long";
+}
+
+void tst_DocumentFile::write_refused_tellsWhy()
+{
+    QFETCH(QString, file);
+    put(m_file, OldBytes);
+    QVERIFY(QDir(m_folder->path()).mkdir("sub"));
+    QVERIFY(QFile::link("circle", path("circle")));
+    QCOMPARE(::mkfifo(native(path("fifo")).c_str(), 0600), 0);
+    FileFailure why;
+    QVERIFY(!writeDocumentFile(path(file), NewBytes, &why));
+    QFETCH(QString, reason);
+    QCOMPARE(notSavedText("a.csd", why), "The file \"a.csd\" was not saved: " + reason + ".");
+}
+
+void tst_DocumentFile::write_done_leavesTheReasonAlone()
+{
+    FileFailure why;
+    makeOldFile(true);
+    QVERIFY(writeDocumentFile(m_file, NewBytes, &why));
+    QCOMPARE(why, FileFailure());
+}
+
 void tst_DocumentFile::write_fullDisk_keepsOld_data()
 {
     QTest::addColumn<bool>("inPlace");
@@ -383,13 +567,86 @@ void tst_DocumentFile::write_fullDisk_keepsOld()
         if (inPlace)
             QFile::exists(path("second")) ||
                 ::link(native(m_file).c_str(), native(path("second")).c_str());
-        if (writeDocumentFile(m_file, QByteArray(8'000'000, 'n')))
+        FileFailure why;
+        if (writeDocumentFile(m_file, QByteArray(8'000'000, 'n'), &why))
             return 1;
+        if (why.kind != FileFailure::Kind::DiskFull)
+            return 3;
         return get(m_file) == old && names().size() == (inPlace ? 2 : 1) ? 0 : 2;
     });
     if (result == NotPossibleHere)
         QSKIP("no file system may be mounted here");
     QCOMPARE(result, 0);
+}
+
+// The bytes fit where the old ones stand, and the old ones find a safe place elsewhere.
+void tst_DocumentFile::write_fullDiskWithRoomInTheFile_writesInPlace()
+{
+    const int result = inChild([&] {
+        if (!mountSmallDisk(native(m_folder->path()).c_str()))
+            return NotPossibleHere;
+        ::setenv("TMPDIR", "/tmp", 1);
+        put(m_file, QByteArray(1'000'000, 'o'));
+        fillDisk(path("ballast"));
+        for (const qsizetype size : {1'000'000, 999'999, 4097, 0, 1}) {
+            if (!writeDocumentFile(m_file, QByteArray(size, 'n')))
+                return 1;
+            if (get(m_file) != QByteArray(size, 'n') || names().size() != 2)
+                return 2;
+            QFile::remove(m_file);
+            QFile::remove(path("ballast"));
+            put(m_file, QByteArray(1'000'000, 'o'));
+            fillDisk(path("ballast"));
+        }
+        return 0;
+    });
+    if (result == NotPossibleHere)
+        QSKIP("no file system may be mounted here");
+    QCOMPARE(result, 0);
+}
+
+void tst_DocumentFile::write_fullDiskWithoutRoomForACopy_keepsOld()
+{
+    const int result = inChild([&] {
+        if (!mountSmallDisk(native(m_folder->path()).c_str()))
+            return NotPossibleHere;
+        ::setenv("TMPDIR", native(m_folder->path()).c_str(), 1);
+        put(m_file, OldBytes);
+        fillDisk(path("ballast"));
+        FileFailure why;
+        if (writeDocumentFile(m_file, NewBytes, &why))
+            return 1;
+        if (get(m_file) != OldBytes || names().size() != 2)
+            return 2;
+        return why.kind == FileFailure::Kind::DiskFull ? 0 : 3;
+    });
+    if (result == NotPossibleHere)
+        QSKIP("no file system may be mounted here");
+    QCOMPARE(result, 0);
+}
+
+// What stands at a mount point cannot be replaced.
+void tst_DocumentFile::write_mountedFile_writesInPlace()
+{
+    put(path("mounted"), OldBytes);
+    put(m_file, "hidden");
+    const int result = inChild([&] {
+        const std::string other = native(path("mounted"));
+        const std::string file = native(m_file);
+        if (::unshare(CLONE_NEWNS) != 0 && !mountSmallDisk("/mnt"))
+            return NotPossibleHere;
+        ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr);
+        if (::mount(other.c_str(), file.c_str(), nullptr, MS_BIND, nullptr) != 0)
+            return NotPossibleHere;
+        if (!writeDocumentFile(m_file, NewBytes))
+            return 1;
+        return get(m_file) == NewBytes && names().size() == 2 ? 0 : 2;
+    });
+    if (result == NotPossibleHere)
+        QSKIP("nothing may be mounted here");
+    QCOMPARE(result, 0);
+    QCOMPARE(get(path("mounted")), NewBytes);
+    QCOMPARE(get(m_file), "hidden");
 }
 
 void tst_DocumentFile::write_readOnlyDisk_keepsOld()
@@ -402,8 +659,11 @@ void tst_DocumentFile::write_readOnlyDisk_keepsOld()
         put(m_file, OldBytes);
         if (::mount(nullptr, folder, nullptr, MS_REMOUNT | MS_RDONLY, nullptr) != 0)
             return NotPossibleHere;
-        if (writeDocumentFile(m_file, NewBytes) || writeDocumentFile(path("new.csd"), NewBytes))
-            return 1;
+        FileFailure why;
+        for (const QString &file : {m_file, path("new.csd")})
+            if (writeDocumentFile(file, NewBytes, &why) ||
+                why.kind != FileFailure::Kind::ReadOnlyDisk)
+                return 1;
         return get(m_file) == OldBytes ? 0 : 2;
     });
     if (result == NotPossibleHere)

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QString>
+
+namespace ardiphon {
+
+/// Why a file could not be read or written.
+struct FileFailure
+{
+    enum class Kind {
+        None,
+        DiskFull,
+        QuotaUsed,
+        SizeLimit, ///< the disk or the user's limit takes no file as large
+        NoPermission,
+        ReadOnlyDisk,
+        NotThere, ///< the file to read, or the folder to write into
+        NameTooLong,
+        LinksInACircle,
+        Folder,
+        NoRegularFile, ///< a device, a FIFO or a socket
+        TooLarge,      ///< larger than a document may be
+        NotRead,       ///< it could not be read, so it would be overwritten unseen
+        System         ///< what the system says of its error number
+    };
+
+    Kind kind = Kind::None;
+    int error = 0;           ///< the system's number
+    QString oldContent = {}; ///< the file that holds what the failed save could not put back, or ""
+
+    static FileFailure ofSystem(int error);
+    /// Whether there is no room for the bytes.
+    bool isLackOfRoom() const;
+
+    friend bool operator==(const FileFailure &, const FileFailure &) = default;
+};
+
+/// One sentence each, for the user.
+QString notSavedText(const QString &path, const FileFailure &failure);
+QString notOpenedText(const QString &path, const FileFailure &failure);
+/// The reason alone, as the end of a sentence and without its full stop. \a missing: what is not
+/// there where something is missing.
+QString reasonText(const FileFailure &failure, const QString &missing);
+
+} // namespace ardiphon
