@@ -220,13 +220,33 @@ bool hasRoom(const FileHandle &file, qsizetype size)
            (errno != ENOSPC && errno != EDQUOT); // not every disk can tell
 }
 
-bool overwrite(const QByteArray &path, const QByteArray &bytes, FileFailure &why)
+bool fill(const FileHandle &file, const QByteArray &bytes)
 {
-    FileHandle file = FileHandle::open(path, O_WRONLY | O_NONBLOCK);
-    return (file.isValid() && hasRoom(file, bytes.size()) && file.writeAll(bytes) &&
-            ::ftruncate(file.descriptor(), off_t(bytes.size())) == 0 && file.flush() &&
-            file.close()) ||
-           failed(why);
+    return ::lseek(file.descriptor(), 0, SEEK_SET) == 0 && file.writeAll(bytes) &&
+           ::ftruncate(file.descriptor(), off_t(bytes.size())) == 0 && file.flush();
+}
+
+// Nobody changed a file that was given back what it had.
+void restoreTimes(const FileHandle &file, const Target &target)
+{
+    const timespec times[] = {target.status.st_atim, target.status.st_mtim};
+    ::futimens(file.descriptor(), times);
+}
+
+void giveBackRoom(const FileHandle &file, const Target &target, qsizetype size)
+{
+    if (file.isValid() && size > target.status.st_size &&
+        ::ftruncate(file.descriptor(), target.status.st_size) == 0)
+        restoreTimes(file, target);
+}
+
+bool putBack(const Target &target, const QByteArray &oldBytes)
+{
+    FileHandle file = FileHandle::open(target.path, O_WRONLY | O_NONBLOCK);
+    const bool back = file.isValid() && fill(file, oldBytes);
+    if (back)
+        restoreTimes(file, target);
+    return back && file.close();
 }
 
 bool writeInPlace(const Target &target, const QByteArray &bytes, FileFailure &why)
@@ -234,13 +254,16 @@ bool writeInPlace(const Target &target, const QByteArray &bytes, FileFailure &wh
     const auto oldBytes = readBytes(target.path, why);
     if (!oldBytes)
         return false;
-    const QByteArray aside = setAside(target, *oldBytes, why);
-    if (aside.isEmpty())
+    FileHandle file = FileHandle::open(target.path, O_WRONLY | O_NONBLOCK);
+    const bool prepared = (file.isValid() && hasRoom(file, bytes.size())) || failed(why);
+    const QByteArray aside = prepared ? setAside(target, *oldBytes, why) : QByteArray();
+    if (aside.isEmpty()) {
+        giveBackRoom(file, target, bytes.size());
         return false;
-    const bool written = overwrite(target.path, bytes, why);
-    FileFailure second;
+    }
+    const bool written = (fill(file, bytes) && file.close()) || failed(why);
     // The old bytes stay aside when they could not even be put back.
-    if (written || overwrite(target.path, *oldBytes, second))
+    if (written || putBack(target, *oldBytes))
         ::unlink(aside.constData());
     else
         why.oldContent = QFile::decodeName(aside);
@@ -284,6 +307,19 @@ bool writeDocumentFile(const QString &path, const QByteArray &bytes, FileFailure
     if (!written && why)
         *why = failure;
     return written;
+}
+
+bool removeDocumentFile(const QString &path, FileFailure *why)
+{
+    const QByteArray name = QFile::encodeName(path);
+    struct stat status = {};
+    // A disk that is read-only refuses also where there is nothing.
+    if (::lstat(name.constData(), &status) != 0 || S_ISDIR(status.st_mode) ||
+        ::unlink(name.constData()) == 0)
+        return true;
+    if (why)
+        *why = FileFailure::ofSystem(errno);
+    return false;
 }
 
 } // namespace ardiphon

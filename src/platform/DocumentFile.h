@@ -29,4 +29,8 @@ std::optional<QByteArray> readDocumentFile(const QString &path, FileFailure *why
 /// they could not even be put back.
 bool writeDocumentFile(const QString &path, const QByteArray &bytes, FileFailure *why = nullptr);
 
+/// Sees to it that no file stands at \a path; a folder stays. False, with the reason in \a why,
+/// when one still does.
+bool removeDocumentFile(const QString &path, FileFailure *why = nullptr);
+
 } // namespace ardiphon

@@ -173,6 +173,7 @@ private slots:
     void write_fullDisk_keepsOld();
     void write_fullDiskWithRoomInTheFile_writesInPlace();
     void write_fullDiskWithoutRoomForACopy_keepsOld();
+    void write_fullDisk_leavesFileAndTimeAlone();
     void write_mountedFile_writesInPlace();
     void write_readOnlyDisk_keepsOld();
     void write_sizeLimit_keepsOld_data();
@@ -619,6 +620,27 @@ void tst_DocumentFile::write_fullDiskWithoutRoomForACopy_keepsOld()
         if (get(m_file) != OldBytes || names().size() != 2)
             return 2;
         return why.kind == FileFailure::Kind::DiskFull ? 0 : 3;
+    });
+    if (result == NotPossibleHere)
+        QSKIP("no file system may be mounted here");
+    QCOMPARE(result, 0);
+}
+
+// No other program has changed it, and nothing of the room that was asked for stays taken.
+void tst_DocumentFile::write_fullDisk_leavesFileAndTimeAlone()
+{
+    const int result = inChild([&] {
+        if (!mountSmallDisk(native(m_folder->path()).c_str()))
+            return NotPossibleHere;
+        put(m_file, OldBytes);
+        fillDisk(path("ballast"));
+        const auto before = statusOf(m_file);
+        if (writeDocumentFile(m_file, QByteArray(2 * OldBytes.size(), 'n')))
+            return 1;
+        const auto after = statusOf(m_file);
+        const bool sameTime = before.st_mtim.tv_sec == after.st_mtim.tv_sec &&
+                              before.st_mtim.tv_nsec == after.st_mtim.tv_nsec;
+        return sameTime && before.st_blocks == after.st_blocks && get(m_file) == OldBytes ? 0 : 2;
     });
     if (result == NotPossibleHere)
         QSKIP("no file system may be mounted here");

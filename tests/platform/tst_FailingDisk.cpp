@@ -4,6 +4,7 @@
 #include "platform/DocumentFile.h"
 #include "platform/FileFailure.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -258,12 +259,14 @@ void tst_FailingDisk::inPlace_stepFails_putsTheOldBack()
 {
     QFETCH(int, call);
     makeOldFile(true);
+    const QDateTime before = QFileInfo(m_file).lastModified();
     int failures = 0;
     QVERIFY(!save([&](Call each, const QByteArray &path) {
         return each == Call(call) && path == m_native && ++failures == 1 ? EIO : 0;
     }));
     QCOMPARE(get(m_file), OldBytes);
     QCOMPARE(names(), QStringList({"piece.csd", "second"}));
+    QCOMPARE(QFileInfo(m_file).lastModified(), before); // nobody changed it
     QCOMPARE(m_why, FileFailure::ofSystem(EIO));
 }
 
