@@ -7,6 +7,7 @@
 #include "documents/ui/FormCSD.h"
 #include "documents/ui/FormORCSCO.h"
 #include "help/ui/FormAbout.h"
+#include "platform/FileName.h"
 #include "platform/RunFolder.h"
 #include "platform/ui/QtDialogs.h"
 
@@ -18,12 +19,12 @@ namespace {
 
 /// What was given on the command line, as one text. There are no options: a word that begins with
 /// a "-" is part of a name.
-QString commandText(int argc, char *argv[])
+QByteArray commandText(int argc, char *argv[])
 {
-    QStringList words;
+    QByteArrayList words;
     for (int i = 1; i < argc; ++i)
-        words.append(QFile::decodeName(argv[i]));
-    return words.join(u' ');
+        words.append(argv[i]);
+    return words.join(' ');
 }
 
 } // namespace
@@ -32,7 +33,7 @@ int main(int argc, char *argv[])
 {
     using namespace ardiphon;
 
-    const QString command = commandText(argc, argv);
+    const QByteArray command = commandText(argc, argv);
     int nameAlone = 1; // the toolkit would take words for options of its own
     QApplication application(nameAlone, argv);
     QApplication::setApplicationName(QStringLiteral("ArdiphonPro"));
@@ -56,6 +57,11 @@ int main(int argc, char *argv[])
     start.showAssociate = [&program](QWidget *owner) {
         FormAssociate(program.settings, program.dialogs, owner).exec();
     };
-    start.Load(command, QApplication::applicationDirPath(), runFolder.path());
+    QString named = QFile::decodeName(command);
+    if (!command.isEmpty() && !isNamable(command)) {
+        dialogs.message({brokenNameText(named)});
+        named.clear();
+    }
+    start.Load(named, QApplication::applicationDirPath(), runFolder.path());
     return QApplication::exec();
 }

@@ -73,6 +73,8 @@ QString reasonText(const FileFailure &failure, const QString &missing)
         return QStringLiteral("it is no regular file");
     case Kind::TooLarge:
         return QStringLiteral("it is larger than %1 MB").arg(LargestDocument / 1024 / 1024);
+    case Kind::NameNotUtf8:
+        return QStringLiteral("its name is not UTF-8");
     case Kind::NotRead:
         return QStringLiteral("it could not be read, and what it holds would be lost");
     case Kind::System:

@@ -20,6 +20,7 @@ struct FileFailure
         Folder,
         NoRegularFile, ///< a device, a FIFO or a socket
         TooLarge,      ///< larger than a document may be
+        NameNotUtf8,   ///< the name cannot be kept as a text
         NotRead,       ///< it could not be read, so it would be overwritten unseen
         System         ///< what the system says of its error number
     };

@@ -46,6 +46,7 @@ private slots:
     void openFile_cancelled_isEmpty();
     void openFile_missingFile_isRefused();
     void openFile_filter_ignoresCaseAndShowsFilesWithoutDot();
+    void saveFile_nameThatIsNoText_isRefused();
     void saveFile_newName_addsNoExtension();
     void saveFile_existing_asksBeforeOverwriting();
     void saveFile_proposedName_standsInTheField();
@@ -299,6 +300,26 @@ void tst_QtDialogs::openFile_filter_ignoresCaseAndShowsFilesWithoutDot()
         QTRY_COMPARE(shown(), QStringList({"a.csd", "b.CSD", "c.Csd", "d.txt", "nodot"}));
     });
     m_dialogs.openFile(question());
+}
+
+/// As a dialog of the desktop gives the name of a file whose bytes are not UTF-8.
+void tst_QtDialogs::saveFile_nameThatIsNoText_isRefused()
+{
+    const QString name = QStringLiteral("piece\uFFFD.csd");
+    QString told;
+    whenShown<QFileDialog>([&](QFileDialog *dialog) {
+        QTimer::singleShot(0, this, [&] {
+            whenShown<QMessageBox>([&](QMessageBox *box) {
+                told = box->text();
+                box->accept();
+            });
+        });
+        chooseName(dialog, name);
+    });
+    QVERIFY(!m_dialogs.saveFile(question()));
+    QCOMPARE(told, QStringLiteral("The file \"%1\" cannot be opened: its name is not UTF-8.")
+                       .arg(m_folder->filePath(name)));
+    QVERIFY(QDir(m_folder->path()).isEmpty());
 }
 
 void tst_QtDialogs::saveFile_newName_addsNoExtension()

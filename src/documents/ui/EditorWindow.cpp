@@ -9,6 +9,8 @@
 #include "language/ui/FontSizeMenu.h"
 #include "language/ui/KeywordHelp.h"
 #include "navigation/ui/Definitions.h"
+#include "platform/Dialogs.h"
+#include "platform/FileName.h"
 #include "platform/Twips.h"
 
 #include <QCloseEvent>
@@ -32,13 +34,18 @@ namespace {
 constexpr QSize SmallestWindow(480, 360);
 constexpr int ClosingPause = 10; ///< in milliseconds, before a closing is tried again
 
-/// The first local file of a drop, or "".
-QString droppedFile(const QMimeData &data)
+/// The first local file of a drop; one without a path when there is none.
+QUrl droppedFile(const QMimeData &data)
 {
     for (const QUrl &url : data.urls())
         if (url.isLocalFile())
-            return url.toLocalFile();
+            return url;
     return {};
+}
+
+QByteArray nativePath(const QUrl &url)
+{
+    return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
 }
 
 } // namespace
@@ -205,11 +212,14 @@ void EditorWindow::dragEnterEvent(QDragEnterEvent *event)
 
 void EditorWindow::dropEvent(QDropEvent *event)
 {
-    const QString path = droppedFile(*event->mimeData());
-    if (path.isEmpty())
+    const QUrl file = droppedFile(*event->mimeData());
+    if (file.isEmpty())
         return;
     event->acceptProposedAction();
-    openDroppedFile(path);
+    if (isNamable(nativePath(file)))
+        openDroppedFile(file.toLocalFile());
+    else
+        m_program.dialogs.message({brokenNameText(file.toLocalFile())});
 }
 
 } // namespace ardiphon

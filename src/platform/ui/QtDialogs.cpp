@@ -1,6 +1,7 @@
 #include "platform/ui/QtDialogs.h"
 
 #include "platform/FileFilter.h"
+#include "platform/FileName.h"
 #include "platform/ui/Printer.h"
 
 #include <QAbstractButton>
@@ -158,12 +159,20 @@ Answer QtDialogs::message(const Message &message)
 
 std::optional<QString> QtDialogs::openFile(const FileQuestion &question)
 {
-    return askForFile(question, QFileDialog::AcceptOpen, QFileDialog::ExistingFile);
+    return namable(askForFile(question, QFileDialog::AcceptOpen, QFileDialog::ExistingFile));
 }
 
 std::optional<QString> QtDialogs::saveFile(const FileQuestion &question)
 {
-    return askForFile(question, QFileDialog::AcceptSave, QFileDialog::AnyFile);
+    return namable(askForFile(question, QFileDialog::AcceptSave, QFileDialog::AnyFile));
+}
+
+std::optional<QString> QtDialogs::namable(std::optional<QString> path)
+{
+    if (!path || !isBrokenName(*path))
+        return path;
+    message({brokenNameText(*path)});
+    return std::nullopt;
 }
 
 std::optional<Color> QtDialogs::color(Color first)

@@ -13,6 +13,11 @@ public:
     std::optional<QString> saveFile(const FileQuestion &question) override;
     std::optional<Color> color(Color first) override;
     std::optional<PrintChoice> choosePrinter(const PrintQuestion &question) override;
+
+private:
+    /// Tells of a file whose name is no text, as the desktop's own dialogs may give one; nothing
+    /// was chosen then.
+    std::optional<QString> namable(std::optional<QString> path);
 };
 
 } // namespace ardiphon
