@@ -1,6 +1,14 @@
 #include "app/modRegistry.h"
 
+#include "platform/DocumentFile.h"
+#include "platform/FileFailure.h"
+
+#include <QFile>
+#include <QFileInfo>
 #include <QStandardPaths>
+
+#include <filesystem>
+#include <system_error>
 
 namespace ardiphon {
 
@@ -27,9 +35,49 @@ QString storedPath(const QSettings &file, const QString &path)
     return path;
 }
 
+bool isFileOrNothing(const QString &path)
+{
+    const QFileInfo file(path);
+    return file.isFile() || !file.exists();
+}
+
+/// Below what is no folder nothing can ever stand.
+const QString NoPlace = QStringLiteral("/dev/null/settings.ini");
+
 } // namespace
 
-SettingsStore::SettingsStore(const QString &filePath) : m_file(filePath, QSettings::IniFormat) {}
+SettingsStore::SettingsStore(const QString &filePath)
+    : m_path(filePath),
+      m_isOpened(isFileOrNothing(filePath)),
+      m_file(m_isOpened ? filePath : NoPlace, QSettings::IniFormat)
+{
+}
+
+bool SettingsStore::isUsable() const { return m_isOpened && isFileOrNothing(m_path); }
+
+/// The library tells that a write failed, not why: so the disk is asked for the same once more.
+FileFailure SettingsStore::writeFailure() const
+{
+    FileFailure why;
+    if (!isUsable()) {
+        readDocumentFile(m_path, &why);
+        return why;
+    }
+    QSettings unwritten(m_path, QSettings::IniFormat);
+    unwritten.sync();
+    if (unwritten.status() == QSettings::NoError)
+        return {};
+    const QString probe = m_path + QStringLiteral(".probe");
+    std::error_code error;
+    std::filesystem::create_directories(QFile::encodeName(QFileInfo(m_path).path()).toStdString(),
+                                        error);
+    if (error)
+        return FileFailure::ofSystem(error.value());
+    constexpr int settingsLength = 16384;
+    if (writeDocumentFile(probe, QByteArray(settingsLength, ' '), &why))
+        removeDocumentFile(probe);
+    return why.kind == FileFailure::Kind::None ? FileFailure{FileFailure::Kind::NoPermission} : why;
+}
 
 QString SettingsStore::userFilePath()
 {
@@ -40,6 +88,8 @@ QString SettingsStore::userFilePath()
 QString ReadRegistryString(SettingsStore &store, const QString &keyPath, const QString &valueName,
                            const QString &defaultText)
 {
+    if (!store.isUsable())
+        return defaultText;
     store.file().sync(); // another running copy may have written meanwhile
     const QVariant value =
         store.file().value(storedPath(store.file(), pathInFile(keyPath, valueName)));
@@ -58,6 +108,8 @@ void WriteRegistryString(SettingsStore &store, const QString &keyPath, const QSt
 void WriteRegistryStrings(SettingsStore &store, const QString &keyPath,
                           const QList<std::pair<QString, QString>> &values)
 {
+    if (!store.isUsable())
+        return;
     QSettings &file = store.file();
     file.sync();
     for (const auto &[name, text] : values)

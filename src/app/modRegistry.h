@@ -8,6 +8,8 @@
 
 namespace ardiphon {
 
+struct FileFailure;
+
 /// The file that keeps all settings: named text values under hierarchical keys.
 class SettingsStore
 {
@@ -19,8 +21,17 @@ public:
     static QString userFilePath();
 
     QSettings &file() { return m_file; }
+    const QString &path() const { return m_path; }
+
+    /// False where something else than a file stands in its place, which could be waited for
+    /// without end: all values are missing then.
+    bool isUsable() const;
+    /// Why the last write did not reach the disk; no failure where it did.
+    FileFailure writeFailure() const;
 
 private:
+    const QString m_path;
+    const bool m_isOpened;
     QSettings m_file;
 };
 
@@ -39,8 +50,8 @@ inline const QString InstallPathKey = QStringLiteral("Software\\Ardiphon\\Instal
 QString ReadRegistryString(SettingsStore &store, const QString &keyPath, const QString &valueName,
                            const QString &defaultText = {});
 
-/// Creates or replaces a value, whatever case it was written with before. A failed write is not
-/// reported, and leaves the file as it was.
+/// Creates or replaces a value, whatever case it was written with before. A failed write leaves the
+/// file as it was.
 void WriteRegistryString(SettingsStore &store, const QString &keyPath, const QString &valueName,
                          const QString &text);
 

@@ -1,6 +1,9 @@
 #include "app/modRegistry.h"
+#include "platform/FileFailure.h"
+#include "support/Fifo.h"
 #include "support/TestMain.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -33,6 +36,8 @@ private slots:
     void garbageFile_readsDefaultsAndTakesWrites_data();
     void garbageFile_readsDefaultsAndTakesWrites();
     void unwritableFile_isNotReported();
+    void failedWrite_tellsWhyWhenAsked();
+    void noRegularFile_isNeitherWaitedForNorTouched();
     void missingFolder_isMade();
     void twoStores_writeInTurn_keepBothValues();
     void twoStores_oneWrites_otherReadsIt();
@@ -220,6 +225,51 @@ void tst_modRegistry::unwritableFile_isNotReported()
     QFile file(path());
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), "in the way");
+}
+
+void tst_modRegistry::failedWrite_tellsWhyWhenAsked()
+{
+    WriteRegistryString(*m_store, SettingsKey, "TabSize", "4");
+    QCOMPARE(m_store->writeFailure(), FileFailure());
+    fill("in the way");
+    SettingsStore store(path() + "/Ardiphon/settings.ini");
+    WriteRegistryString(store, SettingsKey, "TabSize", "4");
+    QCOMPARE(store.writeFailure().kind, FileFailure::Kind::NotThere);
+    SettingsStore other(m_folder->filePath("other.ini"));
+    QVERIFY(QDir().mkdir(other.path()));
+    WriteRegistryString(other, SettingsKey, "TabSize", "4");
+    QCOMPARE(other.writeFailure().kind, FileFailure::Kind::Folder);
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             QStringList({"other.ini", "settings.ini"}));
+}
+
+void tst_modRegistry::noRegularFile_isNeitherWaitedForNorTouched()
+{
+    const QString path = m_folder->filePath("fifo.ini");
+    {
+        Fifo fifo(path);
+        SettingsStore store(path);
+        QCOMPARE(ReadRegistryString(store, SettingsKey, "TabSize", "8"), "8");
+        WriteRegistryString(store, SettingsKey, "TabSize", "4");
+        QCOMPARE(store.writeFailure().kind, FileFailure::Kind::NoRegularFile);
+        QVERIFY(!fifo.wasWaitedFor());
+    }
+    QVERIFY(QFile::remove(path));
+
+    // One that takes the place of the file while the program runs.
+    SettingsStore store(path);
+    WriteRegistryString(store, SettingsKey, "TabSize", "4");
+    QCOMPARE(ReadRegistryString(store, SettingsKey, "TabSize"), "4");
+    QVERIFY(QFile::remove(path));
+    {
+        Fifo fifo(path);
+        QCOMPARE(ReadRegistryString(store, SettingsKey, "TabSize", "8"), "8");
+        WriteRegistryString(store, SettingsKey, "TabSize", "5");
+        QVERIFY(!fifo.wasWaitedFor());
+    }
+    QVERIFY(QFile::link("/dev/zero", m_folder->filePath("device.ini")));
+    SettingsStore device(m_folder->filePath("device.ini"));
+    QCOMPARE(ReadRegistryString(device, SettingsKey, "TabSize", "8"), "8");
 }
 
 void tst_modRegistry::missingFolder_isMade()

@@ -2,8 +2,11 @@
 
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
+#include "app/modRegistry.h"
 #include "language/editor/LEditOCX.h"
 #include "language/ui/EditorSettings.h"
+#include "platform/Dialogs.h"
+#include "platform/FileFailure.h"
 #include "preferences/SettingsValues.h"
 #include "preferences/ui/AssociationSheet.h"
 #include "preferences/ui/ColorSheet.h"
@@ -115,6 +118,9 @@ void FormImpostazioni::save()
     m_views.LEDIT1.SetAutoIndent(m_general->autoIndent());
     m_views.LEDIT2.SetAutoIndent(m_general->autoIndent());
     SaveSettings(m_program.config, m_program.settings);
+    const FileFailure why = m_program.settings.writeFailure();
+    if (why.kind != FileFailure::Kind::None)
+        m_program.dialogs.message({notSavedText(m_program.settings.path(), why)});
     for (LEditOCX *editor : m_editors)
         editor->Redraw();
     close();
