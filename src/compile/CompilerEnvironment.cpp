@@ -1,5 +1,7 @@
 #include "compile/CompilerEnvironment.h"
 
+#include "platform/RunFolder.h"
+
 #include <QFile>
 
 namespace ardiphon {
@@ -44,6 +46,7 @@ QString soundFolder(const QString &folder, const QString &rootPath)
 {
     if (!folder.contains(u':') && !folder.contains(u';'))
         return folder;
+    restoreRunFolder(rootPath);
     const QString link = rootPath + QLatin1String("sounds");
     QFile::remove(link);
     return QFile::link(folder, link) ? link : folder;

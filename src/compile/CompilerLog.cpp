@@ -1,7 +1,10 @@
 #include "compile/CompilerLog.h"
 
+#include "platform/DocumentFile.h"
+#include "platform/FileFailure.h"
+#include "platform/RegularFile.h"
+
 #include <QFile>
-#include <QFileInfo>
 
 #include <algorithm>
 
@@ -121,11 +124,24 @@ QString cleanLog(QByteArrayView log)
     return text;
 }
 
+QString missingLogText(const QString &path)
+{
+    // Whether the compiler could have written it: the place is tried with a few lines.
+    const QString probe = path + QStringLiteral(".probe");
+    constexpr int fewLines = 4096;
+    FileFailure why;
+    const bool possible = writeDocumentFile(probe, QByteArray(fewLines, '\n'), &why);
+    removeDocumentFile(probe);
+    return QStringLiteral("There is no log of this run: ") +
+           (possible ? QStringLiteral("the compiler has written none")
+                     : reasonText(why, QStringLiteral("the folder for it"))) +
+           u'.';
+}
+
 std::optional<QString> readCompilerLog(const QString &path, const LogPortion &portion)
 {
     QFile file(path);
-    // The opening of a pipe would wait for its other end.
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+    if (!openRegularFile(file))
         return std::nullopt;
     const qint64 size = file.size();
     QByteArray head = file.read(2 * portion.bytes);

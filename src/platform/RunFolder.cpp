@@ -6,6 +6,8 @@
 
 #include <cerrno>
 #include <csignal>
+
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace ardiphon {
@@ -18,6 +20,13 @@ bool isUsable(const QString &parent)
 {
     return !parent.contains(u' ') &&
            access(QFile::encodeName(parent).constData(), W_OK | X_OK) == 0;
+}
+
+bool isOwnFolder(const QString &path)
+{
+    struct stat status = {};
+    return ::lstat(QFile::encodeName(path).constData(), &status) == 0 && S_ISDIR(status.st_mode) &&
+           status.st_uid == ::geteuid();
 }
 
 bool isRunning(qint64 process) { return kill(pid_t(process), 0) == 0 || errno == EPERM; }
@@ -48,9 +57,19 @@ RunFolder::RunFolder(const QString &parent, const QString &otherwise)
 {
 }
 
+/// What another user put in the place of a folder that was cleared away is not ours to remove.
+RunFolder::~RunFolder() { m_folder.setAutoRemove(isOwnFolder(m_folder.path())); }
+
 QString RunFolder::path() const
 {
-    return m_folder.isValid() ? m_folder.path() + u'/' : QStringLiteral("/nonexistent/");
+    // Below what is no folder nothing exists on any machine.
+    return m_folder.isValid() ? m_folder.path() + u'/' : QStringLiteral("/dev/null/");
+}
+
+bool restoreRunFolder(const QString &path)
+{
+    const QString folder = QDir::cleanPath(path);
+    return ::mkdir(QFile::encodeName(folder).constData(), 0700) == 0 || isOwnFolder(folder);
 }
 
 } // namespace ardiphon

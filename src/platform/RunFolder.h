@@ -15,12 +15,19 @@ public:
     /// \a otherwise is used.
     explicit RunFolder(const QString &parent, const QString &otherwise = QStringLiteral("/tmp"));
 
-    /// With its closing "/". When no folder could be made it is one that does not exist, so that
-    /// nothing is ever written or removed by a relative name.
+    ~RunFolder();
+
+    /// With its closing "/". When no folder could be made it is one that does not exist and can
+    /// never exist, so that nothing is ever written or removed by a relative name.
     QString path() const;
 
 private:
     QTemporaryDir m_folder;
 };
+
+/// Sees to it that the private folder at \a path, as a RunFolder named it, is there: those who
+/// clear away old files may have taken it. False where it cannot be made, or something that is not
+/// this user's own stands in its place.
+bool restoreRunFolder(const QString &path);
 
 } // namespace ardiphon

@@ -12,6 +12,12 @@ namespace {
 
 const QString Log = QStringLiteral("this is the log\r\n");
 
+/// What is told of a run that left no log.
+const QString NoLog = QStringLiteral("There is no log of this run: the compiler has written none.");
+
+/// The text of a finished run that took under half a second.
+QString finishedText(const QString &log) { return bannerText(0) + logHeading() + log; }
+
 /// Waits without handling any event until the process is dead; it is not collected yet.
 void waitForDeath(pid_t pid)
 {
@@ -49,6 +55,8 @@ private slots:
     void run_anyEnd_givesTheSameClosingSteps();
     void run_noLog_bannerInFrontOfProgress_data();
     void run_noLog_bannerInFrontOfProgress();
+    void run_folderClearedAway_isMadeAgain();
+    void run_folderThatCannotBeMade_saysWhy();
     void run_oldLog_isDeletedFirst();
     void run_logThatCannotBeDeleted_doesNoHarm();
     void run_leftoverOfItsGroup_isKilled();
@@ -101,7 +109,9 @@ void tst_RunConsoleProcess::run_progress_keepsItsFirstTextAtSecondZero()
 {
     CsdConsole console(QStringLiteral("quiet"));
     console.clock = [] { return qint64(999); };
+    console.dialogs.expect({NoLog});
     console.click("Command2");
+    QCOMPARE(console.dialogs.verify(), QString());
     QCOMPARE(console.text(), finishedText(QStringLiteral("Compiling")));
 }
 
@@ -136,8 +146,34 @@ void tst_RunConsoleProcess::run_noLog_bannerInFrontOfProgress()
 {
     QFETCH(QString, piece);
     CsdConsole console(piece);
+    console.dialogs.expect({NoLog});
     console.click("Command2");
     QCOMPARE(console.text(), finishedText(QStringLiteral("Compiling .")));
+    QCOMPARE(console.dialogs.verify(), QString());
+    QVERIFY(QDir(console.config.RootPath).isEmpty());
+}
+
+void tst_RunConsoleProcess::run_folderClearedAway_isMadeAgain()
+{
+    CsdConsole console(QStringLiteral("logged"));
+    QVERIFY(QDir().rmdir(console.config.RootPath));
+    console.click("Command2");
+    QCOMPARE(console.text(), finishedText(Log));
+    QCOMPARE(console.dialogs.verify(), QString());
+    const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther |
+                        QFile::WriteOther | QFile::ExeOther;
+    QCOMPARE(QFile::permissions(console.config.RootPath) & others, QFile::Permissions());
+}
+
+void tst_RunConsoleProcess::run_folderThatCannotBeMade_saysWhy()
+{
+    CsdConsole console(QStringLiteral("quiet"));
+    QVERIFY(QDir(console.folder.path()).removeRecursively());
+    console.dialogs.expect(
+        {QStringLiteral("There is no log of this run: the folder for it does not exist.")});
+    console.click("Command2");
+    QCOMPARE(console.text(), finishedText(QStringLiteral("Compiling .")));
+    QCOMPARE(console.dialogs.verify(), QString());
 }
 
 void tst_RunConsoleProcess::run_oldLog_isDeletedFirst()
@@ -146,7 +182,9 @@ void tst_RunConsoleProcess::run_oldLog_isDeletedFirst()
     console.click("Command2");
     QVERIFY(QFile::exists(console.logFile()));
     console.choose(QStringLiteral("quiet"));
+    console.dialogs.expect({NoLog});
     console.click("Command2");
+    QCOMPARE(console.dialogs.verify(), QString());
     QVERIFY(!QFile::exists(console.logFile()));
     QCOMPARE(console.text(), finishedText(QStringLiteral("Compiling .")));
 }
@@ -155,7 +193,9 @@ void tst_RunConsoleProcess::run_logThatCannotBeDeleted_doesNoHarm()
 {
     CsdConsole console(QStringLiteral("quiet"));
     QVERIFY(QDir().mkpath(console.logFile()));
+    console.dialogs.expect({NoLog});
     console.click("Command2");
+    QCOMPARE(console.dialogs.verify(), QString());
     QCOMPARE(console.text(), finishedText(QStringLiteral("Compiling .")));
 }
 

@@ -25,6 +25,8 @@ private slots:
     void parentWithABlank_isNotUsed();
     void parentThatCannotBeUsed_isNotUsed();
     void nowhereToMakeIt_namesAFolderThatIsNone();
+    void clearedAway_isMadeAgainAndGoesAtTheEnd();
+    void somethingElseInItsPlace_isLeftAlone();
     void leftovers_ofDeadRuns_go();
     void leftovers_others_stay();
 
@@ -107,7 +109,8 @@ void tst_RunFolder::parentThatCannotBeUsed_isNotUsed()
     QVERIFY(QFileInfo(folder.path()).isDir());
 }
 
-/// A log named by a relative path would be a file of the user's.
+/// A log named by a relative path would be a file of the user's. The name stands for nothing on
+/// any machine: no folder can be made there.
 void tst_RunFolder::nowhereToMakeIt_namesAFolderThatIsNone()
 {
     const QString missing = m_parent->filePath(QStringLiteral("missing"));
@@ -115,6 +118,44 @@ void tst_RunFolder::nowhereToMakeIt_namesAFolderThatIsNone()
     QVERIFY(QDir::isAbsolutePath(folder.path()));
     QVERIFY(folder.path().endsWith(u'/'));
     QVERIFY(!QFileInfo::exists(folder.path()));
+    QVERIFY(!QDir().mkpath(folder.path()));
+    QVERIFY(!restoreRunFolder(folder.path()));
+    QFile log(folder.path() + "tmp.txt");
+    QVERIFY(!log.open(QIODevice::WriteOnly));
+}
+
+void tst_RunFolder::clearedAway_isMadeAgainAndGoesAtTheEnd()
+{
+    QString path;
+    {
+        const RunFolder folder(m_parent->path());
+        path = folder.path();
+        QVERIFY(restoreRunFolder(path));
+        QVERIFY(QDir().rmdir(path));
+        QVERIFY(restoreRunFolder(path));
+        QCOMPARE(folder.path(), path);
+        QCOMPARE(int(QFile::permissions(path)), 0x7700);
+        QFile log(path + "tmp.txt");
+        QVERIFY(log.open(QIODevice::WriteOnly));
+    }
+    QVERIFY(!QFileInfo::exists(path));
+    QVERIFY(!restoreRunFolder(m_parent->filePath("missing/folder/")));
+}
+
+/// Somebody may have put a link there, to a folder that is not to be emptied.
+void tst_RunFolder::somethingElseInItsPlace_isLeftAlone()
+{
+    const QString target = make(QStringLiteral("target"));
+    QString path;
+    {
+        const RunFolder folder(m_parent->path());
+        path = folder.path().chopped(1);
+        QVERIFY(QDir().rmdir(path));
+        QVERIFY(QFile::link(target, path));
+        QVERIFY(!restoreRunFolder(folder.path()));
+    }
+    QVERIFY(QFileInfo(path).isSymLink());
+    QVERIFY(QFileInfo::exists(target + "/tmp.txt"));
 }
 
 void tst_RunFolder::leftovers_ofDeadRuns_go()

@@ -6,6 +6,7 @@
 #include "compile/CompilerLog.h"
 #include "compile/ui/LinkedOutput.h"
 #include "language/editor/LEditOCX.h"
+#include "platform/Dialogs.h"
 #include "platform/Twips.h"
 
 #include <QBoxLayout>
@@ -96,13 +97,16 @@ void FormCSound::run()
 
 void FormCSound::showResult()
 {
-    if (const auto log = readCompilerLog(m_runs.compileLogFile))
+    const auto log = readCompilerLog(m_runs.compileLogFile);
+    if (log)
         TxtOutputs->setText(*log);
     TxtOutputs->insertBanner(m_runs.elapsed());
     TxtOutputs->setFocus();
     m_player->OpenPlayerWave();
     btnStop->setEnabled(false);
     analyse();
+    if (!log || log->isEmpty())
+        dialogs().message({missingLogText(m_runs.compileLogFile)});
 }
 
 void FormCSound::analyse()

@@ -5,6 +5,7 @@
 #include "compile/CompilerEnvironment.h"
 #include "compile/CompilerLog.h"
 #include "compile/ui/CompilerOutput.h"
+#include "platform/Dialogs.h"
 
 #include <QBoxLayout>
 #include <QFile>
@@ -80,10 +81,13 @@ void FormCSoundCSD::compile()
 
 void FormCSoundCSD::showResult()
 {
-    if (const auto log = readCompilerLog(m_runs.compileLogFile))
+    const auto log = readCompilerLog(m_runs.compileLogFile);
+    if (log)
         TxtOutputs->setText(*log);
     TxtOutputs->insertBanner(m_runs.elapsed());
     btnStop->setEnabled(false);
+    if (!log || log->isEmpty())
+        m_runs.dialogs().message({missingLogText(m_runs.compileLogFile)});
 }
 
 void FormCSoundCSD::done(int result)

@@ -3,11 +3,13 @@
 #include "compile/CompileRules.h"
 #include "compile/CompilerEnvironment.h"
 #include "platform/Dialogs.h"
+#include "platform/RunFolder.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QFile>
+#include <QFileInfo>
 #include <QTimer>
 
 #include <chrono>
@@ -177,6 +179,7 @@ bool RunConsoleProcess(RunOwner &owner, const QString &executable, const QString
     if (RunConsole *console = owner.console()) {
         console->enableStop();
         owner.CompileStartTick = owner.system().tickCount();
+        restoreRunFolder(QFileInfo(owner.compileLogFile).path());
         QFile::remove(owner.compileLogFile);
     }
     return WaitingRun(owner).run({executable, parameters, directory, showCommand,
