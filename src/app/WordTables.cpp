@@ -1,5 +1,7 @@
 #include "app/WordTables.h"
 
+#include "platform/RegularFile.h"
+
 namespace ardiphon {
 
 namespace {
@@ -59,7 +61,7 @@ private:
 ItemReader itemsOf(const QString &path)
 {
     QFile file(path);
-    return ItemReader(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray());
+    return ItemReader(openRegularFile(file) ? file.readAll() : QByteArray());
 }
 
 /// Keeps every item of the file, and one empty item when it has none.
@@ -111,7 +113,7 @@ void WordTables::LoadWordTables(const QString &folder)
     m_opcodeFile.setFileName(folder + QStringLiteral("/opcode.txt"));
     if (!m_opcodeFile.exists() && m_opcodeFile.open(QIODevice::WriteOnly))
         m_opcodeFile.close();
-    m_opcodeFile.open(QIODevice::ReadOnly);
+    openRegularFile(m_opcodeFile);
     readOpcodeNames();
     buildFirstLetterIndex();
 }

@@ -1,7 +1,7 @@
 #include "audio/ModuleWaveFormat.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "platform/RegularFile.h"
+
 #include <QtEndian>
 
 #include <limits>
@@ -65,11 +65,7 @@ WaveFormatRecord parseWaveFormat(QByteArrayView header)
 
 WaveFormatRecord ReadWaveFormat(const QString &path)
 {
-    QFile file(path);
-    // Reading from a pipe or a device could wait for ever.
-    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
-        return {};
-    return parseWaveFormat(file.read(HeaderLimit));
+    return parseWaveFormat(readRegularFile(path, HeaderLimit).value_or(QByteArray()));
 }
 
 } // namespace ardiphon

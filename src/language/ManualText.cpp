@@ -1,6 +1,7 @@
 #include "language/ManualText.h"
 
-#include <QFile>
+#include "platform/RegularFile.h"
+
 #include <QFileInfo>
 
 #include <array>
@@ -60,10 +61,7 @@ bool isManualPage(const QString &path)
 
 QByteArray readManualPage(const QString &path, qint64 limit)
 {
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-        return {};
-    return file.read(limit);
+    return readRegularFile(path, limit).value_or(QByteArray());
 }
 
 QString plainManualText(const QByteArray &html)

@@ -1,4 +1,5 @@
 #include "app/WordTables.h"
+#include "support/Fifo.h"
 #include "support/TestMain.h"
 
 #include <QFile>
@@ -53,6 +54,7 @@ private slots:
     void opcodeFile_shorterThanARecord_givesEmptyTable();
     void opcodeFile_randomBytes_neverFails();
     void opcodeFile_isAFolder_givesEmptyTable();
+    void files_thatAreFifos_areNotWaitedFor();
     void opcodeFile_blankName_isNeverFound();
     void version_isParametersOfLastRecordWithPadding();
     void firstLetterIndex_pointsToGroups();
@@ -273,6 +275,17 @@ void tst_WordTables::opcodeFile_isAFolder_givesEmptyTable()
     load();
     QCOMPARE(m_words->OpcodeCount, 0);
     QCOMPARE(m_words->CsdWords, QStringList({"", ""}));
+}
+
+void tst_WordTables::files_thatAreFifos_areNotWaitedFor()
+{
+    for (const char *name : {"opcode.txt", "csd.txt", "score.txt"}) {
+        const QString path = m_folder->filePath(name);
+        Fifo fifo(path);
+        load();
+        QVERIFY2(!fifo.wasWaitedFor(), name);
+        QFile::remove(path);
+    }
 }
 
 void tst_WordTables::opcodeFile_blankName_isNeverFound()

@@ -1,4 +1,5 @@
 #include "help/ui/FormManual.h"
+#include "support/Fifo.h"
 #include "support/TestMain.h"
 
 #include <QFile>
@@ -35,6 +36,7 @@ private slots:
     void linkOutOfTheManual_opensOutside();
     void example_isShownAsText();
     void image_isLoaded();
+    void image_thatIsNoFile_isNotWaitedFor();
     void pageThatIsNone_isToldSo_data();
     void pageThatIsNone_isToldSo();
     void randomBytes_areShownSomehow();
@@ -270,6 +272,21 @@ void tst_FormManual::image_isLoaded()
     const QVariant loaded = m_browser->document()->resource(QTextDocument::ImageResource,
                                                             QUrl(QStringLiteral("red.png")));
     QVERIFY(loaded.isValid());
+}
+
+void tst_FormManual::image_thatIsNoFile_isNotWaitedFor()
+{
+    Fifo fifo(m_folder.filePath(QStringLiteral("fifo.png")));
+    QVERIFY(
+        QFile::link(QStringLiteral("/dev/zero"), m_folder.filePath(QStringLiteral("endless.png"))));
+    const QByteArray absolute = QFile::encodeName(m_folder.filePath(QStringLiteral("fifo.png")));
+    write("picture.html", "<p>before<img src=\"fifo.png\"><img src=\"endless.png\">"
+                          "<img src=\"/dev/zero\"><img src=\"file:///dev/zero\"><img src=\"" +
+                              absolute + "\">behind");
+    open(QStringLiteral("picture.html"));
+    m_browser->grab();
+    QVERIFY(!fifo.wasWaitedFor());
+    QVERIFY(m_browser->toPlainText().startsWith(QStringLiteral("before")));
 }
 
 void tst_FormManual::pageThatIsNone_isToldSo_data()

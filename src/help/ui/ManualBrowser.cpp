@@ -3,6 +3,7 @@
 #include "language/ManualText.h"
 
 #include <QFileInfo>
+#include <QStyle>
 
 #include <algorithm>
 #include <utility>
@@ -11,6 +12,7 @@ namespace ardiphon {
 
 namespace {
 
+constexpr int missingPictureSize = 16; // pixels
 constexpr qint64 largestPage = qint64{2} * 1024 * 1024;
 
 // The text view knows little of style sheets, so the manual's own is left out for this one. Sizes
@@ -83,6 +85,11 @@ QVariant ManualBrowser::loadResource(int type, const QUrl &name)
         return QString();
     if (type == QTextDocument::HtmlResource)
         return contentOf(name);
+    // Pictures. What is no file would be waited for, and where nothing is given the toolkit looks
+    // for the name itself.
+    const bool isFile = QFileInfo(source().resolved(name).toLocalFile()).isFile();
+    if (!isFile && name.scheme() != QLatin1String("data"))
+        return style()->standardIcon(QStyle::SP_FileIcon).pixmap(missingPictureSize);
     return QTextBrowser::loadResource(type, name);
 }
 
