@@ -1,8 +1,9 @@
 #include "compile/FlagFile.h"
 
 #include "compile/ProjectParameters.h"
+#include "platform/DocumentFile.h"
+#include "platform/RegularFile.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QtEndian>
 
@@ -70,15 +71,28 @@ std::optional<QString> flagOf(QByteArrayView record, FlagLayout layout)
     return decoded(record.sliced(HeadLength, length));
 }
 
+/// \a bytes with the flags' records written over its beginning.
+QByteArray withRecords(QByteArray bytes, FlagLayout layout, const QStringList &flags)
+{
+    qsizetype end = 0;
+    for (qsizetype i = 0; i < flags.size(); ++i) {
+        const auto written = record(flags[i], layout);
+        if (!written)
+            continue;
+        end = (i + 1) * RecordLength;
+        if (bytes.size() < end)
+            bytes.append(end - bytes.size(), '\0');
+        bytes.replace(i * RecordLength, RecordLength, *written);
+    }
+    return bytes;
+}
+
 } // namespace
 
 QStringList readFlagFile(const QString &path, FlagLayout layout)
 {
-    QFile file(path);
-    // The opening of a pipe would wait for its other end.
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-        return {};
-    const QByteArray bytes = file.read(MostRecords * RecordLength);
+    const QByteArray bytes =
+        readRegularFile(path, MostRecords * RecordLength).value_or(QByteArray());
     QStringList flags;
     for (qsizetype at = 0; at + RecordLength <= bytes.size(); at += RecordLength)
         if (const auto flag = flagOf(QByteArrayView(bytes).sliced(at, RecordLength), layout))
@@ -86,18 +100,17 @@ QStringList readFlagFile(const QString &path, FlagLayout layout)
     return flags;
 }
 
-void writeFlagFile(const QString &path, FlagLayout layout, const QStringList &flags)
+bool writeFlagFile(const QString &path, FlagLayout layout, const QStringList &flags,
+                   FileFailure *why)
 {
-    if (!flags.isEmpty() && readFlagFile(path, layout) == flags)
-        return;
-    QFile::remove(path);
-    // One that could not be deleted is written over, and keeps what lies behind the new end.
-    QFile file(path);
-    if (flags.isEmpty() || !file.open(QIODevice::ReadWrite))
-        return;
-    for (qsizetype i = 0; i < flags.size(); ++i)
-        if (const auto bytes = record(flags[i], layout); bytes && file.seek(i * RecordLength))
-            file.write(*bytes);
+    if (flags.isEmpty())
+        return removeDocumentFile(path, why);
+    if (readFlagFile(path, layout) == flags)
+        return true;
+    // One that cannot be deleted is written over, and keeps what lies behind the new end.
+    const bool deletable = QFileInfo(QFileInfo(path).absolutePath()).isWritable();
+    auto bytes = deletable ? std::nullopt : readDocumentFile(path);
+    return writeDocumentFile(path, withRecords(bytes.value_or(QByteArray()), layout, flags), why);
 }
 
 } // namespace ardiphon

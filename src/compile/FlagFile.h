@@ -5,6 +5,8 @@
 
 namespace ardiphon {
 
+struct FileFailure;
+
 /// How a file of flags lays out its records of 50 bytes.
 enum class FlagLayout {
     Tagged, ///< a type word, 8, and a length word, both little-endian, then up to 46 bytes of text
@@ -17,7 +19,9 @@ enum class FlagLayout {
 QStringList readFlagFile(const QString &path, FlagLayout layout);
 
 /// Makes the file hold \a flags; without any, there is no file. A flag that is too long for a
-/// tagged record leaves that record empty. A file that holds just these flags is left alone.
-void writeFlagFile(const QString &path, FlagLayout layout, const QStringList &flags);
+/// tagged record leaves that record empty. A file that holds just these flags is left alone. False,
+/// with the reason in \a why and the file as it was, when that fails.
+bool writeFlagFile(const QString &path, FlagLayout layout, const QStringList &flags,
+                   FileFailure *why = nullptr);
 
 } // namespace ardiphon

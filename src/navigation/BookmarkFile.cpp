@@ -2,8 +2,7 @@
 
 #include "app/Numbers.h"
 #include "platform/DocumentFile.h"
-
-#include <QFile>
+#include "platform/RegularFile.h"
 
 #include <limits>
 
@@ -63,7 +62,7 @@ QString bookmarkText(const QString &lineText)
     return withoutBlanksAround(QStringLiteral("-> ") + text);
 }
 
-bool writeBookmarkFile(const QString &path, const BookmarkSet &bookmarks)
+bool writeBookmarkFile(const QString &path, const BookmarkSet &bookmarks, FileFailure *why)
 {
     bool anyUsed = false;
     QByteArray bytes;
@@ -72,20 +71,23 @@ bool writeBookmarkFile(const QString &path, const BookmarkSet &bookmarks)
         bytes += record(bookmark);
     }
     if (!anyUsed) {
-        QFile::remove(path);
+        removeDocumentFile(path, why);
         return false;
     }
-    return writeDocumentFile(path, bytes);
+    return writeDocumentFile(path, bytes, why);
 }
 
 std::optional<BookmarkSet> readBookmarkFile(const QString &path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    const auto bytes = readRegularFile(path, BookmarkSlots * RecordLength);
+    if (!bytes)
         return std::nullopt;
     BookmarkSet bookmarks;
-    for (Bookmark &bookmark : bookmarks)
-        bookmark = bookmarkOf(file.read(RecordLength).leftJustified(RecordLength, ' '));
+    qsizetype at = 0;
+    for (Bookmark &bookmark : bookmarks) {
+        bookmark = bookmarkOf(bytes->mid(at, RecordLength).leftJustified(RecordLength, ' '));
+        at += RecordLength;
+    }
     return bookmarks;
 }
 

@@ -7,6 +7,8 @@
 
 namespace ardiphon {
 
+struct FileFailure;
+
 inline constexpr int BookmarkSlots = 15;
 
 /// The text of a slot that is free.
@@ -33,8 +35,9 @@ QString bookmarkFilePath(const QString &documentPath, const QString &extension);
 QString bookmarkText(const QString &lineText);
 
 /// Writes the side file, wholly or not at all, or removes it when every slot is free. True when a
-/// file was written.
-bool writeBookmarkFile(const QString &path, const BookmarkSet &bookmarks);
+/// file was written. \a why tells the reason where that failed.
+bool writeBookmarkFile(const QString &path, const BookmarkSet &bookmarks,
+                       FileFailure *why = nullptr);
 
 /// Reads a side file. Nothing when there is none; a file that is cut short or holds no numbers
 /// gives slots with blank texts or without a line, never a failure.

@@ -1,11 +1,17 @@
 #include "compile/FlagFile.h"
+#include "platform/FileFailure.h"
+#include "support/Fifo.h"
 #include "support/TestMain.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <csignal>
+
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace ardiphon;
@@ -36,6 +42,9 @@ private slots:
     void write_tooLong_cutsPaddedRecord();
     void write_shorterList_leavesNoOldRecords();
     void write_cannotDelete_writesOver();
+    void write_failing_keepsTheOldFlagsAndSaysWhy();
+    void write_noRegularFile_isRefused();
+    void read_fifo_isNotWaitedFor();
     void write_sameFlags_leavesTheBytesAlone();
     void read_written_comesBack_data();
     void read_written_comesBack();
@@ -119,13 +128,66 @@ void tst_FlagFile::write_shorterList_leavesNoOldRecords()
 
 void tst_FlagFile::write_cannotDelete_writesOver()
 {
-    if (::geteuid() == 0)
-        QSKIP("root deletes whatever it wants");
     writeFlagFile(m_path, FlagLayout::Padded, {QStringLiteral("a"), QStringLiteral("b")});
-    QVERIFY(::chmod(QFile::encodeName(m_folder->path()).constData(), 0555) == 0);
-    writeFlagFile(m_path, FlagLayout::Padded, {QStringLiteral("c")});
+    const QByteArray folder = QFile::encodeName(m_folder->path());
+    QVERIFY(::chmod(folder.constData(), 0555) == 0);
+    QVERIFY(::chmod(QFile::encodeName(m_path).constData(), 0666) == 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        qputenv("TMPDIR", "/tmp");
+        // The superuser deletes whatever he wants, and becomes somebody else.
+        if (::geteuid() == 0 && ::setuid(12345) != 0)
+            ::_exit(1);
+        FileFailure why;
+        if (!writeFlagFile(m_path, FlagLayout::Padded, {QStringLiteral("c")}))
+            ::_exit(2);
+        if (writeFlagFile(m_path, FlagLayout::Padded, {}, &why))
+            ::_exit(3);
+        ::_exit(why.kind == FileFailure::Kind::NoPermission ? 0 : 4);
+    }
+    int status = 0;
+    QCOMPARE(::waitpid(child, &status, 0), child);
+    QVERIFY(::chmod(folder.constData(), 0755) == 0);
+    QCOMPARE(status, 0);
     QCOMPARE(bytes(), padded("c") + padded("b"));
-    QVERIFY(::chmod(QFile::encodeName(m_folder->path()).constData(), 0755) == 0);
+}
+
+void tst_FlagFile::write_failing_keepsTheOldFlagsAndSaysWhy()
+{
+    FileFailure why;
+    const QString gone = m_folder->filePath(QStringLiteral("gone/CSFlags.dat"));
+    QVERIFY(!writeFlagFile(gone, FlagLayout::Tagged, {QStringLiteral("-W")}, &why));
+    QCOMPARE(why.kind, FileFailure::Kind::NotThere);
+    QVERIFY(writeFlagFile(gone, FlagLayout::Tagged, {}));
+
+    writeFlagFile(m_path, FlagLayout::Tagged, {QStringLiteral("-W")});
+    const QByteArray before = bytes();
+    const rlimit none{0, RLIM_INFINITY};
+    rlimit usual{};
+    ::getrlimit(RLIMIT_FSIZE, &usual);
+    ::signal(SIGXFSZ, SIG_IGN);
+    ::setrlimit(RLIMIT_FSIZE, &none);
+    const bool written = writeFlagFile(m_path, FlagLayout::Tagged, {QStringLiteral("-A")}, &why);
+    ::setrlimit(RLIMIT_FSIZE, &usual);
+    QVERIFY(!written);
+    QCOMPARE(why.kind, FileFailure::Kind::SizeLimit);
+    QCOMPARE(bytes(), before);
+}
+
+void tst_FlagFile::write_noRegularFile_isRefused()
+{
+    Fifo fifo(m_path);
+    FileFailure why;
+    QVERIFY(!writeFlagFile(m_path, FlagLayout::Tagged, {QStringLiteral("-W")}, &why));
+    QCOMPARE(why.kind, FileFailure::Kind::NoRegularFile);
+    QVERIFY(!fifo.wasWaitedFor());
+}
+
+void tst_FlagFile::read_fifo_isNotWaitedFor()
+{
+    Fifo fifo(m_path);
+    QCOMPARE(readFlagFile(m_path, FlagLayout::Tagged), QStringList());
+    QVERIFY(!fifo.wasWaitedFor());
 }
 
 /// What stands behind a text means nothing, but it is not ours to change.

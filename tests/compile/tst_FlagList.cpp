@@ -26,6 +26,7 @@ private slots:
     void closing_added_isThereNextTime();
     void closing_typed_isNotKept();
     void closing_emptied_removesTheFile();
+    void closing_flagsThatCannotBeWritten_saysWhy();
     void closing_twoKinds_neverMix();
     void help_noManual_saysSo();
     void help_manual_opensAtTheKeyword();
@@ -209,6 +210,20 @@ void tst_FlagList::closing_emptied_removesTheFile()
     QVERIFY(QDir(dialog.config.ProgramFolder).isEmpty());
     dialog.open<FormWinsound>();
     QCOMPARE(flags(dialog).currentText(), QStringLiteral("-W"));
+}
+
+void tst_FlagList::closing_flagsThatCannotBeWritten_saysWhy()
+{
+    ProjectDialog dialog;
+    dialog.open<FormWinsound>();
+    dialog.click("Command2");
+    QVERIFY(QDir(dialog.config.ProgramFolder).removeRecursively());
+    dialog.dialogs.expect(
+        {QStringLiteral("The file \"%1\" was not saved: its folder does not exist.")
+             .arg(dialog.path("own/CSFlags.dat"))});
+    dialog.click("Command1");
+    QCOMPARE(dialog.dialogs.verify(), QString());
+    QVERIFY(!dialog.form || !dialog.form->isVisible());
 }
 
 void tst_FlagList::closing_twoKinds_neverMix()

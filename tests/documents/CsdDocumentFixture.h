@@ -12,6 +12,14 @@ inline const QString LeaveQuestion =
 inline const QString TitleEnd = QStringLiteral(" - ArdiphonPro - Version 2.3.0");
 inline const QString ProgramFirst = QStringLiteral("ArdiphonPro - ");
 
+/// What a save over a file says that could not be read.
+inline QString unreadText(const QString &path)
+{
+    return QStringLiteral("The file \"%1\" was not saved: it could not be read, and what it holds "
+                          "would be lost.")
+        .arg(path);
+}
+
 /// For tests of the document in the CSD window, which may hand over to a project's.
 class CsdDocumentFixture : protected CsdFixture
 {

@@ -74,9 +74,12 @@ void tst_CsdDocument::load_directory_isEmptyAndCannotBeOverwritten()
 {
     const QString path = m_program->path(QStringLiteral("folder.csd"));
     QVERIFY(QDir().mkdir(path));
+    m_program->dialogs.expect(
+        {QStringLiteral("The file \"%1\" cannot be opened: it is a folder.").arg(path)});
     open(path);
     QCOMPARE(m_editor->Text(), QString());
     type(QStringLiteral("x"));
+    m_program->dialogs.expect({unreadText(path)});
     trigger("menuFileSalvaOrchestra");
     QVERIFY(m_editor->GetState(2));
     QVERIFY(QFileInfo(path).isDir());
@@ -229,9 +232,12 @@ void tst_CsdDocument::open_failedSave_asksAgain()
 {
     const QString folder = m_program->path(QStringLiteral("folder.csd"));
     QVERIFY(QDir().mkdir(folder));
+    m_program->dialogs.expect(
+        {QStringLiteral("The file \"%1\" cannot be opened: it is a folder.").arg(folder)});
     open(folder);
     type(QStringLiteral("e"));
     expectQuestion(QStringLiteral("Open File"), Answer::Yes);
+    m_program->dialogs.expect({unreadText(folder)});
     expectQuestion(QStringLiteral("Open File"), Answer::Cancel);
     trigger("menuFileApriOrchestra");
     QCOMPARE(m_editor->Text(), QStringLiteral("e"));

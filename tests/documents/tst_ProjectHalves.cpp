@@ -28,7 +28,7 @@ private slots:
     void export_emptyHalf_saysSo();
     void export_pair_writesOneCsd();
     void export_untitled_proposesTheCutMarker();
-    void export_unwritableTarget_saysNothing();
+    void export_unwritableTarget_saysWhy();
     void import_csd_replacesBothTexts();
     void import_modified_asksForEachHalf();
     void import_noScore_leavesTheNewOrchestra();
@@ -220,11 +220,13 @@ void tst_ProjectHalves::export_untitled_proposesTheCutMarker()
     QCOMPARE(m->dialogs.fileQuestions.back().proposedName, QStringLiteral("[Untit.csd"));
 }
 
-void tst_ProjectHalves::export_unwritableTarget_saysNothing()
+void tst_ProjectHalves::export_unwritableTarget_saysWhy()
 {
     m->showPair("o", "s");
     QVERIFY(QDir(m->folder.path()).mkdir(QStringLiteral("x.csd")));
     m->dialogs.expectSave(ExportTitle, m->path(QStringLiteral("x.csd")));
+    m->expectMessage(QStringLiteral("The file \"%1\" was not saved: it is a folder.")
+                         .arg(m->path(QStringLiteral("x.csd"))));
     m->trigger("menuFileConvertToCSD");
     QCOMPARE(m->orchestra->Text() + m->score->Text(), QStringLiteral("os"));
 }

@@ -4,6 +4,7 @@
 #include "documents/ui/FormCSD.h"
 #include "documents/ui/FormORCSCO.h"
 #include "language/editor/LEditOCX.h"
+#include "platform/FileFailure.h"
 #include "support/FileBytes.h"
 #include "support/TestMain.h"
 #include "support/TestProgram.h"
@@ -26,6 +27,9 @@ namespace {
 
 const QByteArray OldText =
     "; old\r\n<CsInstruments>\r\n</CsInstruments>\r\n<CsScore>\r\n</CsScore>\r\n";
+
+/// What finds no room where the old text stands: a disk gives it in pages.
+const QString LongText = QStringLiteral("; new text\r\n").repeated(1000);
 
 bool put(const char *path, const QByteArray &bytes)
 {
@@ -56,6 +60,7 @@ private slots:
     void cleanup();
 
     void save_csd_keepsTheFileAndTheChange();
+    void save_csdThatFits_isWrittenInPlace();
     void save_project_keepsBothFiles();
     void export_existingFiles_areKept();
     void leave_settingsStayWhole();
@@ -65,6 +70,11 @@ private:
     void write(const char *name, const QByteArray &bytes = OldText) const;
     /// Takes every free byte of the disk, and gives them back.
     void fill() const;
+    void expectFull(const char *name) const
+    {
+        m_program->dialogs.expect(
+            {QStringLiteral("The file \"%1\" was not saved: the disk is full.").arg(path(name))});
+    }
     void freeAgain() const { QFile::remove(path("ballast")); }
     template <typename Window>
     void show()
@@ -130,10 +140,11 @@ void tst_FullDisk::save_csd_keepsTheFileAndTheChange()
     write("piece.csd");
     m_program->config.CSDFileName = path("piece.csd");
     show<FormCSD>();
-    editor("LEDIT1")->SetSelText("; new\r\n");
+    editor("LEDIT1")->SetSelText(LongText);
     trigger("menuToolsBookmark");
     fill();
     const QStringList before = files();
+    expectFull("piece.csd"); // and nothing more of the bookmarks
     trigger("menuFileSalvaOrchestra");
     QCOMPARE(bytesOf(path("piece.csd")), OldText);
     QVERIFY(editor("LEDIT1")->GetState(2));
@@ -141,9 +152,25 @@ void tst_FullDisk::save_csd_keepsTheFileAndTheChange()
 
     freeAgain();
     trigger("menuFileSalvaOrchestra");
-    QCOMPARE(bytesOf(path("piece.csd")), "; new\r\n" + OldText);
+    QCOMPARE(bytesOf(path("piece.csd")), LongText.toLatin1() + OldText);
     QVERIFY(!editor("LEDIT1")->GetState(2));
     QCOMPARE(bytesOf(path("piece.bkm")).size(), 15 * 40);
+}
+
+/// The old text finds a place on another disk for the while; new bookmarks find none.
+void tst_FullDisk::save_csdThatFits_isWrittenInPlace()
+{
+    write("piece.csd");
+    m_program->config.CSDFileName = path("piece.csd");
+    show<FormCSD>();
+    editor("LEDIT1")->SetSelText("; new\r\n");
+    trigger("menuToolsBookmark");
+    fill();
+    expectFull("piece.bkm");
+    trigger("menuFileSalvaOrchestra");
+    QCOMPARE(bytesOf(path("piece.csd")), "; new\r\n" + OldText);
+    QVERIFY(!editor("LEDIT1")->GetState(2));
+    QCOMPARE(files(), QStringList({"ballast", "piece.csd"}));
 }
 
 void tst_FullDisk::save_project_keepsBothFiles()
@@ -152,9 +179,11 @@ void tst_FullDisk::save_project_keepsBothFiles()
     write("piece.sco");
     m_program->config.OrchestraFileName = path("piece.orc");
     show<FormORCSCO>();
-    editor("LEDIT1")->SetSelText("; new\r\n");
-    editor("LEDIT2")->SetSelText("; newer\r\n");
+    editor("LEDIT1")->SetSelText(LongText);
+    editor("LEDIT2")->SetSelText(LongText);
     fill();
+    expectFull("piece.orc");
+    expectFull("piece.sco");
     trigger("menuFileSalvaProgetto");
     QCOMPARE(bytesOf(path("piece.orc")), OldText);
     QCOMPARE(bytesOf(path("piece.sco")), OldText);
@@ -164,13 +193,17 @@ void tst_FullDisk::save_project_keepsBothFiles()
 
 void tst_FullDisk::export_existingFiles_areKept()
 {
-    write("piece.csd");
+    const QByteArray part = LongText.toLatin1();
+    write("piece.csd",
+          "<CsInstruments>" + part + "</CsInstruments><CsScore>" + part + "</CsScore>");
     write("out.orc", "an older orchestra");
     write("out.sco", "an older score");
     m_program->config.CSDFileName = path("piece.csd");
     show<FormCSD>();
     fill();
     m_program->dialogs.expectSave("Save Orc/Sco As ... (*.ORC/*.SCO)", path("out.orc"));
+    expectFull("out.orc");
+    expectFull("out.sco");
     trigger("menuFileConvertToORCSCO");
     QCOMPARE(bytesOf(path("out.orc")), "an older orchestra");
     QCOMPARE(bytesOf(path("out.sco")), "an older score");
@@ -187,6 +220,7 @@ void tst_FullDisk::leave_settingsStayWhole()
     for (const int length : {10, 20'000}) {
         WriteRegistryString(settings, registry::SettingsKey, "WaveEditor", QString(length, u'w'));
         QCOMPARE(bytesOf(path("settings.ini")), before);
+        QCOMPARE(settings.writeFailure().kind, FileFailure::Kind::DiskFull);
     }
     SettingsStore again(path("settings.ini"));
     QCOMPARE(ReadRegistryString(again, registry::SettingsKey, "FileCSound"), "/usr/bin/csound");

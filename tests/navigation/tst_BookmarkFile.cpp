@@ -1,4 +1,6 @@
 #include "navigation/BookmarkFile.h"
+#include "platform/FileFailure.h"
+#include "support/Fifo.h"
 #include "support/TestMain.h"
 
 #include <QTemporaryDir>
@@ -19,6 +21,8 @@ private slots:
     void write_longText_isCutAtTwentyCharacters();
     void write_allFree_removesTheFile();
     void write_folderInItsPlace_harmsNothing();
+    void read_noRegularFile_isNotWaitedFor();
+    void write_failing_saysWhy();
     void read_whatWasWritten_givesItBack();
     void read_noFile_givesNothing();
     void read_cutOrForeignFile_neverFails_data();
@@ -122,6 +126,33 @@ void tst_BookmarkFile::write_folderInItsPlace_harmsNothing()
     QVERIFY(!writeBookmarkFile(folder, {}));
     QVERIFY(QFileInfo(folder).isDir());
     QVERIFY(!readBookmarkFile(folder));
+}
+
+void tst_BookmarkFile::read_noRegularFile_isNotWaitedFor()
+{
+    const QString path = m_folder.filePath(QStringLiteral("fifo.bkm"));
+    Fifo fifo(path);
+    QVERIFY(!readBookmarkFile(path));
+    QVERIFY(!fifo.wasWaitedFor());
+    const QString device = m_folder.filePath(QStringLiteral("device.bkm"));
+    QVERIFY(QFile::link(QStringLiteral("/dev/zero"), device));
+    QVERIFY(!readBookmarkFile(device));
+    const QString circle = m_folder.filePath(QStringLiteral("circle.bkm"));
+    QVERIFY(QFile::link(circle, circle));
+    QVERIFY(!readBookmarkFile(circle));
+}
+
+void tst_BookmarkFile::write_failing_saysWhy()
+{
+    BookmarkSet set;
+    set[0] = {QStringLiteral("-> a"), 1};
+    FileFailure why;
+    const QString gone = m_folder.filePath(QStringLiteral("gone/piece.bkm"));
+    QVERIFY(!writeBookmarkFile(gone, set, &why));
+    QCOMPARE(why.kind, FileFailure::Kind::NotThere);
+    why = {};
+    QVERIFY(!writeBookmarkFile(gone, {}, &why)); // nothing to write, nothing to remove
+    QCOMPARE(why, FileFailure());
 }
 
 void tst_BookmarkFile::read_whatWasWritten_givesItBack()

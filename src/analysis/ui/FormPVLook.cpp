@@ -2,6 +2,7 @@
 
 #include "app/ConfigurationBlock.h"
 #include "platform/DocumentFile.h"
+#include "platform/FileFailure.h"
 
 #include <QBoxLayout>
 #include <QFile>
@@ -68,8 +69,10 @@ void FormPVLook::saveListing()
     if (!path)
         return;
     DocumentForm form = m_form;
-    // A save that fails is not told; the listing stays where it is.
-    (void)writeDocumentFile(*path, encodeDocument(withLineEnds(text.toUtf8(), form.lineEnd), form));
+    FileFailure why;
+    if (!writeDocumentFile(*path, encodeDocument(withLineEnds(text.toUtf8(), form.lineEnd), form),
+                           &why))
+        context().dialogs.message({notSavedText(*path, why)});
 }
 
 } // namespace ardiphon

@@ -4,6 +4,7 @@
 #include "compile/ui/CompileContext.h"
 #include "compile/ui/FlagCombo.h"
 #include "language/HelpWord.h"
+#include "platform/FileFailure.h"
 
 #include <QPushButton>
 
@@ -80,7 +81,12 @@ void FlagList::load()
     Flags->setCurrentIndex(0);
 }
 
-void FlagList::save() const { writeFlagFile(m_path, m_kind.layout, Flags->items()); }
+void FlagList::save() const
+{
+    FileFailure why;
+    if (!writeFlagFile(m_path, m_kind.layout, Flags->items(), &why))
+        m_dialogs.message({notSavedText(m_path, why)});
+}
 
 void FlagList::addFlag()
 {

@@ -135,8 +135,8 @@ void CsdDocument::ExportToProject()
                                    proposedName(fileName(), QStringLiteral(".orc")));
     if (!path)
         return;
-    writeTextFile(*path, *orchestra);
-    writeTextFile(pathWithExtension(*path, ScoreHalf.extension), *score);
+    writeTextFile(*path, *orchestra, program().dialogs);
+    writeTextFile(pathWithExtension(*path, ScoreHalf.extension), *score, program().dialogs);
 }
 
 void CsdDocument::ImportProject()
@@ -153,9 +153,9 @@ void CsdDocument::ImportProject()
         program().dialogs.message({missingScoreText(scorePath)});
         return;
     }
-    const auto orchestra = readTextFile(*path);
-    const auto score = readTextFile(*partner);
-    if (!orchestra || !score)
+    const auto orchestra = readTextFile(*path, program().dialogs);
+    const auto score = orchestra ? readTextFile(*partner, program().dialogs) : std::nullopt;
+    if (!score)
         return;
     editor().SetText(csdText(*orchestra, *score));
     rename(Untitled);

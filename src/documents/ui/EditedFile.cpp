@@ -8,6 +8,7 @@
 #include "language/editor/LEditOCX.h"
 #include "navigation/ui/Bookmarks.h"
 #include "platform/FileAttributes.h"
+#include "platform/FileFailure.h"
 
 namespace ardiphon {
 
@@ -64,14 +65,18 @@ SaveResult EditedFile::saveTo(const QString &path)
     return write();
 }
 
-/// A save that failed leaves the text modified, so that no later question forgets it.
+/// A save that failed says why, and leaves the text modified, so that no later question forgets it.
 SaveResult EditedFile::write()
 {
-    const bool written = m_editor.SaveFile(m_fileName);
-    m_bookmarks.saveIfChanged(m_fileName);
+    FileFailure why;
+    const bool written = m_editor.SaveFile(m_fileName, &why);
+    m_bookmarks.saveIfChanged(m_fileName,
+                              written ? SideFileFailure::IsTold : SideFileFailure::GoesWithTheFile);
     if (written) {
         clearModified();
         m_stamp = FileStamp::of(m_fileName);
+    } else {
+        m_program.dialogs.message({notSavedText(m_fileName, why)});
     }
     emit titleDue();
     return written ? SaveResult::Saved : SaveResult::Failed;
@@ -90,7 +95,10 @@ void EditedFile::load(const QString &path)
 {
     m_fileName = path;
     m_editor.ClearDocument();
-    m_editor.LoadFile(path);
+    FileFailure why;
+    // A name without a file is that of a document to be.
+    if (!m_editor.LoadFile(path, &why) && why.kind != FileFailure::Kind::NotThere)
+        m_program.dialogs.message({notOpenedText(path, why)});
     ClearFileAttributes(path);
     m_stamp = FileStamp::of(path);
     m_bookmarks.clear();

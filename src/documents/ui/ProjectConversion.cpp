@@ -37,7 +37,7 @@ void ProjectDocument::ExportToCsd()
                                    proposedName(m_orchestra.fileName(), QStringLiteral(".csd")));
     if (!path)
         return;
-    writeTextFile(*path, csdText(orchestra, score));
+    writeTextFile(*path, csdText(orchestra, score), m_program.dialogs);
     m_orchestra.editor().setFocus();
 }
 
@@ -52,7 +52,7 @@ void ProjectDocument::ImportCsd()
         m_files.open(QStringLiteral("Open CSound Unified File Format (*.CSD)"), CsdFilter);
     if (!path)
         return;
-    const QString csd = readTextFile(*path).value_or(QString());
+    const QString csd = readTextFile(*path, m_program.dialogs).value_or(QString());
     const auto orchestra = orchestraOfCsd(csd);
     if (orchestra)
         replaceText(m_orchestra, *orchestra, *path, config().FontSize);

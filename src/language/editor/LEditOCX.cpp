@@ -4,6 +4,7 @@
 #include "language/Utf8.h"
 #include "language/editor/LEditOCXPrivate.h"
 #include "platform/DocumentFile.h"
+#include "platform/FileFailure.h"
 
 #include <QFileInfo>
 #include <QVBoxLayout>
@@ -114,9 +115,9 @@ int LEditOCX::LineLength(int line) const
 
 void LEditOCX::ClearDocument() { d->replaceDocument({}); }
 
-bool LEditOCX::LoadFile(const QString &path)
+bool LEditOCX::LoadFile(const QString &path, FileFailure *why)
 {
-    auto bytes = readDocumentFile(path);
+    auto bytes = readDocumentFile(path, why);
     const bool read = bytes.has_value();
     d->replaceDocument(read ? decodeDocument(*std::move(bytes)) : DocumentText());
     if (!read)
@@ -124,13 +125,16 @@ bool LEditOCX::LoadFile(const QString &path)
     return read;
 }
 
-bool LEditOCX::SaveFile(const QString &path)
+bool LEditOCX::SaveFile(const QString &path, FileFailure *why)
 {
-    if (!d->unreadFile.isEmpty() && canonical(path) == d->unreadFile)
+    if (!d->unreadFile.isEmpty() && canonical(path) == d->unreadFile) {
+        if (why)
+            *why = {FileFailure::Kind::NotRead};
         return false;
+    }
     DocumentForm form = d->form;
     const QByteArray utf8 = d->text.bytes(0, d->text.size()).toByteArray();
-    if (!writeDocumentFile(path, encodeDocument(utf8, form)))
+    if (!writeDocumentFile(path, encodeDocument(utf8, form), why))
         return false;
     d->form = form;
     return true;

@@ -11,6 +11,8 @@
 
 namespace ardiphon {
 
+struct FileFailure;
+
 /// A key going down in the editor. A handler may set `KeyCode` to 0 to swallow the key.
 struct EditorKey
 {
@@ -69,12 +71,14 @@ public:
     /// Empties the document; it has no file, no history and is not modified. No bookmark slot
     /// moves.
     void ClearDocument();
-    /// Reads \a path into the document. False when it could not be read: the document is empty
-    /// then, and a SaveFile to that same path is refused as long as the file exists.
-    bool LoadFile(const QString &path);
+    /// Reads \a path into the document. False, with the reason in \a why, when it could not be
+    /// read: the document is empty then, and a SaveFile to that same path is refused as long as the
+    /// file exists.
+    bool LoadFile(const QString &path, FileFailure *why = nullptr);
     /// Writes the document to \a path, wholly or not at all. A file that was loaded and not changed
-    /// is written byte for byte as it was. False when nothing was written.
-    bool SaveFile(const QString &path);
+    /// is written byte for byte as it was. False, with the reason in \a why, when nothing was
+    /// written.
+    bool SaveFile(const QString &path, FileFailure *why = nullptr);
 
     /// \a flag TextState: whether the text was modified since the state was last cleared. Else
     /// false.

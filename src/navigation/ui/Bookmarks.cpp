@@ -2,8 +2,11 @@
 
 #include "language/editor/LEditOCX.h"
 #include "platform/Dialogs.h"
+#include "platform/FileFailure.h"
 
 #include <QTreeWidget>
+
+#include <utility>
 
 namespace ardiphon {
 
@@ -121,7 +124,7 @@ QString Bookmarks::sideFileOf(const QString &documentName) const
     return path == documentName ? QString() : path;
 }
 
-void Bookmarks::save(const QString &documentName)
+void Bookmarks::save(const QString &documentName, SideFileFailure failure)
 {
     const QString path = sideFileOf(documentName);
     if (path.isEmpty())
@@ -129,14 +132,20 @@ void Bookmarks::save(const QString &documentName)
     BookmarkSet bookmarks;
     for (int slot = 1; slot <= BookmarkSlots; ++slot)
         bookmarks[std::size_t(slot - 1)] = {textOf(slot), m_editor.GetBookmarkLine(slot)};
-    if (writeBookmarkFile(path, bookmarks))
+    FileFailure why;
+    if (writeBookmarkFile(path, bookmarks, &why))
         m_changed = false;
+    if (why.kind == FileFailure::Kind::None)
+        m_toldOf.clear();
+    else if (m_changed && failure == SideFileFailure::IsTold &&
+             std::exchange(m_toldOf, path) != path)
+        m_dialogs.message({notSavedText(path, why)});
 }
 
-void Bookmarks::saveIfChanged(const QString &documentName)
+void Bookmarks::saveIfChanged(const QString &documentName, SideFileFailure failure)
 {
     if (m_changed)
-        save(documentName);
+        save(documentName, failure);
 }
 
 void Bookmarks::load(const QString &documentName)

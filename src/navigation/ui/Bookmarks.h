@@ -11,6 +11,10 @@ namespace ardiphon {
 class Dialogs;
 class LEditOCX;
 
+/// Whether the user is told when the side file cannot be written: not where it fails with the file
+/// beside it, which tells already.
+enum class SideFileFailure { IsTold, GoesWithTheFile };
+
 /// The bookmarks of one document: the editor holds and draws their lines, a tree shows their texts,
 /// one node a slot, and a side file keeps them.
 class Bookmarks : public QObject
@@ -31,9 +35,11 @@ public:
 
     /// Empties the slots; neither the side file nor the changed flag follows.
     void clear();
-    /// Writes the side file of the document of that name. Nothing for one without a file.
-    void save(const QString &documentName);
-    void saveIfChanged(const QString &documentName);
+    /// Writes the side file of the document of that name. Nothing for one without a file. That it
+    /// could not take changed bookmarks is told once for each document.
+    void save(const QString &documentName, SideFileFailure failure = SideFileFailure::IsTold);
+    void saveIfChanged(const QString &documentName,
+                       SideFileFailure failure = SideFileFailure::IsTold);
     /// Clears the changed flag: the side file is not due.
     void countAsUnchanged() { m_changed = false; }
     /// Takes the slots from the side file, if there is one, and then clears the changed flag.
@@ -58,6 +64,7 @@ private:
     bool &m_changed;
     const QString m_extension;
     Dialogs &m_dialogs;
+    QString m_toldOf; ///< the side file that could not be written, as the user was told
 };
 
 } // namespace ardiphon
