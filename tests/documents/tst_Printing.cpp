@@ -3,6 +3,7 @@
 #include "platform/ui/Printer.h"
 #include "printing/ui/FormImpostaMargini.h"
 #include "support/EditorInput.h"
+#include "support/FailingPrinter.h"
 #include "support/PrintedPdf.h"
 #include "support/TestMain.h"
 
@@ -59,6 +60,7 @@ private slots:
     void score_isPrintedInTheOrchestrasSize();
     void untitledHalves_havePlaceholders();
     void project_printerThatFails_endsSilently();
+    void project_printerThatFailsInMidJob_printsNoScore();
 
 private:
     void showCsd(const QByteArray &text);
@@ -401,6 +403,19 @@ void tst_Printing::project_printerThatFails_endsSilently()
     QTest::ignoreMessage(QtWarningMsg, qPrintable(refusal));
     QTest::failOnWarning(QRegularExpression(QRegularExpression::escape(refusal)));
     m->trigger("menuFileStampaProgetto");
+}
+
+void tst_Printing::project_printerThatFailsInMidJob_printsNoScore()
+{
+    m->showPair(QByteArray("line\n").repeated(1000));
+    int asked = 0;
+    auto failing = std::make_unique<FailingPrinter>(m_pdf->path(), 2, QPrinter::Active, asked);
+    m->dialogs.expectPrinter(false,
+                             PrintChoice{std::make_shared<Printer>(std::move(failing)), false});
+    m->trigger("menuFileStampaProgetto");
+    QCOMPARE(m_pdf->headers(), QStringList({QStringLiteral("piece.orc - Page 1"),
+                                            QStringLiteral("piece.orc - Page 2")}));
+    QCOMPARE(asked, 2); // and not once more for the score
 }
 
 void tst_Printing::untitledHalves_havePlaceholders()

@@ -1,6 +1,7 @@
 #include "platform/ui/Printer.h"
 #include "printing/ui/PageFormatter.h"
 #include "printing/ui/PrintModule.h"
+#include "support/FailingPrinter.h"
 #include "support/PrintedPdf.h"
 #include "support/TestMain.h"
 
@@ -46,6 +47,8 @@ private slots:
     void marginsWithoutRoom_printNothing();
     void lineTallerThanThePage_isPrintedAllTheSame();
     void printerThatFails_endsSilently();
+    void printerThatFailsInMidJob_isAskedForNothingMore_data();
+    void printerThatFailsInMidJob_isAskedForNothingMore();
 
 private:
     void print(const QString &text, QPageSize::PageSizeId paper = QPageSize::A4,
@@ -382,6 +385,31 @@ void tst_PrintModule::printerThatFails_endsSilently()
     Printer printer(std::move(broken));
     QTest::ignoreMessage(QtWarningMsg, "QPainter::begin(): Returned false");
     PrintRichText(printer, box(lines(200)), Margins, QStringLiteral("piece.csd"));
+}
+
+void tst_PrintModule::printerThatFailsInMidJob_isAskedForNothingMore_data()
+{
+    QTest::addColumn<int>("state");
+    QTest::addColumn<int>("asked");
+    // One that tells of its trouble is not even asked for the page.
+    QTest::newRow("error") << int(QPrinter::Error) << 1;
+    QTest::newRow("aborted") << int(QPrinter::Aborted) << 1;
+    QTest::newRow("page refused") << int(QPrinter::Active) << 2;
+}
+
+void tst_PrintModule::printerThatFailsInMidJob_isAskedForNothingMore()
+{
+    QFETCH(int, state);
+    int asked = 0;
+    {
+        Printer printer(std::make_unique<FailingPrinter>(m_pdf->path(), 2,
+                                                         QPrinter::PrinterState(state), asked));
+        PrintRichText(printer, box(lines(1000)), Margins, QStringLiteral("piece.csd"));
+        QVERIFY(printer.hasFailed());
+        QTEST(asked, "asked");
+    }
+    QCOMPARE(m_pdf->headers(),
+             QStringList({QStringLiteral("piece.csd - Page 1"), "piece.csd - Page 2"}));
 }
 
 ARDIPHON_TEST(tst_PrintModule, QApplication)
