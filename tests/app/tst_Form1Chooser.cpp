@@ -21,6 +21,7 @@ private slots:
     void controls_haveCaptionsAndTooltips();
     void picInfo_clicked_showsAbout();
     void recentFiles_showPathsAndDots();
+    void recentFile_nameThatIsNoText_opensNothing();
     void longPath_isElidedButWhole();
     void pictures_lookDifferentInEveryState();
     void picCSD_released_opensEmptyCsd();
@@ -84,6 +85,19 @@ void tst_Form1Chooser::picInfo_clicked_showsAbout()
     QTest::mouseClick(picture("picInfo"), Qt::LeftButton);
     QCOMPARE(m_shown, QStringList("FormAbout"));
     QVERIFY(m_form->isVisible());
+}
+
+void tst_Form1Chooser::recentFile_nameThatIsNoText_opensNothing()
+{
+    const QString path = QStringLiteral("/somewhere/caf\uFFFD.csd");
+    setRecent(1, path);
+    load();
+    m_dialogs->expect(
+        {QStringLiteral("The file \"%1\" cannot be opened: its name is not UTF-8.").arg(path)});
+    QTest::mouseClick(label(0), Qt::LeftButton);
+    QCOMPARE(m_shown, QStringList());
+    QVERIFY(m_form->isVisible());
+    QCOMPARE(m_dialogs->verify(), QString());
 }
 
 void tst_Form1Chooser::recentFiles_showPathsAndDots()

@@ -316,8 +316,13 @@ void tst_ProjectDocument::open_unreadableScore_isNotOverwritten()
     m->config.OrchestraFileName = m->write(QStringLiteral("piece.orc"), "o");
     const QString score = m->write(QStringLiteral("piece.sco"), "s");
     QVERIFY(QFile::setPermissions(score, QFile::WriteOwner));
+    m->expectMessage(
+        QStringLiteral("The file \"%1\" cannot be opened: permission is denied.").arg(score));
     m->show();
     m->type(m->score, QStringLiteral("x"));
+    m->expectMessage(QStringLiteral("The file \"%1\" was not saved: it could not be read, and what "
+                                    "it holds would be lost.")
+                         .arg(score));
     m->trigger("menuFileSalvaProgetto");
     QVERIFY(m->score->GetState(2));
     QVERIFY(QFile::setPermissions(score, QFile::ReadOwner));
@@ -439,6 +444,8 @@ void tst_ProjectDocument::save_failed_asksAgain()
     QVERIFY(QDir(m->folder.path()).mkdir(QStringLiteral("piece.sco")));
     m->expectQuestion(OpenProject, ProjectChanged, Answer::Yes);
     expectOverwrite(QStringLiteral("Save Score"), Answer::Yes);
+    m->expectMessage(QStringLiteral("The file \"%1\" was not saved: it is a folder.")
+                         .arg(m->path(QStringLiteral("piece.sco"))));
     m->expectQuestion(OpenProject, ProjectChanged, Answer::Cancel);
     m->trigger("menuFileApriProgetto");
     QCOMPARE(m->score->Text(), QStringLiteral("xs"));

@@ -47,9 +47,6 @@ private slots:
     void general_wheelLines_shown();
     void general_unknownStartup_staysAsItIs();
 
-    // Saving.
-    void save_thatFails_saysWhyAndCloses();
-
     // Associations.
     void association_buttons_doTheirActions();
 };
@@ -351,21 +348,6 @@ void tst_FormImpostazioni::general_unknownStartup_staysAsItIs()
     open();
     save();
     QCOMPARE(m_program->config.StartupAction, "LATER");
-}
-
-// Saving. -----------------------------------------------------------------------------------------
-
-void tst_FormImpostazioni::save_thatFails_saysWhyAndCloses()
-{
-    open();
-    const QString path = m_program->path("settings.ini");
-    QFile::remove(path);
-    QVERIFY(QDir().mkdir(path));
-    m_program->dialogs.expect(
-        {QStringLiteral("The file \"%1\" was not saved: it is a folder.").arg(path)});
-    save();
-    QVERIFY(!m_window->isVisible());
-    QCOMPARE(m_program->dialogs.verify(), QString());
 }
 
 // Associations. -----------------------------------------------------------------------------------

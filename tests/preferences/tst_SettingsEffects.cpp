@@ -80,8 +80,8 @@ private slots:
     void save_paths_areTrimmed();
     void save_otherSpelling_isReplaced();
     void save_fileChangedMeanwhile_keepsTheOtherValues();
-    void save_fileIsAFolder_closesWithoutHarm();
-    void save_nothingCanBeWritten_keepsTheOldFile();
+    void save_fileIsAFolder_saysSoAndCloses();
+    void save_nothingCanBeWritten_saysSoAndKeepsTheOldFile();
     void escape_afterChanges_savesNothing();
     void close_sizesTyped_areForgotten();
 };
@@ -402,18 +402,20 @@ void tst_SettingsEffects::save_fileChangedMeanwhile_keepsTheOtherValues()
     QCOMPARE(stored(registry::SettingsKey, "TabSize"), "8");
 }
 
-void tst_SettingsEffects::save_fileIsAFolder_closesWithoutHarm()
+void tst_SettingsEffects::save_fileIsAFolder_saysSoAndCloses()
 {
     open();
     QVERIFY(QDir().mkpath(m_program->path("settings.ini/inside")));
     type("textTabSize", "4");
+    m_program->dialogs.expect({QStringLiteral("The file \"%1\" was not saved: it is a folder.")
+                                   .arg(m_program->path("settings.ini"))});
     save();
     QVERIFY(!m_window->isVisible());
     QVERIFY(QDir(m_program->path("settings.ini/inside")).exists());
     QCOMPARE(m_program->config.TabSize, "4"); // for the rest of the run
 }
 
-void tst_SettingsEffects::save_nothingCanBeWritten_keepsTheOldFile()
+void tst_SettingsEffects::save_nothingCanBeWritten_saysSoAndKeepsTheOldFile()
 {
     WriteRegistryString(m_program->settings, registry::SettingsKey, "TabSize", "17");
     const QByteArray before = m_program->read("settings.ini");
@@ -423,6 +425,9 @@ void tst_SettingsEffects::save_nothingCanBeWritten_keepsTheOldFile()
     const QString away = folder + ".away";
     QVERIFY(QDir().rename(folder, away));
     QVERIFY(QFile(folder).open(QIODevice::WriteOnly));
+    m_program->dialogs.expect(
+        {QStringLiteral("The file \"%1\" was not saved: its folder does not exist.")
+             .arg(m_program->path("settings.ini"))});
     save();
     QVERIFY(!m_window->isVisible());
     QCOMPARE(m_program->config.TabSize, "8"); // for the rest of the run

@@ -7,6 +7,7 @@
 #include "app/ui/PictureButton.h"
 #include "app/ui/TitleStrip.h"
 #include "platform/Dialogs.h"
+#include "platform/FileName.h"
 #include "platform/ProgramFolder.h"
 #include "platform/Twips.h"
 
@@ -201,7 +202,13 @@ void Form1::browse()
     openFile(*path);
 }
 
-void Form1::openFile(const QString &path) { openEditor(nameDocument(m_config, path)); }
+void Form1::openFile(const QString &path)
+{
+    if (isBrokenName(path))
+        m_dialogs.message({brokenNameText(path)});
+    else
+        openEditor(nameDocument(m_config, path));
+}
 
 void Form1::openEditor(StartWindow window)
 {
