@@ -5,6 +5,7 @@
 #include "platform/DocumentFile.h"
 #include "support/Fifo.h"
 #include "support/FileDrop.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 
@@ -321,5 +322,5 @@ void tst_FailedFiles::project_nameThatIsNoText_opensNothing()
     QCOMPARE(project.config.OrchestraFileName, project.path(QStringLiteral("piece.orc")));
 }
 
-QTEST_MAIN(tst_FailedFiles)
+ARDIPHON_TEST(tst_FailedFiles, QApplication)
 #include "tst_FailedFiles.moc"

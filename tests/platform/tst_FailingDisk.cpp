@@ -3,6 +3,7 @@
 
 #include "platform/DocumentFile.h"
 #include "platform/FileFailure.h"
+#include "support/TestMain.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -312,5 +313,5 @@ void tst_FailingDisk::inPlace_noCopyCanBeMade_leavesTheFileAlone()
     QCOMPARE(m_why.kind, FileFailure::Kind::DiskFull);
 }
 
-QTEST_GUILESS_MAIN(tst_FailingDisk)
+ARDIPHON_TEST(tst_FailingDisk, QCoreApplication)
 #include "tst_FailingDisk.moc"

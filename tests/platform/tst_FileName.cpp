@@ -1,4 +1,5 @@
 #include "platform/FileName.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 #include <QFile>
@@ -69,5 +70,5 @@ void tst_FileName::broken_replacedCharacters_unlessThereIsSuchAFile()
              QStringLiteral("The file \"/a.csd\" cannot be opened: its name is not UTF-8."));
 }
 
-QTEST_GUILESS_MAIN(tst_FileName)
+ARDIPHON_TEST(tst_FileName, QCoreApplication)
 #include "tst_FileName.moc"
