@@ -14,6 +14,8 @@ public:
     /// The stamp of the file at \a path as it is now.
     static FileStamp of(const QString &path);
 
+    /// Whether there was a file when this stamp was taken.
+    bool isOfAFile() const { return m_size >= 0; }
     /// Whether there is a file at \a path, and not as it was when this stamp was taken.
     bool isOutdated(const QString &path) const;
 

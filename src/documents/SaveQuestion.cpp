@@ -13,7 +13,10 @@ Answer askToSave(Dialogs &dialogs, const Message &question, const std::function<
 {
     while (isModified()) {
         const Answer answer = dialogs.message(question);
-        if (answer != Answer::Yes || save() != SaveResult::Failed)
+        if (answer != Answer::Yes)
+            return answer;
+        const SaveResult result = save();
+        if (result == SaveResult::Saved || result == SaveResult::Cancelled)
             return answer;
     }
     return Answer::Yes;

@@ -12,8 +12,8 @@ namespace ardiphon {
 class Printer;
 
 enum class MessageIcon { None, Information, Exclamation, Critical, Question };
-enum class MessageButtons { Ok, YesNo, YesNoCancel, OkCancel };
-enum class Answer { Ok, Yes, No, Cancel };
+enum class MessageButtons { Ok, YesNo, YesNoCancel, OkCancel, YesNoSaveAs };
+enum class Answer { Ok, Yes, No, Cancel, SaveAs };
 
 /// The title of a message box that has none of its own.
 inline const QString ProgramTitle = QStringLiteral("ArdiphonPro");
@@ -33,7 +33,8 @@ struct FileQuestion
     QString title;
     QString filter;    ///< pairs "description|patterns", joined by "|", patterns joined by ";"
     QString directory; ///< the folder to begin in; "" leaves it to the platform
-    QString proposedName = {}; ///< what the field of the file name holds at first
+    QString proposedName = {}; ///< what the field of the file name holds at first; a path begins in
+                               ///< its folder
 };
 
 /// What a print dialog shows.

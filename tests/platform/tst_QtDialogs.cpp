@@ -37,6 +37,7 @@ private slots:
     void message_markup_isShownAsItStands();
     void message_button_givesItsAnswer_data();
     void message_button_givesItsAnswer();
+    void message_saveAs_isAThirdButton();
     void message_closedWithoutChoice_givesTheMildestAnswer_data();
     void message_closedWithoutChoice_givesTheMildestAnswer();
     void message_liesOverTheActiveWindow();
@@ -50,6 +51,7 @@ private slots:
     void saveFile_newName_addsNoExtension();
     void saveFile_existing_asksBeforeOverwriting();
     void saveFile_proposedName_standsInTheField();
+    void saveFile_proposedPath_beginsInItsFolder();
     void saveFile_cancelled_isEmpty();
     void chosenFile_folder_becomesTheCurrentOne();
     void choosePrinter_withSelection_offersIt();
@@ -176,6 +178,8 @@ void tst_QtDialogs::message_button_givesItsAnswer_data()
     row("no of three", MessageButtons::YesNoCancel, QMessageBox::No, Answer::No, 3);
     row("ok of two", MessageButtons::OkCancel, QMessageBox::Ok, Answer::Ok, 2);
     row("cancel of two", MessageButtons::OkCancel, QMessageBox::Cancel, Answer::Cancel, 2);
+    row("yes beside save as", MessageButtons::YesNoSaveAs, QMessageBox::Yes, Answer::Yes, 3);
+    row("no beside save as", MessageButtons::YesNoSaveAs, QMessageBox::No, Answer::No, 3);
     row("cancel", MessageButtons::YesNoCancel, QMessageBox::Cancel, Answer::Cancel, 3);
 }
 
@@ -192,6 +196,17 @@ void tst_QtDialogs::message_button_givesItsAnswer()
     QTEST(m_dialogs.message({"text", "title", MessageIcon::None, buttons}), "answer");
 }
 
+void tst_QtDialogs::message_saveAs_isAThirdButton()
+{
+    whenShown<QMessageBox>([](QMessageBox *box) {
+        for (QAbstractButton *button : box->buttons())
+            if (button->text() == "Save &As ...")
+                QTest::mouseClick(button, Qt::LeftButton);
+    });
+    QCOMPARE(m_dialogs.message({"text", "title", MessageIcon::None, MessageButtons::YesNoSaveAs}),
+             Answer::SaveAs);
+}
+
 void tst_QtDialogs::message_closedWithoutChoice_givesTheMildestAnswer_data()
 {
     QTest::addColumn<MessageButtons>("buttons");
@@ -201,6 +216,7 @@ void tst_QtDialogs::message_closedWithoutChoice_givesTheMildestAnswer_data()
     QTest::newRow("yes or no") << MessageButtons::YesNo << Answer::No;
     QTest::newRow("ok or cancel") << MessageButtons::OkCancel << Answer::Cancel;
     QTest::newRow("with cancel") << MessageButtons::YesNoCancel << Answer::Cancel;
+    QTest::newRow("with save as") << MessageButtons::YesNoSaveAs << Answer::No;
 }
 
 void tst_QtDialogs::message_closedWithoutChoice_givesTheMildestAnswer()
@@ -360,6 +376,18 @@ void tst_QtDialogs::saveFile_proposedName_standsInTheField()
         QTest::keyClick(dialog, Qt::Key_Return);
     });
     QCOMPARE(m_dialogs.saveFile(proposing), m_folder->filePath("[Untit.orc"));
+}
+
+void tst_QtDialogs::saveFile_proposedPath_beginsInItsFolder()
+{
+    QVERIFY(QDir(m_folder->path()).mkdir("waves"));
+    FileQuestion proposing = question();
+    proposing.proposedName = m_folder->filePath("waves/piece.orc");
+    whenShown<QFileDialog>([](QFileDialog *dialog) {
+        QCOMPARE(dialog->findChild<QLineEdit *>("fileNameEdit")->text(), "piece.orc");
+        QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    QCOMPARE(m_dialogs.saveFile(proposing), proposing.proposedName);
 }
 
 void tst_QtDialogs::saveFile_cancelled_isEmpty()

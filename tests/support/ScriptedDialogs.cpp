@@ -8,7 +8,7 @@ QString describe(const Message &message)
 {
     static const char *const icons[] = {"none", "information", "exclamation", "critical",
                                         "question"};
-    static const char *const buttons[] = {"Ok", "YesNo", "YesNoCancel", "OkCancel"};
+    static const char *const buttons[] = {"Ok", "YesNo", "YesNoCancel", "OkCancel", "YesNoSaveAs"};
     return QStringLiteral("message [%1] \"%2\" icon %3 buttons %4")
         .arg(message.title, message.text, QLatin1String(icons[int(message.icon)]),
              QLatin1String(buttons[int(message.buttons)]));

@@ -36,17 +36,27 @@ SaveResult EditedFile::save()
 {
     if (!hasFile())
         return saveAs();
-    return mayOverwrite() ? write() : SaveResult::Cancelled;
+    switch (askToOverwrite()) {
+    case Answer::Yes:
+        return write();
+    case Answer::SaveAs: // whoever gives no other name then still wanted the text saved
+        return saveAs() == SaveResult::Saved ? SaveResult::Saved : SaveResult::Refused;
+    default:
+        return SaveResult::Refused;
+    }
 }
 
-bool EditedFile::mayOverwrite()
+/// Yes where there is nothing to lose.
+Answer EditedFile::askToOverwrite()
 {
     if (!m_stamp.isOutdated(m_fileName))
-        return true;
-    return m_program.dialogs.message({QStringLiteral("File has been changed by another program!\r\n"
-                                                     "Do you want to overwrite it?"),
+        return Answer::Yes;
+    const QString what = m_isOverAnother
+                             ? QStringLiteral("File already exists!")
+                             : QStringLiteral("File has been changed by another program!");
+    return m_program.dialogs.message({what + QStringLiteral("\r\nDo you want to overwrite it?"),
                                       m_texts.overwriteTitle, MessageIcon::Exclamation,
-                                      MessageButtons::YesNo}) == Answer::Yes;
+                                      MessageButtons::YesNoSaveAs});
 }
 
 SaveResult EditedFile::saveAs()
@@ -61,22 +71,30 @@ SaveResult EditedFile::saveAs()
 
 SaveResult EditedFile::saveTo(const QString &path)
 {
-    m_fileName = path;
+    if (path != m_fileName) {
+        m_fileName = path;
+        m_stamp = {};
+        m_isOverAnother = true;
+    }
     return write();
 }
 
-/// A save that failed says why, and leaves the text modified, so that no later question forgets it.
+/// A save that failed says why, and leaves the text modified, so that no later question forgets it;
+/// but the file that it met was given up, so it is not asked for again.
 SaveResult EditedFile::write()
 {
     FileFailure why;
     const bool written = m_editor.SaveFile(m_fileName, &why);
     m_bookmarks.saveIfChanged(m_fileName,
                               written ? SideFileFailure::IsTold : SideFileFailure::GoesWithTheFile);
-    if (written) {
+    if (written)
         clearModified();
-        m_stamp = FileStamp::of(m_fileName);
-    } else {
+    else
         m_program.dialogs.message({notSavedText(m_fileName, why)});
+    const FileStamp stamp = FileStamp::of(m_fileName);
+    if (written || stamp.isOfAFile()) {
+        m_stamp = stamp;
+        m_isOverAnother = false;
     }
     emit titleDue();
     return written ? SaveResult::Saved : SaveResult::Failed;
@@ -101,6 +119,7 @@ void EditedFile::load(const QString &path)
         m_program.dialogs.message({notOpenedText(path, why)});
     ClearFileAttributes(path);
     m_stamp = FileStamp::of(path);
+    m_isOverAnother = false;
     m_bookmarks.clear();
     clearModified();
     m_editor.ResetUndo();
@@ -124,6 +143,7 @@ void EditedFile::rename(const QString &name)
 {
     m_fileName = name;
     m_stamp = {};
+    m_isOverAnother = FileStamp::of(name).isOfAFile();
     emit titleDue();
 }
 

@@ -17,7 +17,7 @@ class LEditOCX;
 /// The texts of one document's dialogs.
 struct FileTexts
 {
-    QString overwriteTitle; ///< of the question before another program's changes are lost
+    QString overwriteTitle; ///< of the question before a file is lost that is not as it was here
     QString saveAsTitle;
     QString saveAsFilter;
     QString missingFile; ///< what is said where properties are asked for and there is no name
@@ -56,7 +56,7 @@ public:
     void load(const QString &path);
     /// Empties the document, which goes by \a name from now on.
     void beginEmpty(const QString &name);
-    /// Gives the document the name of a file that was neither read nor written here.
+    /// Gives the document a name whose file, if there is one, was neither read nor written here.
     void rename(const QString &name);
     void saveBookmarksIfChanged();
 
@@ -83,7 +83,7 @@ protected:
 
 private:
     SaveResult write();
-    bool mayOverwrite();
+    Answer askToOverwrite();
 
     LEditOCX &m_editor;
     Bookmarks &m_bookmarks;
@@ -91,7 +91,8 @@ private:
     const FileTexts m_texts;
     ProgramContext &m_program;
     FileChooser &m_files;
-    FileStamp m_stamp; ///< of the file as it was loaded or saved here
+    FileStamp m_stamp;            ///< of the file as it was loaded or saved here
+    bool m_isOverAnother = false; ///< a file may have had this name before the document
 };
 
 } // namespace ardiphon

@@ -29,8 +29,10 @@ SaveResult saveIfDue(HalfDocument &half)
 
 SaveResult resultOf(SaveResult first, SaveResult second)
 {
-    const bool failed = first == SaveResult::Failed || second == SaveResult::Failed;
-    return failed ? SaveResult::Failed : SaveResult::Saved;
+    for (const SaveResult result : {SaveResult::Failed, SaveResult::Refused})
+        if (first == result || second == result)
+            return result;
+    return SaveResult::Saved;
 }
 
 } // namespace

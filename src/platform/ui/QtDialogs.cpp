@@ -21,6 +21,8 @@ namespace ardiphon {
 
 namespace {
 
+const QString SaveAsCaption = QStringLiteral("Save &As ...");
+
 QWidget *activeOwner()
 {
     QWidget *const modal = QApplication::activeModalWidget();
@@ -48,6 +50,7 @@ QMessageBox::StandardButtons buttonsOf(MessageButtons buttons)
 {
     switch (buttons) {
     case MessageButtons::YesNo:
+    case MessageButtons::YesNoSaveAs: // whose third button is made by hand
         return QMessageBox::Yes | QMessageBox::No;
     case MessageButtons::YesNoCancel:
         return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
@@ -64,6 +67,7 @@ QMessageBox::StandardButton escapeButtonOf(MessageButtons buttons)
 {
     switch (buttons) {
     case MessageButtons::YesNo:
+    case MessageButtons::YesNoSaveAs:
         return QMessageBox::No;
     case MessageButtons::YesNoCancel:
     case MessageButtons::OkCancel:
@@ -154,7 +158,11 @@ Answer QtDialogs::message(const Message &message)
     box.setIcon(iconOf(message.icon));
     box.setStandardButtons(buttonsOf(message.buttons));
     box.setEscapeButton(escapeButtonOf(message.buttons));
-    return answerOf(box.exec());
+    const QAbstractButton *saveAs = message.buttons == MessageButtons::YesNoSaveAs
+                                        ? box.addButton(SaveAsCaption, QMessageBox::ActionRole)
+                                        : nullptr;
+    const int button = box.exec();
+    return saveAs && box.clickedButton() == saveAs ? Answer::SaveAs : answerOf(button);
 }
 
 std::optional<QString> QtDialogs::openFile(const FileQuestion &question)
