@@ -3,9 +3,12 @@
 #include "documents/DocumentRules.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 namespace ardiphon {
 
@@ -73,6 +76,15 @@ std::optional<QString> existingPartner(const QString &path)
         if (other.fileName().compare(exact.fileName(), Qt::CaseInsensitive) == 0)
             return other.filePath();
     return std::nullopt;
+}
+
+bool isOneFile(const QString &path, const QString &other)
+{
+    const auto native = [](const QString &name) {
+        return std::filesystem::path(QFile::encodeName(name).toStdString());
+    };
+    std::error_code thereIsNone;
+    return path == other || std::filesystem::equivalent(native(path), native(other), thereIsNone);
 }
 
 QString missingScoreText(const QString &scorePath)

@@ -39,6 +39,9 @@ QString pathWithEnding(const QString &path, const QString &ending);
 /// Nothing when there is neither; a folder is no file.
 std::optional<QString> existingPartner(const QString &path);
 
+/// Whether both paths lead to one file, by the same name, a link or otherwise.
+bool isOneFile(const QString &path, const QString &other);
+
 /// The message of a partner that is missing, without its title.
 QString missingScoreText(const QString &scorePath);
 

@@ -11,6 +11,7 @@ using namespace ardiphon;
 namespace {
 
 const QString SaveAsTitle = QStringLiteral("Save File As ...");
+const QString ExportTitle = QStringLiteral("Save Orc/Sco As ... (*.ORC/*.SCO)");
 const QString Changed = QStringLiteral("File has been changed by another program!");
 const QString Existing = QStringLiteral("File already exists!");
 
@@ -35,11 +36,19 @@ private slots:
     void saveAs_failedOverAFile_asksNoMore();
     void saveAs_failedWhereNoFileIs_tellsOfTheFileThatIsThereLater();
 
+    // A pair.
+    void export_newOrchestraOverAScore_asksFirst_data();
+    void export_newOrchestraOverAScore_asksFirst();
+    void export_existingOrchestra_asksNoMore();
+    void export_oneFileForBoth_isRefused();
+
 private:
     void expectOverwrite(Answer answer, const QString &what = Changed);
     void perform(const QByteArray &command);
     QByteArray onDisk() const { return m_program->read(QStringLiteral("piece.csd")); }
     void openChangedElsewhere();
+    void openCsd();
+    void expectReplace(Answer answer);
 };
 
 void tst_CsdOverwriting::expectOverwrite(Answer answer, const QString &what)
@@ -208,6 +217,76 @@ void tst_CsdOverwriting::saveAs_failedWhereNoFileIs_tellsOfTheFileThatIsThereLat
     expectOverwrite(Answer::No, Existing);
     trigger("menuFileSalvaOrchestra");
     QCOMPARE(m_program->read(QStringLiteral("away/other.csd")), QByteArray("of long ago"));
+}
+
+// A pair. -----------------------------------------------------------------------------------------
+
+void tst_CsdOverwriting::openCsd()
+{
+    open(m_program->write(QStringLiteral("piece.csd"), "<CsInstruments>o</CsInstruments>"
+                                                       "<CsScore>s</CsScore>"));
+}
+
+void tst_CsdOverwriting::expectReplace(Answer answer)
+{
+    m_program->dialogs.expect(
+        {QStringLiteral("parts.sco already exists.\r\nDo you want to replace it?"), ExportTitle,
+         MessageIcon::Exclamation, MessageButtons::YesNo},
+        answer);
+}
+
+void tst_CsdOverwriting::export_newOrchestraOverAScore_asksFirst_data()
+{
+    QTest::addColumn<Answer>("answer");
+    QTest::newRow("yes") << Answer::Yes;
+    QTest::newRow("no") << Answer::No;
+}
+
+/// A No leads back to the dialog, which holds what was typed.
+void tst_CsdOverwriting::export_newOrchestraOverAScore_asksFirst()
+{
+    QFETCH(Answer, answer);
+    m_program->write(QStringLiteral("parts.sco"), "precious");
+    openCsd();
+    const QString path = m_program->path(QStringLiteral("parts.orc"));
+    m_program->dialogs.expectSave(ExportTitle, path);
+    expectReplace(answer);
+    if (answer == Answer::No)
+        m_program->dialogs.expectSave(ExportTitle, m_program->path(QStringLiteral("new.orc")));
+    trigger("menuFileConvertToORCSCO");
+    const bool replaced = answer == Answer::Yes;
+    QCOMPARE(m_program->read(QStringLiteral("parts.sco")), QByteArray(replaced ? "s" : "precious"));
+    QCOMPARE(m_program->read(QStringLiteral("parts.orc")), QByteArray(replaced ? "o" : ""));
+    QCOMPARE(m_program->read(QStringLiteral("new.orc")), QByteArray(replaced ? "" : "o"));
+    QCOMPARE(m_program->read(QStringLiteral("new.sco")), QByteArray(replaced ? "" : "s"));
+    QCOMPARE(m_program->dialogs.fileQuestions.front().proposedName, QStringLiteral("piece.orc"));
+    QCOMPARE(m_program->dialogs.fileQuestions.back().proposedName,
+             replaced ? QStringLiteral("piece.orc") : path);
+}
+
+/// The dialog's own question was about the pair.
+void tst_CsdOverwriting::export_existingOrchestra_asksNoMore()
+{
+    m_program->write(QStringLiteral("parts.sco"), "old");
+    openCsd();
+    m_program->dialogs.expectSave(ExportTitle,
+                                  m_program->write(QStringLiteral("parts.orc"), "old"));
+    trigger("menuFileConvertToORCSCO");
+    QCOMPARE(m_program->read(QStringLiteral("parts.orc")), QByteArray("o"));
+    QCOMPARE(m_program->read(QStringLiteral("parts.sco")), QByteArray("s"));
+}
+
+void tst_CsdOverwriting::export_oneFileForBoth_isRefused()
+{
+    openCsd();
+    m_program->dialogs.expectSave(ExportTitle,
+                                  m_program->write(QStringLiteral("parts.sco"), "precious"));
+    m_program->dialogs.expect(
+        {QStringLiteral("Orchestra and Score would both be written to parts.sco!\r\n"
+                        "Choose another name for the Orchestra (*.orc)!")});
+    m_program->dialogs.expectSave(ExportTitle, std::nullopt);
+    trigger("menuFileConvertToORCSCO");
+    QCOMPARE(m_program->read(QStringLiteral("parts.sco")), QByteArray("precious"));
 }
 
 QTEST_MAIN(tst_CsdOverwriting)

@@ -4,10 +4,14 @@
 
 #include <QFile>
 
+#include <filesystem>
+#include <system_error>
+
 using namespace ardiphon;
 
 namespace {
 
+const QString SaveProjectAs = QStringLiteral("Save Project As ... (*.ORC / *.SCO)");
 const QString Changed = QStringLiteral("File has been changed by another program!");
 const QString Existing = QStringLiteral("File already exists!");
 const QString SaveOrchestra = QStringLiteral("Save Orchestra");
@@ -36,8 +40,18 @@ private slots:
     void import_overFiles_saysThatTheyExist();
     void import_noFilesThere_asksNothing();
 
+    // The pair.
+    void saveAs_newOrchestraOverAScore_asksFirst_data();
+    void saveAs_newOrchestraOverAScore_asksFirst();
+    void saveAs_existingOrchestra_asksNoMore();
+    void saveAs_oneFileForBoth_isRefused_data();
+    void saveAs_oneFileForBoth_isRefused();
+    void saveAs_refusedBeforeTheTextGoes_asksAgain();
+
 private:
     void expectOverwrite(const QString &title, Answer answer, const QString &what = Changed);
+    void expectReplace(const QString &name, Answer answer);
+    void expectOneFile(const QString &name);
     void perform(const QByteArray &command);
     QByteArray onDisk(const char *name) const { return m->read(QLatin1String(name)); }
 };
@@ -48,6 +62,20 @@ void tst_ProjectOverwriting::expectOverwrite(const QString &title, Answer answer
     m->dialogs.expect({what + QStringLiteral("\r\nDo you want to overwrite it?"), title,
                        MessageIcon::Exclamation, MessageButtons::YesNoSaveAs},
                       answer);
+}
+
+void tst_ProjectOverwriting::expectReplace(const QString &name, Answer answer)
+{
+    m->dialogs.expect({name + QStringLiteral(" already exists.\r\nDo you want to replace it?"),
+                       SaveProjectAs, MessageIcon::Exclamation, MessageButtons::YesNo},
+                      answer);
+}
+
+void tst_ProjectOverwriting::expectOneFile(const QString &name)
+{
+    m->expectMessage(QStringLiteral("Orchestra and Score would both be written to %1!\r\n"
+                                    "Choose another name for the Orchestra (*.orc)!")
+                         .arg(name));
 }
 
 /// Runs a command, drops a file, or closes the window.
@@ -227,6 +255,101 @@ void tst_ProjectOverwriting::import_noFilesThere_asksNothing()
     m->trigger("menuFileSalvaProgetto");
     QCOMPARE(onDisk("b.orc"), QByteArray("O"));
     QCOMPARE(onDisk("b.sco"), QByteArray("S"));
+}
+
+// The pair. ---------------------------------------------------------------------------------------
+
+void tst_ProjectOverwriting::saveAs_newOrchestraOverAScore_asksFirst_data()
+{
+    QTest::addColumn<Answer>("answer");
+    QTest::newRow("yes") << Answer::Yes;
+    QTest::newRow("no") << Answer::No;
+}
+
+/// A No leads back to the dialog, which holds what was typed.
+void tst_ProjectOverwriting::saveAs_newOrchestraOverAScore_asksFirst()
+{
+    QFETCH(Answer, answer);
+    const bool replaced = answer == Answer::Yes;
+    m->showPair("o", "s");
+    m->type(m->orchestra, QStringLiteral("x"));
+    m->write(QStringLiteral("b.sco"), "precious");
+    const QString path = m->path(QStringLiteral("b.orc"));
+    m->dialogs.expectSave(SaveProjectAs, path);
+    expectReplace(QStringLiteral("b.sco"), answer);
+    if (!replaced)
+        m->dialogs.expectSave(SaveProjectAs, std::nullopt);
+    m->trigger("menuFileSalvaProgettoNome");
+    QCOMPARE(onDisk("b.sco"), QByteArray(replaced ? "s" : "precious"));
+    QCOMPARE(onDisk("b.orc"), QByteArray(replaced ? "xo" : ""));
+    QCOMPARE(m->config.OrchestraFileName, replaced ? path : m->path(QStringLiteral("piece.orc")));
+    QCOMPARE(m->orchestra->GetState(2), !replaced);
+    QCOMPARE(m->dialogs.fileQuestions.front().proposedName, QString());
+    QCOMPARE(m->dialogs.fileQuestions.back().proposedName, replaced ? QString() : path);
+}
+
+/// The dialog's own question was about the pair.
+void tst_ProjectOverwriting::saveAs_existingOrchestra_asksNoMore()
+{
+    m->showPair("o", "s");
+    m->write(QStringLiteral("b.sco"), "old");
+    m->dialogs.expectSave(SaveProjectAs, m->write(QStringLiteral("b.orc"), "old"));
+    m->trigger("menuFileSalvaProgettoNome");
+    QCOMPARE(onDisk("b.orc"), QByteArray("o"));
+    QCOMPARE(onDisk("b.sco"), QByteArray("s"));
+}
+
+void tst_ProjectOverwriting::saveAs_oneFileForBoth_isRefused_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("score's name") << "b.sco"
+                                  << "b.sco";
+    QTest::newRow("link to the score") << "link.orc"
+                                       << "link.sco";
+    QTest::newRow("second name of the score") << "hard.orc"
+                                              << "hard.sco";
+}
+
+void tst_ProjectOverwriting::saveAs_oneFileForBoth_isRefused()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, message);
+    m->showPair("o", "s");
+    m->type(m->orchestra, QStringLiteral("x"));
+    m->write(QStringLiteral("b.sco"), "precious");
+    QVERIFY(QFile::link(m->write(QStringLiteral("link.sco"), "precious"),
+                        m->path(QStringLiteral("link.orc"))));
+    std::error_code failure;
+    std::filesystem::create_hard_link(
+        m->write(QStringLiteral("hard.sco"), "precious").toStdString(),
+        m->path(QStringLiteral("hard.orc")).toStdString(), failure);
+    QVERIFY(!failure);
+    m->dialogs.expectSave(SaveProjectAs, m->path(name));
+    expectOneFile(message);
+    m->dialogs.expectSave(SaveProjectAs, m->path(QStringLiteral("c.orc")));
+    m->trigger("menuFileSalvaProgettoNome");
+    QCOMPARE(m->read(name), QByteArray("precious"));
+    QCOMPARE(onDisk("c.orc"), QByteArray("xo"));
+    QCOMPARE(onDisk("c.sco"), QByteArray("s"));
+}
+
+/// The user has not given up the text; only a dialog that is cancelled at once counts as that.
+void tst_ProjectOverwriting::saveAs_refusedBeforeTheTextGoes_asksAgain()
+{
+    m->show();
+    m->type(m->orchestra, QStringLiteral("x"));
+    m->expectQuestion(OpenProject, ProjectChanged, Answer::Yes);
+    m->dialogs.expectSave(SaveProjectAs, m->path(QStringLiteral("b.sco")));
+    expectOneFile(QStringLiteral("b.sco"));
+    m->dialogs.expectSave(SaveProjectAs, std::nullopt);
+    m->expectQuestion(OpenProject, ProjectChanged, Answer::Yes);
+    m->dialogs.expectSave(SaveProjectAs, std::nullopt);
+    m->dialogs.expectOpen(OpenProject, std::nullopt);
+    m->trigger("menuFileApriProgetto");
+    QVERIFY(!QFile::exists(m->path(QStringLiteral("b.sco"))));
+    QCOMPARE(m->orchestra->Text(), QStringLiteral("x"));
+    QVERIFY(m->orchestra->GetState(2));
 }
 
 QTEST_MAIN(tst_ProjectOverwriting)

@@ -5,6 +5,7 @@
 #include "documents/Conversion.h"
 #include "documents/DocumentRules.h"
 #include "documents/FileChooser.h"
+#include "documents/PairQuestion.h"
 #include "documents/ProjectRules.h"
 #include "documents/TextFile.h"
 #include "language/editor/LEditOCX.h"
@@ -130,13 +131,14 @@ void CsdDocument::ExportToProject()
         program().dialogs.message(conversionError());
         return;
     }
-    const auto path = files().save(QStringLiteral("Save Orc/Sco As ... (*.ORC/*.SCO)"),
-                                   QStringLiteral("Csound Orc/Sco (*.orc/*.sco)|*.orc"),
-                                   proposedName(fileName(), QStringLiteral(".orc")));
-    if (!path)
+    const PairChoice pair =
+        askForPair(files(), program().dialogs, QStringLiteral("Save Orc/Sco As ... (*.ORC/*.SCO)"),
+                   QStringLiteral("Csound Orc/Sco (*.orc/*.sco)|*.orc"),
+                   proposedName(fileName(), QStringLiteral(".orc")));
+    if (!pair.isMade())
         return;
-    writeTextFile(*path, *orchestra, program().dialogs);
-    writeTextFile(pathWithExtension(*path, ScoreHalf.extension), *score, program().dialogs);
+    writeTextFile(pair.orchestra, *orchestra, program().dialogs);
+    writeTextFile(pair.score, *score, program().dialogs);
 }
 
 void CsdDocument::ImportProject()

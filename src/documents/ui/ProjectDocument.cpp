@@ -5,6 +5,7 @@
 #include "app/RecentFiles.h"
 #include "documents/DocumentRules.h"
 #include "documents/FileChooser.h"
+#include "documents/PairQuestion.h"
 #include "documents/ui/HalfDocument.h"
 #include "language/editor/LEditOCX.h"
 
@@ -160,12 +161,13 @@ SaveResult ProjectDocument::save()
 
 SaveResult ProjectDocument::saveAs()
 {
-    const auto path = m_files.save(QStringLiteral("Save Project As ... (*.ORC / *.SCO)"),
-                                   QStringLiteral("Csound files (orc & sco)|*.orc"));
-    if (!path)
-        return SaveResult::Cancelled;
-    const SaveResult orchestra = m_orchestra.saveTo(*path);
-    const SaveResult score = m_score.saveTo(pathWithExtension(*path, ScoreHalf.extension));
+    const PairChoice pair = askForPair(m_files, m_program.dialogs,
+                                       QStringLiteral("Save Project As ... (*.ORC / *.SCO)"),
+                                       QStringLiteral("Csound files (orc & sco)|*.orc"));
+    if (!pair.isMade())
+        return pair.wasRefused ? SaveResult::Refused : SaveResult::Cancelled;
+    const SaveResult orchestra = m_orchestra.saveTo(pair.orchestra);
+    const SaveResult score = m_score.saveTo(pair.score);
     m_orchestra.editor().setFocus();
     return resultOf(orchestra, score);
 }
