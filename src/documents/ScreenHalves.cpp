@@ -2,6 +2,11 @@
 
 namespace ardiphon {
 
+QSize normalSize(const QSize &workArea)
+{
+    return {workArea.width() * 4 / 5, workArea.height() * 4 / 5};
+}
+
 QRect halfOf(const QRect &workArea, ScreenHalf half)
 {
     QRect place = workArea;

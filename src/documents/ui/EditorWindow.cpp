@@ -2,6 +2,7 @@
 
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
+#include "documents/ui/FramePlacer.h"
 #include "documents/ui/MenuBarStyle.h"
 #include "documents/ui/RecentMenu.h"
 #include "help/ui/FormManual.h"
@@ -56,6 +57,7 @@ EditorWindow::EditorWindow(ProgramContext &program)
       m_files(program),
       m_recent(new RecentMenu(program, this)),
       m_fontSizes(new FontSizeMenu(program.config, this)),
+      m_placer(new FramePlacer(*this)),
       m_help(std::make_unique<KeywordHelp>(program.config, program.dialogs, manualViewer(this)))
 {
     setAttribute(Qt::WA_DeleteOnClose);
@@ -87,6 +89,7 @@ void EditorWindow::takePlacement()
 {
     const ConfigurationBlock &kept = config();
     if (kept.WindowMaximized) {
+        resize(normalSize(screen()->availableGeometry().size())); // for when it is so no longer
         setWindowState(windowState() | Qt::WindowMaximized);
         return;
     }
@@ -147,12 +150,7 @@ void EditorWindow::followKey(LEditOCX &view, ViewLanguage language, ViewKey key)
 void EditorWindow::moveToHalf(ScreenHalf half)
 {
     config().WorkArea = screen()->availableGeometry();
-    showNormal();
-    // The rectangle is that of the whole window, frame included.
-    const QSize frame = frameGeometry().size() - geometry().size();
-    const QRect place = halfOf(config().WorkArea, half);
-    move(place.topLeft());
-    resize(place.size() - frame);
+    m_placer->place(halfOf(config().WorkArea, half));
 }
 
 /// A dialog hides before it returns, and the window manager may close this window in between: gone

@@ -23,6 +23,7 @@ struct ProgramContext;
 class Definitions;
 struct CompileContext;
 class FontSizeMenu;
+class FramePlacer;
 class KeywordHelp;
 class LEditOCX;
 class RecentMenu;
@@ -129,6 +130,7 @@ private:
     FileChooser m_files;
     RecentMenu *m_recent;
     FontSizeMenu *m_fontSizes;
+    FramePlacer *m_placer;
     std::unique_ptr<KeywordHelp> m_help;
     SearchWindows *m_search = nullptr;
     Definitions *m_definitions = nullptr;
