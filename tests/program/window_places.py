@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Where the editor windows stand under a window manager: the halves of the work area by the edges
-of the frame, the size after the maximised state, minimised and back with a search window open.
+of the frame, the size after the maximised state, minimised and back with a search window open, and
+the name in the title.
 
   window_places.py PROGRAM-FOLDER"""
 
@@ -173,6 +174,25 @@ def check_minimised(desktop):
     stop(desktop, program)
 
 
+def check_title(desktop):
+    """What a toolkit may take for a mark of its own stands in the name."""
+    path = os.path.join(desktop.folder, "q[*].csd")
+    program, window = open_maximised(desktop, "q[*].csd")
+    assert desktop.tell("xdotool", "getwindowname", window) == f"{path} - {TITLE}"
+    click(desktop, window, 600, 300)
+    desktop.type("x")
+    wait_for(
+        "the star",
+        lambda: desktop.tell("xdotool", "getwindowname", window) == f"{path} - {TITLE}*",
+    )
+    desktop.key("ctrl+s")
+    wait_for(
+        "the title without the star",
+        lambda: desktop.tell("xdotool", "getwindowname", window) == f"{path} - {TITLE}",
+    )
+    stop(desktop, program)
+
+
 desktop = Desktop(PROGRAM_FOLDER)
 reserve_margins(desktop)
 with desktop:
@@ -181,3 +201,4 @@ with desktop:
     check_normal_size(desktop, "normal.csd")
     check_normal_size(desktop, "normal.orc")
     check_minimised(desktop)
+    check_title(desktop)

@@ -18,6 +18,7 @@
 #include "navigation/ui/InstrumentPanel.h"
 #include "navigation/ui/Instruments.h"
 #include "platform/Twips.h"
+#include "platform/ui/TitleText.h"
 #include "preferences/SettingsValues.h"
 
 #include <QCloseEvent>
@@ -226,7 +227,7 @@ void FormCSD::refresh()
         setWindowTitle(markedModified(windowTitle()));
 }
 
-void FormCSD::writeTitle() { setWindowTitle(csdTitle(config().CSDFileName)); }
+void FormCSD::writeTitle() { setWindowTitle(titleText(csdTitle(config().CSDFileName))); }
 
 void FormCSD::textReplaced()
 {

@@ -19,6 +19,7 @@
 #include "navigation/ui/Instruments.h"
 #include "navigation/ui/SearchWindows.h"
 #include "platform/ui/FileProperties.h"
+#include "platform/ui/TitleText.h"
 #include "printing/ui/PrintEntries.h"
 
 #include <functional>
@@ -45,7 +46,7 @@ void FormCSD::bindDocument()
             [this](const QString &path) { ShowFileProperties(this, path); });
     connect(m_document, &CsdDocument::titleDue, this, &FormCSD::writeTitle);
     connect(m_document, &CsdDocument::programFirstTitleDue, this,
-            [this] { setWindowTitle(programFirstTitle(config().CSDFileName)); });
+            [this] { setWindowTitle(titleText(programFirstTitle(config().CSDFileName))); });
     connect(m_document, &CsdDocument::projectWindowDue, this,
             [this] { handOver(program().windows.showFormORCSCO); });
     connect(m_document, &CsdDocument::begun, this, [this] { setSplit(false); });

@@ -1,5 +1,7 @@
 #include "platform/ui/FileProperties.h"
 
+#include "platform/ui/TitleText.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -45,7 +47,7 @@ void showDialog(QWidget *owner, const QFileInfo &file)
     auto *dialog = new QDialog(owner);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setObjectName(QStringLiteral("FileProperties"));
-    dialog->setWindowTitle(QObject::tr("Properties of %1").arg(file.fileName()));
+    dialog->setWindowTitle(titleText(QObject::tr("Properties of %1").arg(file.fileName())));
     dialog->setMinimumWidth(380);
     auto *form = new QFormLayout(dialog);
     addRow(*form, QObject::tr("Name:"), file.fileName());
