@@ -135,6 +135,7 @@ void FormCSound::goTo(const ErrorPlace &place)
     editor.SelStartColumn = 0;
     editor.SelEndColumn = editor.LineLength(place.line);
     editor.SetSelection();
+    editor.setFocus(); // for when the dialog is gone: the other half may have had it
     close();
 }
 
