@@ -17,6 +17,8 @@ private slots:
     void init();
     void update_fiveDifferent_keepsLastFourNewestFirst();
     void update_knownFile_keepsOrder();
+    void update_knownInAnyPlace_keepsOrder_data();
+    void update_knownInAnyPlace_keepsOrder();
     void update_otherCase_takesSecondEntry();
     void update_blanksAround_areNoPartOfThePath();
     void update_knownButForBlanks_keepsOrder();
@@ -69,6 +71,22 @@ void tst_RecentFiles::update_knownFile_keepsOrder()
     for (const char *path : {"/m/a.csd", "/m/b.orc", "/m/a.csd"})
         update(path);
     QCOMPARE(stored(), QStringList({"/m/b.orc", "/m/a.csd", "", ""}));
+}
+
+void tst_RecentFiles::update_knownInAnyPlace_keepsOrder_data()
+{
+    QTest::addColumn<QString>("known");
+    for (const char *path : {"/m/a.csd", "/m/b.orc", "/m/c.sco", "/m/d.txt"})
+        QTest::newRow(path) << QString(path);
+}
+
+void tst_RecentFiles::update_knownInAnyPlace_keepsOrder()
+{
+    QFETCH(QString, known);
+    for (const char *path : {"/m/a.csd", "/m/b.orc", "/m/c.sco", "/m/d.txt"})
+        update(path);
+    update(known);
+    QCOMPARE(stored(), QStringList({"/m/d.txt", "/m/c.sco", "/m/b.orc", "/m/a.csd"}));
 }
 
 void tst_RecentFiles::update_otherCase_takesSecondEntry()

@@ -7,7 +7,6 @@
 #include <QDir>
 #include <QLabel>
 #include <QSignalSpy>
-#include <QWindow>
 
 using namespace ardiphon;
 
@@ -52,7 +51,6 @@ private slots:
     void leave_closeBox_closesTheWords();
     void leave_underADialogThatHasNotReturned_waits();
     void title_modified_getsOneStar();
-    void title_nameWithTheToolkitsMark_standsWhole();
 };
 
 // Recent files. -----------------------------------------------------------------------------------
@@ -432,26 +430,6 @@ void tst_CsdLeaving::title_modified_getsOneStar()
     QSignalSpy ticks(timer, &QTimer::timeout);
     QTRY_VERIFY(ticks.count() > 1);
     QCOMPARE(m_window->windowTitle(), starred);
-}
-
-void tst_CsdLeaving::title_nameWithTheToolkitsMark_standsWhole()
-{
-    const auto shown = [this] { return m_window->windowHandle()->title(); };
-    const QString path = m_program->write(QStringLiteral("q[*][*].csd"), "x");
-    UpdateRecentFiles(m_program->config, m_program->settings, path);
-    open(m_program->write(QStringLiteral("q[*].csd"), "x"));
-    QCOMPARE(shown(), m_program->path(QStringLiteral("q[*].csd")) + TitleEnd);
-    trigger("menuLastFile(1)");
-    QCOMPARE(shown(), ProgramFirst + path);
-    type(QStringLiteral("x"));
-    QTRY_COMPARE(shown(), ProgramFirst + path + u'*');
-    trigger("menuFileSalvaOrchestra");
-    QCOMPARE(shown(), path + TitleEnd);
-    trigger("menuFileProprieta");
-    QTRY_VERIFY(m_window->findChild<QDialog *>(QStringLiteral("FileProperties")));
-    const auto *dialog = m_window->findChild<QDialog *>(QStringLiteral("FileProperties"));
-    QTRY_VERIFY(dialog->windowHandle());
-    QCOMPARE(dialog->windowHandle()->title(), QStringLiteral("Properties of q[*][*].csd"));
 }
 
 ARDIPHON_TEST(tst_CsdLeaving, QApplication)

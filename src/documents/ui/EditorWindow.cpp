@@ -49,6 +49,14 @@ QByteArray nativePath(const QUrl &url)
     return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
 }
 
+/// A program from which something is moved may take it away; to open a file is not to move it.
+void acceptCopy(QDropEvent &event)
+{
+    if (event.possibleActions() & Qt::CopyAction)
+        event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
 } // namespace
 
 EditorWindow::EditorWindow(ProgramContext &program)
@@ -205,7 +213,7 @@ void EditorWindow::wheelEvent(QWheelEvent *event)
 void EditorWindow::dragEnterEvent(QDragEnterEvent *event)
 {
     if (!droppedFile(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+        acceptCopy(*event);
 }
 
 void EditorWindow::dropEvent(QDropEvent *event)
@@ -213,7 +221,7 @@ void EditorWindow::dropEvent(QDropEvent *event)
     const QUrl file = droppedFile(*event->mimeData());
     if (file.isEmpty())
         return;
-    event->acceptProposedAction();
+    acceptCopy(*event);
     if (isNamable(nativePath(file)))
         openDroppedFile(file.toLocalFile());
     else
