@@ -71,7 +71,7 @@ def toggle_maximised(desktop, window):
     """Double-clicks the window's caption."""
     before = is_maximised(desktop, window)
     left, top, _, _ = frame(desktop, window)
-    desktop.tell("xdotool", "mousemove", "--sync", str(left + 150), str(top + 9))
+    desktop.tell("xdotool", "mousemove", str(left + 150), str(top + 9))
     desktop.tell("xdotool", "click", "--repeat", "2", "--delay", "60", "1")
     wait_for("the other state", lambda: is_maximised(desktop, window) != before)
 
@@ -84,7 +84,7 @@ def stays_at(desktop, window, place):
 
 
 def click(desktop, window, x, y):
-    desktop.tell("xdotool", "mousemove", "--sync", "--window", window, str(x), str(y), "click", "1")
+    desktop.tell("xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1")
 
 
 def move_to_half(desktop, window, which):
