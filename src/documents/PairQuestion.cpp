@@ -23,7 +23,7 @@ Message wouldBeOneFile(const QString &scorePath)
 Message replaceQuestion(const QString &title, const QString &path)
 {
     return {QStringLiteral("%1 already exists.\r\nDo you want to replace it?").arg(nameOf(path)),
-            title, MessageIcon::Exclamation, MessageButtons::YesNo};
+            title, MessageIcon::Exclamation, MessageButtons::YesNo, true};
 }
 
 /// Where the orchestra's file exists, the dialog has asked already.

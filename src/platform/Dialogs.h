@@ -25,6 +25,7 @@ struct Message
     QString title = ProgramTitle;
     MessageIcon icon = MessageIcon::Exclamation;
     MessageButtons buttons = MessageButtons::Ok;
+    bool defaultsToNo = false; ///< what Enter answers; else it is the first button
 };
 
 /// What a file dialog shows.

@@ -156,7 +156,7 @@ void tst_CsdDocument::save_changedByAnotherProgram_asksFirst()
     const Message question{QStringLiteral("File has been changed by another program!\r\n"
                                           "Do you want to overwrite it?"),
                            QStringLiteral("Save File"), MessageIcon::Exclamation,
-                           MessageButtons::YesNoSaveAs};
+                           MessageButtons::YesNoSaveAs, true};
     m_program->dialogs.expect(question, Answer::No);
     trigger("menuFileSalvaOrchestra");
     QCOMPARE(m_program->read(QStringLiteral("piece.csd")), QByteArray("someone else's"));
@@ -179,7 +179,7 @@ void tst_CsdDocument::save_madeByAnotherProgram_asksFirst()
     m_program->dialogs.expect({QStringLiteral("File has been changed by another program!\r\n"
                                               "Do you want to overwrite it?"),
                                QStringLiteral("Save File"), MessageIcon::Exclamation,
-                               MessageButtons::YesNoSaveAs},
+                               MessageButtons::YesNoSaveAs, true},
                               Answer::No);
     trigger("menuFileSalvaOrchestra");
     QCOMPARE(m_program->read(QStringLiteral("later.csd")), QByteArray("someone else's"));

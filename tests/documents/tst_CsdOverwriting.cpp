@@ -55,7 +55,7 @@ void tst_CsdOverwriting::expectOverwrite(Answer answer, const QString &what)
 {
     m_program->dialogs.expect({what + QStringLiteral("\r\nDo you want to overwrite it?"),
                                QStringLiteral("Save File"), MessageIcon::Exclamation,
-                               MessageButtons::YesNoSaveAs},
+                               MessageButtons::YesNoSaveAs, true},
                               answer);
 }
 
@@ -231,7 +231,7 @@ void tst_CsdOverwriting::expectReplace(Answer answer)
 {
     m_program->dialogs.expect(
         {QStringLiteral("parts.sco already exists.\r\nDo you want to replace it?"), ExportTitle,
-         MessageIcon::Exclamation, MessageButtons::YesNo},
+         MessageIcon::Exclamation, MessageButtons::YesNo, true},
         answer);
 }
 

@@ -418,7 +418,7 @@ void tst_ProjectDocument::expectOverwrite(const QString &title, Answer answer)
 {
     m->dialogs.expect({QStringLiteral("File has been changed by another program!\r\n"
                                       "Do you want to overwrite it?"),
-                       title, MessageIcon::Exclamation, MessageButtons::YesNoSaveAs},
+                       title, MessageIcon::Exclamation, MessageButtons::YesNoSaveAs, true},
                       answer);
 }
 

@@ -60,14 +60,14 @@ void tst_ProjectOverwriting::expectOverwrite(const QString &title, Answer answer
                                              const QString &what)
 {
     m->dialogs.expect({what + QStringLiteral("\r\nDo you want to overwrite it?"), title,
-                       MessageIcon::Exclamation, MessageButtons::YesNoSaveAs},
+                       MessageIcon::Exclamation, MessageButtons::YesNoSaveAs, true},
                       answer);
 }
 
 void tst_ProjectOverwriting::expectReplace(const QString &name, Answer answer)
 {
     m->dialogs.expect({name + QStringLiteral(" already exists.\r\nDo you want to replace it?"),
-                       SaveProjectAs, MessageIcon::Exclamation, MessageButtons::YesNo},
+                       SaveProjectAs, MessageIcon::Exclamation, MessageButtons::YesNo, true},
                       answer);
 }
 

@@ -38,6 +38,7 @@ private slots:
     void message_button_givesItsAnswer_data();
     void message_button_givesItsAnswer();
     void message_saveAs_isAThirdButton();
+    void message_enter_givesTheDefault();
     void message_closedWithoutChoice_givesTheMildestAnswer_data();
     void message_closedWithoutChoice_givesTheMildestAnswer();
     void message_liesOverTheActiveWindow();
@@ -205,6 +206,17 @@ void tst_QtDialogs::message_saveAs_isAThirdButton()
     });
     QCOMPARE(m_dialogs.message({"text", "title", MessageIcon::None, MessageButtons::YesNoSaveAs}),
              Answer::SaveAs);
+}
+
+void tst_QtDialogs::message_enter_givesTheDefault()
+{
+    for (const auto buttons : {MessageButtons::YesNo, MessageButtons::YesNoSaveAs}) {
+        for (const bool defaultsToNo : {false, true}) {
+            whenShown<QMessageBox>([](QMessageBox *box) { QTest::keyClick(box, Qt::Key_Return); });
+            QCOMPARE(m_dialogs.message({"text", "title", MessageIcon::None, buttons, defaultsToNo}),
+                     defaultsToNo ? Answer::No : Answer::Yes);
+        }
+    }
 }
 
 void tst_QtDialogs::message_closedWithoutChoice_givesTheMildestAnswer_data()

@@ -56,7 +56,7 @@ Answer EditedFile::askToOverwrite()
                              : QStringLiteral("File has been changed by another program!");
     return m_program.dialogs.message({what + QStringLiteral("\r\nDo you want to overwrite it?"),
                                       m_texts.overwriteTitle, MessageIcon::Exclamation,
-                                      MessageButtons::YesNoSaveAs});
+                                      MessageButtons::YesNoSaveAs, true});
 }
 
 SaveResult EditedFile::saveAs()

@@ -158,6 +158,8 @@ Answer QtDialogs::message(const Message &message)
     box.setIcon(iconOf(message.icon));
     box.setStandardButtons(buttonsOf(message.buttons));
     box.setEscapeButton(escapeButtonOf(message.buttons));
+    if (message.defaultsToNo)
+        box.setDefaultButton(QMessageBox::No);
     const QAbstractButton *saveAs = message.buttons == MessageButtons::YesNoSaveAs
                                         ? box.addButton(SaveAsCaption, QMessageBox::ActionRole)
                                         : nullptr;
