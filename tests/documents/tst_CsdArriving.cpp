@@ -1,6 +1,7 @@
 #include "app/RecentFiles.h"
 #include "documents/CsdDocumentFixture.h"
 #include "support/FileDrop.h"
+#include "support/TestMain.h"
 
 #include <QDialog>
 #include <QMenuBar>
@@ -154,5 +155,5 @@ void tst_CsdArriving::title_nameWithTheToolkitsMark_standsWhole()
     QCOMPARE(dialog->windowHandle()->title(), QStringLiteral("Properties of q[*][*].csd"));
 }
 
-QTEST_MAIN(tst_CsdArriving)
+ARDIPHON_TEST(tst_CsdArriving, QApplication)
 #include "tst_CsdArriving.moc"

@@ -1,6 +1,7 @@
 #include "app/RecentFiles.h"
 #include "documents/CsdDocumentFixture.h"
 #include "support/FileDrop.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 
@@ -289,5 +290,5 @@ void tst_CsdOverwriting::export_oneFileForBoth_isRefused()
     QCOMPARE(m_program->read(QStringLiteral("parts.sco")), QByteArray("precious"));
 }
 
-QTEST_MAIN(tst_CsdOverwriting)
+ARDIPHON_TEST(tst_CsdOverwriting, QApplication)
 #include "tst_CsdOverwriting.moc"

@@ -1,6 +1,7 @@
 #include "app/RecentFiles.h"
 #include "documents/ProjectFixture.h"
 #include "support/FileDrop.h"
+#include "support/TestMain.h"
 
 #include <QFile>
 
@@ -352,5 +353,5 @@ void tst_ProjectOverwriting::saveAs_refusedBeforeTheTextGoes_asksAgain()
     QVERIFY(m->orchestra->GetState(2));
 }
 
-QTEST_MAIN(tst_ProjectOverwriting)
+ARDIPHON_TEST(tst_ProjectOverwriting, QApplication)
 #include "tst_ProjectOverwriting.moc"
