@@ -26,11 +26,15 @@ void WaveOutline::read(const QString &path)
     connect(m_reader.get(), &OutlineReader::progressed, this, &WaveOutline::takePeaks);
 }
 
-void WaveOutline::clear()
+void WaveOutline::clear() { say({}); }
+
+void WaveOutline::say(const QString &words)
 {
     m_reader.reset();
     m_peaks = {};
     m_place = 0;
+    m_words = words;
+    setAccessibleDescription(words);
     update();
 }
 
@@ -73,6 +77,11 @@ void WaveOutline::paintEvent(QPaintEvent *event)
     }
     if (channels > 0)
         painter.fillRect(QRectF(qRound(linePlace()), 0, 1, height()), palette().text());
+    if (!m_words.isEmpty()) {
+        painter.setPen(palette().color(QPalette::Text));
+        painter.drawText(rect().adjusted(8, 2, -8, -2), Qt::AlignCenter | Qt::TextWordWrap,
+                         m_words);
+    }
     painter.setPen(palette().color(QPalette::Mid));
     painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
 }

@@ -23,10 +23,14 @@ public:
     void read(const QString &path);
     /// Shows nothing any more and lets go of the file.
     void clear();
+    /// Lets go of the file and shows \a words in the place of an outline.
+    void say(const QString &words);
     /// Moves the line to \a position of a file of \a length; both in the same unit.
     void setPosition(int position, int length);
 
     const Peaks &peaks() const { return m_peaks; }
+    /// What is said in the place of an outline; "" for nothing.
+    const QString &words() const { return m_words; }
     bool isReading() const;
     /// Where the line is drawn, in pixels.
     double linePlace() const { return m_place * width(); }
@@ -48,6 +52,7 @@ private:
 
     std::unique_ptr<OutlineReader> m_reader;
     Peaks m_peaks;
+    QString m_words;
     double m_place = 0;
 };
 

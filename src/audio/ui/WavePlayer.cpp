@@ -147,14 +147,20 @@ void WavePlayer::OpenPlayerWave()
     const QFileInfo file(wavePath());
     if (!file.isFile() || file.size() <= 0)
         return;
+    m_outline->clear(); // nothing else is decoded while this file is opened
     MMControl1->SetFileName(file.filePath());
     MMControl1->SetCommand(QStringLiteral("Open"));
     PlayerLengthMs = MMControl1->Length();
     if (PlayerLengthMs > 1)
         MySlider1->SetMax(PlayerLengthMs);
+    rewind();
     Lbl_Durata->setText(totalTime(PlayerLengthMs));
     setTitle(ReadyCaption);
-    m_outline->read(file.filePath());
+    setPlaying(false); // a sound that this opening cut off
+    if (MMControl1->Mode() == MMControl::NotOpen)
+        m_outline->say(tr("This file cannot be played.") + u'\n' + MMControl1->ErrorMessage());
+    else
+        m_outline->read(file.filePath());
 }
 
 void WavePlayer::closeWave()

@@ -91,7 +91,8 @@ void MMControl::SetFrom(int milliseconds)
 void MMControl::open()
 {
     close();
-    m_file = SoundFile::open(m_fileName);
+    m_error.clear();
+    m_file = SoundFile::open(m_fileName, &m_error);
     enableButtons();
 }
 

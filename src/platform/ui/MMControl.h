@@ -45,6 +45,8 @@ public:
     void SetCommand(const QString &command);
 
     int Mode() const;
+    /// Why the last "Open" opened nothing; "" when it did.
+    const QString &ErrorMessage() const { return m_error; }
     int Length() const;   ///< 0 when no file is open
     int Position() const; ///< what is heard now
     /// The start point of the next "Play" alone. Bounded by the file.
@@ -77,6 +79,7 @@ private:
     void enableButtons();
 
     QString m_fileName;
+    QString m_error;
     std::unique_ptr<SoundFile> m_file;
     std::unique_ptr<SoundOutput> m_output; ///< while it plays
     qint64 m_frame = 0;                    ///< the position while nothing plays

@@ -23,15 +23,22 @@ SoundFile::SoundFile(std::unique_ptr<Handle> handle) : m_handle(std::move(handle
 
 SoundFile::~SoundFile() = default;
 
-std::unique_ptr<SoundFile> SoundFile::open(const QString &path)
+std::unique_ptr<SoundFile> SoundFile::open(const QString &path, QString *reason)
 {
-    if (!QFileInfo(path).isFile()) // a pipe could be waited for in vain
+    if (!QFileInfo(path).isFile()) { // a pipe could be waited for in vain
+        if (reason)
+            *reason = QStringLiteral("There is no such file.");
         return nullptr;
+    }
     auto handle = std::make_unique<Handle>();
     handle->file = sf_open(QFile::encodeName(path).constData(), SFM_READ, &handle->info);
     const SF_INFO &info = handle->info;
-    if (!handle->file || info.channels <= 0 || info.samplerate <= 0 || info.frames < 0)
+    if (!handle->file || info.channels <= 0 || info.samplerate <= 0 || info.frames < 0) {
+        if (reason) // without a file the decoder tells of its last failure
+            *reason = handle->file ? QStringLiteral("Its header makes no sense.")
+                                   : QString::fromLocal8Bit(sf_strerror(nullptr));
         return nullptr;
+    }
     return std::unique_ptr<SoundFile>(new SoundFile(std::move(handle)));
 }
 

@@ -11,8 +11,9 @@ namespace ardiphon {
 class SoundFile
 {
 public:
-    /// Null when \a path names no file that can be decoded.
-    static std::unique_ptr<SoundFile> open(const QString &path);
+    /// Null when \a path names no file that can be decoded; then \a reason, if given, says why in
+    /// the decoder's words.
+    static std::unique_ptr<SoundFile> open(const QString &path, QString *reason = nullptr);
     ~SoundFile();
 
     int channels() const;
