@@ -36,6 +36,7 @@ struct FileQuestion
     QString directory; ///< the folder to begin in; "" leaves it to the platform
     QString proposedName = {}; ///< what the field of the file name holds at first; a path begins in
                                ///< its folder
+    bool mustExist = true;     ///< whether openFile refuses the name of a file that there isn't
 };
 
 /// What a print dialog shows.
@@ -63,8 +64,9 @@ public:
     /// answers Cancel where it has one, else No, else Ok.
     virtual Answer message(const Message &message) = 0;
 
-    /// Asks for an existing file. Gives its absolute path. Its folder becomes the current
-    /// directory, where a dialog begins that has no folder of its own.
+    /// Asks for a file to read, an existing one unless the question has it otherwise. Gives its
+    /// absolute path. Its folder becomes the current directory, where a dialog begins that has no
+    /// folder of its own.
     virtual std::optional<QString> openFile(const FileQuestion &question) = 0;
 
     /// Asks for a file to write, and before an existing one is chosen whether to overwrite it.

@@ -44,6 +44,8 @@ private slots:
     void openWave_showsLengthAndState();
     void openWave_cancel_changesNothing();
     void openWave_emptyFile_isNotOpened();
+    void openWave_nameOfNoFile_isTaken();
+    void openWave_longPath_leavesTheWindowAsItIs();
     void openWave_noSound_leavesTheSlider();
     void openWave_another_setsEverythingBack();
     void play_disablesButtonsAndShowsTime();
@@ -175,6 +177,7 @@ void tst_FormPlayer::openWave_asksForAWave()
     const FileQuestion &question = m_program->dialogs.fileQuestions.constFirst();
     QCOMPARE(question.filter, QStringLiteral("Wave files |*.wav"));
     QCOMPARE(question.directory, QDir::currentPath());
+    QVERIFY(!question.mustExist);
 }
 
 void tst_FormPlayer::openWave_showsLengthAndState()
@@ -205,6 +208,37 @@ void tst_FormPlayer::openWave_emptyFile_isNotOpened()
     openWave(m_program->write(QStringLiteral("a.wav"), {}));
     QCOMPARE(caption(), idle);
     QCOMPARE(text("Lbl_Durata"), QStringLiteral("Total Time:"));
+    QCOMPARE(m_form->findChild<WaveOutline *>()->words(), QStringLiteral("This file is empty."));
+}
+
+void tst_FormPlayer::openWave_nameOfNoFile_isTaken()
+{
+    openSound(5000);
+    const QString path = m_program->path(QStringLiteral("nowhere.wav"));
+    openWave(path);
+    QCOMPARE(text("Wave"), path);
+    QCOMPARE(media()->Mode(), int(MMControl::NotOpen));
+    QCOMPARE(slider()->Max(), 1);
+    QCOMPARE(text("TextTime"), QStringLiteral("00:00"));
+    const auto *outline = m_form->findChild<WaveOutline *>();
+    QCOMPARE(outline->words(), QStringLiteral("There is no such file."));
+    openSound(5000);
+    QCOMPARE(outline->words(), QString());
+}
+
+void tst_FormPlayer::openWave_longPath_leavesTheWindowAsItIs()
+{
+    const QSize before = m_form->size();
+    const QString path = QStringLiteral("/a long path").repeated(40) + QStringLiteral(".wav");
+    openWave(path);
+    QCOMPARE(text("Wave"), path);
+    QVERIFY(control<QLabel>("Wave")->toolTip().contains(path));
+    QTest::qWait(0); // the layout counts
+    QCOMPARE(m_form->size(), before);
+    QVERIFY(m_form->minimumSizeHint().width() <= before.width());
+    QCOMPARE(control<QLabel>("Wave")->height(), control<QLabel>("Wave")->sizeHint().height());
+    m_form->resize(900, m_form->height());
+    QTRY_VERIFY(control<QLabel>("Wave")->width() > 800);
 }
 
 void tst_FormPlayer::openWave_noSound_leavesTheSlider()
@@ -214,6 +248,9 @@ void tst_FormPlayer::openWave_noSound_leavesTheSlider()
     QCOMPARE(text("Lbl_Durata"), QStringLiteral("Total Time: \r\n00:00 (mm:ss)"));
     QCOMPARE(caption(), ready);
     QVERIFY(!control<QToolButton>("Play")->isEnabled());
+    const QString words = m_form->findChild<WaveOutline *>()->words();
+    QVERIFY2(words.startsWith(QStringLiteral("This file cannot be played.\n")), qPrintable(words));
+    QVERIFY(words.size() > 40); // and why
 }
 
 void tst_FormPlayer::openWave_another_setsEverythingBack()

@@ -47,6 +47,7 @@ private slots:
     void openFile_chosen_givesAbsolutePath();
     void openFile_cancelled_isEmpty();
     void openFile_missingFile_isRefused();
+    void openFile_missingFile_isTakenWhereItMayBe();
     void openFile_filter_ignoresCaseAndShowsFilesWithoutDot();
     void saveFile_nameThatIsNoText_isRefused();
     void saveFile_newName_addsNoExtension();
@@ -306,6 +307,20 @@ void tst_QtDialogs::openFile_missingFile_isRefused()
         QVERIFY(dialog->isVisible());
     });
     QVERIFY(!m_dialogs.openFile(question()).has_value());
+}
+
+void tst_QtDialogs::openFile_missingFile_isTakenWhereItMayBe()
+{
+    ardiphon::FileQuestion asking = question();
+    asking.mustExist = false;
+    whenShown<QFileDialog>([](QFileDialog *dialog) {
+        QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptOpen);
+        chooseName(dialog, "missing.csd");
+    });
+    QCOMPARE(m_dialogs.openFile(asking), m_folder->filePath("missing.csd"));
+    touch("there.csd");
+    whenShown<QFileDialog>([](QFileDialog *dialog) { chooseName(dialog, "there.csd"); });
+    QCOMPARE(m_dialogs.openFile(asking), m_folder->filePath("there.csd"));
 }
 
 void tst_QtDialogs::openFile_filter_ignoresCaseAndShowsFilesWithoutDot()

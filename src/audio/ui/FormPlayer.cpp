@@ -1,11 +1,11 @@
 #include "audio/ui/FormPlayer.h"
 
+#include "app/ui/PathLabel.h"
 #include "audio/ui/WavePlayer.h"
 #include "platform/Dialogs.h"
 
 #include <QBoxLayout>
 #include <QDir>
-#include <QLabel>
 #include <QPushButton>
 
 namespace ardiphon {
@@ -15,12 +15,7 @@ FormPlayer::FormPlayer(const ConfigurationBlock &config, Dialogs &dialogs, QWidg
 {
     setObjectName(QStringLiteral("FormPlayer"));
     setWindowTitle(QStringLiteral("Wave Player"));
-    Wave = new QLabel(this);
-    Wave->setObjectName(QStringLiteral("Wave"));
-    Wave->setTextFormat(Qt::PlainText);
-    Wave->setWordWrap(true);
-    Wave->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    Wave->setMargin(4);
+    Wave = new PathLabel(QStringLiteral("Wave"), this);
     Command2 = addButton("Command2", QStringLiteral("&Open Wave"));
     Command1 = addButton("Command1", QStringLiteral("E&xit"));
     const WavePlayerHost host{[this] { return Wave->text(); },
@@ -53,12 +48,13 @@ QPushButton *FormPlayer::addButton(const char *name, const QString &caption)
 
 void FormPlayer::chooseWave()
 {
-    const auto path =
-        m_dialogs.openFile({QStringLiteral("Open Wave File (*.WAV)"),
-                            QStringLiteral("Wave files |*.wav"), QDir::currentPath()});
+    FileQuestion question{QStringLiteral("Open Wave File (*.WAV)"),
+                          QStringLiteral("Wave files |*.wav"), QDir::currentPath()};
+    question.mustExist = false; // the player tells of a file that it doesn't find
+    const auto path = m_dialogs.openFile(question);
     if (!path)
         return;
-    Wave->setText(*path);
+    Wave->showPath(*path);
     m_player->openNewWave();
 }
 

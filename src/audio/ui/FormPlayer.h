@@ -2,12 +2,12 @@
 
 #include <QDialog>
 
-class QLabel;
 class QPushButton;
 
 namespace ardiphon {
 
 class Dialogs;
+class PathLabel;
 class WavePlayer;
 struct ConfigurationBlock;
 
@@ -27,7 +27,7 @@ private:
     void chooseWave();
 
     Dialogs &m_dialogs;
-    QLabel *Wave;
+    PathLabel *Wave;
     QPushButton *Command2;
     QPushButton *Command1;
     WavePlayer *m_player;

@@ -175,6 +175,11 @@ void WavePlayer::openNewWave()
     MySlider1->SetMax(1);
     rewind();
     OpenPlayerWave();
+    const QFileInfo file(wavePath());
+    if (!file.isFile())
+        m_outline->say(tr("There is no such file."));
+    else if (file.size() <= 0)
+        m_outline->say(tr("This file is empty."));
 }
 
 void WavePlayer::openFirstWave()

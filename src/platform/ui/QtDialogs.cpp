@@ -169,7 +169,9 @@ Answer QtDialogs::message(const Message &message)
 
 std::optional<QString> QtDialogs::openFile(const FileQuestion &question)
 {
-    return namable(askForFile(question, QFileDialog::AcceptOpen, QFileDialog::ExistingFile));
+    return namable(
+        askForFile(question, QFileDialog::AcceptOpen,
+                   question.mustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile));
 }
 
 std::optional<QString> QtDialogs::saveFile(const FileQuestion &question)
