@@ -12,6 +12,7 @@ class tst_FileFilter : public QObject
 private slots:
     void nameFilters_data();
     void nameFilters();
+    void programFilters_areThoseOfTheOtherSystemsEnding();
 };
 
 void tst_FileFilter::nameFilters_data()
@@ -31,12 +32,29 @@ void tst_FileFilter::nameFilters_data()
     QTest::newRow("description without patterns") << "A|*.b|C" << QStringList({"A (*.b)"});
     QTest::newRow("empty patterns") << "A||C|*.c" << QStringList({"C (*.c)"});
     QTest::newRow("closing bar") << "A|*.b|" << QStringList({"A (*.b)"});
+    QTest::newRow("programs") << "Csound.exe |*.exe|All files |*.*"
+                              << QStringList({"Csound.exe  (*)", "All files  (*)"});
+    QTest::newRow("manuals") << "Csound Help (*.hlp)|*.hlp|All files |*.*"
+                             << QStringList(
+                                    {"Csound Help (*.hlp) (*.hlp *.html *.htm)", "All files  (*)"});
+    QTest::newRow("pages") << "Html |*.htm|Html |*.html"
+                           << QStringList({"Html  (*.htm *.html)", "Html  (*.html)"});
 }
 
 void tst_FileFilter::nameFilters()
 {
     QFETCH(QString, filter);
     QTEST(ardiphon::nameFilters(filter), "filters");
+}
+
+void tst_FileFilter::programFilters_areThoseOfTheOtherSystemsEnding()
+{
+    QCOMPARE(ardiphon::programFilters(QStringLiteral("Csound.exe |*.exe|All files |*.*")),
+             QStringList({"Csound.exe  (*)"}));
+    QCOMPARE(ardiphon::programFilters(QStringLiteral("A|*.com; *.exe")),
+             QStringList({"A (*.com *)"}));
+    QCOMPARE(ardiphon::programFilters(QStringLiteral("Csound Help (*.hlp)|*.hlp|All files |*.*")),
+             QStringList());
 }
 
 ARDIPHON_TEST(tst_FileFilter, QCoreApplication)

@@ -25,6 +25,36 @@ Q_DECLARE_METATYPE(ardiphon::MessageIcon)
 Q_DECLARE_METATYPE(ardiphon::MessageButtons)
 Q_DECLARE_METATYPE(ardiphon::Answer)
 
+namespace {
+
+/// The names that a file dialog lists.
+QStringList shownNames(const QFileDialog &dialog)
+{
+    QStringList names;
+    const QAbstractItemView *const view = dialog.findChild<QTreeView *>("treeView");
+    for (int row = 0; row < view->model()->rowCount(view->rootIndex()); ++row)
+        names << view->model()->index(row, 0, view->rootIndex()).data().toString();
+    names.sort();
+    return names;
+}
+
+/// The box of the types of files, as the dialog shows them.
+QString shownType(const QFileDialog &dialog, int index)
+{
+    return dialog.findChild<QComboBox *>("fileTypeCombo")->itemText(index).trimmed();
+}
+
+/// Chooses a type of files, as the keys in that box do.
+void chooseType(const QFileDialog *dialog, int index)
+{
+    auto *const types = dialog->findChild<QComboBox *>("fileTypeCombo");
+    types->setFocus();
+    QTest::keyClick(types, index > types->currentIndex() ? Qt::Key_Down : Qt::Key_Up);
+    QCOMPARE(types->currentIndex(), index);
+}
+
+} // namespace
+
 class tst_QtDialogs : public QObject
 {
     Q_OBJECT
@@ -50,6 +80,10 @@ private slots:
     void openFile_missingFile_isTakenWhereItMayBe();
     void openFile_filter_ignoresCaseAndShowsFilesWithoutDot();
     void saveFile_nameThatIsNoText_isRefused();
+    void openFile_programs_areTheExecutableFiles();
+    void openFile_manuals_areHtmlPages();
+    void openFile_patternOfTheDescription_isShownOnce_data();
+    void openFile_patternOfTheDescription_isShownOnce();
     void saveFile_newName_addsNoExtension();
     void saveFile_existing_asksBeforeOverwriting();
     void saveFile_proposedName_standsInTheField();
@@ -328,19 +362,12 @@ void tst_QtDialogs::openFile_filter_ignoresCaseAndShowsFilesWithoutDot()
     for (const char *name : {"a.csd", "b.CSD", "c.Csd", "d.txt", "nodot"})
         touch(name);
     whenShown<QFileDialog>([](QFileDialog *dialog) {
-        const auto shown = [dialog] {
-            QStringList names;
-            const QAbstractItemView *const view = dialog->findChild<QTreeView *>("treeView");
-            for (int row = 0; row < view->model()->rowCount(view->rootIndex()); ++row)
-                names << view->model()->index(row, 0, view->rootIndex()).data().toString();
-            names.sort();
-            return names;
-        };
-        QTRY_COMPARE(shown(), QStringList({"a.csd", "b.CSD", "c.Csd"}));
+        QTRY_COMPARE(shownNames(*dialog), QStringList({"a.csd", "b.CSD", "c.Csd"}));
         auto *const types = dialog->findChild<QComboBox *>("fileTypeCombo");
         types->setCurrentIndex(1);
         emit types->activated(1);
-        QTRY_COMPARE(shown(), QStringList({"a.csd", "b.CSD", "c.Csd", "d.txt", "nodot"}));
+        QTRY_COMPARE(shownNames(*dialog),
+                     QStringList({"a.csd", "b.CSD", "c.Csd", "d.txt", "nodot"}));
     });
     m_dialogs.openFile(question());
 }
@@ -363,6 +390,81 @@ void tst_QtDialogs::saveFile_nameThatIsNoText_isRefused()
     QCOMPARE(told, QStringLiteral("The file \"%1\" cannot be opened: its name is not UTF-8.")
                        .arg(m_folder->filePath(name)));
     QVERIFY(QDir(m_folder->path()).isEmpty());
+}
+
+void tst_QtDialogs::openFile_programs_areTheExecutableFiles()
+{
+    const auto executable = [this](const char *name) {
+        touch(name);
+        QVERIFY(QFile::setPermissions(m_folder->filePath(QLatin1String(name)),
+                                      QFile::ReadOwner | QFile::ExeOwner));
+    };
+    for (const char *name : {"csound", "tool.py", "Csound.exe"})
+        executable(name);
+    for (const char *name : {"piece.csd", "other.exe", "README"})
+        touch(name);
+    QVERIFY(QDir(m_folder->path()).mkdir("bin"));
+    QVERIFY(QFile::link(m_folder->filePath("csound"), m_folder->filePath("a link")));
+    FileQuestion asking = question();
+    asking.filter = "Csound.exe |*.exe|All files |*.*";
+    const QStringList programs{"Csound.exe", "a link", "bin", "csound", "tool.py"};
+    const QStringList everything{"Csound.exe", "README",    "a link",    "bin",
+                                 "csound",     "other.exe", "piece.csd", "tool.py"};
+    whenShown<QFileDialog>([&](QFileDialog *dialog) {
+        QTRY_COMPARE(shownNames(*dialog), programs);
+        chooseType(dialog, 1);
+        QTRY_COMPARE(shownNames(*dialog), everything);
+        chooseType(dialog, 0);
+        QTRY_COMPARE(shownNames(*dialog), programs);
+        touch("late");
+        executable("late one");
+        QTRY_COMPARE(shownNames(*dialog).size(), programs.size() + 1);
+        chooseName(dialog, "csound");
+    });
+    QCOMPARE(m_dialogs.openFile(asking), m_folder->filePath("csound"));
+}
+
+void tst_QtDialogs::openFile_manuals_areHtmlPages()
+{
+    for (const char *name : {"index.html", "old.HTM", "csound.hlp", "piece.csd"})
+        touch(name);
+    FileQuestion asking = question();
+    asking.filter = "Csound Help (*.hlp)|*.hlp|All files |*.*";
+    whenShown<QFileDialog>([](QFileDialog *dialog) {
+        QTRY_COMPARE(shownNames(*dialog), QStringList({"csound.hlp", "index.html", "old.HTM"}));
+        QCOMPARE(shownType(*dialog, 0), "Csound Help (*.hlp)");
+    });
+    m_dialogs.openFile(asking);
+}
+
+void tst_QtDialogs::openFile_patternOfTheDescription_isShownOnce_data()
+{
+    QTest::addColumn<QString>("filter");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("named") << "Wav files (*.wav)|*.wav"
+                           << "Wav files (*.wav)";
+    QTest::newRow("every file") << "All Files (*.*)|*.*"
+                                << "All Files (*.*)";
+    QTest::newRow("several") << "CSound Files (*.csd;*.orc;*.sco)|*.csd;*.orc;*.sco"
+                             << "CSound Files (*.csd;*.orc;*.sco)";
+    QTest::newRow("joined by a sign") << "Orc/Sco Files (*.orc & *.sco)|*.orc"
+                                      << "Orc/Sco Files (*.orc & *.sco)";
+    QTest::newRow("none") << "Wave files |*.wav"
+                          << "Wave files";
+}
+
+void tst_QtDialogs::openFile_patternOfTheDescription_isShownOnce()
+{
+    QFETCH(QString, filter);
+    for (const bool saving : {false, true}) {
+        FileQuestion asking = question();
+        asking.filter = filter;
+        whenShown<QFileDialog>([](QFileDialog *dialog) { QTEST(shownType(*dialog, 0), "shown"); });
+        if (saving)
+            m_dialogs.saveFile(asking);
+        else
+            m_dialogs.openFile(asking);
+    }
 }
 
 void tst_QtDialogs::saveFile_newName_addsNoExtension()

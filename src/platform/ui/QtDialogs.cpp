@@ -2,6 +2,7 @@
 
 #include "platform/FileFilter.h"
 #include "platform/FileName.h"
+#include "platform/ui/ExecutableFiles.h"
 #include "platform/ui/Printer.h"
 
 #include <QAbstractButton>
@@ -102,6 +103,10 @@ std::optional<QString> askForFile(const FileQuestion &question, QFileDialog::Acc
     dialog.setFileMode(fileMode);
     if (const QStringList filters = nameFilters(question.filter); !filters.isEmpty())
         dialog.setNameFilters(filters);
+    if (const QStringList programs = programFilters(question.filter); !programs.isEmpty()) {
+        dialog.setOption(QFileDialog::DontUseNativeDialog); // it knows files by their names alone
+        new ExecutableFiles(dialog, programs);
+    }
     if (!question.directory.isEmpty())
         dialog.setDirectory(question.directory);
     if (!question.proposedName.isEmpty())
