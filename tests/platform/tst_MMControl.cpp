@@ -51,6 +51,8 @@ private slots:
     void file_cutWhilePlaying_endsThere();
     void file_overwrittenWhilePlaying_neverHarms();
     void device_goesWhilePlaying_isTold();
+    void device_comesBack_isFoundAtTheNextPlay_data();
+    void device_comesBack_isFoundAtTheNextPlay();
 
 private:
     QString write(const char *name, const QByteArray &bytes);
@@ -448,6 +450,41 @@ void tst_MMControl::device_goesWhilePlaying_isTold()
     QVERIFY(m_control->Position() > 100);
     QCOMPARE(m_server.start(), QString());
     QTRY_VERIFY_WITH_TIMEOUT((command("Play"), m_control->Mode() == MMControl::Playing), 20'000);
+}
+
+void tst_MMControl::device_comesBack_isFoundAtTheNextPlay_data()
+{
+    QTest::addColumn<bool>("playing");
+    QTest::newRow("gone while playing") << true;
+    QTest::newRow("gone while idle") << false;
+}
+
+void tst_MMControl::device_comesBack_isFoundAtTheNextPlay()
+{
+    QFETCH(bool, playing);
+    open(write("a.wav", TimedSound::wave(10'000)));
+    QSignalSpy missing(m_control.get(), &MMControl::DeviceMissing);
+    for (const int from : {2000, 4000}) { // it may go more than once
+        QTRY_VERIFY_WITH_TIMEOUT((command("Play"), m_control->Mode() == MMControl::Playing),
+                                 20'000);
+        QTRY_VERIFY(m_control->Position() > 100);
+        if (!playing)
+            command("Stop");
+        m_server.stop();
+        if (playing)
+            QTRY_COMPARE_WITH_TIMEOUT(missing.count(), 1, 15'000);
+        missing.clear();
+        command("Play");
+        QCOMPARE(missing.count(), 1);
+        QCOMPARE(m_server.start(), QString());
+        missing.clear();
+        m_heard.clear();
+        m_control->SetFrom(from);
+        command("Play");
+        QCOMPARE(m_control->Mode(), int(MMControl::Playing));
+        QCOMPARE(hear(1).constFirst(), from * 441 / 10);
+        QCOMPARE(missing.count(), 0);
+    }
 }
 
 ARDIPHON_TEST(tst_MMControl, QApplication)

@@ -1,6 +1,7 @@
 #include "platform/ui/SoundOutput.h"
 
 #include "platform/SoundServer.h"
+#include "platform/ui/SoundConnection.h"
 #include "platform/ui/SoundFile.h"
 
 #include <QAudioDevice>
@@ -35,6 +36,8 @@ std::unique_ptr<SoundOutput> SoundOutput::start(SoundFile &file, qint64 frame)
     // Qt looks for the server once and never again, so it may not look before there is one.
     if (!isSoundServerThere())
         return nullptr;
+    SoundConnection &connection = SoundConnection::ofProgram();
+    connection.restore();
     const QAudioDevice device = QMediaDevices::defaultAudioOutput();
     if (device.isNull())
         return nullptr;
@@ -42,7 +45,10 @@ std::unique_ptr<SoundOutput> SoundOutput::start(SoundFile &file, qint64 frame)
     if (!device.isFormatSupported(format))
         return nullptr;
     std::unique_ptr<SoundOutput> output(new SoundOutput(file, frame, device, format));
-    return output->feed() ? std::move(output) : nullptr;
+    if (output->feed())
+        return output;
+    connection.checkServer();
+    return nullptr;
 }
 
 SoundOutput::SoundOutput(SoundFile &file, qint64 frame, const QAudioDevice &device,
