@@ -38,6 +38,14 @@ QString SoundServer::start()
         return QStringLiteral("pulseaudio is needed for this test");
     if (!waitForCommand({QStringLiteral("info")}))
         return QStringLiteral("pulseaudio doesn't answer");
+    return startRecording();
+}
+
+QString SoundServer::startRecording()
+{
+    m_recorder.kill();
+    m_recorder.waitForFinished();
+    m_rest.clear();
     m_recorder.setStandardErrorFile(QProcess::nullDevice());
     m_recorder.start(QStringLiteral("parec"),
                      {QStringLiteral("--device=silent.monitor"), QStringLiteral("--format=s16le"),
@@ -76,13 +84,17 @@ void SoundServer::stop()
 
 bool SoundServer::waitForSilence()
 {
-    constexpr qsizetype enough = 4410; // a tenth of a second
-    qsizetype silent = 0;
-    return m_recorder.state() == QProcess::NotRunning || QTest::qWaitFor([&] {
-               for (const Frame &frame : takeRecording())
-                   silent = frame.isSilent() ? silent + 1 : 0;
-               return silent >= enough;
-           });
+    if (m_recorder.state() == QProcess::NotRunning)
+        return true;
+    const auto nothingPlays = [] {
+        QProcess pactl;
+        pactl.start(QStringLiteral("pactl"), {QStringLiteral("list"), QStringLiteral("short"),
+                                              QStringLiteral("sink-inputs")});
+        return pactl.waitForFinished() && pactl.exitCode() == 0 &&
+               pactl.readAllStandardOutput().isEmpty();
+    };
+    // A recorder that lags behind would bring the end of this sound to the next test.
+    return QTest::qWaitFor(nothingPlays, 20'000) && startRecording().isEmpty();
 }
 
 QList<SoundServer::Frame> SoundServer::takeRecording()

@@ -31,6 +31,8 @@ public:
 
 private:
     bool waitForCommand(const QStringList &arguments);
+    /// Anew: nothing of before is heard. "" or what went wrong.
+    QString startRecording();
 
     QTemporaryDir m_folder;
     QProcess m_server;
