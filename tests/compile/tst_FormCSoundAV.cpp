@@ -1,3 +1,4 @@
+#include "app/ui/PathField.h"
 #include "compile/ProjectDialog.h"
 #include "compile/ui/FormCSoundAV.h"
 #include "support/TestMain.h"
@@ -12,6 +13,8 @@ class tst_FormCSoundAV : public QObject
 
 private slots:
     void csd_opening_showsPathAndFile();
+    void longPaths_areShownAndGetMoreRoom_data();
+    void longPaths_areShownAndGetMoreRoom();
     void csd_play_startsAndCloses();
     void csd_editedField_hasNoEffect();
     void project_opening_showsPathAndFiles();
@@ -69,6 +72,35 @@ void tst_FormCSoundAV::csd_opening_showsPathAndFile()
     QCOMPARE(dialog.control("CercaCsound")->text(), QStringLiteral("&Browse"));
     QCOMPARE(dialog.control("Compila")->text(), QStringLiteral("&Play"));
     QCOMPARE(dialog.control("Command1")->text(), QStringLiteral("E&xit"));
+}
+
+void tst_FormCSoundAV::longPaths_areShownAndGetMoreRoom_data()
+{
+    QTest::addColumn<bool>("ofProject");
+    QTest::newRow("CSD") << false;
+    QTest::newRow("project") << true;
+}
+
+void tst_FormCSoundAV::longPaths_areShownAndGetMoreRoom()
+{
+    QFETCH(bool, ofProject);
+    ProjectDialog dialog(QStringLiteral("a folder/").repeated(30) + QStringLiteral("piece"));
+    if (ofProject)
+        dialog.open<FormCSoundAVORC>();
+    else
+        dialog.open<FormCSoundAV>();
+    QWidget &form = *dialog.form;
+    QCOMPARE(form.width(), 520);
+    auto *field = static_cast<PathField *>(dialog.control<QLineEdit>("Orchestra"));
+    QVERIFY(field->shownText().contains(QChar(0x2026)));
+    QVERIFY(field->shownText().endsWith(ofProject ? QStringLiteral("piece.orc")
+                                                  : QStringLiteral("piece.csd")));
+    QCOMPARE(field->toolTip(), pathToolTip(field->text()));
+    const int height = form.height();
+    const qsizetype shown = field->shownText().size();
+    form.resize(1000, height + 100);
+    QTRY_COMPARE(form.size(), QSize(1000, height));
+    QTRY_VERIFY(field->shownText().size() > shown * 3 / 2);
 }
 
 void tst_FormCSoundAV::csd_play_startsAndCloses()

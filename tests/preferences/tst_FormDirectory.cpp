@@ -1,4 +1,5 @@
 #include "app/ConfigurationBlock.h"
+#include "app/ui/PathField.h"
 #include "preferences/ui/FolderTree.h"
 #include "preferences/ui/FormDirectory.h"
 #include "support/TestMain.h"
@@ -22,6 +23,7 @@ private slots:
     void window_closesOnItsButtonAndOnEsc();
     void directory_empty_becomesTheRoot();
     void directory_showsWhereItIs();
+    void directory_long_isToldByTheToolTip();
     void directory_thatIsGone_staysWithoutMessage();
     void directory_hidden_isShown();
     void directory_moving_choosesAtOnce();
@@ -94,6 +96,19 @@ void tst_FormDirectory::directory_showsWhereItIs()
     for (int i = 0; i < Dir1->currentItem()->childCount(); ++i)
         names.append(Dir1->currentItem()->child(i)->text(0));
     QCOMPARE(names, (QStringList{QStringLiteral("alpha"), QStringLiteral("Beta")}));
+}
+
+void tst_FormDirectory::directory_long_isToldByTheToolTip()
+{
+    const QString deep = m_folder->filePath(QStringLiteral("a folder/").repeated(20));
+    QVERIFY(QDir().mkpath(deep));
+    m_config.WorkingDirectory = QDir::cleanPath(deep);
+    FormDirectory window(m_config, nullptr);
+    show(window);
+    auto *const Text1 =
+        static_cast<PathField *>(window.findChild<QLineEdit *>(QStringLiteral("Text1")));
+    QVERIFY(Text1->shownText().contains(QChar(0x2026)));
+    QCOMPARE(Text1->toolTip(), pathToolTip(Text1->text()));
 }
 
 void tst_FormDirectory::directory_thatIsGone_staysWithoutMessage()

@@ -1,3 +1,4 @@
+#include "app/ui/PathField.h"
 #include "preferences/SettingsWindow.h"
 #include "preferences/ui/FormDirectory.h"
 #include "support/TestMain.h"
@@ -37,6 +38,7 @@ private slots:
     void path_browse_countsAtOnce();
     void path_cancel_changesNothing();
     void path_field_cannotBeTyped();
+    void path_long_isElidedAndGetsMoreRoom();
     void path_workingDirectory_comesFromItsWindow();
 
     // General.
@@ -234,6 +236,23 @@ void tst_FormImpostazioni::path_field_cannotBeTyped()
         QTest::keyClick(edit, Qt::Key_Delete);
         QCOMPARE(edit->text(), before);
     }
+}
+
+void tst_FormImpostazioni::path_long_isElidedAndGetsMoreRoom()
+{
+    m_program->config.FileCSound =
+        QStringLiteral("/a folder").repeated(30) + QStringLiteral("/csound");
+    open();
+    auto *field = static_cast<PathField *>(control<QLineEdit>("Text2"));
+    QVERIFY(field->shownText().contains(QChar(0x2026)));
+    QVERIFY(field->shownText().endsWith(QStringLiteral("/csound")));
+    QCOMPARE(field->toolTip(), pathToolTip(field->text()));
+    const QSize before = m_window->size();
+    QVERIFY(before.width() <= 1024 && before.height() <= 768);
+    QCOMPARE(m_window->minimumSize(), before);
+    const qsizetype shown = field->shownText().size();
+    m_window->resize(1000, before.height());
+    QTRY_VERIFY(field->shownText().size() > shown * 3 / 2);
 }
 
 void tst_FormImpostazioni::path_workingDirectory_comesFromItsWindow()

@@ -1,6 +1,7 @@
 #include "compile/ui/CompilerDialog.h"
 
 #include "app/ConfigurationBlock.h"
+#include "app/ui/PathField.h"
 #include "compile/ui/FlagCombo.h"
 #include "compile/ui/FlagList.h"
 #include "platform/Dialogs.h"
@@ -37,6 +38,12 @@ CompilerDialog::CompilerDialog(const CompilerDialogKind &kind, const CompileCont
     Compila->setFocus();
 }
 
+void CompilerDialog::takeSize(int firstWidth)
+{
+    setFixedHeight(sizeHint().height());
+    resize(firstWidth, height());
+}
+
 void CompilerDialog::layOut()
 {
     Compila = newButton("Compila", m_kind.compileCaption);
@@ -64,8 +71,9 @@ QPushButton *CompilerDialog::newButton(const char *name, const QString &caption)
 QLineEdit *CompilerDialog::addField(const char *name, const QString &label, const QString &text,
                                     QWidget *beside)
 {
-    auto *field = new QLineEdit(text, m_form);
+    auto *field = new PathField(m_form);
     field->setObjectName(QLatin1String(name));
+    field->setText(text);
     addRow(label, field, beside);
     return field;
 }

@@ -42,13 +42,15 @@ protected:
     const QString &compilerPath() const { return m_config.*m_kind.path; }
 
     // Building.
-    /// A field in the next row of the form, with room for \a beside it at its right.
+    /// A field for a path in the next row of the form, with room for \a beside it at its right.
     QLineEdit *addField(const char *name, const QString &label, const QString &text,
                         QWidget *beside = nullptr);
     void addFlags(const FlagList &flags);
     /// Takes the place between the fields and the row of buttons.
     void addPart(QWidget *part);
     QPushButton *newButton(const char *name, const QString &caption);
+    /// For a dialog that is complete and of one height: it opens that wide, and can be made wider.
+    void takeSize(int firstWidth);
     /// The widget on which all this stands, the first of the dialog's pages.
     QWidget *form() const { return m_form; }
     QStackedLayout &pages() const { return *m_pages; }

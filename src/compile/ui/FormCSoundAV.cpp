@@ -47,7 +47,7 @@ const CompilerDialogKind &projectDialog()
 FormCSoundAV::FormCSoundAV(const CompileContext &context) : CompilerDialog(csdDialog(), context)
 {
     addField("Orchestra", QStringLiteral("CSD File:"), config().CSDFileName);
-    setFixedSize(DialogWidth, sizeHint().height());
+    takeSize(DialogWidth);
 }
 
 void FormCSoundAV::compile()
@@ -71,7 +71,7 @@ FormCSoundAVORC::FormCSoundAVORC(const CompileContext &context)
     m_flags = new FlagList(playerFlags(), context, this);
     addFlags(*m_flags);
     m_flags->load();
-    setFixedSize(DialogWidth, sizeHint().height());
+    takeSize(DialogWidth);
 }
 
 void FormCSoundAVORC::compile()

@@ -1,6 +1,7 @@
 #include "preferences/ui/DirectorySheet.h"
 
 #include "app/ConfigurationBlock.h"
+#include "app/ui/PathField.h"
 #include "platform/Dialogs.h"
 #include "preferences/ui/FormDirectory.h"
 
@@ -57,7 +58,7 @@ DirectorySheet::DirectorySheet(ConfigurationBlock &config, Dialogs &dialogs, QWi
 QLineEdit *DirectorySheet::addRow(QGridLayout &grid, int line, const char *label, const char *edit,
                                   const char *button)
 {
-    auto *const path = new QLineEdit(this);
+    auto *const path = new PathField(this);
     path->setObjectName(QLatin1String(edit));
     path->setReadOnly(true);
     path->setAccessibleName(QLatin1String(label));

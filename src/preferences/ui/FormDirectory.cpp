@@ -2,17 +2,17 @@
 
 #include "app/ConfigurationBlock.h"
 #include "app/ui/OkRow.h"
+#include "app/ui/PathField.h"
 #include "preferences/ui/FolderTree.h"
 
 #include <QDir>
 #include <QLabel>
-#include <QLineEdit>
 #include <QVBoxLayout>
 
 namespace ardiphon {
 
 FormDirectory::FormDirectory(ConfigurationBlock &config, QWidget *owner)
-    : QDialog(owner), m_config(config), Dir1(new FolderTree(this)), Text1(new QLineEdit(this))
+    : QDialog(owner), m_config(config), Dir1(new FolderTree(this)), Text1(new PathField(this))
 {
     setObjectName(QStringLiteral("FormDirectory"));
     setWindowTitle(QStringLiteral("Working Directory"));

@@ -96,7 +96,9 @@ void FormImpostazioni::layOut(const QList<QWidget *> &sheets)
     all->addLayout(choices);
     all->addLayout(m_sheets);
     all->addLayout(buttons);
-    setFixedSize(sizeHint().expandedTo({620, 0}));
+    resize(sizeHint().expandedTo({620, 0}));
+    setMinimumWidth(width());
+    setFixedHeight(height()); // only the paths want more room
 }
 
 void FormImpostazioni::showSheet(int index)

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QLineEdit>
+
+namespace ardiphon {
+
+/// A field for a path of any length: while it is not typed in, what does not fit is left out in its
+/// middle; the tool tip tells all of it.
+class PathField : public QLineEdit
+{
+public:
+    explicit PathField(QWidget *parent);
+
+    /// What the field shows now: its text, or that with its middle left out.
+    QString shownText() const;
+
+protected:
+    /// A tool tip that tells no more than the field is not shown.
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QRect textPlace() const;
+    bool textFits() const;
+};
+
+/// \a path as a tool tip: as it stands, whatever it looks like, in lines that fit on a screen.
+QString pathToolTip(const QString &path);
+
+} // namespace ardiphon
