@@ -1,5 +1,6 @@
 #include "analysis/ShownForm.h"
 #include "support/TestMain.h"
+#include "support/TimeLimit.h"
 
 #include <sys/stat.h>
 
@@ -99,6 +100,7 @@ void tst_FormPVLook::pvlook_fileThatCannotBeRead_isDeletedAllTheSame()
     form.browse(QStringLiteral("a.pv"));
     const QString pipe = form.program.path(QStringLiteral("pv_temp.txt"));
     QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    const TimeLimit limit;
     form.click("CommandAnalyze");
     QCOMPARE(form.control<QPlainTextEdit>("RtfPVLook")->toPlainText(),
              QStringLiteral("Reading Data:"));

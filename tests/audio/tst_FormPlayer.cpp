@@ -7,6 +7,7 @@
 #include "support/SoundServer.h"
 #include "support/TestMain.h"
 #include "support/TestProgram.h"
+#include "support/TimeLimit.h"
 #include "support/TimedSound.h"
 
 #include <QLabel>
@@ -405,13 +406,21 @@ void tst_FormPlayer::outline_press_seeksAsTheTrackDoes()
 
 void tst_FormPlayer::outline_hugeFile_stopsWithTheWindow()
 {
-    QByteArray header = WaveBytes::wave(2, 44100, {});
-    header.replace(40, 4, WaveBytes::number<quint32>(0xffffff00));
-    const QString path = m_program->write(QStringLiteral("huge.wav"), header);
-    QVERIFY(QFile::resize(path, 44 + 0xffffff00LL));
+    // 16-bit samples for hours upon hours, up to the end of the file, that take no room.
+    const auto number = [](quint32 value) {
+        QByteArray bytes(4, '\0');
+        qToBigEndian(value, bytes.data());
+        return bytes;
+    };
+    const QString path =
+        m_program->write(QStringLiteral("huge.au"), ".snd" + number(24) + number(0xffffffff) +
+                                                        number(3) + number(44100) + number(2));
+    if (!QFile::resize(path, qint64(1) << 40))
+        QSKIP("this file system has no room for a file full of holes");
     openWave(path);
     const auto *outline = m_form->findChild<WaveOutline *>();
-    QVERIFY(outline->isReading());
+    QTRY_VERIFY(outline->isReading());
+    const TimeLimit limit;
     click("Command1");
     QVERIFY(!outline->isReading());
 }

@@ -1,5 +1,6 @@
 #include "platform/ui/SoundFile.h"
 #include "support/TestMain.h"
+#include "support/TimeLimit.h"
 #include "support/WaveBytes.h"
 
 #include <QtTest>
@@ -7,6 +8,8 @@
 #include <sndfile.h>
 
 #include <cmath>
+#include <limits>
+#include <sys/stat.h>
 #include <vector>
 
 using namespace ardiphon;
@@ -24,7 +27,11 @@ private slots:
     void length_isInMilliseconds();
     void places_neverLeaveTheFile();
     void read_atTheEnd_givesWhatThereIs();
+    void read_floatingPoint_isBroughtIntoRange_data();
+    void read_floatingPoint_isBroughtIntoRange();
     void open_noSound_isNull();
+    void open_pipe_isNull();
+    void open_failure_saysWhy();
     void open_damagedHeaders_neverHarm();
 
 private:
@@ -125,6 +132,55 @@ void tst_SoundFile::read_atTheEnd_givesWhatThereIs()
     QVERIFY(file->seek(450));
     QCOMPARE(file->read(samples.data(), 1000), 50);
     QCOMPARE(file->read(samples.data(), 1000), 0);
+}
+
+void tst_SoundFile::read_floatingPoint_isBroughtIntoRange_data()
+{
+    QTest::addColumn<int>("format");
+    QTest::newRow("float") << int(SF_FORMAT_WAV | SF_FORMAT_FLOAT);
+    QTest::newRow("double") << int(SF_FORMAT_WAV | SF_FORMAT_DOUBLE);
+}
+
+/// Such a file may hold anything, and what is no number would be heard as a bang or as nothing.
+void tst_SoundFile::read_floatingPoint_isBroughtIntoRange()
+{
+    QFETCH(int, format);
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    const std::vector<double> written{0.25, nan, 1, 1.5, infinity, -nan, -0.5, -2, -infinity, -1};
+    const std::vector<float> expected{0.25F, 0, 1, 1, 1, 0, -0.5F, -1, -1, -1};
+    SF_INFO info{0, 44100, 2, format, 0, 0};
+    SNDFILE *file = sf_open(QFile::encodeName(path()).constData(), SFM_WRITE, &info);
+    QVERIFY2(file, sf_strerror(nullptr));
+    QCOMPARE(sf_write_double(file, written.data(), sf_count_t(written.size())),
+             sf_count_t(written.size()));
+    sf_close(file);
+    std::vector<float> read(written.size());
+    QCOMPARE(SoundFile::open(path())->read(read.data(), qint64(read.size()) / 2),
+             qint64(read.size()) / 2);
+    QCOMPARE(read, expected);
+}
+
+void tst_SoundFile::open_pipe_isNull()
+{
+    const QString pipe = m_folder.filePath(QStringLiteral("pipe.wav"));
+    QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    const TimeLimit limit; // nobody will ever write into it
+    QVERIFY(!SoundFile::open(pipe));
+}
+
+void tst_SoundFile::open_failure_saysWhy()
+{
+    const auto reasonFor = [](const QString &file) {
+        QString reason;
+        return SoundFile::open(file, &reason) ? QString() : reason;
+    };
+    QCOMPARE(reasonFor(m_folder.filePath(QStringLiteral("nowhere"))),
+             QStringLiteral("There is no such file."));
+    write("no sound at all");
+    QCOMPARE(reasonFor(path()), QStringLiteral("Format not recognised."));
+    write(WaveBytes::wave(1, 44100, "abcd"));
+    QCOMPARE(reasonFor(path()), QString());
 }
 
 void tst_SoundFile::open_noSound_isNull()
