@@ -383,7 +383,8 @@ void tst_FormPlayer::outline_showsThePeaksOfEachChannel()
         const Peaks &peaks = outline->peaks();
         return peaks.over(int(from * peaks.columns()), int(to * peaks.columns()), channel);
     };
-    QTRY_VERIFY(outline->peaks().columns() > 0 && !outline->isReading());
+    // It is read when nobody else wants the processor.
+    QTRY_VERIFY_WITH_TIMEOUT(outline->peaks().columns() > 0 && !outline->isReading(), 60'000);
     QTRY_COMPARE(peak(1, 0.51, 1), (Peak{-0.25F, 0.5F}));
     QCOMPARE(outline->peaks().channels(), 2);
     QCOMPARE(peak(1, 0, 0.49), Peak());
