@@ -1,4 +1,5 @@
 #include "app/ui/PathField.h"
+#include "support/TestMain.h"
 
 #include <QHelpEvent>
 #include <QPushButton>
@@ -164,5 +165,5 @@ void tst_PathField::toolTip_tellsTheWholePath()
                 QFontMetrics(QToolTip::font()).horizontalAdvance(line) < 1024);
 }
 
-QTEST_MAIN(tst_PathField)
+ARDIPHON_TEST(tst_PathField, QApplication)
 #include "tst_PathField.moc"

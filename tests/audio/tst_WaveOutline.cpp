@@ -1,4 +1,5 @@
 #include "audio/ui/WaveOutline.h"
+#include "support/TestMain.h"
 #include "support/WaveBytes.h"
 
 #include <QPaintEvent>
@@ -198,5 +199,5 @@ void tst_WaveOutline::words_standInThePlaceOfTheOutline()
     QCOMPARE(onScreen(), nothing);
 }
 
-QTEST_MAIN(tst_WaveOutline)
+ARDIPHON_TEST(tst_WaveOutline, QApplication)
 #include "tst_WaveOutline.moc"

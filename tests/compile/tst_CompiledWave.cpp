@@ -3,6 +3,7 @@
 #include "compile/CSoundDialog.h"
 #include "compile/ui/FormWinsound.h"
 #include "support/SoundServer.h"
+#include "support/TestMain.h"
 #include "support/TimedSound.h"
 
 #include <QCheckBox>
@@ -153,5 +154,5 @@ void tst_CompiledWave::compile_waveThatIsNoSound_saysSo()
     QCOMPARE(outline->words(), QString());
 }
 
-QTEST_MAIN(tst_CompiledWave)
+ARDIPHON_TEST(tst_CompiledWave, QApplication)
 #include "tst_CompiledWave.moc"

@@ -15,9 +15,6 @@ const QString Log = QStringLiteral("this is the log\r\n");
 /// What is told of a run that left no log.
 const QString NoLog = QStringLiteral("There is no log of this run: the compiler has written none.");
 
-/// The text of a finished run that took under half a second.
-QString finishedText(const QString &log) { return bannerText(0) + logHeading() + log; }
-
 /// Waits without handling any event until the process is dead; it is not collected yet.
 void waitForDeath(pid_t pid)
 {
