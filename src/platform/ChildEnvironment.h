@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayList>
 #include <QList>
 #include <QProcessEnvironment>
 #include <QString>
@@ -19,5 +20,7 @@ struct EnvironmentChange
 
 /// The environment of this process with \a changes.
 QProcessEnvironment changedEnvironment(const QList<EnvironmentChange> &changes);
+/// The same, each variable as "NAME=value", to the byte.
+QByteArrayList changedVariables(const QList<EnvironmentChange> &changes);
 
 } // namespace ardiphon

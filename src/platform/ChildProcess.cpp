@@ -2,15 +2,11 @@
 
 #include "platform/CommandText.h"
 
-#include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
-#include <QProcess>
+#include <QSocketNotifier>
 #include <QStandardPaths>
-
-#include <csignal>
-#include <sys/prctl.h>
-#include <unistd.h>
 
 namespace ardiphon {
 
@@ -26,8 +22,7 @@ QString locate(const QString &executable)
     return found.isEmpty() ? executable : found;
 }
 
-/// Whether there is hope for the start. QProcess would find out too, but each start that fails
-/// costs it the end of a pipe.
+/// Whether there is hope for the start; the rest is found out by trying.
 bool canStart(const QString &executable, const QString &directory)
 {
     const QFileInfo file(executable);
@@ -35,69 +30,45 @@ bool canStart(const QString &executable, const QString &directory)
            (directory.isEmpty() || QFileInfo(directory).isDir());
 }
 
-/// Runs in the child between fork and exec: only system calls are allowed.
-void leadGroupAndDieWith(pid_t parent)
-{
-    ::setpgid(0, 0);
-    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (::getppid() != parent) // it died before the line above
-        ::_exit(1);
-}
-
 } // namespace
 
-ChildProcess::ChildProcess(QObject *parent) : QObject(parent), m_process(new QProcess)
-{
-    connect(m_process.get(), &QProcess::started, this, [this] {
-        m_started = true;
-        emit started();
-    });
-    connect(m_process.get(), &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
-        if (error == QProcess::FailedToStart)
-            finishUnstarted();
-    });
-    connect(m_process.get(), &QProcess::finished, this,
-            [this] { finish(m_stopping ? ProcessEnd::Stopped : ProcessEnd::Ended); });
-}
+ChildProcess::ChildProcess(QObject *parent) : QObject(parent) {}
 
-ChildProcess::~ChildProcess()
-{
-    m_process->disconnect(this);
-    if (m_process->state() == QProcess::NotRunning)
-        return;
-    // A process may take its time to die; it is collected later rather than waited for here.
-    killGroup();
-    QProcess *dying = m_process.release();
-    connect(dying, &QProcess::finished, dying, &QObject::deleteLater);
-    connect(dying, &QProcess::errorOccurred, dying, &QObject::deleteLater);
-    dying->setParent(QCoreApplication::instance());
-}
+ChildProcess::~ChildProcess() = default;
 
 void ChildProcess::start(const ProcessStart &start)
 {
     m_executable = locate(start.executable);
-    if (!canStart(m_executable, start.directory))
+    if (!canStart(m_executable, start.directory) || !m_guard.start(guarded(start)))
         return finishUnstarted();
-    m_process->setProgram(m_executable);
-    m_process->setArguments(splitCommandText(start.parameters));
-    m_process->setWorkingDirectory(start.directory);
-    m_process->setProcessEnvironment(changedEnvironment(start.environment));
-    m_process->setStandardInputFile(QProcess::nullDevice());
-    if (start.show == ShowCommand::Hidden) {
-        m_process->setStandardOutputFile(QProcess::nullDevice());
-        m_process->setStandardErrorFile(QProcess::nullDevice());
-    } else {
-        m_process->setProcessChannelMode(QProcess::ForwardedChannels);
+    m_news = std::make_unique<QSocketNotifier>(m_guard.newsDescriptor(), QSocketNotifier::Read);
+    connect(m_news.get(), &QSocketNotifier::activated, this, &ChildProcess::readNews);
+}
+
+GuardedProgram ChildProcess::guarded(const ProcessStart &start) const
+{
+    GuardedProgram program;
+    program.path = QFile::encodeName(m_executable);
+    program.arguments.append(program.path);
+    for (const QString &argument : splitCommandText(start.parameters))
+        program.arguments.append(QFile::encodeName(argument));
+    program.environment = changedVariables(start.environment);
+    program.directory = QFile::encodeName(start.directory);
+    program.hidden = start.show == ShowCommand::Hidden;
+    return program;
+}
+
+void ChildProcess::readNews()
+{
+    const auto news = m_guard.readNews();
+    if (news == Guard::News::Started) {
+        m_started = true;
+        emit started();
+    } else if (news == Guard::News::Failed) {
+        finishUnstarted();
+    } else if (news == Guard::News::End) {
+        finish(m_stopping ? ProcessEnd::Stopped : ProcessEnd::Ended);
     }
-    m_process->setChildProcessModifier([this, parent = ::getpid()] {
-        leadGroupAndDieWith(parent);
-        m_guard.watchFromLeader();
-    });
-    m_process->start();
-    m_guard.leaderIsStarted();
-    m_group = m_process->processId();
-    if (m_group > 0) // from both sides: a stop may come before the child got that far
-        ::setpgid(static_cast<pid_t>(m_group), static_cast<pid_t>(m_group));
 }
 
 void ChildProcess::finishUnstarted()
@@ -107,10 +78,10 @@ void ChildProcess::finishUnstarted()
 
 void ChildProcess::stop()
 {
-    if (m_end || m_group == 0)
+    if (m_end || !m_news)
         return;
     m_stopping = true;
-    killGroup();
+    m_guard.release();
 }
 
 void ChildProcess::finish(ProcessEnd end)
@@ -118,16 +89,9 @@ void ChildProcess::finish(ProcessEnd end)
     if (m_end)
         return;
     m_end = end;
-    killGroup(); // what the leader has left behind
-    m_group = 0;
+    if (m_news)
+        m_news->setEnabled(false);
     emit ended(end);
-}
-
-void ChildProcess::killGroup() const
-{
-    // The number of a group is not given out again as long as the group has a member.
-    if (m_group > 0)
-        ::kill(-static_cast<pid_t>(m_group), SIGKILL);
 }
 
 } // namespace ardiphon

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/ChildEnvironment.h"
-#include "platform/GroupGuard.h"
+#include "platform/Guard.h"
 
 #include <QObject>
 #include <QString>
@@ -9,7 +9,7 @@
 #include <memory>
 #include <optional>
 
-class QProcess;
+class QSocketNotifier;
 
 namespace ardiphon {
 
@@ -37,8 +37,9 @@ enum class ProcessEnd {
     Stopped      ///< was ended by stop()
 };
 
-/// An external program with all that it starts in turn. It runs in a process group of its own,
-/// which never outlives this object, its leader or this program. Nothing here blocks the caller.
+/// An external program with all that it starts in turn. It leads a process group of its own;
+/// nothing of what it has started outlives this object, the program's own end or this process,
+/// whatever group or session it went to. Nothing here blocks the caller.
 class ChildProcess : public QObject
 {
     Q_OBJECT
@@ -52,29 +53,28 @@ public:
     /// this call returns.
     void start(const ProcessStart &start);
 
-    /// Kills the whole process group; ended() follows. Nothing happens when nothing runs.
+    /// Kills it with all that it has started; ended() follows, when that is dead. Nothing happens
+    /// when nothing runs.
     void stop();
 
     /// Whether the program was seen to start, or could not and has its end.
     bool isStarted() const { return m_started || m_end; }
     /// Empty until ended() was emitted.
     std::optional<ProcessEnd> end() const { return m_end; }
-    /// Of the started program; 0 when there is none.
-    qint64 processId() const { return m_group; }
 
 signals:
     void started();
     void ended(ardiphon::ProcessEnd end);
 
 private:
+    GuardedProgram guarded(const ProcessStart &start) const;
+    void readNews();
     void finishUnstarted();
     void finish(ProcessEnd end);
-    void killGroup() const;
 
-    std::unique_ptr<QProcess> m_process;
-    GroupGuard m_guard;
+    Guard m_guard;
+    std::unique_ptr<QSocketNotifier> m_news; ///< of the guard; none before a start
     QString m_executable;
-    qint64 m_group = 0; ///< process group, named by its leader
     bool m_started = false;
     bool m_stopping = false;
     std::optional<ProcessEnd> m_end;

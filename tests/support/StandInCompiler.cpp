@@ -3,9 +3,6 @@
 #include <QCoreApplication>
 #include <QFile>
 
-#include <csignal>
-#include <sys/wait.h>
-
 namespace StandInCompiler {
 
 QString path()
@@ -29,12 +26,6 @@ bool isAlive(pid_t pid)
         return false;
     const QByteArray stat = file.readAll();
     return stat.mid(stat.lastIndexOf(')') + 2, 1) != "Z";
-}
-
-bool isOurChild(pid_t pid)
-{
-    siginfo_t info{};
-    return ::waitid(P_PID, static_cast<id_t>(pid), &info, WEXITED | WNOHANG | WNOWAIT) == 0;
 }
 
 } // namespace StandInCompiler

@@ -20,7 +20,5 @@ Pids pids(const QString &piece);
 
 /// Whether the process runs; one that is dead and only waits to be collected doesn't.
 bool isAlive(pid_t pid);
-/// Whether \a pid is still a child of this process, dead or alive.
-bool isOurChild(pid_t pid);
 
 } // namespace StandInCompiler

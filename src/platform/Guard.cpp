@@ -1,0 +1,226 @@
+#include "platform/Guard.h"
+
+#include "platform/Descendants.h"
+
+#include <climits>
+#include <sys/signalfd.h>
+#include <utility>
+#include <vector>
+
+namespace ardiphon {
+
+namespace {
+
+/// Both ends of a pipe that no program started from here sees.
+struct Pipe
+{
+    int read = -1;
+    int write = -1;
+
+    bool open()
+    {
+        int ends[2];
+        if (::pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0)
+            return false;
+        read = ends[0];
+        write = ends[1];
+        return true;
+    }
+};
+
+void closeEnd(int &end)
+{
+    if (end >= 0)
+        ::close(std::exchange(end, -1));
+}
+
+/// A program in the words of the system call, made before there is a process for it.
+class Command
+{
+public:
+    explicit Command(const GuardedProgram &program)
+        : m_program(program),
+          m_arguments(pointers(program.arguments)),
+          m_environment(pointers(program.environment))
+    {
+    }
+
+    /// Returns only when the program cannot be started.
+    void become() const
+    {
+        const int nothing = ::open("/dev/null", O_RDWR | O_CLOEXEC);
+        ::dup2(nothing, STDIN_FILENO);
+        if (m_program.hidden) {
+            ::dup2(nothing, STDOUT_FILENO);
+            ::dup2(nothing, STDERR_FILENO);
+        }
+        std::signal(SIGPIPE, SIG_DFL);
+        if (m_program.directory.isEmpty() || ::chdir(m_program.directory.constData()) == 0)
+            ::execve(m_program.path.constData(), m_arguments.data(), m_environment.data());
+    }
+
+private:
+    static std::vector<char *> pointers(const QByteArrayList &texts)
+    {
+        std::vector<char *> all;
+        for (const QByteArray &text : texts)
+            all.push_back(const_cast<char *>(text.constData()));
+        all.push_back(nullptr);
+        return all;
+    }
+
+    const GuardedProgram &m_program;
+    const std::vector<char *> m_arguments;
+    const std::vector<char *> m_environment;
+};
+
+/// The guard's own process. Only system calls are made in it: it has but one of the threads that
+/// there were when it was made.
+class GuardProcess
+{
+public:
+    GuardProcess(const Command &command, int life, int news)
+        : m_command(command), m_life(life), m_news(news)
+    {
+    }
+
+    [[noreturn]] void run()
+    {
+        ::setpgid(0, 0);                       // what is sent to our group is not meant for it
+        ::prctl(PR_SET_NAME, "ArdiphonGuard"); // nor is a "killall" of our name
+        descendants::adoptOrphans();
+        sigset_t all;
+        ::sigfillset(&all);
+        ::sigprocmask(SIG_BLOCK, &all, &m_signals);
+        std::signal(SIGCHLD, SIG_DFL); // or else the system might collect the dead by itself
+        if (startProgram()) {
+            tell(Guard::News::Started);
+            watch();
+        } else {
+            tell(Guard::News::Failed);
+        }
+        if (m_program > 0)
+            ::kill(-m_program, SIGKILL);
+        descendants::endAll();
+        ::_exit(0);
+    }
+
+private:
+    /// The pipe closes when the program takes the place of the new process, and only then.
+    bool startProgram()
+    {
+        Pipe failure;
+        if (!failure.open())
+            return false;
+        ::fcntl(failure.read, F_SETFL, 0); // waits
+        const pid_t guard = ::getpid();
+        m_program = ::_Fork();
+        if (m_program == 0) {
+            ::setpgid(0, 0);
+            ::prctl(PR_SET_PDEATHSIG, SIGKILL); // should somebody kill the guard
+            if (::getppid() == guard) {         // and not before the line above
+                ::sigprocmask(SIG_SETMASK, &m_signals, nullptr);
+                m_command.become();
+            }
+            (void)!::write(failure.write, "", 1);
+            ::_exit(1);
+        }
+        closeEnd(failure.write);
+        char none;
+        return m_program > 0 && ::read(failure.read, &none, 1) == 0;
+    }
+
+    void tell(Guard::News news) const { (void)!::write(m_news, &news, 1); }
+
+    /// Until the program is dead or the other end of the pipe is closed.
+    void watch() const
+    {
+        keepOnlyPipes();
+        sigset_t child;
+        ::sigemptyset(&child);
+        ::sigaddset(&child, SIGCHLD);
+        pollfd news[] = {{STDIN_FILENO, 0, 0}, {::signalfd(-1, &child, SFD_NONBLOCK), POLLIN, 0}};
+        while (news[0].revents == 0 && !isDead(m_program)) {
+            ::poll(news, 2, -1);
+            signalfd_siginfo told;
+            (void)!::read(news[1].fd, &told, sizeof told);
+        }
+    }
+
+    /// Standard input and output become the two pipes, and nothing else stays open.
+    void keepOnlyPipes() const
+    {
+        constexpr int usualLimit = 1024;
+        const int life = ::fcntl(m_life, F_DUPFD, STDERR_FILENO + 1);
+        const int news = ::fcntl(m_news, F_DUPFD, STDERR_FILENO + 1);
+        ::dup2(life, STDIN_FILENO);
+        ::dup2(news, STDOUT_FILENO);
+        if (::close_range(STDERR_FILENO, UINT_MAX, 0) == 0)
+            return;
+        for (int other = STDERR_FILENO; other < usualLimit; ++other)
+            ::close(other);
+    }
+
+    /// A dead program keeps its number, and that of its group, until it is collected.
+    static bool isDead(pid_t program)
+    {
+        siginfo_t info{};
+        const int failed =
+            ::waitid(P_PID, static_cast<id_t>(program), &info, WEXITED | WNOHANG | WNOWAIT);
+        return failed != 0 || info.si_pid == program;
+    }
+
+    const Command &m_command;
+    const int m_life;
+    const int m_news;
+    sigset_t m_signals{}; ///< those that were blocked before
+    pid_t m_program = -1;
+};
+
+} // namespace
+
+Guard::~Guard()
+{
+    closeEnd(m_life);
+    closeEnd(m_news);
+}
+
+bool Guard::start(const GuardedProgram &program)
+{
+    const Command command(program);
+    Pipe life;
+    Pipe news;
+    pid_t between = -1;
+    if (life.open() && news.open()) {
+        // The guard is made by a process that is gone at once, so nobody here has to collect it.
+        between = ::_Fork();
+        if (between == 0) {
+            ::close(life.write);
+            const pid_t guard = ::_Fork();
+            if (guard == 0)
+                GuardProcess(command, life.read, news.write).run();
+            ::_exit(guard > 0 ? 0 : 1);
+        }
+    }
+    closeEnd(life.read);
+    closeEnd(news.write);
+    m_life = life.write;
+    m_news = news.read;
+    int status = 1;
+    while (between > 0 && ::waitpid(between, &status, 0) < 0 && errno == EINTR) {
+    }
+    return status == 0;
+}
+
+void Guard::release() { closeEnd(m_life); }
+
+std::optional<Guard::News> Guard::readNews() const
+{
+    char news = 0;
+    const ssize_t size = ::read(m_news, &news, 1);
+    if (size == 0)
+        return News::End;
+    return size > 0 ? std::optional(News(news)) : std::nullopt;
+}
+
+} // namespace ardiphon
