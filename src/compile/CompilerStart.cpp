@@ -2,15 +2,23 @@
 
 #include "compile/CompilerEnvironment.h"
 #include "platform/StartDetached.h"
+#include "platform/Terminal.h"
 
 #include <QFileInfo>
+#include <QStandardPaths>
 
 namespace ardiphon {
 
-void startCompiler(const QString &compiler, const QString &parameters, const QString &document)
+void startCompiler(const QString &compiler, const QString &parameters, const QString &document,
+                   const QString &programFolder)
 {
-    StartDetached(compiler, parameters, ExecutableDirectory(compiler),
-                  compilerEnvironment(QFileInfo(document).absolutePath()));
+    const QFileInfo file(compiler.contains(u'/') ? compiler
+                                                 : QStandardPaths::findExecutable(compiler));
+    if (!file.isFile() || !file.isExecutable()) // no empty terminal for that
+        return;
+    startInTerminal({file.absoluteFilePath(), parameters, ExecutableDirectory(compiler),
+                     compilerEnvironment(QFileInfo(document).absolutePath())},
+                    programFolder);
 }
 
 } // namespace ardiphon

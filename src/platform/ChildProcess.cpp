@@ -1,12 +1,15 @@
 #include "platform/ChildProcess.h"
 
 #include "platform/CommandText.h"
+#include "platform/TerminalRun.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSocketNotifier>
 #include <QStandardPaths>
+
+#include <utility>
 
 namespace ardiphon {
 
@@ -39,7 +42,36 @@ ChildProcess::~ChildProcess() = default;
 void ChildProcess::start(const ProcessStart &start)
 {
     m_executable = locate(start.executable);
-    if (!canStart(m_executable, start.directory) || !m_guard.start(guarded(start)))
+    if (!canStart(m_executable, start.directory))
+        return finishUnstarted();
+    if (start.show == ShowCommand::Hidden || !startInWindow(start))
+        startHere(start);
+}
+
+bool ChildProcess::startInWindow(const ProcessStart &start)
+{
+    auto terminal = std::make_unique<TerminalRun>();
+    connect(terminal.get(), &TerminalRun::ended, this,
+            [this] { finish(m_stopping ? ProcessEnd::Stopped : ProcessEnd::Ended); });
+    connect(terminal.get(), &TerminalRun::failed, this, &ChildProcess::finishUnstarted);
+    connect(terminal.get(), &TerminalRun::missed, this, [this, start] {
+        if (m_stopping)
+            finish(ProcessEnd::Stopped);
+        else
+            startHere(start);
+    });
+    if (!terminal->start({m_executable, start.parameters, start.directory, start.environment},
+                         start.programFolder, start.terminalLimit))
+        return false;
+    m_terminal = std::move(terminal);
+    m_started = true;
+    emit started();
+    return true;
+}
+
+void ChildProcess::startHere(const ProcessStart &start)
+{
+    if (!m_guard.start(guarded(start)))
         return finishUnstarted();
     m_news = std::make_unique<QSocketNotifier>(m_guard.newsDescriptor(), QSocketNotifier::Read);
     connect(m_news.get(), &QSocketNotifier::activated, this, &ChildProcess::readNews);
@@ -62,8 +94,8 @@ void ChildProcess::readNews()
 {
     const auto news = m_guard.readNews();
     if (news == Guard::News::Started) {
-        m_started = true;
-        emit started();
+        if (!std::exchange(m_started, true))
+            emit started();
     } else if (news == Guard::News::Failed) {
         finishUnstarted();
     } else if (news == Guard::News::End) {
@@ -78,10 +110,13 @@ void ChildProcess::finishUnstarted()
 
 void ChildProcess::stop()
 {
-    if (m_end || !m_news)
+    if (m_end || !(m_news || m_terminal))
         return;
     m_stopping = true;
-    m_guard.release();
+    if (m_news)
+        m_guard.release();
+    else
+        m_terminal->stop();
 }
 
 void ChildProcess::finish(ProcessEnd end)

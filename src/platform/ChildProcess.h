@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QString>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 
@@ -13,10 +14,12 @@ class QSocketNotifier;
 
 namespace ardiphon {
 
+class TerminalRun;
+
 /// How the console of a program is shown.
 enum class ShowCommand {
     Hidden = 0, ///< what it prints is discarded
-    Normal = 1  ///< what it prints goes where ours goes; its windows are its own matter
+    Normal = 1  ///< in a terminal window; without one what it prints goes where ours goes
 };
 
 /// What is started and how.
@@ -27,6 +30,9 @@ struct ProcessStart
     QString directory;  ///< where the child starts; "" is the current directory
     ShowCommand show = ShowCommand::Hidden;
     QList<EnvironmentChange> environment;
+    QString programFolder = {}; ///< where `ArdiphonConsole` is; "" for no terminal
+    /// How long a terminal may take to open its window; then the program starts without one.
+    std::chrono::milliseconds terminalLimit = std::chrono::seconds(15);
 };
 
 /// How a start came to its end.
@@ -68,12 +74,15 @@ signals:
 
 private:
     GuardedProgram guarded(const ProcessStart &start) const;
+    bool startInWindow(const ProcessStart &start);
+    void startHere(const ProcessStart &start);
     void readNews();
     void finishUnstarted();
     void finish(ProcessEnd end);
 
     Guard m_guard;
     std::unique_ptr<QSocketNotifier> m_news; ///< of the guard; none before a start
+    std::unique_ptr<TerminalRun> m_terminal; ///< where it runs in a window
     QString m_executable;
     bool m_started = false;
     bool m_stopping = false;

@@ -39,6 +39,21 @@ constexpr Terminal terminals[] = {
     {"xterm", "-e"},
 };
 
+/// The arguments of ArdiphonConsole, in front of the program's own.
+QStringList consoleArguments(const ConsoleStart &start)
+{
+    QStringList arguments;
+    if (!start.reportTo.isEmpty())
+        arguments << QStringLiteral("--report") << start.reportTo;
+    for (const EnvironmentChange &change : start.environment) {
+        if (change.value)
+            arguments << QStringLiteral("--set") << change.name + u'=' + *change.value;
+        else
+            arguments << QStringLiteral("--unset") << change.name;
+    }
+    return arguments << start.directory << start.file;
+}
+
 } // namespace
 
 bool startTerminal(const QString &directory)
@@ -49,23 +64,28 @@ bool startTerminal(const QString &directory)
                        });
 }
 
-bool startInTerminal(const QString &file, const QString &parameters, const QString &directory,
-                     const QString &programFolder)
+bool startConsole(const ConsoleStart &start, const QString &programFolder)
 {
     const QString console = programFolder + QStringLiteral("/ArdiphonConsole");
-    if (QFileInfo(console).isExecutable()) {
-        // Some terminals open their windows from a process that was there before and is elsewhere,
-        // so the directory goes to the console, which also tells when there is none.
-        const QString line =
-            QStringList{quoted(console), quoted(directory), quoted(file), parameters}.join(u' ');
-        for (const Terminal &terminal : terminals) {
-            const QString path = QStandardPaths::findExecutable(QLatin1String(terminal.name));
-            if (terminal.option && !path.isEmpty() &&
-                StartDetached(path, QLatin1String(terminal.option) + u' ' + line, QString()))
-                return true;
-        }
-    }
-    return StartDetached(file, parameters, directory);
+    if (programFolder.isEmpty() || !QFileInfo(console).isExecutable())
+        return false;
+    // Some terminals open their windows from a process that was there before and is elsewhere, so
+    // directory and environment go to the console, which also tells when there is no such place.
+    QString line = quoted(console);
+    for (const QString &argument : consoleArguments(start))
+        line += u' ' + quoted(argument);
+    line += u' ' + start.parameters;
+    return std::any_of(std::begin(terminals), std::end(terminals), [&](const Terminal &terminal) {
+        const QString path = QStandardPaths::findExecutable(QLatin1String(terminal.name));
+        return terminal.option && !path.isEmpty() &&
+               StartDetached(path, QLatin1String(terminal.option) + u' ' + line, QString());
+    });
+}
+
+bool startInTerminal(const ConsoleStart &start, const QString &programFolder)
+{
+    return startConsole(start, programFolder) ||
+           StartDetached(start.file, start.parameters, start.directory, start.environment);
 }
 
 } // namespace ardiphon

@@ -44,7 +44,8 @@ const CompilerDialogKind &projectDialog()
 
 } // namespace
 
-FormCSoundAV::FormCSoundAV(const CompileContext &context) : CompilerDialog(csdDialog(), context)
+FormCSoundAV::FormCSoundAV(const CompileContext &context)
+    : CompilerDialog(csdDialog(), context), m_programFolder(context.system.programFolder)
 {
     addField("Orchestra", QStringLiteral("CSD File:"), config().CSDFileName);
     takeSize(DialogWidth);
@@ -53,7 +54,7 @@ FormCSoundAV::FormCSoundAV(const CompileContext &context) : CompilerDialog(csdDi
 void FormCSoundAV::compile()
 {
     const QString &csd = config().CSDFileName;
-    startCompiler(compilerPath(), quoted(csd), csd);
+    startCompiler(compilerPath(), quoted(csd), csd, m_programFolder);
     close();
 }
 
@@ -64,7 +65,7 @@ void FormCSoundAV::done(int result)
 }
 
 FormCSoundAVORC::FormCSoundAVORC(const CompileContext &context)
-    : CompilerDialog(projectDialog(), context)
+    : CompilerDialog(projectDialog(), context), m_programFolder(context.system.programFolder)
 {
     Orchestra = addField("Orchestra", QStringLiteral("Orchestra:"), config().OrchestraFileName);
     Score = addField("Score", QStringLiteral("Score:"), config().ScoreFileName);
@@ -79,7 +80,7 @@ void FormCSoundAVORC::compile()
     startCompiler(
         compilerPath(),
         playedProjectParameters({m_flags->text(), QString(), Orchestra->text(), Score->text()}),
-        config().OrchestraFileName);
+        config().OrchestraFileName, m_programFolder);
     close();
 }
 

@@ -18,6 +18,8 @@ public:
 private:
     /// Plays the document that the configuration names, whatever stands in the field.
     void compile() override;
+
+    const QString m_programFolder;
 };
 
 /// The same for a project, with flags.
@@ -37,6 +39,7 @@ protected:
 private:
     void compile() override;
 
+    const QString m_programFolder;
     QLineEdit *Orchestra = nullptr;
     QLineEdit *Score = nullptr;
     FlagList *m_flags = nullptr;

@@ -60,7 +60,7 @@ void launchCsdWinsound(const CompileContext &context, const LEditOCX &editor)
     if (context.dialogs.message(question) != Answer::Ok)
         return;
     const QString &csd = context.config.CSDFileName;
-    startCompiler(context.config.FileWinsound, quoted(csd), csd);
+    startCompiler(context.config.FileWinsound, quoted(csd), csd, context.system.programFolder);
 }
 
 void launchCsdCSoundAV(const CompileContext &context, const LEditOCX &editor)

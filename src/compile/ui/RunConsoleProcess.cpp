@@ -33,6 +33,7 @@ public:
 
 private:
     bool start(const ProcessStart &start);
+    bool hasFailed() const;
     void reportFailedStart();
     void stop();
     void stepProgress();
@@ -85,6 +86,10 @@ bool WaitingRun::run(const ProcessStart &startRecord)
         else
             waitForNews();
     }
+    if (hasFailed()) { // which a terminal told late
+        reportFailedStart();
+        return false;
+    }
     if (m_console)
         m_owner.system().beep();
     return true;
@@ -97,11 +102,16 @@ bool WaitingRun::start(const ProcessStart &startRecord)
     const bool asked = m_console && std::exchange(m_owner.StopRequested, false);
     m_process.start(startRecord);
     waitUntil([this] { return m_process.isStarted(); });
-    const auto end = m_process.end();
-    const bool started = !end || *end == ProcessEnd::Ended || *end == ProcessEnd::Stopped;
+    const bool started = !hasFailed();
     if (!started && asked) // that request was meant for the run around this one
         m_owner.StopRequested = true;
     return started;
+}
+
+bool WaitingRun::hasFailed() const
+{
+    const auto end = m_process.end();
+    return end == ProcessEnd::NotFound || end == ProcessEnd::StartFailed;
 }
 
 void WaitingRun::reportFailedStart()
@@ -159,7 +169,8 @@ void WaitingRun::waitUntil(const std::function<bool()> &reached, QDeadlineTimer 
 
 RunSystem RunSystem::real()
 {
-    return {[] { return QDeadlineTimer::current().deadline(); }, [] { QApplication::beep(); }};
+    return {[] { return QDeadlineTimer::current().deadline(); }, [] { QApplication::beep(); },
+            QCoreApplication::applicationDirPath()};
 }
 
 RunOwner::RunOwner(Dialogs &dialogs, RunSystem system, RunConsole *console)
@@ -183,7 +194,8 @@ bool RunConsoleProcess(RunOwner &owner, const QString &executable, const QString
         QFile::remove(owner.compileLogFile);
     }
     return WaitingRun(owner).run({executable, parameters, directory, showCommand,
-                                  compilerEnvironment(owner.documentFolder)});
+                                  compilerEnvironment(owner.documentFolder),
+                                  owner.system().programFolder});
 }
 
 } // namespace ardiphon

@@ -15,6 +15,8 @@ struct RunSystem
 {
     std::function<qint64()> tickCount; ///< milliseconds of a clock that only goes forward
     std::function<void()> beep;
+    /// Where the program is that keeps a terminal open; "" for no terminal.
+    QString programFolder = {};
 
     static RunSystem real();
 };
