@@ -81,7 +81,7 @@ ErrorTarget fileNamedIn(const QString &line, const QString &orchestra, const QSt
 
 std::optional<int> numberNamedIn(const QString &line)
 {
-    static const QRegularExpression number(QStringLiteral("\\bline\\s+(\\d+)"),
+    static const QRegularExpression number(QStringLiteral("\\bline:?\\s+(\\d+)"),
                                            QRegularExpression::CaseInsensitiveOption);
     const QRegularExpressionMatch match = number.match(line);
     if (!match.hasMatch())

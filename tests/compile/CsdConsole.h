@@ -4,6 +4,7 @@
 #include "compile/CompileRules.h"
 #include "compile/ui/CompilerOutput.h"
 #include "compile/ui/FormCSoundCSD.h"
+#include "language/editor/LEditOCX.h"
 #include "support/ScriptedDialogs.h"
 #include "support/StandInCompiler.h"
 #include "support/When.h"
@@ -27,7 +28,7 @@ struct CsdConsole
         config.FileCSound = StandInCompiler::path();
         choose(piece);
         form = std::make_unique<ardiphon::FormCSoundCSD>(
-            config, dialogs, nullptr,
+            config, dialogs, editor, nullptr,
             ardiphon::RunSystem{[this] { return clock(); }, [this] { ++beeps; }});
         form->show();
         output = form->findChild<ardiphon::CompilerOutput *>(QStringLiteral("TxtOutputs"));
@@ -79,6 +80,21 @@ struct CsdConsole
         return lines;
     }
 
+    /// Clicks twice on the line of the output that begins so.
+    void doubleClick(const QString &beginning) const
+    {
+        QTextBlock block = output->document()->begin();
+        while (block.isValid() && !block.text().startsWith(beginning))
+            block = block.next();
+        if (!block.isValid())
+            qFatal("no line %s", qPrintable(beginning));
+        QTextCursor cursor(block);
+        cursor.movePosition(QTextCursor::Right, QTextCursor::MoveAnchor, 3);
+        output->setTextCursor(cursor);
+        QTest::mouseDClick(output->viewport(), Qt::LeftButton, {},
+                           output->cursorRect(cursor).center());
+    }
+
     /// Writes down each text that is shown from now on.
     void noteTexts(QStringList &seen)
     {
@@ -91,6 +107,7 @@ struct CsdConsole
     /// Without the usual dash, as options are searched for "-o".
     QTemporaryDir folder{QDir::tempPath() + QStringLiteral("/test_XXXXXX")};
     ardiphon::ConfigurationBlock config;
+    ardiphon::LEditOCX editor;
     ScriptedDialogs dialogs;
     std::function<qint64()> clock = [] { return qint64(5000); };
     int beeps = 0;

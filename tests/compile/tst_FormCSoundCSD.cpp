@@ -31,7 +31,10 @@ private slots:
     void close_duringRun_startsNoOther();
     void keys_escapeAndEnter_doNothing();
     void keys_mnemonics_pressButtons();
+    void link_doubleClick_selectsTheLineAndCloses();
     void realCompiler_tinyPiece_logsAndWrites();
+    void realCompiler_brokenPiece_linksLeadToTheLine_data();
+    void realCompiler_brokenPiece_linksLeadToTheLine();
 };
 
 void tst_FormCSoundCSD::opened_window_waits()
@@ -148,7 +151,8 @@ void tst_FormCSoundCSD::run_compiler_getsParametersDirectoryAndEnvironment()
     qunsetenv("SFDIR");
     CsdConsole console(QStringLiteral("-my \"own\"; $HOME *"));
     console.form.reset(); // the window is opened for one document
-    console.form = std::make_unique<FormCSoundCSD>(console.config, console.dialogs, nullptr);
+    console.form =
+        std::make_unique<FormCSoundCSD>(console.config, console.dialogs, console.editor, nullptr);
     console.output = console.form->findChild<CompilerOutput *>(QStringLiteral("TxtOutputs"));
     console.click("Command2");
     const QStringList lines = console.text().split(QStringLiteral("\r\n"));
@@ -213,6 +217,23 @@ void tst_FormCSoundCSD::keys_mnemonics_pressButtons()
     QTRY_VERIFY(!console.form->isVisible());
 }
 
+void tst_FormCSoundCSD::link_doubleClick_selectsTheLineAndCloses()
+{
+    CsdConsole console(QStringLiteral("links"));
+    console.editor.SetText(QStringLiteral("one\r\ntwo two\r\nthree"));
+    console.click("Command2");
+    console.doubleClick(QStringLiteral("error: syntax")); // names no line
+    console.doubleClick(QStringLiteral("in line 1"));     // of another file
+    QVERIFY(console.form->isVisible());
+    console.editor.GetSelection();
+    QCOMPARE(console.editor.SelText(), QString());
+    console.doubleClick(QStringLiteral(" from file"));
+    console.editor.GetSelection();
+    QCOMPARE(console.editor.SelText(), QStringLiteral("two two"));
+    QVERIFY(!console.form->isVisible());
+    QVERIFY(!QFile::exists(console.logFile()));
+}
+
 void tst_FormCSoundCSD::realCompiler_tinyPiece_logsAndWrites()
 {
     CsdConsole console(QStringLiteral("my piece è"));
@@ -232,6 +253,51 @@ void tst_FormCSoundCSD::realCompiler_tinyPiece_logsAndWrites()
     QVERIFY(!console.text().contains(u'\x1b'));
     const QFileInfo wave(console.folder.filePath(QStringLiteral("tiny.wav")));
     QVERIFY(wave.size() > 44);
+}
+
+void tst_FormCSoundCSD::realCompiler_brokenPiece_linksLeadToTheLine_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QString>("clicked");
+    QTest::addColumn<QString>("selected");
+    const auto row = [](const char *name, const char *line, const char *clicked,
+                        const char *selected = nullptr) {
+        QTest::newRow(name) << line << clicked << QString(selected ? selected : line);
+    };
+    row("syntax", "out a1 * * 2", " from file");
+    row("unknown opcode", "a2 oscilly 0.2, 440", " from file");
+    row("wrong arguments", "a2 oscili \"x\", \"y\", \"z\"", "Line: 12");
+    row("wrong arguments, file", "a2 oscili \"x\", \"y\", \"z\"", " from file");
+    row("at initialisation", "a2 oscili 0.2, 440, 77", "INIT ERROR");
+    // The compiler itself tells the line of the instrument.
+    row("undefined variable", "out a1 * kamp", "Line 11", "instr 1");
+}
+
+void tst_FormCSoundCSD::realCompiler_brokenPiece_linksLeadToTheLine()
+{
+    QFETCH(QString, line);
+    QFETCH(QString, clicked);
+    QFETCH(QString, selected);
+    CsdConsole console(QStringLiteral("my piece è"));
+    console.config.FileCSound = QStandardPaths::findExecutable(QStringLiteral("csound"));
+    QVERIFY2(!console.config.FileCSound.isEmpty(), "csound is not installed");
+    const QString text =
+        QStringLiteral("<CsoundSynthesizer>\r\n<CsOptions>\r\n-n\r\n</CsOptions>\r\n"
+                       "<CsInstruments>\r\nsr = 44100\r\nksmps = 32\r\nnchnls = 1\r\n0dbfs = 1\r\n"
+                       "\r\ninstr 1\r\n%1\r\nendin\r\n</CsInstruments>\r\n<CsScore>\r\n"
+                       "i 1 0 0.1\r\ne\r\n</CsScore>\r\n</CsoundSynthesizer>\r\n")
+            .arg(line);
+    QFile piece(console.config.CSDFileName);
+    QVERIFY(piece.open(QIODevice::WriteOnly));
+    piece.write(QString(text).remove(u'\r').toUtf8());
+    piece.close();
+    console.editor.SetText(text);
+    console.click("Command2");
+    QVERIFY2(console.text().contains(QStringLiteral("\r\n") + clicked), qPrintable(console.text()));
+    console.doubleClick(clicked);
+    console.editor.GetSelection();
+    QVERIFY2(console.editor.SelText() == selected, qPrintable(console.text()));
+    QVERIFY(!console.form->isVisible());
 }
 
 ARDIPHON_TEST(tst_FormCSoundCSD, QApplication)

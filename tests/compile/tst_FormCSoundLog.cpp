@@ -1,5 +1,7 @@
 #include "compile/CSoundDialog.h"
+#include "compile/ui/ErrorJump.h"
 #include "support/TestMain.h"
+#include <QElapsedTimer>
 
 using namespace ardiphon;
 
@@ -28,6 +30,10 @@ private slots:
     void link_doubleClick_selectsTheLine();
     void link_pointer_showsIt();
     void link_otherLine_selectsItsWord();
+    void link_clickBelowTheLog_isNone();
+    void link_jump_showsTheLinesAround_data();
+    void link_jump_showsTheLinesAround();
+    void error_selectedInLog_showsTheLinesAround();
     void deluge_staysBoundedAndSaysSo();
 };
 
@@ -152,6 +158,86 @@ void tst_FormCSoundLog::link_otherLine_selectsItsWord()
     dialog.doubleClick(QStringLiteral("error"));
     QVERIFY(dialog.form->isVisible());
     QCOMPARE(dialog.output->textCursor().selectedText(), QStringLiteral("error"));
+}
+
+/// The last line is a link, and the nearest to what is below it.
+void tst_FormCSoundLog::link_clickBelowTheLog_isNone()
+{
+    int chosen = 0;
+    LinkedOutput output([](const QStringList &lines,
+                           qsizetype index) { return lines[index] == QLatin1String("link"); },
+                        1, nullptr);
+    connect(&output, &LinkedOutput::linkChosen, this, [&chosen] { ++chosen; });
+    output.resize(400, 400);
+    output.setText(QStringLiteral("first\r\nlink"));
+    output.show();
+    const QRect line = output.cursorRect(QTextCursor(output.document()->lastBlock()));
+    const auto doubleClick = [&](int y) {
+        QTest::mouseMove(output.viewport(), QPoint(line.x() + 10, y));
+        QTest::mouseDClick(output.viewport(), Qt::LeftButton, {}, QPoint(line.x() + 10, y));
+    };
+    for (const int below : {line.height(), 2 * line.height(), 300}) {
+        doubleClick(line.bottom() + below);
+        QCOMPARE(output.viewport()->cursor().shape(), Qt::IBeamCursor);
+        QCOMPARE(output.viewport()->toolTip(), QString());
+    }
+    QCOMPARE(chosen, 0);
+    doubleClick(line.center().y());
+    QCOMPARE(chosen, 1);
+    // A long log is no slower to click on than a short one: nothing looks for the link through it.
+    output.setText(QStringLiteral("link\r\n").repeated(200'000) + QStringLiteral("link"));
+    QTRY_COMPARE_WITH_TIMEOUT(output.document()->blockCount(), 200'001, 20'000);
+    output.moveCursor(QTextCursor::End);
+    QElapsedTimer timer;
+    timer.start();
+    for (int i = 0; i < 20; ++i)
+        doubleClick(output.viewport()->height() - 1);
+    QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+}
+
+void tst_FormCSoundLog::link_jump_showsTheLinesAround_data()
+{
+    QTest::addColumn<int>("line");
+    QTest::addColumn<int>("top");
+    for (const int line : {1, 2, 20, 100, 199, 200})
+        for (const int top : {1, 90, 180})
+            QTest::addRow("line %d from %d", line, top) << line << top;
+}
+
+void tst_FormCSoundLog::link_jump_showsTheLinesAround()
+{
+    QFETCH(int, line);
+    QFETCH(int, top);
+    LEditOCX editor;
+    editor.resize(400, 300);
+    editor.show();
+    editor.SetText(QStringLiteral("i1 0 1\r\n").repeated(199) + QStringLiteral("i1 0 1"));
+    editor.SetTopLine(top);
+    jumpToErrorLine(editor, line);
+    editor.GetSelection();
+    QCOMPARE(editor.SelStartLine, line);
+    QCOMPARE(editor.SelText(), QStringLiteral("i1 0 1"));
+    const int first = editor.TopLine();
+    const int last = first + editor.height() / editor.LineHeight() - 1;
+    QVERIFY2(first <= std::max(1, line - 3), qPrintable(QString::number(first)));
+    QVERIFY2(last >= std::min(200, line + 3), qPrintable(QString::number(last)));
+    // Where it was seen well, nothing moves.
+    const int seen = editor.TopLine();
+    jumpToErrorLine(editor, line);
+    QCOMPARE(editor.TopLine(), seen);
+}
+
+void tst_FormCSoundLog::error_selectedInLog_showsTheLinesAround()
+{
+    CompilerOutput output;
+    output.resize(400, 300);
+    output.show();
+    const QString line = QStringLiteral("a line of many\r\n");
+    output.setText(line.repeated(100) + QStringLiteral("the error\r\n") + line.repeated(100));
+    output.select(output.text().indexOf(QLatin1String("error")), 5);
+    const QRect caret = output.cursorRect();
+    QVERIFY(caret.top() >= 3 * caret.height());
+    QVERIFY(caret.bottom() <= output.viewport()->height() - 3 * caret.height());
 }
 
 void tst_FormCSoundLog::deluge_staysBoundedAndSaysSo()

@@ -141,6 +141,9 @@ void tst_LogAnalysis::place_lines_data()
     row("file below", {"INIT ERROR line 6: no x.wav", " from file a piece.orc (1),a1"},
         "orchestra 6");
     row("file below a blank line", {"Line 5", "", " from file a piece.orc (1)"}, "orchestra 5");
+    row("line with a colon", {"Line: 6", " from file a piece.orc (1),Parsing failed"},
+        "orchestra 6");
+    row("colon and no blank", {"line:6 of a piece.orc"}, "none");
     row("file far below", {"Line 5", "", "", "", " from file a piece.orc (1)"}, "none");
     row("file below in other words", {"Line 5", "in a piece.orc"}, "none");
 }

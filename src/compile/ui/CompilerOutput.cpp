@@ -136,6 +136,17 @@ void CompilerOutput::selectWhenShown()
     part.setPosition(documentPosition(m_wantedEnd), QTextCursor::KeepAnchor);
     m_wantedStart = -1;
     setTextCursor(part);
+    showLinesAround();
+}
+
+/// What explains an error stands below it, and often above.
+void CompilerOutput::showLinesAround()
+{
+    constexpr int lines = 3;
+    const QRect caret = cursorRect();
+    const int room = lines * caret.height();
+    if (caret.top() < room || caret.bottom() > viewport()->height() - room)
+        centerCursor();
 }
 
 /// The document counts a line end as one character, the text has two.

@@ -24,14 +24,15 @@ public:
     /// Puts the banner of a finished run, which took \a milliseconds, in front of the text.
     void insertBanner(qint64 milliseconds);
 
-    /// Selects a part of the text, given by its place in text(), and brings it into view, as soon
-    /// as that much of the text has joined.
+    /// Selects a part of the text, given by its place in text(), and brings it into view with some
+    /// of the lines around it, as soon as that much of the text has joined.
     void select(qsizetype start, qsizetype length);
 
 private:
     QString nextSlice();
     void showNextSlice();
     void selectWhenShown();
+    void showLinesAround();
     int documentPosition(qsizetype index) const;
 
     QString m_text;

@@ -4,6 +4,7 @@
 #include "audio/ui/WavePlayer.h"
 #include "compile/CompileRules.h"
 #include "compile/CompilerLog.h"
+#include "compile/ui/ErrorJump.h"
 #include "compile/ui/LinkedOutput.h"
 #include "language/editor/LEditOCX.h"
 #include "platform/Dialogs.h"
@@ -130,11 +131,7 @@ void FormCSound::goTo(const ErrorPlace &place)
     if (place.target == ErrorTarget::None)
         return;
     LEditOCX &editor = place.target == ErrorTarget::Score ? m_score : m_orchestra;
-    editor.SelStartLine = place.line;
-    editor.SelEndLine = place.line;
-    editor.SelStartColumn = 0;
-    editor.SelEndColumn = editor.LineLength(place.line);
-    editor.SetSelection();
+    jumpToErrorLine(editor, place.line);
     editor.setFocus(); // for when the dialog is gone: the other half may have had it
     close();
 }

@@ -5,6 +5,8 @@
 #include "compile/CompilerEnvironment.h"
 #include "compile/CompilerLog.h"
 #include "compile/ui/CompilerOutput.h"
+#include "compile/ui/ErrorJump.h"
+#include "compile/ui/LinkedOutput.h"
 #include "platform/Dialogs.h"
 
 #include <QBoxLayout>
@@ -17,9 +19,9 @@
 
 namespace ardiphon {
 
-FormCSoundCSD::FormCSoundCSD(const ConfigurationBlock &config, Dialogs &dialogs, QWidget *owner,
-                             RunSystem system)
-    : QDialog(owner), m_config(config), m_runs(dialogs, std::move(system), this)
+FormCSoundCSD::FormCSoundCSD(const ConfigurationBlock &config, Dialogs &dialogs, LEditOCX &editor,
+                             QWidget *owner, RunSystem system)
+    : QDialog(owner), m_config(config), m_editor(editor), m_runs(dialogs, std::move(system), this)
 {
     m_runs.compileLogFile = CompileLogFile(config.RootPath);
     m_runs.documentFolder =
@@ -29,6 +31,7 @@ FormCSoundCSD::FormCSoundCSD(const ConfigurationBlock &config, Dialogs &dialogs,
     buildControls();
     connect(Command2, &QPushButton::clicked, this, &FormCSoundCSD::compile);
     connect(Command1, &QPushButton::clicked, this, &QWidget::close);
+    connect(TxtOutputs, &LinkedOutput::linkChosen, this, &FormCSoundCSD::goTo);
     connect(btnStop, &QPushButton::clicked, this, [this] {
         m_runs.requestStop();
         btnStop->setEnabled(false);
@@ -45,7 +48,10 @@ void FormCSoundCSD::buildControls()
     Command2 = button("Command2", "&Compile");
     btnStop = button("btnStop", "&Stop Compiler");
     Command1 = button("Command1", "E&xit");
-    TxtOutputs = new CompilerOutput(this);
+    const auto isLink = [this](const QStringList &lines, qsizetype index) {
+        return placeAt(lines, index).has_value();
+    };
+    TxtOutputs = new LinkedOutput(isLink, LinesAround, this);
     TxtOutputs->setObjectName(QStringLiteral("TxtOutputs"));
     TxtOutputs->setTabChangesFocus(true);
 
@@ -88,6 +94,20 @@ void FormCSoundCSD::showResult()
     btnStop->setEnabled(false);
     if (!log || log->isEmpty())
         m_runs.dialogs().message({missingLogText(m_runs.compileLogFile)});
+}
+
+std::optional<ErrorPlace> FormCSoundCSD::placeAt(const QStringList &lines, qsizetype index) const
+{
+    return placeNamedAt(lines, index, m_config.CSDFileName, QString());
+}
+
+void FormCSoundCSD::goTo(const QStringList &lines, qsizetype index)
+{
+    const auto place = placeAt(lines, index);
+    if (!place)
+        return;
+    jumpToErrorLine(m_editor, place->line);
+    close();
 }
 
 void FormCSoundCSD::done(int result)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "compile/LogAnalysis.h"
 #include "compile/ui/RunConsoleProcess.h"
 
 #include <QDialog>
@@ -9,17 +10,20 @@ class QPushButton;
 namespace ardiphon {
 
 struct ConfigurationBlock;
-class CompilerOutput;
+class LEditOCX;
+class LinkedOutput;
 
 /// The window in which a saved CSD is compiled by the console compiler. It waits for "&Compile",
-/// shows what the compiler logged, and stops the compiler whatever way it is closed.
+/// shows what the compiler logged, and stops the compiler whatever way it is closed. Where the log
+/// names a line of the CSD, a double click leads there.
 class FormCSoundCSD : public QDialog, private RunConsole
 {
     Q_OBJECT
 
 public:
-    FormCSoundCSD(const ConfigurationBlock &config, Dialogs &dialogs, QWidget *owner,
-                  RunSystem system = RunSystem::real());
+    /// \a editor: where a line of the CSD is selected.
+    FormCSoundCSD(const ConfigurationBlock &config, Dialogs &dialogs, LEditOCX &editor,
+                  QWidget *owner, RunSystem system = RunSystem::real());
 
     /// Every way of closing passes here; none can be refused.
     void done(int result) override;
@@ -32,14 +36,17 @@ private:
     void buildControls();
     void compile();
     void showResult();
+    std::optional<ErrorPlace> placeAt(const QStringList &lines, qsizetype index) const;
+    void goTo(const QStringList &lines, qsizetype index);
 
     void enableStop() override;
     QString consoleText() const override;
     void setConsoleText(const QString &text) override;
 
     const ConfigurationBlock &m_config;
+    LEditOCX &m_editor;
     RunOwner m_runs;
-    CompilerOutput *TxtOutputs = nullptr;
+    LinkedOutput *TxtOutputs = nullptr;
     QPushButton *Command2 = nullptr;
     QPushButton *btnStop = nullptr;
     QPushButton *Command1 = nullptr;

@@ -44,11 +44,12 @@ bool mayLaunch(const Compiler &compiler, const CompileContext &context,
 
 } // namespace
 
-void launchCsdCompile(const CompileContext &context, const LEditOCX &editor)
+void launchCsdCompile(const CompileContext &context, LEditOCX &editor)
 {
     if (mayOpen(checkCsdCompile(context.config, editor.GetState(TextState), editor.Text()),
                 context.dialogs))
-        FormCSoundCSD(context.config, context.dialogs, context.owner, context.system).exec();
+        FormCSoundCSD(context.config, context.dialogs, editor, context.owner, context.system)
+            .exec();
 }
 
 void launchCsdWinsound(const CompileContext &context, const LEditOCX &editor)

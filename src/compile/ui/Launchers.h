@@ -11,7 +11,7 @@ class LEditOCX;
 // until that is closed.
 
 /// FormCSoundCSD, for the CSD in \a editor.
-void launchCsdCompile(const CompileContext &context, const LEditOCX &editor);
+void launchCsdCompile(const CompileContext &context, LEditOCX &editor);
 /// Has no dialog: Winsound starts at once, after one question.
 void launchCsdWinsound(const CompileContext &context, const LEditOCX &editor);
 /// FormCSoundAV.

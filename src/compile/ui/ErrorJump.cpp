@@ -1,0 +1,36 @@
+#include "compile/ui/ErrorJump.h"
+
+#include "language/editor/LEditOCX.h"
+
+#include <algorithm>
+
+namespace ardiphon {
+
+namespace {
+
+constexpr int LinesSeenAround = 3;
+
+/// A line at the edge of the view, or near it, moves to its first third.
+void showLinesAround(LEditOCX &editor, int line)
+{
+    const int lines = editor.height() / std::max(1, editor.LineHeight());
+    const int above = line - editor.TopLine();
+    const int wanted = std::min(LinesSeenAround, lines / 3);
+    if (above < wanted || lines - above <= wanted + 1) // the last may be cut, or a scroll bar's
+        editor.SetTopLine(std::max(1, line - lines / 3));
+}
+
+} // namespace
+
+void jumpToErrorLine(LEditOCX &editor, int line)
+{
+    editor.SelStartLine = line;
+    editor.SelEndLine = line;
+    editor.SelStartColumn = 0;
+    editor.SelEndColumn = editor.LineLength(line);
+    editor.SetSelection();
+    editor.GetSelection();
+    showLinesAround(editor, editor.SelStartLine);
+}
+
+} // namespace ardiphon
