@@ -4,9 +4,9 @@
 program_packages="g++ cmake ninja-build ccache qt6-base-dev libqscintilla2-qt6-dev
     qt6-svg-dev qt6-multimedia-dev libsndfile1-dev qt6-qpa-plugins csound csound-utils
     csound-doc xterm shared-mime-info"
-test_packages="xvfb xclip procps xauth xdotool openbox python3 fonts-dejavu-core pulseaudio
-    pulseaudio-utils poppler-utils imagemagick xdg-utils libfile-mimeinfo-perl libglib2.0-bin
-    desktop-file-utils dpkg-dev file fakeroot groff-base x11-utils"
+test_packages="xvfb x11-utils x11-xkb-utils xclip procps xauth xdotool openbox python3
+    fonts-dejavu-core pulseaudio pulseaudio-utils poppler-utils imagemagick xdg-utils
+    libfile-mimeinfo-perl libglib2.0-bin desktop-file-utils dpkg-dev file fakeroot groff-base"
 
 # Installs those of the named packages that are not there.
 install_missing() {

@@ -3,12 +3,16 @@
 #include "app/ui/ChooserColors.h"
 #include "app/ui/ChooserLabel.h"
 #include "app/ui/PictureButton.h"
+#include "platform/KeyPlace.h"
 
 #include <QCursor>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QVBoxLayout>
+#include <QWindow>
+
+#include <utility>
 
 namespace ardiphon {
 
@@ -114,7 +118,9 @@ void ChooserWindow::centerIn(const QRect &area)
 {
     QRect place(QPoint(), sizeHint());
     place.moveCenter(area.center());
-    move(place.topLeft());
+    m_place = place.topLeft();
+    m_asksForPlace = true;
+    move(m_place);
 }
 
 void ChooserWindow::lightPicture(PictureButton *lit)
@@ -171,14 +177,50 @@ void ChooserWindow::darkenWhenLeft()
 QRect ChooserWindow::WindowRect() const
 {
     // Its right and bottom are left plus width and top plus height, and count as inside.
-    return frameGeometry().adjusted(0, 0, 1, 1);
+    return QRect(m_origin.value_or(frameGeometry().topLeft()), size()).adjusted(0, 0, 1, 1);
+}
+
+void ChooserWindow::showEvent(QShowEvent *event)
+{
+    QDialog::showEvent(event);
+    windowHandle()->installEventFilter(this);
+}
+
+void ChooserWindow::moveEvent(QMoveEvent *event)
+{
+    QDialog::moveEvent(event);
+    m_origin.reset();
+}
+
+/// Some window managers put a window without a frame where it belongs and do not tell it, which is
+/// then taken to be elsewhere. Each event of the mouse tells where it is.
+bool ChooserWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == windowHandle()) {
+        if (event->type() == QEvent::Expose && windowHandle()->isExposed())
+            askForPlaceAgain();
+        else if (event->type() == QEvent::Enter || event->type() == QEvent::MouseMove ||
+                 event->type() == QEvent::MouseButtonPress) {
+            const auto &pointer = static_cast<const QSinglePointEvent &>(*event);
+            m_origin = (pointer.globalPosition() - pointer.position()).toPoint();
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+/// Once, when the window is on the screen: the answer tells where it is, for the windows that open
+/// over it.
+void ChooserWindow::askForPlaceAgain()
+{
+    if (std::exchange(m_asksForPlace, false) && windowHandle()->position() != m_place)
+        windowHandle()->setPosition(m_place);
 }
 
 void ChooserWindow::keyPressEvent(QKeyEvent *event)
 {
     const Qt::KeyboardModifiers others =
         event->modifiers() & ~Qt::KeyboardModifiers(Qt::AltModifier | Qt::KeypadModifier);
-    const auto choice = m_keys.value(event->key());
+    const auto choice = m_keys.value(keyMeant(event->key(), event->nativeScanCode()));
     if (choice && others == Qt::NoModifier)
         choice();
     else

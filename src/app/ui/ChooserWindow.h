@@ -7,6 +7,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <optional>
 
 class QLayout;
 
@@ -32,7 +33,8 @@ protected:
                                  const std::function<void()> &newProject);
     /// Has \a label lit under the mouse.
     void addLabel(ChooserLabel *label);
-    /// Runs \a choice when \a key is pressed alone or with Alt.
+    /// Runs \a choice when \a key is pressed alone or with Alt: the key that types this character,
+    /// or the one at its place where that types no Latin letter or digit.
     void addKey(Qt::Key key, std::function<void()> choice) { m_keys[key] = std::move(choice); }
 
     /// Puts \a title and the small pictures \a buttons on a strip at the top, \a body below it.
@@ -41,6 +43,9 @@ protected:
     /// Places the window, which must be laid out, in the middle of \a area of the screen.
     void centerIn(const QRect &area);
 
+    /// From now on the window stays where it is, wherever it was to be.
+    void placeIsTheUsers() { m_asksForPlace = false; }
+
     /// Turns every picture gray and every label transparent; nothing while a picture is pressed.
     void darken();
 
@@ -48,6 +53,9 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void moveEvent(QMoveEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void lightPicture(PictureButton *lit);
@@ -57,12 +65,17 @@ private:
     void release(PictureButton *picture);
     void darkenWhenLeft();
     QRect WindowRect() const;
+    void askForPlaceAgain();
 
     QList<PictureButton *> m_pictures;
     QList<ChooserLabel *> m_labels;
     QHash<int, std::function<void()>> m_keys;
     QTimer Timer1{this}; ///< runs only while something is lit
     bool ButtonPressed = false;
+    QPoint m_place; ///< that was asked for
+    bool m_asksForPlace = false;
+    /// Of the window, as the last event of the mouse has told; none since the window moved.
+    std::optional<QPoint> m_origin;
 };
 
 } // namespace ardiphon

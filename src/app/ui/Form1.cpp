@@ -102,7 +102,10 @@ QWidget *Form1::buildTitle()
 {
     auto *const labelBAR = new TitleStrip(windowTitle(), this);
     labelBAR->setObjectName(QStringLiteral("labelBAR"));
-    connect(labelBAR, &TitleStrip::pointed, this, [this] { darken(); });
+    connect(labelBAR, &TitleStrip::pointed, this, [this] {
+        placeIsTheUsers();
+        darken();
+    });
     return labelBAR;
 }
 
