@@ -1,5 +1,6 @@
 #include "app/RecentFiles.h"
 #include "documents/CsdDocumentFixture.h"
+#include "documents/DocumentTexts.h"
 #include "support/FileDrop.h"
 #include "support/TestMain.h"
 
@@ -172,13 +173,6 @@ void tst_CsdLeaving::recent_bookmarks_areSavedBefore()
 
 // To and from an orchestra and a score. -----------------------------------------------------------
 
-namespace {
-
-const QString ExportTitle = QStringLiteral("Save Orc/Sco As ... (*.ORC/*.SCO)");
-const QString ImportTitle = QStringLiteral("Open Project (Orchestra & Score)");
-
-} // namespace
-
 void tst_CsdLeaving::export_emptyText_saysSo()
 {
     open();
@@ -199,7 +193,7 @@ void tst_CsdLeaving::export_parts_areWrittenAsTheyStand()
 {
     open(m_program->write(QStringLiteral("piece.csd"), "<CsInstruments>\no\n</CsInstruments>"
                                                        "<CsScore>s</CsScore>"));
-    m_program->dialogs.expectSave(ExportTitle, m_program->path(QStringLiteral("parts.orc")));
+    m_program->dialogs.expectSave(ExportPairTitle, m_program->path(QStringLiteral("parts.orc")));
     trigger("menuFileConvertToORCSCO");
     QCOMPARE(m_program->read(QStringLiteral("parts.orc")), QByteArray("\r\no\r\n"));
     QCOMPARE(m_program->read(QStringLiteral("parts.sco")), QByteArray("s"));
@@ -214,7 +208,7 @@ void tst_CsdLeaving::import_pair_makesAnUntitledText()
 {
     open(m_program->write(QStringLiteral("piece.csd"), "old"));
     m_program->write(QStringLiteral("parts.SCO"), "s");
-    m_program->dialogs.expectOpen(ImportTitle,
+    m_program->dialogs.expectOpen(ImportPairTitle,
                                   m_program->write(QStringLiteral("parts.orc"), "o\n"));
     trigger("menuFileImportaORCSCO");
     QCOMPARE(m_editor->Text(),
@@ -234,7 +228,8 @@ void tst_CsdLeaving::import_pair_makesAnUntitledText()
 void tst_CsdLeaving::import_missingScore_saysSo()
 {
     open(m_program->write(QStringLiteral("piece.csd"), "old"));
-    m_program->dialogs.expectOpen(ImportTitle, m_program->write(QStringLiteral("parts.orc"), "o"));
+    m_program->dialogs.expectOpen(ImportPairTitle,
+                                  m_program->write(QStringLiteral("parts.orc"), "o"));
     m_program->dialogs.expect({QStringLiteral("File Score: ") +
                                m_program->path(QStringLiteral("parts.sco")) +
                                QStringLiteral(" hasn't found!")});

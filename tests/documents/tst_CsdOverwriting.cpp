@@ -1,5 +1,6 @@
 #include "app/RecentFiles.h"
 #include "documents/CsdDocumentFixture.h"
+#include "documents/DocumentTexts.h"
 #include "support/FileDrop.h"
 #include "support/TestMain.h"
 
@@ -12,9 +13,6 @@ using namespace ardiphon;
 namespace {
 
 const QString SaveAsTitle = QStringLiteral("Save File As ...");
-const QString ExportTitle = QStringLiteral("Save Orc/Sco As ... (*.ORC/*.SCO)");
-const QString Changed = QStringLiteral("File has been changed by another program!");
-const QString Existing = QStringLiteral("File already exists!");
 
 } // namespace
 
@@ -44,7 +42,7 @@ private slots:
     void export_oneFileForBoth_isRefused();
 
 private:
-    void expectOverwrite(Answer answer, const QString &what = Changed);
+    void expectOverwrite(Answer answer, const QString &what = ChangedByAnother);
     void perform(const QByteArray &command);
     QByteArray onDisk() const { return m_program->read(QStringLiteral("piece.csd")); }
     void openChangedElsewhere();
@@ -215,7 +213,7 @@ void tst_CsdOverwriting::saveAs_failedWhereNoFileIs_tellsOfTheFileThatIsThereLat
     QVERIFY(m_editor->GetState(2));
     QVERIFY(QDir(m_program->folder.path()).mkdir(QStringLiteral("away")));
     m_program->write(QStringLiteral("away/other.csd"), "of long ago");
-    expectOverwrite(Answer::No, Existing);
+    expectOverwrite(Answer::No, AlreadyExists);
     trigger("menuFileSalvaOrchestra");
     QCOMPARE(m_program->read(QStringLiteral("away/other.csd")), QByteArray("of long ago"));
 }
@@ -231,7 +229,7 @@ void tst_CsdOverwriting::openCsd()
 void tst_CsdOverwriting::expectReplace(Answer answer)
 {
     m_program->dialogs.expect(
-        {QStringLiteral("parts.sco already exists.\r\nDo you want to replace it?"), ExportTitle,
+        {QStringLiteral("parts.sco already exists.\r\nDo you want to replace it?"), ExportPairTitle,
          MessageIcon::Exclamation, MessageButtons::YesNo, true},
         answer);
 }
@@ -250,10 +248,10 @@ void tst_CsdOverwriting::export_newOrchestraOverAScore_asksFirst()
     m_program->write(QStringLiteral("parts.sco"), "precious");
     openCsd();
     const QString path = m_program->path(QStringLiteral("parts.orc"));
-    m_program->dialogs.expectSave(ExportTitle, path);
+    m_program->dialogs.expectSave(ExportPairTitle, path);
     expectReplace(answer);
     if (answer == Answer::No)
-        m_program->dialogs.expectSave(ExportTitle, m_program->path(QStringLiteral("new.orc")));
+        m_program->dialogs.expectSave(ExportPairTitle, m_program->path(QStringLiteral("new.orc")));
     trigger("menuFileConvertToORCSCO");
     const bool replaced = answer == Answer::Yes;
     QCOMPARE(m_program->read(QStringLiteral("parts.sco")), QByteArray(replaced ? "s" : "precious"));
@@ -270,7 +268,7 @@ void tst_CsdOverwriting::export_existingOrchestra_asksNoMore()
 {
     m_program->write(QStringLiteral("parts.sco"), "old");
     openCsd();
-    m_program->dialogs.expectSave(ExportTitle,
+    m_program->dialogs.expectSave(ExportPairTitle,
                                   m_program->write(QStringLiteral("parts.orc"), "old"));
     trigger("menuFileConvertToORCSCO");
     QCOMPARE(m_program->read(QStringLiteral("parts.orc")), QByteArray("o"));
@@ -280,12 +278,12 @@ void tst_CsdOverwriting::export_existingOrchestra_asksNoMore()
 void tst_CsdOverwriting::export_oneFileForBoth_isRefused()
 {
     openCsd();
-    m_program->dialogs.expectSave(ExportTitle,
+    m_program->dialogs.expectSave(ExportPairTitle,
                                   m_program->write(QStringLiteral("parts.sco"), "precious"));
     m_program->dialogs.expect(
         {QStringLiteral("Orchestra and Score would both be written to parts.sco!\r\n"
                         "Choose another name for the Orchestra (*.orc)!")});
-    m_program->dialogs.expectSave(ExportTitle, std::nullopt);
+    m_program->dialogs.expectSave(ExportPairTitle, std::nullopt);
     trigger("menuFileConvertToORCSCO");
     QCOMPARE(m_program->read(QStringLiteral("parts.sco")), QByteArray("precious"));
 }

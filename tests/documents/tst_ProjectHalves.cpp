@@ -1,3 +1,4 @@
+#include "documents/DocumentTexts.h"
 #include "documents/ProjectFixture.h"
 #include "support/TestMain.h"
 
@@ -177,8 +178,6 @@ void tst_ProjectHalves::half_cancelInTheScore_leadsToTheOrchestra()
 
 namespace {
 
-const QString ImportTitle = QStringLiteral("Open CSound Unified File Format (*.CSD)");
-const QString ExportTitle = QStringLiteral("Save CSD File As ... (*.CSD)");
 const Message Failed{QStringLiteral("Conversion Error!"), QStringLiteral("Error!"),
                      MessageIcon::Critical, MessageButtons::Ok};
 
@@ -195,7 +194,7 @@ void tst_ProjectHalves::export_pair_writesOneCsd()
 {
     m->showPair("o\n", "s");
     m->score->setFocus();
-    m->dialogs.expectSave(ExportTitle, m->path(QStringLiteral("x.csd")));
+    m->dialogs.expectSave(ExportCsdTitle, m->path(QStringLiteral("x.csd")));
     m->trigger("menuFileConvertToCSD");
     QCOMPARE(m->read(QStringLiteral("x.csd")),
              QByteArray("<CsoundSynthesizer>\r\n\r\n<CsOptions>\r\n</CsOptions>\r\n\r\n"
@@ -215,7 +214,7 @@ void tst_ProjectHalves::export_untitled_proposesTheCutMarker()
     m->show();
     m->type(m->orchestra, QStringLiteral("o"));
     m->type(m->score, QStringLiteral("s"));
-    m->dialogs.expectSave(ExportTitle, std::nullopt);
+    m->dialogs.expectSave(ExportCsdTitle, std::nullopt);
     m->trigger("menuFileConvertToCSD");
     QCOMPARE(m->dialogs.fileQuestions.back().proposedName, QStringLiteral("[Untit.csd"));
 }
@@ -224,7 +223,7 @@ void tst_ProjectHalves::export_unwritableTarget_saysWhy()
 {
     m->showPair("o", "s");
     QVERIFY(QDir(m->folder.path()).mkdir(QStringLiteral("x.csd")));
-    m->dialogs.expectSave(ExportTitle, m->path(QStringLiteral("x.csd")));
+    m->dialogs.expectSave(ExportCsdTitle, m->path(QStringLiteral("x.csd")));
     m->expectMessage(QStringLiteral("The file \"%1\" was not saved: it is a folder.")
                          .arg(m->path(QStringLiteral("x.csd"))));
     m->trigger("menuFileConvertToCSD");
@@ -235,9 +234,9 @@ void tst_ProjectHalves::import_csd_replacesBothTexts()
 {
     m->showPair("o", "s");
     m->config.FontSize = 15;
-    m->dialogs.expectOpen(ImportTitle, m->write(QStringLiteral("new.csd"),
-                                                "<CsInstruments>\nO\n</CsInstruments>\n"
-                                                "<CsScore>\xe9</CsScore>\n"));
+    m->dialogs.expectOpen(ImportCsdTitle, m->write(QStringLiteral("new.csd"),
+                                                   "<CsInstruments>\nO\n</CsInstruments>\n"
+                                                   "<CsScore>\xe9</CsScore>\n"));
     m->trigger("menuFileImportaCSD");
     QCOMPARE(m->orchestra->Text(), QStringLiteral("\r\nO\r\n"));
     QCOMPARE(m->score->Text(), QString(QChar(0xe9)));
@@ -270,8 +269,8 @@ void tst_ProjectHalves::import_modified_asksForEachHalf()
 void tst_ProjectHalves::import_noScore_leavesTheNewOrchestra()
 {
     m->showPair("o", "s");
-    m->dialogs.expectOpen(ImportTitle, m->write(QStringLiteral("new.csd"),
-                                                "<CsInstruments>O</CsInstruments><csscore>"));
+    m->dialogs.expectOpen(ImportCsdTitle, m->write(QStringLiteral("new.csd"),
+                                                   "<CsInstruments>O</CsInstruments><csscore>"));
     m->dialogs.expect(Failed);
     m->trigger("menuFileImportaCSD");
     QCOMPARE(m->orchestra->Text(), QStringLiteral("O"));
@@ -292,7 +291,7 @@ void tst_ProjectHalves::import_noTags_changesNothing()
 {
     QFETCH(QByteArray, csd);
     m->showPair("o", "s");
-    m->dialogs.expectOpen(ImportTitle, m->write(QStringLiteral("new.csd"), csd));
+    m->dialogs.expectOpen(ImportCsdTitle, m->write(QStringLiteral("new.csd"), csd));
     m->dialogs.expect(Failed);
     m->trigger("menuFileImportaCSD");
     QCOMPARE(m->orchestra->Text() + m->score->Text(), QStringLiteral("os"));

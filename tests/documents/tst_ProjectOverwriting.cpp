@@ -1,4 +1,5 @@
 #include "app/RecentFiles.h"
+#include "documents/DocumentTexts.h"
 #include "documents/ProjectFixture.h"
 #include "support/FileDrop.h"
 #include "support/TestMain.h"
@@ -13,11 +14,8 @@ using namespace ardiphon;
 namespace {
 
 const QString SaveProjectAs = QStringLiteral("Save Project As ... (*.ORC / *.SCO)");
-const QString Changed = QStringLiteral("File has been changed by another program!");
-const QString Existing = QStringLiteral("File already exists!");
 const QString SaveOrchestra = QStringLiteral("Save Orchestra");
 const QString SaveScore = QStringLiteral("Save Score");
-const QString ImportTitle = QStringLiteral("Open CSound Unified File Format (*.CSD)");
 
 } // namespace
 
@@ -50,7 +48,8 @@ private slots:
     void saveAs_refusedBeforeTheTextGoes_asksAgain();
 
 private:
-    void expectOverwrite(const QString &title, Answer answer, const QString &what = Changed);
+    void expectOverwrite(const QString &title, Answer answer,
+                         const QString &what = ChangedByAnother);
     void expectReplace(const QString &name, Answer answer);
     void expectOneFile(const QString &name);
     void perform(const QByteArray &command);
@@ -228,20 +227,20 @@ void tst_ProjectOverwriting::import_overFiles_saysThatTheyExist()
     m->showPair("o", "s");
     m->write(QStringLiteral("b.orc"), "old orchestra");
     m->write(QStringLiteral("b.sco"), "old score");
-    m->dialogs.expectOpen(ImportTitle,
+    m->dialogs.expectOpen(ImportCsdTitle,
                           m->write(QStringLiteral("b.csd"), "<CsInstruments>O</CsInstruments>"
                                                             "<CsScore>S</CsScore>"));
     m->trigger("menuFileImportaCSD");
     if (changedSince)
         m->write(QStringLiteral("b.orc"), "newer orchestra");
-    expectOverwrite(SaveOrchestra, Answer::No, Existing);
-    expectOverwrite(SaveScore, Answer::Yes, Existing);
+    expectOverwrite(SaveOrchestra, Answer::No, AlreadyExists);
+    expectOverwrite(SaveScore, Answer::Yes, AlreadyExists);
     m->trigger("menuFileSalvaProgetto");
     QCOMPARE(onDisk("b.orc"), QByteArray(changedSince ? "newer orchestra" : "old orchestra"));
     QCOMPARE(onDisk("b.sco"), QByteArray("S"));
     m->write(QStringLiteral("b.sco"), "someone else's"); // the score is the project's own now
-    expectOverwrite(SaveOrchestra, Answer::Yes, Existing);
-    expectOverwrite(SaveScore, Answer::No, Changed);
+    expectOverwrite(SaveOrchestra, Answer::Yes, AlreadyExists);
+    expectOverwrite(SaveScore, Answer::No, ChangedByAnother);
     m->trigger("menuFileSalvaProgetto");
     QCOMPARE(onDisk("b.orc"), QByteArray("O"));
 }
@@ -249,7 +248,7 @@ void tst_ProjectOverwriting::import_overFiles_saysThatTheyExist()
 void tst_ProjectOverwriting::import_noFilesThere_asksNothing()
 {
     m->showPair("o", "s");
-    m->dialogs.expectOpen(ImportTitle,
+    m->dialogs.expectOpen(ImportCsdTitle,
                           m->write(QStringLiteral("b.csd"), "<CsInstruments>O</CsInstruments>"
                                                             "<CsScore>S</CsScore>"));
     m->trigger("menuFileImportaCSD");

@@ -11,6 +11,8 @@ twice=$(find . -name '*.h' -o -name '*.cpp' | sort | while read -r file; do
         /^namespace [A-Za-z_]+ \{/ { scope = $2 "::" }
         /^\} \/\/ namespace [A-Za-z_]+$/ { scope = "" }
         /^(class|struct) [A-Za-z_]+/ && !/;$/ { sub(/:.*/, "", $2); print scope $2, file }
+        /^inline const(expr)? .*( =|\{)/ {
+            sub(/( =|\{).*/, ""); sub(/.* \**/, ""); print scope $0, file; next }
         /^inline .*\(/ { name = $0; sub(/\).*/, ")", name); print scope name, file }' "$file"
 done | sort | awk '{ name = $0; sub(/ [^ ]*$/, "", name) } name == before { print line; print $0 }
                    { before = name; line = $0 }')

@@ -1,4 +1,5 @@
 #include "platform/KeyPlace.h"
+#include "support/TestMain.h"
 
 #include <QTest>
 
@@ -48,5 +49,5 @@ void tst_KeyPlace::key_ofALayout_means()
     QTEST(keyMeant(key, code), "meant");
 }
 
-QTEST_GUILESS_MAIN(tst_KeyPlace)
+ARDIPHON_TEST(tst_KeyPlace, QCoreApplication)
 #include "tst_KeyPlace.moc"

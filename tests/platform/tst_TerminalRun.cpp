@@ -1,5 +1,6 @@
 #include "platform/ChildProcess.h"
 #include "support/StandInCompiler.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 #include <QFile>
@@ -255,5 +256,5 @@ void tst_TerminalRun::missingConsole_runsWithoutOne()
     QVERIFY(!QFile::exists(path("screen")));
 }
 
-QTEST_GUILESS_MAIN(tst_TerminalRun)
+ARDIPHON_TEST(tst_TerminalRun, QCoreApplication)
 #include "tst_TerminalRun.moc"
