@@ -13,6 +13,10 @@ struct GutterNumbers
 /// view, however short the text is. \a height and \a lineHeight in pixels.
 GutterNumbers gutterNumbers(int topLine, int height, int lineHeight);
 
+/// How many digits a gutter has room for beside a text of so many lines: six, and more where a
+/// number needs them. Behind the text one more number may be seen.
+int gutterDigits(int lineCount);
+
 /// The line at \a y, in pixels from the gutter's top.
 int gutterLineAt(int topLine, int y, int lineHeight);
 

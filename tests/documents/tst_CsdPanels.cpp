@@ -28,6 +28,8 @@ private slots:
     void tools_hideAllThenToggle_bringsOneBack();
     void tools_allFlagsOff_hideAllRestores();
     void tools_menuWindow_checksMatchTheFlags();
+    void tools_restoreAll_gutterWithoutItsFlag_isNotSeen();
+    void tools_millionLines_widenTheGutter();
     void window_halves_fillTheWorkArea();
     void window_takesThePlacementThatWasKept();
 
@@ -156,6 +158,43 @@ void tst_CsdPanels::tools_menuWindow_checksMatchTheFlags()
     QVERIFY(!action("menuWindowLineNumbers")->isChecked());
     QVERIFY(action("menuWindowBarraBook")->isChecked());
     QVERIFY(action("menuWindowToolbar")->isChecked());
+}
+
+/// Restore shows the control, which draws no number as long as the flag is off, and stands behind
+/// the text.
+void tst_CsdPanels::tools_restoreAll_gutterWithoutItsFlag_isNotSeen()
+{
+    show("one\ntwo\nthree\n");
+    trigger("menuWindowLineNumbers");
+    control<QWidget>("Tree")->setFocus(); // no caret
+    const auto text = [this] {
+        QCoreApplication::processEvents();
+        return m_window->grab(QRect(first()->mapTo(m_window, QPoint(0, 0)), first()->size()))
+            .toImage();
+    };
+    const QImage before = text();
+    trigger("menuWindowRestore");
+    QVERIFY(control<QWidget>("PicNumeri")->isVisible());
+    QCOMPARE(text(), before);
+    const QPoint begin = first()->PositionToPixels(1, 0) + QPoint(2, 2);
+    QVERIFY(first()->isAncestorOf(m_window->childAt(first()->mapTo(m_window, begin))));
+}
+
+void tst_CsdPanels::tools_millionLines_widenTheGutter()
+{
+    show(QByteArray("\n").repeated(999'990));
+    const auto *gutter = control<QWidget>("PicNumeri");
+    const auto widthOf = [gutter](const char *zeros) {
+        return QFontMetrics(gutter->font()).horizontalAdvance(QLatin1String(zeros));
+    };
+    QCOMPARE(gutter->width(), widthOf("000000"));
+    QCOMPARE(first()->x(), gutter->x() + gutter->width());
+    caret(first(), first()->LineCount(), 0);
+    for (int line = 0; line < 20; ++line)
+        QTest::keyClick(first()->focusProxy(), Qt::Key_Return);
+    QTRY_COMPARE(gutter->width(), widthOf("0000000"));
+    QCOMPARE(first()->x(), gutter->x() + gutter->width());
+    first()->ClearState(2);
 }
 
 void tst_CsdPanels::window_halves_fillTheWorkArea()

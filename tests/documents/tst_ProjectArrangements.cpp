@@ -33,6 +33,7 @@ private slots:
 
     // Tools.
     void tools_toggle_bothGutters();
+    void tools_millionLines_widenBothGutters();
     void tools_hideAll_staysHiddenThroughAnArrangement();
     void tools_hiddenHalf_keepsItsGutterHidden();
     void tools_keptValues_areApplied();
@@ -297,6 +298,19 @@ void tst_ProjectArrangements::tools_toggle_bothGutters()
     press(m->score, Qt::Key_3, Qt::ControlModifier);
     QVERIFY(!shown("TextOpcode") && !shown("TextParametri"));
     QCOMPARE(place("LEDIT1").top(), 220 / 15);
+}
+
+void tst_ProjectArrangements::tools_millionLines_widenBothGutters()
+{
+    m->showPair();
+    const QFontMetrics metrics(m->control<QWidget>("PicNumeri1")->font());
+    QCOMPARE(place("PicNumeri1").width(), metrics.horizontalAdvance(QStringLiteral("000000")));
+    m->score->SetText(QStringLiteral("\r\n").repeated(1'000'000));
+    const int wide = metrics.horizontalAdvance(QStringLiteral("0000000"));
+    QTRY_COMPARE(place("PicNumeri2").width(), wide);
+    QCOMPARE(place("PicNumeri1").width(), wide);
+    QCOMPARE(place("LEDIT2").x(), place("PicNumeri2").x() + wide);
+    m->score->ClearState(2);
 }
 
 void tst_ProjectArrangements::tools_hideAll_staysHiddenThroughAnArrangement()

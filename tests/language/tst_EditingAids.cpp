@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+#include <climits>
+
 using namespace ardiphon;
 
 /// The rules of the keys that a view handles itself, and of the line numbers beside it.
@@ -28,6 +30,7 @@ private slots:
     void gutter_press_isOnALine_data();
     void gutter_press_isOnALine();
     void gutter_noLineHeight_showsNothing();
+    void gutter_digits_sixAndWhatANumberNeeds();
 
     void wheel_smallTurns_addUpToANotch();
     void wheel_turnedBack_beginsAnew();
@@ -186,6 +189,17 @@ void tst_EditingAids::gutter_noLineHeight_showsNothing()
 {
     QVERIFY(gutterNumbers(3, 100, 0).last < 3);
     QCOMPARE(gutterLineAt(3, 50, 0), 3);
+}
+
+void tst_EditingAids::gutter_digits_sixAndWhatANumberNeeds()
+{
+    for (const int lines : {0, 1, 99'999, 100'000, 999'998})
+        QCOMPARE(gutterDigits(lines), 6);
+    // One number behind the last line may be seen too.
+    for (const int lines : {999'999, 1'000'000, 9'999'998})
+        QCOMPARE(gutterDigits(lines), 7);
+    QCOMPARE(gutterDigits(9'999'999), 8);
+    QCOMPARE(gutterDigits(INT_MAX), 10);
 }
 
 void tst_EditingAids::wheel_smallTurns_addUpToANotch()

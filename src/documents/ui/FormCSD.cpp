@@ -69,13 +69,16 @@ void FormCSD::buildControls()
     LEDIT1 = newEditor(QStringLiteral("LEDIT1"), ViewLanguage::Csd);
     LEDIT2 = newEditor(QStringLiteral("LEDIT2"), ViewLanguage::Csd);
     LEDIT2->hide();
-    PicNumeri = new Gutter(*LEDIT1, centralWidget());
+    PicNumeri = new Gutter(*LEDIT1, config(), centralWidget());
     PicNumeri->setObjectName(QStringLiteral("PicNumeri"));
-    PicNumeri2 = new Gutter(*LEDIT2, centralWidget());
+    PicNumeri2 = new Gutter(*LEDIT2, config(), centralWidget());
     PicNumeri2->setObjectName(QStringLiteral("PicNumeri2"));
     m_splitLine = new SplitLine(config(), centralWidget());
     m_splitLine->setObjectName(QStringLiteral("splitLine"));
     m_splitLine->hide();
+    // Told while the view is drawn, which must not be moved then.
+    connect(PicNumeri, &Gutter::textWidthChanged, this, &FormCSD::arrangeWindow,
+            Qt::QueuedConnection);
 
     LabelBookmarks = newLabel(QStringLiteral("LabelBookmarks"), tr("Tags in this file"));
     Tree = newTree(QStringLiteral("Tree"));

@@ -29,6 +29,8 @@
 #include <QToolBar>
 #include <QTreeWidget>
 
+#include <algorithm>
+
 namespace ardiphon {
 
 namespace {
@@ -139,8 +141,11 @@ HalfView *FormORCSCO::newHalf(const ProjectHalf &half, LEditOCX &editor, Bookmar
 {
     auto *document =
         new HalfDocument(half, editor, bookmarks, fileName, *LEDIT1, program(), files(), this);
-    auto *gutter = new Gutter(editor, centralWidget());
+    auto *gutter = new Gutter(editor, config(), centralWidget());
     gutter->setObjectName(QStringLiteral("PicNumeri") + number);
+    // Told while the view is drawn, which must not be moved then.
+    connect(gutter, &Gutter::textWidthChanged, this, &FormORCSCO::arrangeWindow,
+            Qt::QueuedConnection);
     auto *label = newLabel(QStringLiteral("Label") + half.name, half.label(Untitled));
     QFont small = label->font();
     small.setPixelSize(LabelFontSize);
@@ -211,7 +216,8 @@ ProjectWindowState FormORCSCO::windowState() const
     ProjectWindowState state;
     state.innerWidth = toTwips(centralWidget()->width());
     state.innerHeight = toTwips(centralWidget()->height());
-    state.gutterWidth = toTwips(m_orchestra->gutter().textWidth());
+    state.gutterWidth =
+        toTwips(std::max(m_orchestra->gutter().textWidth(), m_score->gutter().textWidth()));
     state.toolbarHeight = state.columnHeight = toTwips(toolbar.height());
     state.grabWidth = toTwips(SplitterH->width());
     state.LineNumbersVisible = config().LineNumbersVisible;
