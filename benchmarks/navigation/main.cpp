@@ -8,7 +8,6 @@
 #include "navigation/ui/Definitions.h"
 #include "navigation/ui/Instruments.h"
 #include "navigation/ui/SearchWindows.h"
-#include "navigation/ui/TextScan.h"
 #include "platform/ui/QtDialogs.h"
 
 #include <QAction>
@@ -102,8 +101,9 @@ void measureJumps(LEditOCX &editor, int lines)
     field.setText(QStringLiteral("999999"));
     report("a number that no instrument has", editor, lines, 300,
            [&] { instruments.GoToInstrumentNumber(field); });
+    int asked = 0; // each time for another word: what is known of one is kept
     report("a word of the tag panel, not there", editor, lines, 100,
-           [&] { containsExactly(editor, QStringLiteral("</CsoundSynthesizer>")); });
+           [&] { editor.Contains(QStringLiteral("</CsoundSynthesizer%1>").arg(++asked)); });
 }
 
 void measureDefinitions(LEditOCX &editor, int lines)

@@ -19,7 +19,7 @@ public:
     void measureAt(int lines)
     {
         open(lines);
-        report("tick of the tag panel", lines, 30, 10, [this] { tick(); });
+        reportTicks(lines);
         reportIdle("idle", lines);
         m_window->findChild<QAction *>(QStringLiteral("buttonSplit"))->trigger();
         QApplication::processEvents();
@@ -53,10 +53,21 @@ private:
         measure::row(what, lines, value, "ms", limit);
     }
 
-    /// A tick after the text moved on the screen, which makes the words due again.
+    /// Of ticks that follow a key at the end of the text, once every word was looked for.
+    void reportTicks(int lines) const
+    {
+        measure::idle(4000);
+        measure::goTo(*first(), lines, 3);
+        const double value = measure::medianOf(30, [this] {
+            type(Qt::Key_A, QStringLiteral("a"));
+            return measure::processTime([this] { tick(); });
+        });
+        measure::row("tick behind a key", lines, value, "ms", 1);
+        measure::goTo(*first(), 1, 0);
+    }
+
     void tick() const
     {
-        emit first()->Repaint();
         QTimerEvent event(m_window->findChild<QTimer *>(QStringLiteral("Timer1"))->timerId());
         QApplication::sendEvent(m_window->findChild<QTimer *>(QStringLiteral("Timer1")), &event);
     }

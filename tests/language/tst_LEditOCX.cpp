@@ -29,6 +29,8 @@ private slots:
     void setText_sameText_changesNothing();
     void setTextOf_takesTheTextInItsOwnLineEnds();
     void setTextOf_sameText_changesNothing();
+    void setTextOf_afterAnyChange_copiesAgain();
+    void contains_followsEveryChange();
     void state_otherFlags_areIgnored();
     void state_followsUndoToTheSavedText();
     void resetUndo_keepsTheModifiedState();
@@ -190,6 +192,61 @@ void tst_LEditOCX::setTextOf_sameText_changesNothing()
     m_editor->SetTextOf(*m_editor);
     QVERIFY(!m_editor->GetState(2));
     QCOMPARE(saved(), QByteArray("a\nb\rc\r\n"));
+}
+
+void tst_LEditOCX::setTextOf_afterAnyChange_copiesAgain()
+{
+    LEditOCX other;
+    other.SetText("one");
+    m_editor->SetTextOf(other);
+    m_editor->SetTextOf(other);
+    QCOMPARE(m_editor->Text(), "one");
+    m_editor->SetText("two"); // its own change
+    m_editor->SetTextOf(other);
+    QCOMPARE(m_editor->Text(), "one");
+    m_editor->Undo();
+    QCOMPARE(m_editor->Text(), "two");
+    m_editor->SetTextOf(other);
+    QCOMPARE(m_editor->Text(), "one");
+    other.SetText("three"); // the other's change
+    m_editor->SetTextOf(other);
+    QCOMPARE(m_editor->Text(), "three");
+    LEditOCX third;
+    m_editor->SetTextOf(third);
+    QVERIFY(m_editor->IsEmpty());
+    m_editor->SetTextOf(other);
+    QCOMPARE(m_editor->Text(), "three");
+}
+
+void tst_LEditOCX::contains_followsEveryChange()
+{
+    const auto tags = [this] {
+        QString found;
+        for (const char *tag : {"<CsScore>", "</CsScore>", "<CsOptions>"})
+            found += m_editor->Contains(QLatin1String(tag)) ? '1' : '0';
+        return found;
+    };
+    QCOMPARE(tags(), "000");
+    load("x\n<CsScore>\ni1 0 1\n</CsScore>\n");
+    QCOMPARE(tags(), "110");
+    goTo(*m_editor, 1, 0);
+    type(*m_editor, "<CsOptions>");
+    QCOMPARE(tags(), "111");
+    goTo(*m_editor, 2, 1);
+    type(*m_editor, "s");
+    QCOMPARE(tags(), "011");
+    m_editor->Undo();
+    QCOMPARE(tags(), "111");
+    select(*m_editor, 4, 0, 5, 0);
+    press(*m_editor, Qt::Key_Delete);
+    QCOMPARE(tags(), "101");
+    QVERIFY(!m_editor->Contains("<csscore>"));
+    QVERIFY(!m_editor->Contains(""));
+    m_editor->ClearDocument();
+    QCOMPARE(tags(), "000");
+    QVERIFY(m_editor->IsEmpty());
+    type(*m_editor, " ");
+    QVERIFY(!m_editor->IsEmpty());
 }
 
 void tst_LEditOCX::state_otherFlags_areIgnored()

@@ -3,7 +3,6 @@
 #include "language/editor/LEditOCX.h"
 #include "navigation/SearchRules.h"
 #include "navigation/ui/EditorSearch.h"
-#include "navigation/ui/TextScan.h"
 
 #include <QListWidget>
 #include <QTreeWidget>
@@ -25,7 +24,6 @@ TagPanel::TagPanel(LEditOCX &editor, QTreeWidget &tree, QListWidget &list, const
         m_list.addItem(word);
         m_list.item(m_list.count() - 1)->setToolTip(word);
     }
-    connect(&m_editor, &LEditOCX::Repaint, this, [this] { m_due = m_words.size() - 1; });
     connect(&m_tree, &QTreeWidget::itemClicked, this,
             [this](const QTreeWidgetItem *node) { goTo(node->text(0)); });
     connect(&m_list, &QListWidget::itemClicked, this,
@@ -34,13 +32,12 @@ TagPanel::TagPanel(LEditOCX &editor, QTreeWidget &tree, QListWidget &list, const
 
 void TagPanel::refreshNext()
 {
-    if (m_due <= 0)
+    if (m_words.size() < 2)
         return;
-    --m_due;
     m_index = m_index + 1 < m_words.size() ? m_index + 1 : 1;
     const QString &word = m_words[m_index];
     QTreeWidgetItem *node = m_tree.topLevelItem(int(m_index - 1));
-    const bool occurs = containsExactly(m_editor, word);
+    const bool occurs = m_editor.Contains(word);
     if (!occurs && isShown(word))
         node->setText(0, Missing);
     else if (occurs && !isShown(word))
@@ -56,7 +53,6 @@ void TagPanel::clear()
 {
     for (int i = 0; i < m_tree.topLevelItemCount(); ++i)
         m_tree.topLevelItem(i)->setText(0, Missing);
-    m_due = m_words.size() - 1;
 }
 
 void TagPanel::goTo(const QString &word)
@@ -70,7 +66,7 @@ void TagPanel::goTo(const QString &word)
 
 void TagPanel::insertWord(const QString &word)
 {
-    if (!containsExactly(m_editor, word)) {
+    if (!m_editor.Contains(word)) {
         if (m_editor.SelectionLength() > 0)
             m_editor.SetSelText(QString());
         m_editor.SetSelText(word + QStringLiteral("\r\n"));

@@ -21,8 +21,7 @@ public:
     /// \a words: the words, from index 1; index 0 is not one.
     TagPanel(LEditOCX &editor, QTreeWidget &tree, QListWidget &list, const QStringList &words);
 
-    /// Looks for the next word in turn. Does nothing once every word was looked for since the text
-    /// last changed on the screen.
+    /// Looks for the next word in turn, where the text has changed since it was looked for.
     void refreshNext();
     /// Shows every word as missing until it is found again.
     void clear();
@@ -41,7 +40,6 @@ private:
     QListWidget &m_list;
     const QStringList &m_words;
     qsizetype m_index = 0;
-    qsizetype m_due = 0; ///< words still to be looked for
 };
 
 } // namespace ardiphon

@@ -26,10 +26,20 @@ LEditOCX::Private::Private(LEditOCX &editor)
       view(*new TextView(*this, &editor)),
       text(view),
       styling(view, text),
-      bookmarks(view, text)
+      bookmarks(view, text),
+      presence(text)
 {
     text.setLineEndKind(form.lineEnd);
-    QObject::connect(&view, &TextView::SCEN_CHANGE, &control, [this] { match.reset(); });
+    QObject::connect(&view, &TextView::SCEN_CHANGE, &control, [this] {
+        match.reset();
+        ++changes;
+    });
+    QObject::connect(&view, &TextView::SCN_MODIFIED, &control,
+                     [this](int at, int type, const char *, int length) {
+                         if (type & (Sci::SC_MOD_BEFOREINSERT | Sci::SC_MOD_BEFOREDELETE))
+                             presence.aboutToChange(at,
+                                                    type & Sci::SC_MOD_BEFOREDELETE ? length : 0);
+                     });
 }
 
 void LEditOCX::Private::aboutToDraw(int first, int last)
@@ -98,8 +108,18 @@ void LEditOCX::SetText(const QString &text) { d->changeText(text.toUtf8()); }
 
 void LEditOCX::SetTextOf(const LEditOCX &other)
 {
+    if (d->source == &other && d->sourceChanges == other.d->changes &&
+        d->changesWithSource == d->changes)
+        return;
     d->changeText(other.d->text.bytes(0, other.d->text.size()));
+    d->source = &other;
+    d->sourceChanges = other.d->changes;
+    d->changesWithSource = d->changes;
 }
+
+bool LEditOCX::IsEmpty() const { return d->text.size() == 0; }
+
+bool LEditOCX::Contains(const QString &text) const { return d->presence.contains(text.toUtf8()); }
 
 int LEditOCX::LineCount() const { return d->text.lineCount(); }
 

@@ -62,6 +62,10 @@ public:
     void SetText(const QString &text);
     /// The same with the text of another control, without a copy of it on the way.
     void SetTextOf(const LEditOCX &other);
+    bool IsEmpty() const;
+    /// Whether \a text, which has no line end in it, stands anywhere with exactly these letters.
+    /// Asked again for the same text it reads only what has changed meanwhile.
+    bool Contains(const QString &text) const;
     int LineCount() const;
     /// Without its line end; "" for a line that does not exist.
     QString LineText(int line) const;

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "language/TextPresence.h"
 #include "language/editor/Bookmarks.h"
 #include "language/editor/LEditOCX.h"
 #include "language/editor/Styling.h"
 #include "language/editor/TextBuffer.h"
 #include "language/editor/TextView.h"
+
+#include <QPointer>
 
 #include <optional>
 
@@ -38,12 +41,19 @@ public:
     bool modifiedBefore = false; ///< modified already when the history was forgotten
     QString currentWord;
 
+    quint64 changes = 0; ///< of the text so far
+    /// The control whose text was taken last, and how often both had changed then.
+    QPointer<const LEditOCX> source;
+    quint64 sourceChanges = 0;
+    quint64 changesWithSource = 0;
+
     QString findText;
     QString replaceText;
     int findDirection = 1;
     bool findWholeWord = false;
     TextSearch search{findText, findWholeWord}; ///< made anew when one of these changes
     std::optional<TextRange> match;             ///< of the last FindFirst, until the text changes
+    TextPresence presence;
 
 private:
     void aboutToDraw(int first, int last) override;

@@ -45,6 +45,8 @@ QByteArrayView TextBuffer::bytes(qsizetype start, qsizetype end) const
             end - start};
 }
 
+qsizetype TextBuffer::gap() const { return send(Sci::SCI_GETGAPPOSITION); }
+
 char TextBuffer::byteAt(qsizetype offset) const
 {
     return offset >= 0 && offset < size() ? char(send(Sci::SCI_GETCHARAT, offset)) : '\0';

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "language/DocumentText.h"
+#include "language/TextPresence.h"
 #include "language/TextSearch.h"
 
 #include <QByteArrayView>
@@ -19,12 +20,12 @@ struct TextPosition
 
 /// The document inside the view: UTF-8 bytes with the line ends of the file. Offsets are bytes,
 /// lines count from 1 as in the contract.
-class TextBuffer
+class TextBuffer final : public GappedText
 {
 public:
     explicit TextBuffer(QsciScintillaBase &view) : m_view(view) {}
 
-    qsizetype size() const;
+    qsizetype size() const override;
     int lineCount() const;
     bool hasLine(int line) const { return line >= 1 && line <= lineCount(); }
     /// The offset at which an existing line starts; size() for a line behind the last.
@@ -34,8 +35,9 @@ public:
     int lineOf(qsizetype offset) const;
 
     /// Bytes of the document itself; valid until the next call of a routine that is not const.
-    QByteArrayView bytes(qsizetype start, qsizetype end) const;
+    QByteArrayView bytes(qsizetype start, qsizetype end) const override;
     QByteArrayView lineBytes(int line) const { return bytes(lineStart(line), lineEnd(line)); }
+    qsizetype gap() const override;
     /// The text of a stretch with CR LF line ends.
     QString text(TextRange range) const;
 

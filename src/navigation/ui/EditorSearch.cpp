@@ -15,10 +15,7 @@ void setSearch(LEditOCX &editor, const QString &text, int direction, bool wholeW
 
 } // namespace
 
-bool isEmptyText(const LEditOCX &editor)
-{
-    return editor.LineCount() <= 1 && editor.LineLength(1) == 0;
-}
+bool isEmptyText(const LEditOCX &editor) { return editor.IsEmpty(); }
 
 bool findFirst(LEditOCX &editor, const QString &text, int direction, bool wholeWord)
 {
@@ -42,23 +39,6 @@ void giveFocus(LEditOCX &editor)
 {
     editor.window()->activateWindow();
     editor.setFocus();
-}
-
-KeptRecord::KeptRecord(LEditOCX &editor)
-    : m_editor(editor),
-      m_startLine(editor.SelStartLine),
-      m_startColumn(editor.SelStartColumn),
-      m_endLine(editor.SelEndLine),
-      m_endColumn(editor.SelEndColumn)
-{
-}
-
-KeptRecord::~KeptRecord()
-{
-    m_editor.SelStartLine = m_startLine;
-    m_editor.SelStartColumn = m_startColumn;
-    m_editor.SelEndLine = m_endLine;
-    m_editor.SelEndColumn = m_endColumn;
 }
 
 } // namespace ardiphon

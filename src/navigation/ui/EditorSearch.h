@@ -23,20 +23,4 @@ void setRecord(LEditOCX &editor, int line, int column);
 /// Gives the editor the focus, and its window if another one is in front.
 void giveFocus(LEditOCX &editor);
 
-/// Keeps an editor's selection record as it stands for the life of this object.
-class KeptRecord
-{
-public:
-    explicit KeptRecord(LEditOCX &editor);
-    ~KeptRecord();
-    Q_DISABLE_COPY_MOVE(KeptRecord)
-
-private:
-    LEditOCX &m_editor;
-    const int m_startLine;
-    const int m_startColumn;
-    const int m_endLine;
-    const int m_endColumn;
-};
-
 } // namespace ardiphon
