@@ -110,6 +110,18 @@ void measureLongLine(LEditOCX &editor, const QString &path)
     measure::row("open a line of 5 MB, go to its end", measure::NoSize,
                  measure::medianOf(3, [&] { return measure::processTime(openAndJump); }), "ms",
                  500);
+    measureKeystroke(editor, "keystroke in a line of 5 MB", measure::NoSize, 101, 1000);
+    int column = 0;
+    measure::row("another part of a line of 5 MB", measure::NoSize,
+                 measure::medianOf(9,
+                                   [&] {
+                                       column += 100'000;
+                                       return measure::processTime([&] {
+                                           measure::goTo(editor, 101, column);
+                                           measure::paint(editor);
+                                       });
+                                   }),
+                 "ms", 20);
 }
 
 } // namespace

@@ -4,8 +4,10 @@
 
 #include <QChar>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
+#include <utility>
 
 namespace ardiphon {
 
@@ -41,12 +43,24 @@ public:
             m_at += peek().length;
     }
 
-    Token blockCommentRest(LineState &state)
+    // What the line began in, up to where that ends.
+    Token rest(LineState &state)
     {
         const qsizetype start = m_at;
-        const qsizetype close = indexOf("*/", m_at);
-        state = close < 0 ? LineState::BlockComment : LineState::Text;
-        m_at = close < 0 ? m_line.size() : close + 2;
+        const LineState began = std::exchange(state, LineState::Text);
+        switch (began) {
+        case LineState::Quoted:
+            readTo("\"");
+            break;
+        case LineState::LineComment:
+            m_at = m_line.size();
+            break;
+        default:
+            if (!readTo("*/"))
+                state = LineState::BlockComment;
+        }
+        if (began == LineState::Quoted)
+            return {start, m_at - start, TokenKind::Quoted, false};
         return {start, m_at - start, TokenKind::Other, true};
     }
 
@@ -67,24 +81,27 @@ public:
 private:
     Utf8Character peek() const { return characterAt(m_line, m_at); }
 
-    qsizetype indexOf(QByteArrayView what, qsizetype from) const
+    // Reads up to and with these characters, or to the line's end: whether they were there.
+    bool readTo(QByteArrayView what)
     {
-        const qsizetype found = m_line.sliced(from).indexOf(what);
-        return found < 0 ? found : found + from;
+        const qsizetype found = m_line.sliced(m_at).indexOf(what);
+        m_at = found < 0 ? m_line.size() : m_at + found + what.size();
+        return found >= 0;
     }
 
     Token blockComment(LineState &state)
     {
         m_at += 2;
-        Token comment = blockCommentRest(state);
+        state = LineState::BlockComment;
+        const Token comment = rest(state);
         return {comment.start - 2, comment.length + 2, TokenKind::Other, true};
     }
 
     TokenKind read(Utf8Character first)
     {
         if (first.code == U'"') {
-            const qsizetype close = indexOf("\"", m_at + 1);
-            m_at = close < 0 ? m_line.size() : close + 1;
+            ++m_at;
+            readTo("\"");
             return TokenKind::Quoted;
         }
         if (first.code == U'<' && readTag())
@@ -161,29 +178,43 @@ const char *commentEnd(const char *at, const char *end)
     return nullptr;
 }
 
+// Behind the end of what `state` is, or null when it has none here.
+const char *behindRest(const char *at, const char *end, LineState state)
+{
+    if (state == LineState::BlockComment)
+        return commentEnd(at, end);
+    if (state == LineState::LineComment) {
+        at = lineEnd(at, end);
+        return at == end ? nullptr : at;
+    }
+    while (at < end && *at != '"' && *at != '\n' && *at != '\r')
+        ++at;
+    return at == end ? nullptr : at + 1;
+}
+
 } // namespace
 
 QList<Token> tokenizeLine(QByteArrayView line, LineState &state)
 {
     QList<Token> tokens;
     LineReader reader(line);
-    if (state == LineState::BlockComment)
-        tokens.append(reader.blockCommentRest(state));
+    if (state != LineState::Text)
+        tokens.append(reader.rest(state));
     for (reader.skipBlanks(); !reader.atEnd(); reader.skipBlanks())
         tokens.append(reader.next(state));
     return tokens;
 }
 
-LineState stateBehind(QByteArrayView text, LineState state)
+LineState stateInside(QByteArrayView text, LineState state)
 {
     static constexpr std::array<bool, 256> starters = commentStarters();
     const char *at = text.begin();
     const char *const end = text.end();
     while (at < end) {
-        if (state == LineState::BlockComment) {
-            at = commentEnd(at, end);
+        if (state != LineState::Text) {
+            at = behindRest(at, end, state);
             if (!at)
-                return LineState::BlockComment;
+                return state;
             state = LineState::Text;
         }
         while (at < end && !starters[static_cast<unsigned char>(*at)])
@@ -192,18 +223,39 @@ LineState stateBehind(QByteArrayView text, LineState state)
             return state;
         const char starter = *at++;
         if (starter == ';') {
-            at = lineEnd(at, end);
+            state = LineState::LineComment;
         } else if (starter == '"') {
-            while (at < end && *at != '"' && *at != '\n' && *at != '\r')
-                ++at;
-            if (at < end)
-                ++at;
+            state = LineState::Quoted;
         } else if (at < end && *at == '*') {
             ++at;
             state = LineState::BlockComment;
         }
     }
     return state;
+}
+
+LineState stateBehind(QByteArrayView text, LineState state)
+{
+    return stateInside(text, state) == LineState::BlockComment ? LineState::BlockComment
+                                                               : LineState::Text;
+}
+
+qsizetype boundaryInside(QByteArrayView line, qsizetype from)
+{
+    constexpr QByteArrayView ends(" \t,=()+-^"); // none of which is part of a comment's mark
+    constexpr qsizetype longestToken = 1024;
+    const qsizetype last = std::min(from + longestToken, line.size());
+    for (qsizetype at = from; at < last; ++at)
+        if (ends.contains(line[at]))
+            return at + 1;
+    qsizetype at = last;
+    const auto isInside = [&] {
+        return (static_cast<unsigned char>(line[at]) & 0xC0) == 0x80 || line[at - 1] == '/' ||
+               line[at - 1] == '*';
+    };
+    while (at > 0 && at < line.size() && isInside())
+        ++at;
+    return at;
 }
 
 QString wordAt(QByteArrayView line, qsizetype column, LineState state)

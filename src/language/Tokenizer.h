@@ -8,8 +8,9 @@
 
 namespace ardiphon {
 
-/// What a line begins in; a block comment is the only thing that goes on over a line's end.
-enum class LineState : char { Text, BlockComment };
+/// What a line begins in; a block comment is the only thing that goes on over a line's end. What
+/// stands inside a line may also begin in quoted text or in a comment to the line's end.
+enum class LineState : char { Text, BlockComment, Quoted, LineComment };
 
 /// A token, or a comment, within a line of UTF-8 text. Blanks belong to none.
 struct Token
@@ -36,6 +37,14 @@ QList<Token> tokenizeLine(QByteArrayView line, LineState &state);
 /// What the line behind \a text begins in, where \a text is any number of whole lines of which the
 /// first begins in \a state. As tokenizing them all would tell, but fast.
 LineState stateBehind(QByteArrayView text, LineState state);
+
+/// What the rest of a line begins in behind \a text, where \a text begins in \a state and ends
+/// neither inside a token nor inside the mark that opens or closes a comment.
+LineState stateInside(QByteArrayView text, LineState state);
+
+/// A place in \a line, at \a from or not much further, where stateInside() may end a text; the
+/// line's end at the latest. Inside a token when that is longer than any that has a meaning.
+qsizetype boundaryInside(QByteArrayView line, qsizetype from);
 
 /// The word at byte \a column of a line: the one that holds the column, else the one that ends
 /// there, else "". A comment and quoted text hold no words.

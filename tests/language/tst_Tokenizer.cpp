@@ -18,6 +18,8 @@ private slots:
     void tokenizeLine_blockComment_goesOnOverLines();
     void tokenizeLine_unicodeLetters_areLetters();
     void stateBehind_randomText_isAsTokenized();
+    void stateInside_lineCutAtABoundary_hasTheSameTokens();
+    void boundaryInside_longToken_isCut();
     void wordAt_column_givesWord_data();
     void wordAt_column_givesWord();
     void wordAt_inBlockComment_isEmpty();
@@ -125,6 +127,49 @@ void tst_Tokenizer::stateBehind_randomText_isAsTokenized()
             tokenizeLine(line, expected);
         QVERIFY2(stateBehind(text, before) == expected, text.toPercentEncoding().constData());
     }
+}
+
+void tst_Tokenizer::stateInside_lineCutAtABoundary_hasTheSameTokens()
+{
+    QRandomGenerator random(14);
+    const QByteArrayList pieces{"ab",  " ",   "\"", ";",  "/",         "*",        "/*", "*/",
+                                "12x", "$M.", "-,", "= ", "<CsScore>", "\xC3\xA8", "()", "\t"};
+    for (int round = 0; round < 20000; ++round) {
+        QByteArray line;
+        for (int i = random.bounded(30); i >= 0; --i)
+            line += pieces[random.bounded(pieces.size())];
+        const LineState before = random.bounded(2) ? LineState::Text : LineState::BlockComment;
+        LineState state = before;
+        const QList<Token> whole = tokenizeLine(line, state);
+        const qsizetype cut = boundaryInside(line, 1 + random.bounded(int(line.size())));
+        QVERIFY(cut > 0 && cut <= line.size());
+        LineState inside = stateInside(line.first(cut), before);
+        QList<Token> expected; // what of the tokens stands behind the cut
+        for (const Token &token : whole) {
+            const qsizetype start = std::max(token.start, cut);
+            if (start < token.end())
+                expected.append({start - cut, token.end() - start, token.kind, token.comment});
+        }
+        QList<Token> tokens = tokenizeLine(QByteArrayView(line).sliced(cut), inside);
+        // A comment or a quotation that the cut leaves nothing of may be told without length.
+        tokens.removeIf([](const Token &token) { return token.length == 0; });
+        for (QList<Token> *each : {&expected, &tokens})
+            for (Token &token : *each)
+                token.kind = token.comment ? TokenKind::Other : token.kind;
+        QVERIFY2(tokens == expected,
+                 (line.toPercentEncoding() + " cut at " + QByteArray::number(cut)).constData());
+    }
+}
+
+void tst_Tokenizer::boundaryInside_longToken_isCut()
+{
+    QCOMPARE(boundaryInside("abc def", 1), qsizetype(4));
+    QCOMPARE(boundaryInside("abcdef", 1), qsizetype(6));
+    QCOMPARE(boundaryInside(QByteArray(5000, 'a') + " b", 1), qsizetype(1025));
+    // Inside no character and inside no mark of a comment.
+    QCOMPARE(boundaryInside("a" + QByteArray("\xC3\xA8").repeated(2000), 2), qsizetype(1027));
+    QCOMPARE(boundaryInside(QByteArray(1024, 'a') + "/*" + QByteArray(5000, 'a'), 1),
+             qsizetype(1027));
 }
 
 void tst_Tokenizer::wordAt_column_givesWord_data()

@@ -22,11 +22,18 @@ constexpr unsigned RestStyles[] = {2, 3};
 constexpr unsigned FirstTokenStyle = 4;
 
 constexpr unsigned StrikeIndicator = 8;
+constexpr unsigned FarForeIndicator = 9;
+constexpr unsigned FarBackIndicator = 10;
+constexpr long ColorIsTheValue = 1; // SC_INDICFLAG_VALUEFORE
+constexpr long Opaque = 255;
 
 constexpr qsizetype CheckpointDistance = 1 << 14;
 
-// A line is coloured up to here; what lies behind is drawn plain.
+// A line is styled up to here. Other styles behind it would have the whole line measured anew each
+// time that another part comes into view; so what is seen of it is coloured by indicators, which
+// change no measure.
 constexpr qsizetype ColoredLength = 1 << 14;
+constexpr qsizetype LongestToken = 1 << 10; // that has a meaning
 
 // The library remembers the widths of so many short pieces of text.
 constexpr int KnownWidths = 1 << 14;
@@ -51,6 +58,11 @@ QByteArray stylesOfRest(QByteArrayView text)
     return styles;
 }
 
+bool isRestStyle(long style)
+{
+    return style == long(RestStyles[0]) || style == long(RestStyles[1]);
+}
+
 } // namespace
 
 void LineStates::textKeptUpTo(qsizetype offset)
@@ -59,22 +71,36 @@ void LineStates::textKeptUpTo(qsizetype offset)
         m_checkpoints.pop_back();
 }
 
+LineStates::Checkpoint LineStates::before(qsizetype offset)
+{
+    while (offset - m_checkpoints.back().offset > CheckpointDistance) {
+        const Checkpoint last = m_checkpoints.back();
+        const qsizetype next = nextPlace(last.offset + CheckpointDistance);
+        if (next > offset)
+            break;
+        m_checkpoints.push_back({next, stateInside(m_text.bytes(last.offset, next), last.state)});
+    }
+    const auto behind = std::upper_bound(
+        m_checkpoints.begin(), m_checkpoints.end(), offset,
+        [](qsizetype at, const Checkpoint &checkpoint) { return at < checkpoint.offset; });
+    return *std::prev(behind);
+}
+
+// The next line's start, or a place inside a line that goes on for long.
+qsizetype LineStates::nextPlace(qsizetype from) const
+{
+    const int line = m_text.lineOf(from);
+    const qsizetype end = m_text.lineEnd(line);
+    if (end - from < CheckpointDistance)
+        return m_text.lineStart(line + 1);
+    return from + boundaryInside(m_text.bytes(from, end), 1);
+}
+
 LineState LineStates::at(int line)
 {
     const qsizetype wanted = m_text.lineStart(line);
-    while (wanted - m_checkpoints.back().offset > CheckpointDistance) {
-        const Checkpoint last = m_checkpoints.back();
-        const qsizetype next =
-            m_text.lineStart(m_text.lineOf(last.offset + CheckpointDistance) + 1);
-        if (next > wanted)
-            break;
-        m_checkpoints.push_back({next, stateBehind(m_text.bytes(last.offset, next), last.state)});
-    }
-    const auto behind = std::upper_bound(
-        m_checkpoints.begin(), m_checkpoints.end(), wanted,
-        [](qsizetype offset, const Checkpoint &checkpoint) { return offset < checkpoint.offset; });
-    const Checkpoint &before = *std::prev(behind);
-    return stateBehind(m_text.bytes(before.offset, wanted), before.state);
+    const Checkpoint known = before(wanted);
+    return stateBehind(m_text.bytes(known.offset, wanted), known.state);
 }
 
 Styling::Styling(QsciScintillaBase &view, TextBuffer &text)
@@ -82,6 +108,13 @@ Styling::Styling(QsciScintillaBase &view, TextBuffer &text)
 {
     m_view.SendScintilla(Sci::SCI_SETPOSITIONCACHE, KnownWidths);
     m_view.SendScintilla(Sci::SCI_INDICSETSTYLE, StrikeIndicator, long(Sci::INDIC_STRIKE));
+    m_view.SendScintilla(Sci::SCI_INDICSETSTYLE, FarForeIndicator, long(Sci::INDIC_TEXTFORE));
+    m_view.SendScintilla(Sci::SCI_INDICSETFLAGS, FarForeIndicator, ColorIsTheValue);
+    m_view.SendScintilla(Sci::SCI_INDICSETSTYLE, FarBackIndicator, long(Sci::INDIC_FULLBOX));
+    m_view.SendScintilla(Sci::SCI_INDICSETFLAGS, FarBackIndicator, ColorIsTheValue);
+    m_view.SendScintilla(Sci::SCI_INDICSETALPHA, FarBackIndicator, Opaque);
+    m_view.SendScintilla(Sci::SCI_INDICSETOUTLINEALPHA, FarBackIndicator, Opaque);
+    m_view.SendScintilla(Sci::SCI_INDICSETUNDER, FarBackIndicator, 1L);
     applyFont();
 }
 
@@ -184,6 +217,15 @@ unsigned Styling::styleOfToken(const Token &token, QByteArrayView line, const Li
     return styleFor(own.back.value_or(colors.back), own.fore.value_or(colors.fore));
 }
 
+// As styleOfToken, but the colours themselves.
+TokenColors Styling::colorsOf(const Token &token, QByteArrayView line, const LineColors &own) const
+{
+    TokenColors colors{m_back, m_commentFore};
+    if (!token.comment)
+        colors = m_tokenColors(token.kind, stringOf(line.sliced(token.start, token.length)));
+    return {own.back.value_or(colors.back), own.fore.value_or(colors.fore)};
+}
+
 void Styling::colorLine(int line, LineState state, const LineColors &own)
 {
     const qsizetype start = m_text.lineStart(line);
@@ -196,8 +238,91 @@ void Styling::colorLine(int line, LineState state, const LineColors &own)
         std::fill_n(styles.begin() + token.start, token.length, char(style));
     }
     applyStyles(start, styles);
-    if (coloredEnd < end && m_view.SendScintilla(Sci::SCI_GETSTYLEAT, long(end - 1)) == PlainStyle)
+    m_hasLongLine |= coloredEnd < end;
+    if (m_hasLongLine) {
+        mark(FarForeIndicator, start, coloredEnd, std::nullopt);
+        mark(FarBackIndicator, start, coloredEnd, std::nullopt);
+    }
+    if (coloredEnd < end && !isRestStyle(m_view.SendScintilla(Sci::SCI_GETSTYLEAT, long(end - 1))))
         applyStyles(coloredEnd, stylesOfRest(m_text.bytes(coloredEnd, end)));
+}
+
+// What the view shows of a line, from its first to its last position.
+TextRange Styling::columnsInView(int line) const
+{
+    const long top = m_view.SendScintilla(Sci::SCI_GETFIRSTVISIBLELINE);
+    const long y = (line - 1 - top) * m_view.SendScintilla(Sci::SCI_TEXTHEIGHT);
+    const long width = m_view.viewport()->width();
+    return {m_view.SendScintilla(Sci::SCI_POSITIONFROMPOINT, 0UL, y),
+            m_view.SendScintilla(Sci::SCI_POSITIONFROMPOINT, ulong(width), y)};
+}
+
+void Styling::colorFarInView(int line, const LineColors &own)
+{
+    const qsizetype styled = m_text.lineStart(line) + ColoredLength;
+    const qsizetype end = m_text.lineEnd(line);
+    const TextRange seen = columnsInView(line);
+    const qsizetype first = std::clamp(seen.start - LongestToken, styled, end);
+    const qsizetype last = std::clamp(seen.end + LongestToken, styled, end);
+    restyleFar(first, last);
+    const LineStates::Checkpoint known = m_states.before(first);
+    const QByteArray text = m_text.bytes(known.offset, last).toByteArray();
+    LineState state = known.state;
+    qsizetype done = styled;
+    for (const Token &token : tokenizeLine(text, state)) {
+        const qsizetype start = std::max(known.offset + token.start, first);
+        const qsizetype behind = std::max(known.offset + token.end(), first);
+        if (start >= behind || (!token.comment && !m_tokenColors))
+            continue;
+        const TokenColors colors = colorsOf(token, text, own);
+        mark(FarForeIndicator, done, start, std::nullopt);
+        markBack(done, start, std::nullopt);
+        mark(FarForeIndicator, start, behind, colors.fore);
+        markBack(start, behind, colors.back);
+        done = behind;
+    }
+    mark(FarForeIndicator, done, end, std::nullopt);
+    markBack(done, end, std::nullopt);
+}
+
+// Tokens that were styled stand here when something was put in before them.
+void Styling::restyleFar(qsizetype first, qsizetype last)
+{
+    for (qsizetype at = first; at < last; ++at) {
+        const long style = m_view.SendScintilla(Sci::SCI_GETSTYLEAT, long(at));
+        if (style != long(PlainStyle) && !isRestStyle(style)) {
+            applyStyles(first, stylesOfRest(m_text.bytes(first, last)));
+            return;
+        }
+    }
+}
+
+// None takes the colour away.
+void Styling::mark(unsigned indicator, qsizetype start, qsizetype end, std::optional<Color> color)
+{
+    if (start >= end)
+        return;
+    m_view.SendScintilla(Sci::SCI_SETINDICATORCURRENT, ulong(indicator));
+    if (color) {
+        m_view.SendScintilla(Sci::SCI_SETINDICATORVALUE,
+                             ulong(color->value) | ulong(Sci::SC_INDICVALUEBIT));
+        m_view.SendScintilla(Sci::SCI_INDICATORFILLRANGE, ulong(start), long(end - start));
+    } else {
+        m_view.SendScintilla(Sci::SCI_INDICATORCLEARRANGE, ulong(start), long(end - start));
+    }
+}
+
+// Only where it is not the view's own, and never over the selection.
+void Styling::markBack(qsizetype start, qsizetype end, std::optional<Color> color)
+{
+    if (color == m_back)
+        color.reset();
+    const TextRange selected = color ? m_text.selection() : TextRange{end, end};
+    const qsizetype from = std::clamp(selected.start, start, end);
+    const qsizetype to = std::clamp(selected.end, start, end);
+    mark(FarBackIndicator, start, from, color);
+    mark(FarBackIndicator, from, to, std::nullopt);
+    mark(FarBackIndicator, to, end, color);
 }
 
 void Styling::applyStyles(qsizetype start, const QByteArray &styles)
@@ -205,6 +330,7 @@ void Styling::applyStyles(qsizetype start, const QByteArray &styles)
     m_view.SendScintilla(Sci::SCI_STARTSTYLING, ulong(start));
     m_view.SendScintilla(Sci::SCI_SETSTYLINGEX, uintptr_t(styles.size()), styles.constData());
     if (m_font.strikeOut()) {
+        m_view.SendScintilla(Sci::SCI_SETINDICATORCURRENT, ulong(StrikeIndicator));
         m_view.SendScintilla(Sci::SCI_INDICATORFILLRANGE, ulong(start), long(styles.size()));
     }
 }
@@ -241,6 +367,11 @@ void Styling::prepare(int first, int last, const std::function<LineColors(int li
         colorLine(line, state, lineColors(line));
         state =
             stateBehind(m_text.bytes(m_text.lineStart(line), m_text.lineStart(line + 1)), state);
+    }
+    if (m_hasLongLine) {
+        for (int line = first; line <= last; ++line)
+            if (m_text.lineEnd(line) - m_text.lineStart(line) > ColoredLength)
+                colorFarInView(line, lineColors(line));
     }
     m_readTo = std::max(m_text.lineEnd(last), std::min(kept, m_readTo));
     m_view.SendScintilla(Sci::SCI_STARTSTYLING, ulong(m_readTo));

@@ -19,24 +19,29 @@ struct LineColors
     std::optional<Color> fore;
 };
 
-/// What each line begins in, without reading the document again at each question: from checkpoints
-/// over the part of the text that was read so far.
+/// What each line begins in, and what stands far behind in a very long one, without reading the
+/// document again at each question: from checkpoints over the part of the text that was read so
+/// far.
 class LineStates
 {
 public:
+    struct Checkpoint
+    {
+        qsizetype offset; ///< of a line's start, or between two tokens of a very long line
+        LineState state;  ///< what the text there begins in
+    };
+
     explicit LineStates(const TextBuffer &text) : m_text(text) {}
 
     /// The text is still the one that was read up to \a offset, and perhaps no further.
     void textKeptUpTo(qsizetype offset);
     /// What an existing line begins in.
     LineState at(int line);
+    /// The last checkpoint at \a offset or before it.
+    Checkpoint before(qsizetype offset);
 
 private:
-    struct Checkpoint
-    {
-        qsizetype offset; ///< of a line's start
-        LineState state;
-    };
+    qsizetype nextPlace(qsizetype from) const;
 
     const TextBuffer &m_text;
     std::vector<Checkpoint> m_checkpoints{{0, LineState::Text}};
@@ -80,8 +85,14 @@ private:
     void applyBaseColors();
     unsigned styleFor(Color back, Color fore);
     unsigned styleOfToken(const Token &token, QByteArrayView line, const LineColors &own);
+    TokenColors colorsOf(const Token &token, QByteArrayView line, const LineColors &own) const;
     void colorLine(int line, LineState state, const LineColors &own);
     void applyStyles(qsizetype start, const QByteArray &styles);
+    void colorFarInView(int line, const LineColors &own);
+    TextRange columnsInView(int line) const;
+    void restyleFar(qsizetype first, qsizetype last);
+    void mark(unsigned indicator, qsizetype start, qsizetype end, std::optional<Color> color);
+    void markBack(qsizetype start, qsizetype end, std::optional<Color> color);
 
     QsciScintillaBase &m_view;
     TextBuffer &m_text;
@@ -92,7 +103,8 @@ private:
     Color m_commentFore;
     QHash<quint64, unsigned> m_styles; ///< the style of each pair of colours
     unsigned m_nextStyle = 0;
-    qsizetype m_readTo = 0; ///< where the view's mark was left
+    qsizetype m_readTo = 0;     ///< where the view's mark was left
+    bool m_hasLongLine = false; ///< there was one so far, so indicators may be somewhere
 };
 
 } // namespace ardiphon
