@@ -3,6 +3,8 @@
 #include "OpenedWindow.h"
 #include "support/TestMain.h"
 
+#include <QScreen>
+
 using namespace ardiphon;
 using namespace EditorInput;
 
@@ -23,6 +25,7 @@ private slots:
     void replaceFromCaret_noMatch_beepsOnce();
     void replaceFromCaret_linesOfTheSelection_stay();
     void replaceFromCaret_undo_takesOneBack();
+    void replaceFromCaret_isSeenAndTheViewLives();
     void replace_emptyReplacement_deletes();
     void replace_everyPairOfTexts_ends_data();
     void replace_everyPairOfTexts_ends();
@@ -189,6 +192,38 @@ void tst_ReplaceWindow::replaceFromCaret_undo_takesOneBack()
         project.first->Undo();
     }
     QCOMPARE(project.first->Text(), QStringLiteral("x x x"));
+}
+
+/// The view draws nothing while the replacements run, and everything afterwards.
+void tst_ReplaceWindow::replaceFromCaret_isSeenAndTheViewLives()
+{
+    ProjectWindow project(QStringLiteral("x x x\r\n").repeated(100), QString());
+    project.search->open(SearchKind::Replace, OrchestraCaller);
+    const Opened search(project.window, SearchKind::Replace);
+    search.type(QStringLiteral("x"));
+    search.type(QStringLiteral("WWW"), "Text2");
+    const auto onScreen = [&] {
+        QCoreApplication::processEvents();
+        return project.window->screen()
+            ->grabWindow(project.window->winId())
+            .copy(project.first->geometry())
+            .toImage();
+    };
+    const auto asItShouldBe = [&] {
+        return project.window->grab(project.first->geometry()).toImage();
+    };
+    const QImage before = onScreen();
+    search.click("Command1");
+    QVERIFY(project.first->updatesEnabled());
+    QVERIFY(project.first->TopLine() > 50); // the last replacement is in view
+    QTRY_VERIFY(onScreen() != before);
+    QCOMPARE(onScreen().convertToFormat(QImage::Format_RGB32),
+             asItShouldBe().convertToFormat(QImage::Format_RGB32));
+    const QImage replaced = onScreen();
+    project.first->SetTopLine(1);
+    QTRY_VERIFY(onScreen() != replaced);
+    QCOMPARE(onScreen().convertToFormat(QImage::Format_RGB32),
+             asItShouldBe().convertToFormat(QImage::Format_RGB32));
 }
 
 void tst_ReplaceWindow::replace_emptyReplacement_deletes()
