@@ -4,6 +4,7 @@
 #include "support/EditorInput.h"
 #include "support/TestMain.h"
 
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTemporaryFile>
 
@@ -33,11 +34,14 @@ private slots:
     void tokenColors_commentsAreNeverAsked();
     void tokenColors_commentOpened_recolorsBelow();
     void tokenColors_aNewAnswer_showsAtTheNextRepaint();
+    void tokenColors_redraw_bringsNewAnswersToTheScreen();
+    void tokenColors_wordAskedForBeforeThePaint_recolorsBelow();
     void tokenColors_moreThanTheStyles_areAllDrawn();
     void colors_areDrawn();
 
 private:
     QColor pixel(int line, int column);
+    QColor onScreen(int line, int column);
 
     std::unique_ptr<LEditOCX> m_editor;
 };
@@ -54,6 +58,14 @@ void tst_LEditOCXView::init()
 QColor tst_LEditOCXView::pixel(int line, int column)
 {
     const QPixmap picture = m_editor->grab();
+    return picture.toImage().pixelColor(m_editor->PositionToPixels(line, column) + QPoint(1, 1));
+}
+
+// The same as the screen shows it; nothing is drawn for it.
+QColor tst_LEditOCXView::onScreen(int line, int column)
+{
+    QCoreApplication::processEvents();
+    const QPixmap picture = m_editor->screen()->grabWindow(m_editor->winId());
     return picture.toImage().pixelColor(m_editor->PositionToPixels(line, column) + QPoint(1, 1));
 }
 
@@ -297,6 +309,41 @@ void tst_LEditOCXView::tokenColors_aNewAnswer_showsAtTheNextRepaint()
     QCOMPARE(pixel(1, 0), QColor(0, 200, 0));
     back = Color::rgb(200, 0, 0);
     QCOMPARE(pixel(1, 0), QColor(200, 0, 0));
+}
+
+void tst_LEditOCXView::tokenColors_redraw_bringsNewAnswersToTheScreen()
+{
+    Color back = Color::rgb(0, 200, 0);
+    m_editor->SetGetTokenColors([&](TokenKind, const QString &) {
+        return TokenColors{back, Color::rgb(0, 0, 0)};
+    });
+    m_editor->SetText("\r\n\r\nword"); // not beside the caret, whose line is drawn as it blinks
+    QTRY_COMPARE(onScreen(3, 2), QColor(0, 200, 0));
+    back = Color::rgb(200, 0, 0);
+    m_editor->Redraw();
+    QTRY_COMPARE(onScreen(3, 2), QColor(200, 0, 0));
+    m_editor->SetGetTokenColors([](TokenKind, const QString &) {
+        return TokenColors{Color::rgb(0, 0, 200), Color::rgb(0, 0, 0)};
+    });
+    QTRY_COMPARE(onScreen(3, 2), QColor(0, 0, 200));
+}
+
+/// The word at a caret that is not in view may be asked for between a change and what it has drawn.
+void tst_LEditOCXView::tokenColors_wordAskedForBeforeThePaint_recolorsBelow()
+{
+    m_editor->SetBackColor(Color::rgb(1, 2, 3));
+    m_editor->SetGetTokenColors([](TokenKind, const QString &) {
+        return TokenColors{Color::rgb(0, 200, 0), Color::rgb(0, 0, 0)};
+    });
+    const QString text = QStringLiteral("\r\nword").repeated(200);
+    m_editor->SetText(text);
+    goTo(*m_editor, 150, 2);
+    m_editor->SetTopLine(1);
+    QTRY_COMPARE(onScreen(5, 2), QColor(0, 200, 0));
+    m_editor->SetText("/*" + text);
+    m_editor->UpdateCurrentWord();
+    QCOMPARE(m_editor->CurrentWord(), "");
+    QTRY_COMPARE(onScreen(5, 2), QColor(1, 2, 3));
 }
 
 void tst_LEditOCXView::tokenColors_moreThanTheStyles_areAllDrawn()

@@ -24,6 +24,7 @@ private slots:
     void far_tokens_haveTheirColors();
     void far_commentsAndQuotes_beginLongBefore_data();
     void far_commentsAndQuotes_beginLongBefore();
+    void far_commentMarks_areNowhereCut();
     void far_edits_recolorWhatFollows();
     void far_editsAtTheLinesStart_recolorItsEnd();
     void far_blockComment_goesOnInTheNextLine();
@@ -188,6 +189,19 @@ void tst_LongLines::far_commentsAndQuotes_beginLongBefore()
     }
 }
 
+/// The line is read in parts, and none ends inside a mark.
+void tst_LongLines::far_commentMarks_areNowhereCut()
+{
+    const QString words = QStringLiteral("M ").repeated(20'000);
+    for (int at = Styled - 3; at < Styled + 3; ++at) {
+        m_editor->SetText(words.first(at) + QStringLiteral("/* ") + words);
+        QCOMPARE(look(1, at + 3 + 4000), QStringLiteral("red on white"));
+        m_editor->SetText(QStringLiteral("/*") + words.first(at - 2) + QStringLiteral("*/ ") +
+                          words);
+        QCOMPARE(look(1, at + 3 + 4000), QStringLiteral("blue on white"));
+    }
+}
+
 void tst_LongLines::far_edits_recolorWhatFollows()
 {
     m_editor->SetText(Front + QStringLiteral("MM MM MM MM"));
@@ -195,9 +209,11 @@ void tst_LongLines::far_edits_recolorWhatFollows()
     goTo(*m_editor, 1, 20'002);
     type(*m_editor, QStringLiteral("\""));
     QCOMPARE(look(1, 20'007), QStringLiteral("green on yellow"));
+    QCOMPARE(look(1, 20'006), QStringLiteral("yellow on yellow"));
     QCOMPARE(look(1, 20'000), QStringLiteral("blue on white"));
     m_editor->Undo();
     QCOMPARE(look(1, 20'006), QStringLiteral("blue on white"));
+    QCOMPARE(look(1, 20'005), QStringLiteral("white on white")); // the blank too
     goTo(*m_editor, 1, 20'002);
     type(*m_editor, QStringLiteral(";"));
     QCOMPARE(look(1, 20'007), QStringLiteral("red on white"));
