@@ -4,6 +4,7 @@
 #include "language/editor/LEditOCX.h"
 #include "language/ui/Gutter.h"
 #include "support/EditorInput.h"
+#include "support/TestMain.h"
 
 #include <QPainter>
 #include <QScreen>
@@ -333,5 +334,5 @@ void tst_Gutter::repaint_ofAPart_keepsEveryNumber()
     }
 }
 
-QTEST_MAIN(tst_Gutter)
+ARDIPHON_TEST(tst_Gutter, QApplication)
 #include "tst_Gutter.moc"

@@ -3,6 +3,7 @@
 #include "language/Tokenizer.h"
 #include "language/editor/LEditOCX.h"
 #include "support/EditorInput.h"
+#include "support/TestMain.h"
 
 #include <QAbstractScrollArea>
 #include <QRandomGenerator>
@@ -381,5 +382,5 @@ void tst_LongLines::far_everyColumn_isColoredAsTokenized()
     }
 }
 
-QTEST_MAIN(tst_LongLines)
+ARDIPHON_TEST(tst_LongLines, QApplication)
 #include "tst_LongLines.moc"

@@ -1,6 +1,7 @@
 // Whether texts stand in a document: what is told, and how much of the document is read for it.
 
 #include "language/TextPresence.h"
+#include "support/TestMain.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -172,5 +173,5 @@ void tst_TextPresence::contains_manyTexts_areStillTold()
     QVERIFY(presence.contains("<0>"));
 }
 
-QTEST_APPLESS_MAIN(tst_TextPresence)
+ARDIPHON_TEST(tst_TextPresence, NoApplication)
 #include "tst_TextPresence.moc"
