@@ -96,8 +96,10 @@ private slots:
     void typing_secondPoint_isRefused();
     void typing_oddNumbers_areTaken();
     void paste_letters_isRefusedAsAWhole();
-    void paste_byMouse_bringsBackTheLastKeyDown();
-    void paste_beforeAnyKey_emptiesTheField();
+    void paste_byMouse_refused_keepsThatField();
+    void paste_refused_undoStillWorks();
+    void paste_overASelection_refused_keepsIt();
+    void paste_beforeAnyKey_keepsTheField();
     void paste_longText();
     void emptyField_getsItsDefaultWhenLeft();
     void emptyField_underAMenuOrAnotherProgram_staysEmpty();
@@ -255,21 +257,62 @@ void tst_ToolForm::paste_letters_isRefusedAsAWhole()
 }
 
 /// The last key press may have been long ago, and in another field.
-void tst_ToolForm::paste_byMouse_bringsBackTheLastKeyDown()
+void tst_ToolForm::paste_byMouse_refused_keepsThatField()
 {
-    QApplication::clipboard()->setText(QStringLiteral("12a"));
     m_form->type(0, QStringLiteral("75"));
-    QTest::mouseClick(m_form->field(2), Qt::LeftButton);
-    m_form->field(2)->paste();
-    QCOMPARE(m_form->field(2)->text(), QStringLiteral("7"));
-    QCOMPARE(m_form->field(2)->cursorPosition(), 1);
+    QLineEdit *const field = m_form->field(2);
+    QTest::mouseClick(field, Qt::LeftButton);
+    field->setCursorPosition(2);
+    QApplication::clipboard()->setText(QStringLiteral("12a"));
+    field->paste();
+    QCOMPARE(field->text(), QStringLiteral("32767"));
+    QCOMPARE(field->cursorPosition(), 2);
+    QApplication::clipboard()->setText(QStringLiteral("99"));
+    field->paste();
+    QCOMPARE(field->text(), QStringLiteral("3299767"));
+    QApplication::clipboard()->setText(QStringLiteral("1.2.3"));
+    field->paste();
+    QCOMPARE(field->text(), QStringLiteral("3299767"));
+    QCOMPARE(field->cursorPosition(), 4);
+    QCOMPARE(m_form->field(0)->text(), QStringLiteral("75"));
 }
 
-void tst_ToolForm::paste_beforeAnyKey_emptiesTheField()
+void tst_ToolForm::paste_refused_undoStillWorks()
+{
+    QLineEdit *const field = m_form->field(2);
+    const auto paste = [&](const char *text) {
+        QApplication::clipboard()->setText(QLatin1String(text));
+        QTest::keyClick(field, Qt::Key_V, Qt::ControlModifier);
+    };
+    m_form->type(2, QStringLiteral("12"));
+    paste("34");
+    paste("12a");
+    QCOMPARE(field->text(), QStringLiteral("1234"));
+    for (const char *before : {"12", "32767"}) {
+        QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(field->text(), QLatin1String(before));
+    }
+    for (const char *again : {"12", "1234"}) {
+        QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(field->text(), QLatin1String(again));
+    }
+}
+
+void tst_ToolForm::paste_overASelection_refused_keepsIt()
+{
+    QLineEdit *const field = m_form->field(2);
+    QTest::mouseClick(field, Qt::LeftButton);
+    field->setSelection(1, 3);
+    QApplication::clipboard()->setText(QStringLiteral("x"));
+    QTest::keyClick(field, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(field->text(), QStringLiteral("32767"));
+}
+
+void tst_ToolForm::paste_beforeAnyKey_keepsTheField()
 {
     QApplication::clipboard()->setText(QStringLiteral("12a"));
     m_form->field(0)->paste();
-    QCOMPARE(m_form->field(0)->text(), QString());
+    QCOMPARE(m_form->field(0)->text(), QStringLiteral("0.0"));
 }
 
 void tst_ToolForm::paste_longText()

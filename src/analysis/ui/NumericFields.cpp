@@ -4,10 +4,22 @@
 
 #include <QFocusEvent>
 #include <QLineEdit>
+#include <QValidator>
 
 namespace ardiphon {
 
 namespace {
+
+class NumericText : public QValidator
+{
+public:
+    using QValidator::QValidator;
+
+    State validate(QString &text, int &) const override
+    {
+        return IsNumericText(text) ? Acceptable : Invalid;
+    }
+};
 
 /// Whether the focus went to another control: a popup over the field, or another program, gives it
 /// back.
@@ -22,32 +34,16 @@ void NumericFields::watch(QLineEdit *field, const std::function<QString()> &init
 {
     m_initials.insert(field, initial);
     field->installEventFilter(this);
-    connect(field, &QLineEdit::textChanged, this, [this, field] { check(*field); });
+    field->setValidator(new NumericText(field));
 }
 
 bool NumericFields::eventFilter(QObject *watched, QEvent *event)
 {
     auto *const field = static_cast<QLineEdit *>(watched);
-    if (event->type() == QEvent::KeyPress)
-        remember(*field);
-    else if (event->type() == QEvent::FocusOut && field->text().isEmpty() &&
-             leavesField(static_cast<QFocusEvent &>(*event)))
+    if (event->type() == QEvent::FocusOut && field->text().isEmpty() &&
+        leavesField(static_cast<QFocusEvent &>(*event)))
         field->setText(m_initials.value(field)());
     return false;
-}
-
-void NumericFields::remember(const QLineEdit &field)
-{
-    RememberedText = field.text();
-    RememberedCaret = std::int16_t(field.cursorPosition()); // a field is never longer
-}
-
-void NumericFields::check(QLineEdit &field) const
-{
-    if (IsNumericText(field.text()))
-        return;
-    field.setText(RememberedText);
-    field.setCursorPosition(RememberedCaret);
 }
 
 } // namespace ardiphon

@@ -4,16 +4,15 @@
 #include <QObject>
 #include <QString>
 
-#include <cstdint>
 #include <functional>
 
 class QLineEdit;
 
 namespace ardiphon {
 
-/// Keeps the fields of a form to texts that may stand for numbers. What a field must not hold is
-/// silently replaced by what was there at the last key press in any of them; a field that is left
-/// empty gets its default.
+/// Keeps the fields of a form to texts that may stand for numbers. A change to any other text is
+/// silently refused as a whole, whether it was typed, pasted or dropped: text, caret and undo
+/// history stay. A field that is left empty gets its default.
 class NumericFields : public QObject
 {
 public:
@@ -25,12 +24,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void remember(const QLineEdit &field);
-    void check(QLineEdit &field) const;
-
     QHash<QObject *, std::function<QString()>> m_initials;
-    QString RememberedText;
-    std::int16_t RememberedCaret = 0;
 };
 
 } // namespace ardiphon
