@@ -1,5 +1,6 @@
 // How long a colour that is picked takes until it is seen in the editor, and how long the font
-// window takes to open, as medians. It writes only to a temporary folder of its own.
+// window and a large folder take to open, as medians. It writes only to a temporary folder of its
+// own.
 
 #include "Measure.h"
 
@@ -10,11 +11,13 @@
 #include "language/ui/EditorSettings.h"
 #include "platform/ui/QtDialogs.h"
 #include "preferences/SettingsValues.h"
+#include "preferences/ui/FolderTree.h"
 #include "preferences/ui/FormFont.h"
 #include "preferences/ui/FormImpostazioni.h"
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
+#include <QDir>
 #include <QFontDatabase>
 
 using namespace ardiphon;
@@ -108,6 +111,29 @@ public:
         measure::row(what.constData(), measure::NoSize, opened, "ms", 100);
     }
 
+    void measureLargeFolder() const
+    {
+        constexpr int Folders = 20000;
+        const QDir large(m_folder.filePath(QStringLiteral("large")));
+        for (int i = 0; i < Folders; ++i)
+            QDir().mkpath(large.filePath(QString::number(i)));
+        const double opened = measure::medianOf(5, [&large] {
+            FolderTree tree(nullptr);
+            tree.resize(360, 300);
+            tree.show();
+            tree.setPath(QFileInfo(large.path()).canonicalPath());
+            QApplication::processEvents();
+            QTreeWidgetItem *const item = tree.currentItem()->child(0);
+            return measure::wallTime([&] {
+                item->setExpanded(true);
+                while (item->childCount() < Folders)
+                    QApplication::processEvents();
+                QApplication::processEvents(); // and the painting
+            });
+        });
+        measure::row("folder of folders, opened", Folders, opened, "ms", 300);
+    }
+
 private:
     void measurePick(FormImpostazioni &settings, const char *patch, int top, PaintWatch &watch,
                      int lines)
@@ -140,6 +166,7 @@ int main(int argc, char *argv[])
     QApplication::setQuitOnLastWindowClosed(false);
     Bench bench;
     bench.measureFontWindow();
+    bench.measureLargeFolder();
     for (const int lines : measure::Sizes)
         bench.measurePicks(lines);
     return 0;

@@ -31,6 +31,9 @@ private slots:
     void directory_closing_keepsTheChoice_data();
     void directory_closing_keepsTheChoice();
     void directory_unreadable_isEmpty();
+    void asterisk_opensNothing();
+    void largeFolder_isSortedAndHasOneIcon();
+    void largeFolder_aboveTheChosenOne_keepsItInView();
 
 private:
     static void show(QDialog &window);
@@ -197,6 +200,72 @@ void tst_FormDirectory::directory_unreadable_isEmpty()
     QTreeWidgetItem *const inner = tree.currentItem()->parent()->child(0)->child(0);
     inner->setExpanded(true);
     QCOMPARE(inner->childCount(), 0);
+}
+
+/// A link leads back up, as on many a disk.
+void tst_FormDirectory::asterisk_opensNothing()
+{
+    QVERIFY(QFile::link(m_folder->path(), inFolder("alpha/back")));
+    FormDirectory window(m_config, nullptr);
+    show(window);
+    auto *const Dir1 = window.findChild<FolderTree *>(QStringLiteral("Dir1"));
+    for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::KeypadModifier}) {
+        QTest::keyClick(Dir1, Qt::Key_Asterisk, modifier);
+        QCOMPARE(Dir1->path(), m_folder->path());
+        for (int i = 0; i < Dir1->currentItem()->childCount(); ++i) {
+            QVERIFY(!Dir1->currentItem()->child(i)->isExpanded());
+            QCOMPARE(Dir1->currentItem()->child(i)->childCount(), 0);
+        }
+    }
+    QTest::keyClick(Dir1, Qt::Key_Down);
+    QTest::keyClick(Dir1, Qt::Key_Right); // the user may go through the link
+    QCOMPARE(Dir1->currentItem()->child(0)->text(0), QStringLiteral("back"));
+    Dir1->currentItem()->child(0)->setExpanded(true);
+    QCOMPARE(Dir1->currentItem()->child(0)->childCount(), 2);
+}
+
+void tst_FormDirectory::largeFolder_isSortedAndHasOneIcon()
+{
+    constexpr int Count = 600;
+    for (int i = 0; i < Count; ++i)
+        QVERIFY(QDir(inFolder("Beta")).mkdir(QStringLiteral("f%1").arg(i, 4, 10, QChar(u'0'))));
+    FolderTree tree(nullptr);
+    QVERIFY(tree.setPath(inFolder("Beta")));
+    const QTreeWidgetItem *const beta = tree.currentItem();
+    QTRY_COMPARE(beta->childCount(), Count);
+    const qint64 icon = beta->icon(0).cacheKey();
+    for (int i = 0; i < Count; ++i) {
+        QCOMPARE(beta->child(i)->text(0), QStringLiteral("f%1").arg(i, 4, 10, QChar(u'0')));
+        QCOMPARE(beta->child(i)->icon(0).cacheKey(), icon);
+    }
+}
+
+void tst_FormDirectory::largeFolder_aboveTheChosenOne_keepsItInView()
+{
+    for (int i = 0; i < 900; ++i)
+        QVERIFY(QDir(inFolder("Beta")).mkdir(QStringLiteral("f%1").arg(i)));
+    QVERIFY(QDir().mkdir(inFolder("Beta/.f7")));
+    m_config.WorkingDirectory = inFolder("Beta/f700");
+    FormDirectory window(m_config, nullptr);
+    show(window);
+    auto *const Dir1 = window.findChild<FolderTree *>(QStringLiteral("Dir1"));
+    QTreeWidgetItem *const chosen = Dir1->currentItem();
+    QCOMPARE(chosen->text(0), QStringLiteral("f700"));
+    QVERIFY(Dir1->setPath(inFolder("Beta/.f7"))); // while the folder may still be read
+    QVERIFY(Dir1->setPath(inFolder("Beta/f700")));
+    QTRY_COMPARE(chosen->parent()->childCount(), 901);
+    QCOMPARE(Dir1->currentItem(), chosen);
+    const int middle = Dir1->visualItemRect(chosen).center().y();
+    QVERIFY(middle > 0 && middle < Dir1->viewport()->height());
+    QCOMPARE(chosen->parent()->indexOfChild(chosen) - 1,
+             chosen->parent()->indexOfChild(Dir1->itemAbove(chosen)));
+    QStringList names;
+    for (int i = 0; i < chosen->parent()->childCount(); ++i)
+        if (!chosen->parent()->child(i)->text(0).startsWith(u'.'))
+            names.append(chosen->parent()->child(i)->text(0));
+    QStringList sorted = names;
+    sorted.sort();
+    QCOMPARE(names, sorted);
 }
 
 ARDIPHON_TEST(tst_FormDirectory, QApplication)

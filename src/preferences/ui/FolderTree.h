@@ -1,10 +1,17 @@
 #pragma once
 
+#include "preferences/FolderReader.h"
+
+#include <QIcon>
+#include <QTimer>
 #include <QTreeWidget>
+
+#include <list>
 
 namespace ardiphon {
 
-/// The folders of the system as a tree; a folder's own are read when it is opened. The current
+/// The folders of the system as a tree; a folder's own are read when it is opened, a large one in
+/// slices between which the window answers. Nothing opens more than one folder at once. The current
 /// folder is the tree's path.
 class FolderTree : public QTreeWidget
 {
@@ -23,12 +30,30 @@ signals:
     void pathChanged(const QString &path);
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private:
-    void addFolder(QTreeWidgetItem *parent, const QString &path, const QString &name);
+    /// A folder that is being read.
+    struct Reading
+    {
+        QTreeWidgetItem *item;
+        FolderReader reader;
+    };
+
+    QTreeWidgetItem *newFolder(const QString &path, const QString &name) const;
     void readFolder(QTreeWidgetItem *item);
+    void readSlice();
+    void fill(QTreeWidgetItem &item, const QStringList &names) const;
+    bool isBeingRead(const QTreeWidgetItem &item) const;
     QTreeWidgetItem *childNamed(QTreeWidgetItem *parent, const QString &name);
+    void centerCurrent();
+
+    QIcon m_icon; ///< one for all: making it takes longer than all else about an item
+    std::list<Reading> m_readings;
+    QTimer m_slices;
+    bool m_keepCentered = false; ///< until the user moves in the tree
 };
 
 } // namespace ardiphon
