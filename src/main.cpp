@@ -10,6 +10,7 @@
 #include "platform/FileName.h"
 #include "platform/RunFolder.h"
 #include "platform/ui/QtDialogs.h"
+#include "platform/ui/WheelGuard.h"
 
 #include <QApplication>
 #include <QDir>
@@ -40,6 +41,9 @@ int main(int argc, char *argv[])
     QApplication::setApplicationVersion(QStringLiteral(ARDIPHON_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("ardiphon")); // the entry of an installed copy
     QApplication::setWindowIcon(programIcon(QStringLiteral("ardiphon")));
+
+    WheelGuard wheelGuard;
+    application.installEventFilter(&wheelGuard);
 
     ConfigurationBlock config;
     SettingsStore settings(SettingsStore::userFilePath());
