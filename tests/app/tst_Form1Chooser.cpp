@@ -1,4 +1,5 @@
 #include "support/Form1Fixture.h"
+#include "support/ShownToolTip.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -23,6 +24,7 @@ private slots:
     void recentFiles_showPathsAndDots();
     void recentFile_nameThatIsNoText_opensNothing();
     void longPath_isElidedButWhole();
+    void recentFiles_haveTheirPathsAsToolTips();
     void pictures_lookDifferentInEveryState();
     void picCSD_released_opensEmptyCsd();
     void picORCSCO_released_opensEmptyProject();
@@ -123,6 +125,18 @@ void tst_Form1Chooser::longPath_isElidedButWhole()
     load();
     QCOMPARE(label(0)->text(), path);
     QCOMPARE(m_form->size(), before);
+}
+
+void tst_Form1Chooser::recentFiles_haveTheirPathsAsToolTips()
+{
+    const QString path = "/" + QString("folder/").repeated(100) + "a.csd";
+    setRecent(1, path);
+    setRecent(2, "/m/<b>&amp;</b>.orc");
+    load();
+    QCOMPARE(readToolTip(label(0)->toolTip()), path);
+    QCOMPARE(readToolTip(label(1)->toolTip()), "/m/<b>&amp;</b>.orc");
+    for (const int empty : {2, 3, 4})
+        QCOMPARE(label(empty)->toolTip(), QString());
 }
 
 void tst_Form1Chooser::pictures_lookDifferentInEveryState()

@@ -2,12 +2,16 @@
 #include "documents/CsdDocumentFixture.h"
 #include "documents/DocumentTexts.h"
 #include "support/FileDrop.h"
+#include "support/ShownToolTip.h"
 #include "support/TestMain.h"
 
 #include <QDialog>
 #include <QDir>
+#include <QHelpEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QSignalSpy>
+#include <QToolTip>
 
 using namespace ardiphon;
 
@@ -28,6 +32,7 @@ private slots:
     void recent_score_handsOver();
     void recent_cancelled_changesNothing();
     void recent_captions_nameFolderAndFile();
+    void recent_entry_hasItsPathAsToolTip();
     void recent_otherCopyWroteMeanwhile_opensWhatTheListHolds();
     void recent_bookmarks_areSavedBefore();
 
@@ -145,6 +150,34 @@ void tst_CsdLeaving::recent_captions_nameFolderAndFile()
     QCOMPARE(caption("menuLastFile(0)"), QStringLiteral("[/m] a && b.csd")); // no access key
     for (const char *entry : {"menuLastFile(1)", "menuLastFile(2)", "menuLastFile(3)"})
         QCOMPARE(caption(entry), QStringLiteral("..."));
+}
+
+/// The caption holds no folder, and forty characters of a name at most.
+void tst_CsdLeaving::recent_entry_hasItsPathAsToolTip()
+{
+    const QString path = QStringLiteral("/music/<b>\"two\" & more</b>/piece.csd");
+    UpdateRecentFiles(m_program->config, m_program->settings, path);
+    open();
+    auto *const menu = control<QMenu>("menuFile");
+    menu->popup(m_window->mapToGlobal(QPoint()));
+    QVERIFY(QTest::qWaitForWindowExposed(menu));
+    const auto stayOver = [menu](const QAction *entry) {
+        QTest::mouseMove(menu, menu->actionGeometry(const_cast<QAction *>(entry)).center());
+    };
+    stayOver(action("menuLastFile(1)")); // "..." has none, nor has any other entry
+    stayOver(action("menuLastFile(0)"));
+    QTRY_VERIFY(toolTipWindow());
+    QCOMPARE(readToolTip(toolTipWindow()->text()), path);
+    QPoint at = menu->actionGeometry(action("menuFileEsci")).center();
+    QHelpEvent other(QEvent::ToolTip, at, menu->mapToGlobal(at));
+    QToolTip::hideText();
+    QTRY_VERIFY(!toolTipWindow());
+    QApplication::sendEvent(menu, &other);
+    at = menu->actionGeometry(action("menuLastFile(1)")).center();
+    QHelpEvent empty(QEvent::ToolTip, at, menu->mapToGlobal(at));
+    QApplication::sendEvent(menu, &empty);
+    QVERIFY(!toolTipWindow());
+    menu->close();
 }
 
 void tst_CsdLeaving::recent_otherCopyWroteMeanwhile_opensWhatTheListHolds()

@@ -1,5 +1,6 @@
 #include "documents/DocumentTexts.h"
 #include "documents/ProjectFixture.h"
+#include "support/ShownToolTip.h"
 #include "support/TestMain.h"
 
 #include <optional>
@@ -31,6 +32,7 @@ private slots:
     void export_untitled_proposesTheCutMarker();
     void export_unwritableTarget_saysWhy();
     void import_csd_replacesBothTexts();
+    void label_nameLikeMarkup_isShownAsItStands();
     void import_modified_asksForEachHalf();
     void import_noScore_leavesTheNewOrchestra();
     void import_noTags_changesNothing_data();
@@ -252,6 +254,17 @@ void tst_ProjectHalves::import_csd_replacesBothTexts()
              QStringLiteral("Csound CSD (*.csd)|*.csd|All Files (*.*)|*.*"));
     m->trigger("menuFileSalvaProgetto");
     QCOMPARE(m->read(QStringLiteral("new.orc")), QByteArray("\r\nO\r\n"));
+}
+
+void tst_ProjectHalves::label_nameLikeMarkup_isShownAsItStands()
+{
+    const QString path = m->write(QStringLiteral("<b>a<b> & \"b\".orc"), "o");
+    m->config.OrchestraFileName = path;
+    m->show();
+    for (const char *name : {"LabelOrchestra", "LabelScore"})
+        QCOMPARE(m->control<QLabel>(name)->textFormat(), Qt::PlainText);
+    QVERIFY(m->label("LabelOrchestra").contains(path));
+    QCOMPARE(readToolTip(m->control<QLabel>("LabelOrchestra")->toolTip()), path);
 }
 
 void tst_ProjectHalves::import_modified_asksForEachHalf()

@@ -2,6 +2,7 @@
 #include "language/editor/LEditOCX.h"
 #include "language/ui/HelpPanels.h"
 #include "support/EditorInput.h"
+#include "support/ShownToolTip.h"
 #include "support/TestMain.h"
 
 #include <QFile>
@@ -38,6 +39,7 @@ private slots:
     void fields_areReadOnly();
     void click_onOpcode_showsRecordWithPadding();
     void click_onOpcode_showsItsBeginning();
+    void click_onOpcode_tipShowsMarksAsTheyStand();
     void click_inSecondView_showsItsOpcode();
     void click_inViewNotFollowed_changesNothing();
     void click_onOtherThanOpcode_keepsTexts_data();
@@ -136,6 +138,16 @@ void tst_HelpPanels::click_onOpcode_showsItsBeginning()
     QCOMPARE(m_panels->TextOpcode->cursorPosition(), 0);
     QCOMPARE(m_panels->TextParametri->cursorPosition(), 0);
     QCOMPARE(m_panels->TextParametri->toolTip(), QStringLiteral("ares oscil xamp, xcps"));
+}
+
+void tst_HelpPanels::click_onOpcode_tipShowsMarksAsTheyStand()
+{
+    loadTable(record("oscil", "Swings \"a\" & <b>.", "a1 oscil \"file\", p < q"));
+    EditorInput::click(m_window->first, 1, 4);
+    QCOMPARE(readToolTip(m_panels->TextOpcode->toolTip()),
+             QStringLiteral("[oscil] - Swings \"a\" & <b>."));
+    QCOMPARE(readToolTip(m_panels->TextParametri->toolTip()),
+             QStringLiteral("a1 oscil \"file\", p < q"));
 }
 
 void tst_HelpPanels::click_inSecondView_showsItsOpcode()

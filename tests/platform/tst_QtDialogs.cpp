@@ -86,6 +86,7 @@ private slots:
     void openFile_patternOfTheDescription_isShownOnce();
     void saveFile_newName_addsNoExtension();
     void saveFile_existing_asksBeforeOverwriting();
+    void saveFile_existing_markupIsShownAsItStands();
     void saveFile_proposedName_standsInTheField();
     void saveFile_proposedPath_beginsInItsFolder();
     void saveFile_cancelled_isEmpty();
@@ -496,6 +497,23 @@ void tst_QtDialogs::saveFile_existing_asksBeforeOverwriting()
         QVERIFY(asked);
         QCOMPARE(path.has_value(), button == QMessageBox::Yes);
     }
+}
+
+void tst_QtDialogs::saveFile_existing_markupIsShownAsItStands()
+{
+    touch("<b>piece<b>.csd"); // the name stands first in the box's text
+    bool asked = false;
+    whenShown<QFileDialog>([&](QFileDialog *dialog) {
+        whenShown<QMessageBox>([&](QMessageBox *box) {
+            asked = true;
+            QVERIFY(box->text().startsWith("<b>piece<b>.csd"));
+            QCOMPARE(box->textFormat(), Qt::PlainText);
+            QTest::mouseClick(box->button(QMessageBox::No), Qt::LeftButton);
+        });
+        chooseName(dialog, "<b>piece<b>.csd");
+    });
+    m_dialogs.saveFile(question());
+    QVERIFY(asked);
 }
 
 /// An untitled document proposes a name with a bracket in it.

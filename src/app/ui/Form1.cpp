@@ -6,6 +6,7 @@
 #include "app/ui/ChooserLabel.h"
 #include "app/ui/PictureButton.h"
 #include "app/ui/TitleStrip.h"
+#include "app/ui/ToolTip.h"
 #include "platform/Dialogs.h"
 #include "platform/FileName.h"
 #include "platform/ProgramFolder.h"
@@ -171,6 +172,7 @@ void Form1::readFiles()
     for (std::size_t i = 0; i < RecentFileCount; ++i) {
         const QString &path = m_config.RecentFiles[i + 1];
         LabelFiles[i]->setText(path.isEmpty() ? NoFile : path);
+        LabelFiles[i]->setToolTip(plainToolTip(path));
     }
 }
 

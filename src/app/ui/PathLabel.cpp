@@ -1,5 +1,7 @@
 #include "app/ui/PathLabel.h"
 
+#include "app/ui/ToolTip.h"
+
 #include <QPainter>
 
 namespace ardiphon {
@@ -29,7 +31,7 @@ QSize PathLabel::sizeHint() const
 void PathLabel::showPath(const QString &path)
 {
     setText(path);
-    setToolTip(path.toHtmlEscaped());
+    setToolTip(plainToolTip(path));
 }
 
 void PathLabel::paintEvent(QPaintEvent *)

@@ -58,6 +58,7 @@ QLabel *EditorWindow::newLabel(const QString &name, const QString &caption)
 {
     auto *label = new QLabel(caption, centralWidget());
     label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText); // a file name may look like markup
     return label;
 }
 

@@ -1,5 +1,6 @@
 #include "documents/ui/HalfView.h"
 
+#include "app/ui/ToolTip.h"
 #include "documents/DocumentRules.h"
 #include "documents/ui/HalfDocument.h"
 #include "language/editor/LEditOCX.h"
@@ -64,7 +65,7 @@ void HalfView::writeLabel()
     const QString full = m_document.half().label(m_document.fileName());
     const auto narrow = ProjectHalf::shortLabel(m_document.fileName());
     m_label.setText(m_narrow && narrow ? *narrow : full);
-    m_label.setToolTip(m_document.hasFile() ? m_document.fileName() : QString());
+    m_label.setToolTip(m_document.hasFile() ? plainToolTip(m_document.fileName()) : QString());
 }
 
 void HalfView::refresh()

@@ -22,12 +22,18 @@ public:
     /// Shows what the configuration holds; an empty entry keeps its caption.
     void refresh();
 
+protected:
+    /// Shows the whole path of the entry under the mouse, as its tool tip; the other entries of a
+    /// menu have none.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 signals:
     /// The user wants that file, which exists.
     void chosen(const QString &path);
 
 private:
     void choose(int index);
+    void watchMenusOf(const QAction &entry);
 
     ProgramContext &m_program;
     QList<QAction *> m_entries;

@@ -1,5 +1,6 @@
 #include "documents/ui/TagPanel.h"
 
+#include "app/ui/ToolTip.h"
 #include "language/editor/LEditOCX.h"
 #include "navigation/SearchRules.h"
 #include "navigation/ui/EditorSearch.h"
@@ -22,7 +23,7 @@ TagPanel::TagPanel(LEditOCX &editor, QTreeWidget &tree, QListWidget &list, const
         auto *node = new QTreeWidgetItem(&m_tree, {Missing});
         node->setForeground(0, QColor(0, 0, 255));
         m_list.addItem(word);
-        m_list.item(m_list.count() - 1)->setToolTip(word);
+        m_list.item(m_list.count() - 1)->setToolTip(plainToolTip(word));
     }
     connect(&m_tree, &QTreeWidget::itemClicked, this,
             [this](const QTreeWidgetItem *node) { goTo(node->text(0)); });

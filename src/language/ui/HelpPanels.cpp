@@ -1,6 +1,7 @@
 #include "language/ui/HelpPanels.h"
 
 #include "app/WordTables.h"
+#include "app/ui/ToolTip.h"
 #include "language/GutterNumbers.h"
 #include "language/editor/LEditOCX.h"
 #include "platform/Twips.h"
@@ -19,7 +20,7 @@ void show(QLineEdit &field, const QString &text)
 {
     field.setText(text);
     field.setCursorPosition(0);
-    field.setToolTip(text.trimmed().toHtmlEscaped());
+    field.setToolTip(plainToolTip(text.trimmed()));
 }
 
 /// Whether \a at, in pixels from the view's corner, lies neither beside nor below the text.

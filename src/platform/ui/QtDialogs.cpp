@@ -7,6 +7,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QChildEvent>
 #include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -93,10 +94,29 @@ Answer answerOf(int button)
     }
 }
 
+/// Shows the texts of the boxes of a dialog as they stand: a file name in them may look like
+/// markup. A box is polished before it is first shown.
+class PlainBoxes : public QObject
+{
+public:
+    explicit PlainBoxes(QObject &dialog) { dialog.installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::ChildPolished)
+            if (auto *const box =
+                    qobject_cast<QMessageBox *>(static_cast<QChildEvent *>(event)->child()))
+                box->setTextFormat(Qt::PlainText);
+        return false;
+    }
+};
+
 std::optional<QString> askForFile(const FileQuestion &question, QFileDialog::AcceptMode acceptMode,
                                   QFileDialog::FileMode fileMode)
 {
     QFileDialog dialog(activeOwner(), question.title);
+    const PlainBoxes plainBoxes(dialog);
     // The descriptions show their patterns themselves.
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setAcceptMode(acceptMode);
@@ -211,6 +231,7 @@ std::optional<PrintChoice> QtDialogs::choosePrinter(const PrintQuestion &questio
     if (intoFile)
         printer->setOutputFileName(proposedFile(question.name));
     QPrintDialog dialog(printer.get(), activeOwner());
+    const PlainBoxes plainBoxes(dialog);
     dialog.setObjectName(QStringLiteral("CommonDialog1"));
     dialog.setOption(QPrintDialog::PrintToFile, intoFile);
     dialog.setOption(QPrintDialog::PrintPageRange, false);
