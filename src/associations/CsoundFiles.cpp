@@ -28,7 +28,7 @@ constexpr std::array fileTypes{
 
 const QString Executable = QStringLiteral("ArdiphonPro");
 
-bool associate(const FileType &type)
+QString associate(const FileType &type)
 {
     const QString icon =
         programPath(QCoreApplication::applicationDirPath(), QLatin1String(type.icon));
@@ -36,47 +36,53 @@ bool associate(const FileType &type)
                                  QLatin1String(type.description), icon, Executable);
 }
 
-bool removeAssociation(const FileType &type)
+QString removeAssociation(const FileType &type)
 {
     return RemoveFileAssociation(QLatin1String(type.classKey), QLatin1String(type.extension));
 }
 
-bool forEachType(bool (*step)(const FileType &))
+/// What failed, which ends it, or "".
+QString forEachType(QString (*step)(const FileType &))
 {
-    bool done = true;
+    QString failure;
     for (const FileType &type : fileTypes)
-        done = done && step(type);
-    return done;
+        if (failure.isEmpty())
+            failure = step(type);
+    return failure;
 }
 
-void report(Dialogs &dialogs, const char *title, const char *text, MessageIcon icon)
+void report(Dialogs &dialogs, const char *title, const char *text)
 {
-    dialogs.message({QLatin1String(text), QLatin1String(title), icon});
+    dialogs.message({QLatin1String(text), QLatin1String(title), MessageIcon::Information});
+}
+
+void reportFailure(Dialogs &dialogs, const char *text, const QString &failure)
+{
+    dialogs.message({QLatin1String(text), QStringLiteral("Error"), MessageIcon::Critical,
+                     MessageButtons::Ok, failure});
 }
 
 } // namespace
 
 bool associateFiles(Dialogs &dialogs, const std::function<void()> &afterwards)
 {
-    if (!forEachType(associate)) {
-        report(dialogs, "Error", "Association Error!", MessageIcon::Critical);
+    if (const QString failure = forEachType(associate); !failure.isEmpty()) {
+        reportFailure(dialogs, "Association Error!", failure);
         return false;
     }
     if (afterwards)
         afterwards();
-    report(dialogs, "Files association", "CSound files association executed!",
-           MessageIcon::Information);
+    report(dialogs, "Files association", "CSound files association executed!");
     return true;
 }
 
 bool removeFilesAssociation(Dialogs &dialogs)
 {
-    if (!forEachType(removeAssociation)) {
-        report(dialogs, "Error", "Remove Association Error!", MessageIcon::Critical);
+    if (const QString failure = forEachType(removeAssociation); !failure.isEmpty()) {
+        reportFailure(dialogs, "Remove Association Error!", failure);
         return false;
     }
-    report(dialogs, "Remove association", "CSound files association removed!",
-           MessageIcon::Information);
+    report(dialogs, "Remove association", "CSound files association removed!");
     return true;
 }
 

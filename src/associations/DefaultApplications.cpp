@@ -67,11 +67,13 @@ QByteArray DefaultGroup::typeOf(const QByteArray &line)
 
 qsizetype DefaultGroup::lineOf(const QByteArray &type) const
 {
-    if (exists())
-        for (qsizetype i = m_header + 1; i < end(); ++i)
-            if (typeOf(m_lines[i]) == type)
-                return i;
-    return -1;
+    if (!exists())
+        return -1;
+    const auto begin = m_lines.cbegin() + m_header + 1;
+    const auto end = m_lines.cbegin() + this->end();
+    const auto found =
+        std::find_if(begin, end, [&type](const QByteArray &line) { return typeOf(line) == type; });
+    return found == end ? -1 : found - m_lines.cbegin();
 }
 
 void DefaultGroup::addFirst(const QByteArray &line)

@@ -89,7 +89,7 @@ void addIcons(MadeFiles &files, const QString &picture, const QString &iconName)
              iconPlace(size, iconName + QStringLiteral(".png")));
 }
 
-void removeIcons(const MadeFiles &files, const QString &iconName)
+void removeIcons(MadeFiles &files, const QString &iconName)
 {
     const QDir theme(files.path(QStringLiteral("icons/hicolor")));
     for (const QString &size : theme.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
@@ -97,22 +97,22 @@ void removeIcons(const MadeFiles &files, const QString &iconName)
             files.remove(iconPlace(size, iconName + QLatin1String(ending)));
 }
 
-void changeDefaults(QByteArray (*change)(const QByteArray &, const QByteArray &,
-                                         const QByteArray &),
-                    const QString &type)
+/// What failed, or "".
+QString changeDefaults(QByteArray (*change)(const QByteArray &, const QByteArray &,
+                                            const QByteArray &),
+                       const QString &type)
 {
     const QString path = defaultsFile();
     const auto before = QFileInfo::exists(path) ? readDocumentFile(path) : QByteArray();
     if (!before)
-        return;
+        return path + QStringLiteral(" cannot be read.");
     QDir().mkpath(QFileInfo(path).path());
     const QByteArray after = change(*before, type.toUtf8(), OpenerEntry::fileName().toUtf8());
     if (after == *before)
-        return;
-    if (after.isEmpty() && !QFileInfo(path).isSymLink())
-        QFile::remove(path);
-    else
-        writeDocumentFile(path, after);
+        return {};
+    const bool empty = after.isEmpty() && !QFileInfo(path).isSymLink();
+    const bool done = empty ? QFile::remove(path) : writeDocumentFile(path, after);
+    return done ? QString() : path + QStringLiteral(" cannot be written.");
 }
 
 /// Takes a type off the opener with that content, and the opener with its last type. Whether it is
@@ -132,7 +132,7 @@ bool removeType(MadeFiles &files, const QByteArray &openerText, const QString &t
 
 /// Takes back what the last association leaves: folders that it was the first to need, and what
 /// the updaters put there.
-void removeTraces(const MadeFiles &files)
+void removeTraces(MadeFiles &files)
 {
     if (files.isMade(QStringLiteral("mime")) && QDir(files.path(TypePackages)).isEmpty())
         QDir(files.path(QStringLiteral("mime"))).removeRecursively();
@@ -144,12 +144,12 @@ void removeTraces(const MadeFiles &files)
 
 } // namespace
 
-bool CreateFileAssociation(const QString &ClassKey, const QString &Extension,
-                           const QString &Description, const QString &Icon,
-                           const QString &Executable, const QString &Arguments)
+QString CreateFileAssociation(const QString &ClassKey, const QString &Extension,
+                              const QString &Description, const QString &Icon,
+                              const QString &Executable, const QString &Arguments)
 {
     if (ClassKey.isEmpty())
-        return true;
+        return {};
     const QString programFolder = QCoreApplication::applicationDirPath();
     const ClassNames names(ClassKey);
     MadeFiles files(userDataFolder());
@@ -171,11 +171,12 @@ bool CreateFileAssociation(const QString &ClassKey, const QString &Extension,
         opener.types.append(names.type);
     opener.made = files.made;
     files.write(OpenerPath, opener.text());
-    changeDefaults(withDefault, names.type);
-    return updateDesktopDatabases(files.folder());
+    files.note(changeDefaults(withDefault, names.type));
+    files.note(updateDesktopDatabases(files.folder()));
+    return files.failure();
 }
 
-bool RemoveFileAssociation(const QString &ClassKey, const QString &Extension)
+QString RemoveFileAssociation(const QString &ClassKey, const QString &Extension)
 {
     Q_UNUSED(Extension); // it stands in the package of the type alone
     const ClassNames names(ClassKey);
@@ -183,14 +184,14 @@ bool RemoveFileAssociation(const QString &ClassKey, const QString &Extension)
     const auto openerText = readDocumentFile(files.path(OpenerPath));
     files.made = OpenerEntry::fromText(openerText.value_or(QByteArray())).made;
 
-    changeDefaults(withoutDefault, names.type);
+    files.note(changeDefaults(withoutDefault, names.type));
     files.remove(names.package);
     removeIcons(files, names.icon);
     const bool lastOne = openerText && !removeType(files, *openerText, names.type);
-    const bool told = updateDesktopDatabases(files.folder());
+    files.note(updateDesktopDatabases(files.folder()));
     if (lastOne)
         removeTraces(files);
-    return told;
+    return files.failure();
 }
 
 } // namespace ardiphon

@@ -33,10 +33,21 @@ void MadeFiles::makeFolder(const QString &relative)
 void MadeFiles::write(const QString &relative, const QByteArray &bytes)
 {
     makeFolder(QFileInfo(relative).path());
-    writeDocumentFile(path(relative), bytes);
+    if (!writeDocumentFile(path(relative), bytes))
+        note(path(relative) + QStringLiteral(" cannot be written."));
 }
 
-void MadeFiles::remove(const QString &relative) const { QFile::remove(path(relative)); }
+void MadeFiles::remove(const QString &relative)
+{
+    if (!QFile::remove(path(relative)) && QFileInfo::exists(path(relative)))
+        note(path(relative) + QStringLiteral(" cannot be removed."));
+}
+
+void MadeFiles::note(const QString &failure)
+{
+    if (m_failure.isEmpty())
+        m_failure = failure;
+}
 
 void MadeFiles::removeEmptyFolders() const
 {

@@ -7,7 +7,8 @@
 namespace ardiphon {
 
 /// Writes files below a folder and remembers the folders that had to be made for them, so that
-/// they can go again. Paths are relative to the folder. What fails is skipped.
+/// they can go again. Paths are relative to the folder. What fails is skipped; the first of it is
+/// told.
 class MadeFiles
 {
 public:
@@ -25,12 +26,18 @@ public:
 
     void makeFolder(const QString &relative);
     void write(const QString &relative, const QByteArray &bytes);
-    void remove(const QString &relative) const;
+    void remove(const QString &relative);
     /// Removes those folders of `made` that hold nothing.
     void removeEmptyFolders() const;
 
+    /// What failed first, as a sentence; "" when nothing did.
+    QString failure() const { return m_failure; }
+    /// Counts a failure that somebody else tells; "" is none.
+    void note(const QString &failure);
+
 private:
     QString m_folder;
+    QString m_failure;
 };
 
 } // namespace ardiphon

@@ -35,16 +35,17 @@ void outdateIconCache(const QString &theme)
 
 } // namespace
 
-bool updateDesktopDatabases(const QString &dataFolder)
+QString updateDesktopDatabases(const QString &dataFolder)
 {
     const QString types = dataFolder + QStringLiteral("/mime");
     const QString entries = dataFolder + QStringLiteral("/applications");
     outdateIconCache(dataFolder + QStringLiteral("/icons/hicolor"));
     if (QDir(entries).exists()) // a desktop without this updater reads the entries themselves
         runToEnd(QStringLiteral("update-desktop-database"), entries);
-    if (QDir(types + QStringLiteral("/packages")).exists())
-        return runToEnd(QStringLiteral("update-mime-database"), types);
-    return true;
+    const QString typeUpdater = QStringLiteral("update-mime-database");
+    if (QDir(types + QStringLiteral("/packages")).exists() && !runToEnd(typeUpdater, types))
+        return typeUpdater + QStringLiteral(" cannot be run.");
+    return {};
 }
 
 } // namespace ardiphon

@@ -26,6 +26,7 @@ struct Message
     MessageIcon icon = MessageIcon::Exclamation;
     MessageButtons buttons = MessageButtons::Ok;
     bool defaultsToNo = false; ///< what Enter answers; else it is the first button
+    QString explanation = {};  ///< stands below the text, in smaller letters
 };
 
 /// What a file dialog shows.

@@ -1,6 +1,7 @@
 #include "associations/DefaultApplications.h"
 #include "support/TestMain.h"
 
+#include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QTest>
 
@@ -29,6 +30,7 @@ private slots:
     void default_thatTheUserReplaced_isTakenOffTheList();
     void groupOfOurs_withOthersInIt_staysWithoutTheMarker();
     void anyList_isGivenBackToTheByte();
+    void longList_isChangedAtOnce();
     void undo_withoutOurs_changesNothing_data();
     void undo_withoutOurs_changesNothing();
 };
@@ -160,6 +162,24 @@ void tst_DefaultApplications::anyList_isGivenBackToTheByte()
         if (!before.contains(Marker)) // the marker above an empty group counts as ours
             QCOMPARE(after, before);
     }
+}
+
+/// A list that grew over years, or was made by a script. Looking at each line once takes some
+/// milliseconds, looking at all of them for each one half a minute.
+void tst_DefaultApplications::longList_isChangedAtOnce()
+{
+    QByteArray list = "[Default Applications]\n";
+    for (int i = 0; i < 100'000; ++i)
+        list += "text/x-" + QByteArray::number(i) + "=a.desktop;\n";
+    QElapsedTimer timer;
+    timer.start();
+    const QByteArray with = withDefault(list, Type, Ours);
+    const QByteArray last = withDefault(list, "text/x-99999", Ours);
+    const QByteArray without = withoutDefault(with, Type, Ours);
+    QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE(with.size(), list.size() + Type.size() + Ours.size() + 2);
+    QVERIFY(last.endsWith("\ntext/x-99999=ours.desktop;a.desktop;\n"));
+    QCOMPARE(without, list);
 }
 
 void tst_DefaultApplications::undo_withoutOurs_changesNothing_data()

@@ -41,8 +41,10 @@ private slots:
     void association_oneOfTwoRemoved_keepsTheOther();
     void association_madeTwice_isUndoneOnce();
     void association_removedTwice_isNoFailure();
-    void association_defaultsThatAreNoFile_areLeftAlone();
-    void association_foldersThatCannotBeWritten_areSkipped();
+    void association_defaultsThatAreNoFile_areLeftAloneAndTold();
+    void association_foldersThatCannotBeWritten_areTold();
+    void association_fileThatCannotBeWritten_isTold();
+    void removal_fileThatStays_isTold();
     void association_withoutUpdater_isReported();
     void association_ofAnother_keepsItsBytes();
     void association_removed_keepsWhatAnotherAddedMeanwhile();
@@ -57,6 +59,7 @@ private:
     QMap<QString, QByteArray> everything() const;
     bool create(const char *key = "CSoundCSD", const char *extension = ".csd") const;
     static bool remove(const char *key = "CSoundCSD", const char *extension = ".csd");
+    QString tryToCreate(const char *key = "CSoundCSD", const char *extension = ".csd") const;
 
     std::unique_ptr<QTemporaryDir> m_home;
 };
@@ -67,6 +70,9 @@ void tst_FileAssociation::init()
     qputenv("HOME", m_home->path().toLocal8Bit());
     qputenv("XDG_DATA_HOME", path("data").toLocal8Bit());
     qputenv("XDG_CONFIG_HOME", path("config").toLocal8Bit());
+    // What the machine has installed counts for nothing here.
+    qputenv("XDG_DATA_DIRS", path("system/data").toLocal8Bit());
+    qputenv("XDG_CONFIG_DIRS", path("system/config").toLocal8Bit());
     qputenv("XDG_CURRENT_DESKTOP", "GNOME"); // xdg-mime then asks the library, as a desktop does
     QVERIFY(QDir().mkpath(path("config")));
     write("program/Icons/csd.svg", "a drawing");
@@ -112,13 +118,19 @@ QMap<QString, QByteArray> tst_FileAssociation::everything() const
 
 bool tst_FileAssociation::create(const char *key, const char *extension) const
 {
-    return CreateFileAssociation(key, extension, "CSound CSD file", path("program/Icons/csd.svg"),
-                                 "tst_FileAssociation"); // gio wants it to be there
+    return tryToCreate(key, extension).isEmpty();
 }
 
 bool tst_FileAssociation::remove(const char *key, const char *extension)
 {
-    return RemoveFileAssociation(key, extension);
+    return RemoveFileAssociation(key, extension).isEmpty();
+}
+
+/// What failed.
+QString tst_FileAssociation::tryToCreate(const char *key, const char *extension) const
+{
+    return CreateFileAssociation(key, extension, "CSound CSD file", path("program/Icons/csd.svg"),
+                                 "tst_FileAssociation"); // gio wants it to be there
 }
 
 void tst_FileAssociation::openCommand_isNotQuoted_data()
@@ -260,13 +272,13 @@ void tst_FileAssociation::association_removed_leavesNothing()
 void tst_FileAssociation::association_withoutClassKey_writesNothing()
 {
     const auto before = everything();
-    QVERIFY(CreateFileAssociation("", ".csd", "text", "", "ArdiphonPro"));
+    QCOMPARE(CreateFileAssociation("", ".csd", "text", "", "ArdiphonPro"), QString());
     QCOMPARE(everything(), before);
 }
 
 void tst_FileAssociation::association_withoutIcon_bindsAllTheSame()
 {
-    QVERIFY(CreateFileAssociation("CSoundCSD", ".csd", "A <b> & c", "", "ArdiphonPro"));
+    QCOMPARE(CreateFileAssociation("CSoundCSD", ".csd", "A <b> & c", "", "ArdiphonPro"), QString());
     QVERIFY(!read(Package).contains("<icon"));
     QVERIFY(read(Package).contains("<comment>A &lt;b&gt; &amp; c</comment>"));
     QVERIFY(!QFileInfo::exists(path("data/icons")));
@@ -307,33 +319,58 @@ void tst_FileAssociation::association_removedTwice_isNoFailure()
     QCOMPARE(everything(), before);
 }
 
-void tst_FileAssociation::association_defaultsThatAreNoFile_areLeftAlone()
+void tst_FileAssociation::association_defaultsThatAreNoFile_areLeftAloneAndTold()
 {
     QVERIFY(QDir().mkpath(path(Defaults)));
-    QVERIFY(create());
+    const QString failure = path(Defaults) + " cannot be read.";
+    QCOMPARE(tryToCreate(), failure);
     QVERIFY(QFileInfo(path(Defaults)).isDir());
-    QVERIFY(remove());
+    QCOMPARE(RemoveFileAssociation("CSoundCSD", ".csd"), failure);
     QVERIFY(QFileInfo(path(Defaults)).isDir());
+    QVERIFY(!QFileInfo::exists(path("data"))); // the rest was done and undone
 }
 
-void tst_FileAssociation::association_foldersThatCannotBeWritten_areSkipped()
+void tst_FileAssociation::association_foldersThatCannotBeWritten_areTold()
 {
     write("data", "a file where the folder should be");
     QVERIFY(QDir(path("config")).removeRecursively());
     write("config", "here too");
     const auto before = everything();
-    QVERIFY(create());
-    QVERIFY(remove());
+    QCOMPARE(tryToCreate(), path(Package) + " cannot be written.");
+    QVERIFY(remove()); // there is nothing to undo
     QCOMPARE(everything(), before);
+}
+
+/// Each of the files in its turn; what can be written is.
+void tst_FileAssociation::association_fileThatCannotBeWritten_isTold()
+{
+    for (const char *name : {Package, Opener, Defaults}) {
+        init();
+        QVERIFY(QDir().mkpath(path(name) + "/taken"));
+        const char *const what = name == Defaults ? " cannot be read." : " cannot be written.";
+        QCOMPARE(tryToCreate(), path(name) + what);
+        QVERIFY(QFileInfo(path(name)).isDir());
+        for (const char *other : {Package, Opener, Defaults})
+            QCOMPARE(QFileInfo(path(other)).isFile(), other != name);
+    }
+}
+
+void tst_FileAssociation::removal_fileThatStays_isTold()
+{
+    QVERIFY(create());
+    QVERIFY(QFile::remove(path(Package)));
+    QVERIFY(QDir().mkpath(path(Package) + "/taken"));
+    QCOMPARE(RemoveFileAssociation("CSoundCSD", ".csd"), path(Package) + " cannot be removed.");
+    QVERIFY(!QFileInfo::exists(path(Opener)));
 }
 
 void tst_FileAssociation::association_withoutUpdater_isReported()
 {
     const QByteArray search = qgetenv("PATH");
     qputenv("PATH", path("nowhere").toLocal8Bit());
-    const bool told = create();
+    const QString failure = tryToCreate();
     qputenv("PATH", search);
-    QVERIFY(!told);
+    QCOMPARE(failure, "update-mime-database cannot be run.");
     QVERIFY(remove());
 }
 

@@ -18,8 +18,12 @@ const Message Executed{"CSound files association executed!", "Files association"
                        MessageIcon::Information};
 const Message Removed{"CSound files association removed!", "Remove association",
                       MessageIcon::Information};
-const Message Failed{"Association Error!", "Error", MessageIcon::Critical};
-const Message RemoveFailed{"Remove Association Error!", "Error", MessageIcon::Critical};
+Message failed(const char *text, const QString &explanation)
+{
+    return {QLatin1String(text), "Error", MessageIcon::Critical, MessageButtons::Ok, explanation};
+}
+
+const QString NoUpdater = "update-mime-database cannot be run.";
 
 /// No program can be found while it lives.
 class EmptySearchPath
@@ -45,6 +49,7 @@ private slots:
     void yes_associatesAndAsksNoMore_data();
     void yes_associatesAndAsksNoMore();
     void yes_withoutUpdater_tellsAndStaysOpen();
+    void yes_folderThatCannotBeWritten_tellsWhichAndStaysOpen();
     void no_associatesNothingAndAsksNoMore();
     void esc_leavesTheQuestionForLater();
     void start_asksUntilAnswered_data();
@@ -136,7 +141,7 @@ void tst_FormAssociate::yes_withoutUpdater_tellsAndStaysOpen()
 {
     FormAssociate form(m_program->settings, m_program->dialogs, nullptr);
     form.show();
-    m_program->dialogs.expect(Failed);
+    m_program->dialogs.expect(failed("Association Error!", NoUpdater));
     {
         const EmptySearchPath none;
         press(form, "Command2");
@@ -144,6 +149,23 @@ void tst_FormAssociate::yes_withoutUpdater_tellsAndStaysOpen()
     QCOMPARE(m_program->dialogs.verify(), "");
     QVERIFY(form.isVisible());
     QCOMPARE(first(), "1");
+}
+
+void tst_FormAssociate::yes_folderThatCannotBeWritten_tellsWhichAndStaysOpen()
+{
+    m_program->write("data", "a file where the folder should be");
+    FormAssociate form(m_program->settings, m_program->dialogs, nullptr);
+    form.show();
+    m_program->dialogs.expect(
+        failed("Association Error!", m_program->path("data/mime/packages/ardiphon-csound-csd.xml") +
+                                         " cannot be written."));
+    press(form, "Command2");
+    QCOMPARE(m_program->dialogs.verify(), "");
+    QVERIFY(form.isVisible());
+    QCOMPARE(first(), "1");
+    press(form, "Command1");
+    QVERIFY(!form.isVisible());
+    QCOMPARE(first(), "0");
 }
 
 void tst_FormAssociate::no_associatesNothingAndAsksNoMore()
@@ -226,7 +248,7 @@ void tst_FormAssociate::removal_twice_reportsBothTimes()
 void tst_FormAssociate::removal_withoutUpdater_tells()
 {
     m_program->dialogs.expect(Executed);
-    m_program->dialogs.expect(RemoveFailed);
+    m_program->dialogs.expect(failed("Remove Association Error!", NoUpdater));
     QVERIFY(associateFiles(m_program->dialogs));
     const EmptySearchPath none;
     QVERIFY(!removeFilesAssociation(m_program->dialogs));

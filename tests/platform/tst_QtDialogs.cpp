@@ -65,6 +65,7 @@ private slots:
     void message_showsTitleTextAndIcon_data();
     void message_showsTitleTextAndIcon();
     void message_markup_isShownAsItStands();
+    void message_explanation_standsBelowAsItStands();
     void message_button_givesItsAnswer_data();
     void message_button_givesItsAnswer();
     void message_saveAs_isAThirdButton();
@@ -196,6 +197,20 @@ void tst_QtDialogs::message_markup_isShownAsItStands()
         box->accept();
     });
     m_dialogs.message({"<b>file</b>"});
+}
+
+void tst_QtDialogs::message_explanation_standsBelowAsItStands()
+{
+    whenShown<QMessageBox>([](QMessageBox *box) {
+        QCOMPARE(box->text(), "Association Error!");
+        const auto *const label = box->findChild<QLabel *>("qt_msgbox_informativelabel");
+        QVERIFY(label && label->isVisible());
+        QCOMPARE(label->text(), "/m/<b>x</b> cannot be written.");
+        QCOMPARE(label->textFormat(), Qt::PlainText);
+        box->accept();
+    });
+    m_dialogs.message({"Association Error!", "Error", MessageIcon::Critical, MessageButtons::Ok,
+                       "/m/<b>x</b> cannot be written."});
 }
 
 void tst_QtDialogs::message_button_givesItsAnswer_data()

@@ -9,10 +9,14 @@ QString describe(const Message &message)
     static const char *const icons[] = {"none", "information", "exclamation", "critical",
                                         "question"};
     static const char *const buttons[] = {"Ok", "YesNo", "YesNoCancel", "OkCancel", "YesNoSaveAs"};
-    return QStringLiteral("message [%1] \"%2\" icon %3 buttons %4%5")
-        .arg(message.title, message.text, QLatin1String(icons[int(message.icon)]),
-             QLatin1String(buttons[int(message.buttons)]),
-             QLatin1String(message.defaultsToNo ? ", No by default" : ""));
+    const QString box =
+        QStringLiteral("message [%1] \"%2\" icon %3 buttons %4%5")
+            .arg(message.title, message.text, QLatin1String(icons[int(message.icon)]),
+                 QLatin1String(buttons[int(message.buttons)]),
+                 QLatin1String(message.defaultsToNo ? ", No by default" : ""));
+    return message.explanation.isEmpty()
+               ? box
+               : box + QStringLiteral(" explanation \"%1\"").arg(message.explanation);
 }
 
 QString describe(const char *kind, const QString &title)

@@ -14,6 +14,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGroupBox>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -138,6 +139,14 @@ std::optional<QString> askForFile(const FileQuestion &question, QFileDialog::Acc
     return path;
 }
 
+void explain(QMessageBox &box, const QString &explanation)
+{
+    box.setInformativeText(explanation);
+    const QString name = QStringLiteral("qt_msgbox_informativelabel");
+    if (auto *const label = box.findChild<QLabel *>(name))
+        label->setTextFormat(Qt::PlainText);
+}
+
 /// Where a document of that name is printed into a file, unless the user says otherwise.
 QString proposedFile(const QString &name)
 {
@@ -180,6 +189,7 @@ Answer QtDialogs::message(const Message &message)
     box.setWindowTitle(message.title);
     box.setTextFormat(Qt::PlainText); // a file name may look like markup
     box.setText(QString(message.text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    explain(box, message.explanation);
     box.setIcon(iconOf(message.icon));
     box.setStandardButtons(buttonsOf(message.buttons));
     box.setEscapeButton(escapeButtonOf(message.buttons));
