@@ -43,6 +43,7 @@ private slots:
     void font_largerSize_takesMorePages();
     void tabSize_ofTheEditor_prints();
     void margins_ofTheirWindow_moveTheText();
+    void margins_withoutRoom_sayItOnce();
     void unsavedText_isPrintedAndStaysUnsaved();
 
     // The project's window.
@@ -256,6 +257,27 @@ void tst_Printing::margins_ofTheirWindow_moveTheText()
     const QRectF place = m_pdf->word(QStringLiteral("text")).box;
     QVERIFY(qAbs(place.left() - 40 * 57) < 30);
     QVERIFY(qAbs(place.top() - (60 * 57 + 570)) < 80);
+}
+
+void tst_Printing::margins_withoutRoom_sayItOnce()
+{
+    m->config.MarginLeft = m->config.MarginRight = 100; // the largest that the window takes
+    const auto choose = [this](QPageSize::PageSizeId paper) {
+        m->dialogs.expectPrinter(false, PrintChoice{m_pdf->printer(paper), false});
+    };
+    showCsd("text");
+    choose(QPageSize::A5);
+    m->expectMessage(QStringLiteral("The print margins leave no room for the text!"));
+    triggerCsd("menuFileStampaOrchestra");
+    QVERIFY(!m_pdf->exists());
+    m->showPair();
+    choose(QPageSize::A5);
+    m->expectMessage(QStringLiteral("The print margins leave no room for the text!"));
+    m->trigger("menuFileStampaProgetto");
+    QVERIFY(!m_pdf->exists());
+    choose(QPageSize::A4); // which is just wide enough
+    triggerCsd("menuFileStampaOrchestra");
+    QCOMPARE(m_pdf->bodyLines().join(QString()), QStringLiteral("text"));
 }
 
 void tst_Printing::unsavedText_isPrintedAndStaysUnsaved()

@@ -24,7 +24,7 @@ void PrintEntries::printDocument(const PrintSource &document) const
         return;
     }
     const bool hasSelection = document.editor.SelectionLength() > 0;
-    if (const auto choice = m_dialogs.choosePrinter({printedName(document.path), hasSelection}))
+    if (const auto choice = askForPrinter(document, hasSelection))
         print(*choice, document);
 }
 
@@ -34,11 +34,23 @@ void PrintEntries::printProject(const PrintSource &orchestra, const PrintSource 
         m_dialogs.message({QStringLiteral("No complete Project to print!")});
         return;
     }
-    if (const auto choice = m_dialogs.choosePrinter({printedName(orchestra.path)})) {
+    if (const auto choice = askForPrinter(orchestra, false)) {
         print(*choice, orchestra);
         if (!choice->printer->hasFailed())
             print(*choice, score);
     }
+}
+
+/// Only the choice tells the paper.
+std::optional<PrintChoice> PrintEntries::askForPrinter(const PrintSource &first,
+                                                       bool hasSelection) const
+{
+    auto choice = m_dialogs.choosePrinter({printedName(first.path), hasSelection});
+    if (choice && textRectangle(choice->printer->page(), printMargins(m_config)).isEmpty()) {
+        m_dialogs.message({QStringLiteral("The print margins leave no room for the text!")});
+        return std::nullopt;
+    }
+    return choice;
 }
 
 void PrintEntries::print(const PrintChoice &choice, const PrintSource &source) const

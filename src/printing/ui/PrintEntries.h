@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace ardiphon {
 
 class Dialogs;
@@ -18,7 +20,8 @@ struct PrintSource
 };
 
 /// The print entries of an editor window. Each says when there is nothing to print, else asks for
-/// a printer and prints; a cancel and a printer that fails end it silently.
+/// a printer and prints; a cancel and a printer that fails end it silently. It also says when the
+/// margins leave no room for a text on the chosen paper.
 class PrintEntries
 {
 public:
@@ -33,6 +36,7 @@ public:
     void printProject(const PrintSource &orchestra, const PrintSource &score) const;
 
 private:
+    std::optional<PrintChoice> askForPrinter(const PrintSource &first, bool hasSelection) const;
     void print(const PrintChoice &choice, const PrintSource &source) const;
     PrintText textToPrint(const LEditOCX &editor, bool selectionOnly) const;
 
