@@ -111,7 +111,9 @@ private slots:
     void hint_escapeInThePanel_closesOnlyTheHint();
     void hint_coversNoControlByHalf();
     void hint_isTakenBackByItsButton();
-    void hint_liesBesideTheMarks();
+    void hint_beforeAny_standsByTheFirstMark();
+    void hint_liesBesideItsField_data();
+    void hint_liesBesideItsField();
     void escape_closesTheForm();
     void exit_closes_andTheNextFormHasDefaults();
     void return_startsNothing();
@@ -491,19 +493,69 @@ void tst_ToolForm::hint_isTakenBackByItsButton()
     QVERIFY(m_form->button("CommandAnalyze")->isEnabled());
 }
 
-void tst_ToolForm::hint_liesBesideTheMarks()
+void tst_ToolForm::hint_beforeAny_standsByTheFirstMark()
 {
-    m_form->help(0);
-    const QWidget *const mark = m_form->button("ImageHelp(0)");
-    const auto check = [&] {
-        QCOMPARE(m_form->frame()->y(), mark->y());
-        QVERIFY(m_form->frame()->geometry().right() < mark->x());
-        QVERIFY(m_form->form->rect().contains(m_form->frame()->geometry()));
+    const QRect panel = m_form->frame()->geometry();
+    const QRect mark = m_form->button("ImageHelp(0)")->geometry();
+    QVERIFY(panel.right() < mark.left() && mark.left() - panel.right() < 30);
+    QVERIFY(panel.top() > mark.bottom() && panel.top() - mark.bottom() < 12);
+}
+
+void tst_ToolForm::hint_liesBesideItsField_data()
+{
+    QTest::addColumn<const AnalysisTool *>("tool");
+    for (const AnalysisTool *tool : {&Hetro, &LPAnal, &PVAnal, &PVLook, &CVAnal, &DNoise})
+        QTest::newRow(tool->form) << tool;
+}
+
+/// The field that is explained is seen whole, right above or below the panel; of the others of its
+/// frame none is covered by half, and every mark can be pressed.
+void tst_ToolForm::hint_liesBesideItsField()
+{
+    QFETCH(const AnalysisTool *, tool);
+    m_form = std::make_unique<ShownForm>(*tool);
+    const QWidget *const form = m_form->form.get();
+    const auto placeOf = [form](const QWidget *each) {
+        return QRect(each->mapTo(form, QPoint()), each->size());
     };
-    check();
+    const auto check = [&](int hint) {
+        const auto *const mark =
+            m_form->control<QWidget>(QStringLiteral("ImageHelp(%1)").arg(hint));
+        const QRect panel = m_form->frame()->geometry();
+        const QRect line = placeOf(mark);
+        const QByteArray name = QByteArray::number(hint);
+        QVERIFY2(form->rect().contains(panel), name.constData());
+        QVERIFY2(panel.height() >= m_form->frame()->minimumSizeHint().height(), name.constData());
+        QVERIFY2(panel.top() > line.bottom() ? panel.top() - line.bottom() < 12
+                                             : line.top() - panel.bottom() < 12,
+                 name.constData());
+        QVERIFY2(line.left() - panel.right() < 30, name.constData());
+        for (const QWidget *each : form->findChildren<QWidget *>()) {
+            if (!each->isVisible() || m_form->frame()->isAncestorOf(each))
+                continue;
+            if (qobject_cast<const QToolButton *>(each))
+                QVERIFY2(!panel.intersects(placeOf(each)), name.constData());
+            const bool isControl = qobject_cast<const QLineEdit *>(each) ||
+                                   qobject_cast<const QAbstractButton *>(each);
+            if (!isControl || each->parent() != mark->parent())
+                continue;
+            const QRect covered = panel.intersected(placeOf(each));
+            QVERIFY2(covered.isEmpty() || covered.height() == each->height(),
+                     (name + ' ' + each->objectName().toUtf8()).constData());
+            QVERIFY2(covered.isEmpty() || placeOf(each).bottom() < line.top() ||
+                         placeOf(each).top() > line.bottom(),
+                     (name + ' ' + each->objectName().toUtf8()).constData());
+        }
+    };
+    for (int hint = 0; hint < int(tool->hints.size()); ++hint) {
+        m_form->help(hint);
+        check(hint);
+    }
     m_form->form->resize(m_form->form->width() + 200, m_form->form->height() + 50);
-    QTRY_VERIFY(mark->x() - m_form->frame()->geometry().right() < 30);
-    check();
+    const int last = int(tool->hints.size()) - 1;
+    const auto *const mark = m_form->control<QWidget>(QStringLiteral("ImageHelp(%1)").arg(last));
+    QTRY_VERIFY(placeOf(mark).left() - m_form->frame()->geometry().right() < 30);
+    check(last);
 }
 
 void tst_ToolForm::escape_closesTheForm()

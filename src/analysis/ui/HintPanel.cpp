@@ -8,6 +8,12 @@
 
 namespace ardiphon {
 
+namespace {
+
+constexpr int Gap = 3; ///< to the line that it explains
+
+} // namespace
+
 HintPanel::HintPanel(QWidget *form)
     : QGroupBox(form),
       Text1(new QPlainTextEdit(this)),
@@ -29,22 +35,37 @@ HintPanel::HintPanel(QWidget *form)
     hide();
 }
 
-void HintPanel::showHint(const QString &title, const QString &text, const QRect &room)
+void HintPanel::showHint(const QString &title, const QString &text)
 {
     setTitle(title);
     Text1->setPlainText(text);
     show();
     raise();
-    moveTo(room);
 }
 
-void HintPanel::moveTo(const QRect &room)
+void HintPanel::moveTo(const QRect &room, const QRect &line, const QList<QRect> &controls)
 {
     layout()->activate();
-    const int wanted = heightFor(room.width());
-    const bool leavesAControl = room.height() - wanted >= Command5->sizeHint().height();
-    const int height = leavesAControl ? wanted : room.height(); // no button is covered by half
-    setGeometry({room.topLeft(), QSize(room.width(), qMax(height, minimumSizeHint().height()))});
+    const int wanted = qMax(heightFor(room.width()), minimumSizeHint().height());
+    const QRect below(QPoint(room.left(), line.bottom() + Gap), room.bottomRight());
+    const QRect above(room.topLeft(), QPoint(room.right(), line.top() - Gap));
+    const bool isBelow = below.height() >= qMin(wanted, above.height());
+    const QRect side = isBelow ? below : above;
+    QRect place = side;
+    if (isBelow)
+        place.setBottom(qMin(side.bottom(), side.top() + wanted));
+    else
+        place.setTop(qMax(side.top(), side.bottom() - wanted));
+    // A control that it covers makes it larger, and so it may cover another one.
+    for (QRect before; before != place;) {
+        before = place;
+        for (const QRect &each : controls)
+            if (place.intersects(each)) {
+                place.setTop(qMax(qMin(place.top(), each.top()), side.top()));
+                place.setBottom(qMin(qMax(place.bottom(), each.bottom()), side.bottom()));
+            }
+    }
+    setGeometry(place);
 }
 
 /// With room for the scroll bar, so that its absence is not what makes the text need it.

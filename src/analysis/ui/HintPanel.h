@@ -16,10 +16,10 @@ class HintPanel : public QGroupBox
 public:
     explicit HintPanel(QWidget *form);
 
-    /// \a room: where in the form it may lie; it takes no more height than its text needs.
-    void showHint(const QString &title, const QString &text, const QRect &room);
-    /// Takes another place while it shows.
-    void moveTo(const QRect &room);
+    void showHint(const QString &title, const QString &text);
+    /// Lies below \a line within \a room, or above it where there is more of it. It takes no more
+    /// height than its text needs, but none of \a controls is covered by half.
+    void moveTo(const QRect &room, const QRect &line, const QList<QRect> &controls);
 
 signals:
     /// Its button was pressed.

@@ -9,12 +9,24 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QToolButton>
 
 namespace ardiphon {
+
+namespace {
+
+/// What should not be seen by half.
+bool isControl(const QWidget &widget)
+{
+    return qobject_cast<const QLineEdit *>(&widget) || qobject_cast<const QComboBox *>(&widget) ||
+           qobject_cast<const QAbstractButton *>(&widget) || qobject_cast<const QLabel *>(&widget);
+}
+
+} // namespace
 
 /// What the row's field holds when the user has changed nothing; the combo box may decide it.
 QString ToolForm::initialOf(const ToolRow &row) const
@@ -137,7 +149,9 @@ void ToolForm::run()
 void ToolForm::openHint(int index)
 {
     const Hint &hint = m_tool.hints[size_t(index)];
-    Frame1->showHint(QLatin1String(hint.title), QLatin1String(hint.text), hintRoom());
+    m_hint = index;
+    Frame1->showHint(QLatin1String(hint.title), QLatin1String(hint.text));
+    placeHint();
     for (QPushButton *button : {CommandRevert, CommandExit, CommandAnalyze})
         button->setEnabled(false);
 }
@@ -149,13 +163,41 @@ void ToolForm::closeHint()
         button->setEnabled(true);
 }
 
-/// From the first help mark down, to the left of the marks, so that another hint can be asked for.
-QRect ToolForm::hintRoom() const
+QRect ToolForm::placeOf(const QWidget &control) const
 {
-    const QPoint mark = m_firstHelpMark->mapTo(this, QPoint(0, 0));
-    const QRect inside = m_all->contentsRect();
-    return {QPoint(inside.left(), mark.y()),
-            QPoint(mark.x() - m_files->horizontalSpacing(), inside.bottom())};
+    return {control.mapTo(this, QPoint(0, 0)), control.size()};
+}
+
+/// The line of the field that a hint explains.
+QRect ToolForm::lineOf(int hint) const
+{
+    QRect line = placeOf(*m_helpMarks[hint]);
+    for (const RowControls &controls : m_rows) {
+        if (controls.row->hint != hint)
+            continue;
+        for (const QWidget *control :
+             {static_cast<QWidget *>(controls.text), static_cast<QWidget *>(controls.button)})
+            if (control)
+                line = line.united(placeOf(*control));
+    }
+    return line;
+}
+
+/// The panel lies by the line that it explains and covers other ones, in the frame of that line and
+/// to the left of its marks, so that another hint can be asked for.
+void ToolForm::placeHint()
+{
+    m_all->activate();
+    const QToolButton *const mark = m_helpMarks[m_hint];
+    QRect room = m_all->contentsRect();
+    if (const QWidget *const frame = mark->parentWidget(); frame != this)
+        room.setLeft(placeOf(*frame).left());
+    room.setRight(placeOf(*mark).left() - m_files->horizontalSpacing());
+    QList<QRect> others;
+    for (const QWidget *each : findChildren<QWidget *>())
+        if (!Frame1->isAncestorOf(each) && isControl(*each))
+            others.append(placeOf(*each));
+    Frame1->moveTo(room, lineOf(m_hint), others);
 }
 
 void ToolForm::keyPressEvent(QKeyEvent *event)
@@ -169,10 +211,13 @@ void ToolForm::keyPressEvent(QKeyEvent *event)
 void ToolForm::resizeEvent(QResizeEvent *event)
 {
     QDialog::resizeEvent(event);
-    if (Frame1->isVisible()) {
-        m_all->activate();
-        Frame1->moveTo(hintRoom());
-    }
+    placeHint();
+}
+
+void ToolForm::showEvent(QShowEvent *event)
+{
+    QDialog::showEvent(event);
+    placeHint(); // by the first mark
 }
 
 } // namespace ardiphon

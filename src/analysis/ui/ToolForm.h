@@ -48,6 +48,7 @@ protected:
 
     void keyPressEvent(QKeyEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
     QComboBox *Combo1 = nullptr;
     QCheckBox *CheckMoreFlags = nullptr;
@@ -76,6 +77,7 @@ private:
     void buildMoreFlags(QWidget *parent, QGridLayout &grid);
     void buildButtons();
     void connectControls();
+    int leastHeight() const;
 
     QString initialOf(const ToolRow &row) const;
     const char *suffix() const;
@@ -87,7 +89,9 @@ private:
     void analyze();
     void openHint(int index);
     void closeHint();
-    QRect hintRoom() const;
+    QRect placeOf(const QWidget &control) const;
+    QRect lineOf(int hint) const;
+    void placeHint();
 
     const AnalysisTool &m_tool;
     const ToolContext m_context;
@@ -96,7 +100,8 @@ private:
     NumericFields *m_numbers;
     QBoxLayout *m_all;
     QGridLayout *m_files; ///< the rows without a frame stand in it too, so that all is aligned
-    QToolButton *m_firstHelpMark = nullptr;
+    QList<QToolButton *> m_helpMarks; ///< by their hints
+    int m_hint = 0;                   ///< the one that shows, or showed last
 
     PathLabel *LabelInput = nullptr;
     PathLabel *LabelNoise = nullptr;

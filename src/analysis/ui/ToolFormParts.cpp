@@ -55,7 +55,16 @@ ToolForm::ToolForm(const AnalysisTool &tool, const ToolContext &context, QWidget
     ToolForm::revert();
     connectControls();
     const int width = LeastCharacters * fontMetrics().averageCharWidth();
-    resize(sizeHint().expandedTo({width, 0}));
+    resize(sizeHint().expandedTo({width, leastHeight()}));
+}
+
+/// On one side of every line there is room for the hint.
+int ToolForm::leastHeight() const
+{
+    const QMargins margins = m_all->contentsMargins();
+    const int line = CommandExit->sizeHint().height() + 2 * m_files->verticalSpacing();
+    const int hint = Frame1->minimumSizeHint().height() + fontMetrics().lineSpacing(); // the title
+    return margins.top() + margins.bottom() + line + 2 * hint;
 }
 
 QPushButton *ToolForm::newButton(const char *name, const char *caption)
@@ -226,8 +235,8 @@ QToolButton *ToolForm::newHelpMark(int hint, QWidget *parent)
     mark->setFocusPolicy(Qt::TabFocus); // a click leaves the focus in the field
     mark->setAccessibleName(QLatin1String(m_tool.hints[size_t(hint)].title));
     connect(mark, &QToolButton::clicked, this, [this, hint] { openHint(hint); });
-    if (hint == 0)
-        m_firstHelpMark = mark;
+    m_helpMarks.resize(qMax(m_helpMarks.size(), qsizetype(hint + 1)));
+    m_helpMarks[hint] = mark;
     return mark;
 }
 
