@@ -59,7 +59,7 @@ void report(Dialogs &dialogs, const char *title, const char *text)
 void reportFailure(Dialogs &dialogs, const char *text, const QString &failure)
 {
     dialogs.message({QLatin1String(text), QStringLiteral("Error"), MessageIcon::Critical,
-                     MessageButtons::Ok, failure});
+                     MessageButtons::Ok, false, failure});
 }
 
 } // namespace

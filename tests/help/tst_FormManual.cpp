@@ -2,6 +2,8 @@
 #include "support/Fifo.h"
 #include "support/TestMain.h"
 
+#include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
@@ -37,6 +39,9 @@ private slots:
     void example_isShownAsText();
     void image_isLoaded();
     void image_thatIsNoFile_isNotWaitedFor();
+    void pageOutOfMeasure_isShownAsFarAsItFits_data();
+    void pageOutOfMeasure_isShownAsFarAsItFits();
+    void picture_outOfMeasure_isLeftOut();
     void pageThatIsNone_isToldSo_data();
     void pageThatIsNone_isToldSo();
     void randomBytes_areShownSomehow();
@@ -287,6 +292,69 @@ void tst_FormManual::image_thatIsNoFile_isNotWaitedFor()
     m_browser->grab();
     QVERIFY(!fifo.wasWaitedFor());
     QVERIFY(m_browser->toPlainText().startsWith(QStringLiteral("before")));
+}
+
+/// Found on no honest page; each of these took minutes, or the whole memory.
+void tst_FormManual::pageOutOfMeasure_isShownAsFarAsItFits_data()
+{
+    QTest::addColumn<QByteArray>("html");
+    QTest::addColumn<bool>("whole");
+    const auto row = [](const char *name, const QByteArray &html, bool whole) {
+        QTest::newRow(name) << "<title>T</title><p>begin</p>" + html << whole;
+    };
+    const auto times = [](const char *html, int count) { return QByteArray(html).repeated(count); };
+    row("nested tables", times("<table><tr><td>a</td><td>", 1000) + "end", true);
+    row("lists", times("<ul><li>a</li></ul>", 10000) + "end", false);
+    row("nested lists", times("<ul><li>a", 10000) + "end", false);
+    row("items", "<ol>" + times("<li>a", 10000), false);
+    row("anchors", times("<a name=x>a", 10000) + "end", true);
+    row("nested bold", times("<b>a", 10000) + "end", true);
+    row("rows", "<table>" + times("<tr><td>a</td><td>b</td></tr>", 50000), false);
+    row("columns", "<table><tr>" + times("<td>a</td>", 50000), false);
+    row("wide cells", "<table>" + times("<tr><td colspan=20000>a</td></tr>", 1000), true);
+    row("word", times("a", 500000), true);
+    row("entities", times("&amp;", 400000), false);
+    row("text", times("word ", 400000), false);
+}
+
+void tst_FormManual::pageOutOfMeasure_isShownAsFarAsItFits()
+{
+    QFETCH(QByteArray, html);
+    QFETCH(bool, whole);
+    write("large.html", html);
+    QElapsedTimer timer;
+    timer.start();
+    open(QStringLiteral("large.html"));
+    m_browser->grab();
+    m_form->resize(m_form->width() - 100, m_form->height());
+    m_browser->grab();
+    QVERIFY2(timer.elapsed() < 15'000, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY(m_form->windowTitle().startsWith(u'T'));
+    const QString text = m_browser->toPlainText();
+    QVERIFY(text.contains(QStringLiteral("begin")));
+    QCOMPARE(text.contains(QStringLiteral("The page goes on. It can be opened in the browser.")),
+             !whole);
+    open(QStringLiteral("one.html")); // the window lives on
+    QCOMPARE(shown(), QStringLiteral("one.html"));
+}
+
+void tst_FormManual::picture_outOfMeasure_isLeftOut()
+{
+    QImage(8000, 4000, QImage::Format_Mono).save(m_folder.filePath(QStringLiteral("wide.png")));
+    write("endless.png", "\x89PNG");
+    QFile endless(m_folder.filePath(QStringLiteral("endless.png")));
+    QVERIFY(endless.open(QIODevice::ReadWrite) && endless.resize(qint64(1) << 36));
+    QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("folder.png")));
+    for (const char *name : {"wide.png", "endless.png", "folder.png", "gone.png"}) {
+        write("picture.html", QByteArray("<p>before<img src=\"") + name + "\">after");
+        open(QStringLiteral("index.html"));
+        open(QStringLiteral("picture.html"));
+        m_browser->grab();
+        QVERIFY(m_browser->toPlainText().contains(QStringLiteral("after")));
+        const QVariant shown =
+            m_browser->loadResource(QTextDocument::ImageResource, QUrl(QLatin1String(name)));
+        QVERIFY(shown.value<QImage>().width() <= 16); // the mark of a broken picture
+    }
 }
 
 void tst_FormManual::pageThatIsNone_isToldSo_data()

@@ -1,9 +1,10 @@
 #include "help/ui/ManualBrowser.h"
 
+#include "language/ManualBounds.h"
 #include "language/ManualText.h"
 
 #include <QFileInfo>
-#include <QStyle>
+#include <QImageReader>
 
 #include <algorithm>
 #include <utility>
@@ -12,8 +13,9 @@ namespace ardiphon {
 
 namespace {
 
-constexpr int missingPictureSize = 16; // pixels
 constexpr qint64 largestPage = qint64{2} * 1024 * 1024;
+constexpr qint64 largestPicture = qint64{16} * 1024 * 1024;
+constexpr qint64 largestPictureArea = 25'000'000; // pixels
 
 // The text view knows little of style sheets, so the manual's own is left out for this one. Sizes
 // are steps, which follow the text size that the reader chose.
@@ -67,6 +69,13 @@ QString largePage(const QString &path)
                   QStringLiteral("It can be opened in the browser."));
 }
 
+/// Stands at the end of a page that is longer, whatever was open there.
+QString pageGoesOn()
+{
+    return QStringLiteral("</title></style><hr><p><b>The page goes on. It can be opened in the "
+                          "browser.</b></p>");
+}
+
 } // namespace
 
 ManualBrowser::ManualBrowser(std::function<void(const QUrl &)> openOutside, QWidget *parent)
@@ -85,11 +94,8 @@ QVariant ManualBrowser::loadResource(int type, const QUrl &name)
         return QString();
     if (type == QTextDocument::HtmlResource)
         return contentOf(name);
-    // Pictures. What is no file would be waited for, and where nothing is given the toolkit looks
-    // for the name itself.
-    const bool isFile = QFileInfo(source().resolved(name).toLocalFile()).isFile();
-    if (!isFile && name.scheme() != QLatin1String("data"))
-        return style()->standardIcon(QStyle::SP_FileIcon).pixmap(missingPictureSize);
+    if (type == QTextDocument::ImageResource && name.scheme() != QLatin1String("data"))
+        return pictureOf(name);
     return QTextBrowser::loadResource(type, name);
 }
 
@@ -101,7 +107,25 @@ QString ManualBrowser::contentOf(const QUrl &page) const
     const QByteArray bytes = readManualPage(path, largestPage);
     if (bytes.isEmpty())
         return missingPage(path);
-    return isManualPage(path) ? QString::fromUtf8(bytes) : escapedText(bytes);
+    const auto [html, whole] =
+        boundedManualPage(isManualPage(path) ? QString::fromUtf8(bytes) : escapedText(bytes));
+    return whole ? html : html + pageGoesOn();
+}
+
+/// A picture of a size that fits. The broken one stands for any other: left to itself, the toolkit
+/// would read the file whole.
+QVariant ManualBrowser::pictureOf(const QUrl &name) const
+{
+    const QImage broken(QStringLiteral(":/qt-project.org/styles/commonstyle/images/file-16.png"));
+    const QFileInfo file(source().resolved(name).toLocalFile());
+    if (!file.isFile() || file.size() > largestPicture)
+        return broken;
+    QImageReader reader(file.filePath());
+    const QSize size = reader.size();
+    if (qint64(size.width()) * size.height() > largestPictureArea)
+        return broken;
+    const QImage picture = reader.read();
+    return picture.isNull() ? broken : picture;
 }
 
 void ManualBrowser::doSetSource(const QUrl &name, QTextDocument::ResourceType type)

@@ -26,6 +26,7 @@ protected:
 
 private:
     QString contentOf(const QUrl &page) const;
+    QVariant pictureOf(const QUrl &name) const;
 
     std::function<void(const QUrl &)> m_openOutside;
     int m_textSteps = 0;
