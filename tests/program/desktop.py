@@ -1,8 +1,10 @@
 """A desktop of its own for the built program: a display, a window manager, a home folder, and the
 keys and the clipboard of a user who sits in front of it."""
 
+import contextlib
 import os
 import shutil
+import signal
 import subprocess
 import tempfile
 import time
@@ -58,7 +60,7 @@ class Desktop:
         os.close(write_end)
         with os.fdopen(read_end) as display:
             self.environment["DISPLAY"] = ":" + display.readline().strip()
-        self.start(["openbox"])
+        self.manager = self.start(["openbox"])
         wait_for("the window manager", lambda: self.tell("xdotool", "get_num_desktops"))
 
     def __exit__(self, *_):
@@ -134,3 +136,17 @@ class Desktop:
                 return f"HOME={self.folder}".encode() in environment.read().split(b"\0")
         except OSError:
             return False
+
+    @contextlib.contextmanager
+    def busy_manager(self):
+        """The window manager answers only afterwards, as on a machine with much to do: what it then
+        finds is always the same, however fast it would have been."""
+        self.manager.send_signal(signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            self.manager.send_signal(signal.SIGCONT)
+
+    def shows(self, title):
+        """Whether a window whose title matches is on the screen."""
+        return bool(self.tell("xdotool", "search", "--onlyvisible", "--name", title))

@@ -123,7 +123,8 @@ def check_desktop_files(root, folder):
     data = os.path.join(folder, "share")
     shutil.copytree(root.file("share"), data)
     run("update-mime-database", os.path.join(data, "mime"))
-    environment = dict(EVERYBODY, XDG_DATA_DIRS=f"{data}:/usr/share", XDG_DATA_HOME=folder)
+    environment = dict(EVERYBODY, XDG_DATA_DIRS=data, XDG_DATA_HOME=folder,
+                       XDG_CONFIG_HOME=folder, XDG_CONFIG_DIRS=folder)
     for ending in ["csd", "ORC", "sco"]:
         piece = os.path.join(folder, f"piece.{ending}")
         with open(piece, "w") as file:
