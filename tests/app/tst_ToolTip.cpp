@@ -2,6 +2,7 @@
 #include "app/ui/PathLabel.h"
 #include "app/ui/ToolTip.h"
 #include "support/ShownToolTip.h"
+#include "support/TestMain.h"
 
 #include <QScreen>
 #include <QTest>
@@ -95,5 +96,5 @@ void tst_ToolTip::pathLabel_showsItsPath()
     }
 }
 
-QTEST_MAIN(tst_ToolTip)
+ARDIPHON_TEST(tst_ToolTip, QApplication)
 #include "tst_ToolTip.moc"

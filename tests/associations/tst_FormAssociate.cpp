@@ -20,7 +20,8 @@ const Message Removed{"CSound files association removed!", "Remove association",
                       MessageIcon::Information};
 Message failed(const char *text, const QString &explanation)
 {
-    return {QLatin1String(text), "Error", MessageIcon::Critical, MessageButtons::Ok, false, explanation};
+    return {QLatin1String(text), "Error", MessageIcon::Critical,
+            MessageButtons::Ok,  false,   explanation};
 }
 
 const QString NoUpdater = "update-mime-database cannot be run.";

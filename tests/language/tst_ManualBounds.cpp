@@ -1,4 +1,5 @@
 #include "language/ManualBounds.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 #include <QTest>
@@ -126,5 +127,5 @@ void tst_ManualBounds::installedManual_staysAsItIs()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_ManualBounds)
+ARDIPHON_TEST(tst_ManualBounds, QCoreApplication)
 #include "tst_ManualBounds.moc"

@@ -1,4 +1,5 @@
 #include "platform/ui/WheelGuard.h"
+#include "support/TestMain.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -127,5 +128,5 @@ void tst_WheelGuard::noControl_takesTheFocusByWheel()
     }
 }
 
-QTEST_MAIN(tst_WheelGuard)
+ARDIPHON_TEST(tst_WheelGuard, QApplication)
 #include "tst_WheelGuard.moc"

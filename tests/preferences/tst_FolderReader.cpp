@@ -1,4 +1,5 @@
 #include "preferences/FolderReader.h"
+#include "support/TestMain.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -80,5 +81,5 @@ void tst_FolderReader::large_isReadInSlices()
     QVERIFY(reader.readOn(0));
 }
 
-QTEST_GUILESS_MAIN(tst_FolderReader)
+ARDIPHON_TEST(tst_FolderReader, QCoreApplication)
 #include "tst_FolderReader.moc"
