@@ -10,6 +10,54 @@
 using namespace ardiphon;
 using namespace EditorInput;
 
+namespace {
+
+/// Where a search from a selection ends, said as plainly as possible. Texts of one line.
+class Model
+{
+public:
+    Model(const QString &text, const QString &find, bool wholeWord)
+        : m_text(text), m_find(find), m_wholeWord(wholeWord)
+    {
+    }
+
+    QString find(int direction, int start, int end) const
+    {
+        if (direction == 0)
+            return first(start - int(m_find.size()), -1, -1);
+        const QString ahead = first(end, int(m_text.size()), 1);
+        return !ahead.isEmpty() || direction == 1 ? ahead : first(0, end, 1);
+    }
+
+private:
+    bool isWord(qsizetype at) const
+    {
+        return at >= 0 && at < m_text.size() &&
+               (m_text[at].isLetterOrNumber() || m_text[at] == '_');
+    }
+    bool matches(int at) const
+    {
+        const qsizetype end = at + m_find.size();
+        return m_text.mid(at, m_find.size()).compare(m_find, Qt::CaseInsensitive) == 0 &&
+               !(m_wholeWord &&
+                 ((isWord(at - 1) && isWord(at)) || (isWord(end - 1) && isWord(end))));
+    }
+    QString first(int from, int to, int step) const
+    {
+        for (int at = from; step > 0 ? at < to : at > to; at += step) {
+            if (matches(at))
+                return QStringLiteral("1:%1-1:%2").arg(at).arg(at + m_find.size());
+        }
+        return {};
+    }
+
+    QString m_text;
+    QString m_find;
+    bool m_wholeWord;
+};
+
+} // namespace
+
 class tst_LEditOCXSearch : public QObject
 {
     Q_OBJECT
@@ -20,6 +68,9 @@ private slots:
 
     void findFirst_directions_data();
     void findFirst_directions();
+    void findFirst_wholeWord_neverInsideALongerOne_data();
+    void findFirst_wholeWord_neverInsideALongerOne();
+    void findFirst_randomText_asTheModel();
     void findFirst_miss_leavesEverything();
     void findNext_leavesTheViewAlone();
     void replaceCurrent_goesOnBehindTheText();
@@ -83,6 +134,98 @@ void tst_LEditOCXSearch::findFirst_directions()
             QCOMPARE(selection(*m_editor), match);
             QCOMPARE(m_editor->SelText().toLower(), "in");
         }
+    }
+}
+
+void tst_LEditOCXSearch::findFirst_wholeWord_neverInsideALongerOne_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("find");
+    QTest::addColumn<int>("line"); ///< of the caret
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("up"); ///< what is found in each direction, "" for a miss
+    QTest::addColumn<QString>("down");
+    QTest::addColumn<QString>("both");
+    const auto row = [](const char *name, const char *text, const char *find, int line, int column,
+                        const char *up, const char *down, const char *both) {
+        QTest::newRow(name) << QString::fromUtf8(text) << QString::fromUtf8(find) << line << column
+                            << QString(up) << QString(down) << QString(both);
+    };
+    // A search that turns round looks at the text's beginning again, no further than the caret and
+    // what a match may need behind it; the word that lies across that limit stays whole.
+    row("a longer word behind the caret", "0123 5678 0123  betas", "beta", 1, 0, "", "", "");
+    row("two longer words", "0123 5678 0123 beta5 beta0", "beta", 1, 0, "", "", "");
+    row("letters of two bytes", "01234567890123éééé5", "éééé", 1, 0, "", "", "");
+    row("letters of four bytes", "0123 567 \U0001D400\U0001D400b", "\U0001D400\U0001D400", 1, 0, "",
+        "", "");
+    row("far behind the caret's line", "x\n\n0123 5678 123 betas", "beta", 2, 0, "", "", "");
+    row("word and longer word", "beta 0123 5678 012 betas", "beta", 1, 6, "1:0-1:4", "", "1:0-1:4");
+    row("caret before the only match", "betas beta", "beta", 1, 0, "", "1:6-1:10", "1:6-1:10");
+    row("at the start and at the end", "beta\nbetas\nbeta", "beta", 2, 2, "1:0-1:4", "3:0-3:4",
+        "3:0-3:4");
+    row("caret inside the match", "a beta z", "beta", 1, 4, "", "", "1:2-1:6");
+    row("caret at the match's start", "a beta z", "beta", 1, 2, "", "1:2-1:6", "1:2-1:6");
+    row("caret at the match's end", "a beta z", "beta", 1, 6, "1:2-1:6", "", "1:2-1:6");
+    row("at the line's ends", "beta\nbeta", "beta", 1, 4, "1:0-1:4", "2:0-2:4", "2:0-2:4");
+    // What stands before the caret belongs to the word in which it is.
+    row("caret inside a word", "alphabeta", "beta", 1, 5, "", "", "");
+    row("caret behind a letter of two bytes", "ébeta", "beta", 1, 1, "", "", "");
+    row("caret behind a letter of four bytes", "\U0001D400beta", "beta", 1, 2, "", "", "");
+    row("caret behind an underscore", "_beta", "beta", 1, 1, "", "", "");
+    row("caret behind a sign of three bytes", "€beta", "beta", 1, 1, "", "1:1-1:5", "1:1-1:5");
+    row("caret before the rest of the word", "betas", "beta", 1, 4, "", "", "");
+}
+
+void tst_LEditOCXSearch::findFirst_wholeWord_neverInsideALongerOne()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, find);
+    QFETCH(int, line);
+    QFETCH(int, column);
+    m_editor->SetText(text);
+    m_editor->SetFindText(find);
+    m_editor->SetFindWholeWord(true);
+    QFETCH(QString, up);
+    QFETCH(QString, down);
+    QFETCH(QString, both);
+    const QString expected[] = {up, down, both};
+    for (int direction = 0; direction <= 2; ++direction) {
+        const QString match = expected[direction];
+        goTo(*m_editor, line, column);
+        m_editor->SetFindDirection(direction);
+        QCOMPARE(m_editor->FindFirst(), match.isEmpty() ? 0 : 1);
+        const QString caret = QStringLiteral("%1:%2-%1:%2").arg(line).arg(column);
+        QCOMPARE(selection(*m_editor), match.isEmpty() ? caret : match);
+        goTo(*m_editor, line, column);
+        QCOMPARE(m_editor->FindNext(), match.isEmpty() ? 0 : 1);
+    }
+}
+
+void tst_LEditOCXSearch::findFirst_randomText_asTheModel()
+{
+    QRandomGenerator random(4);
+    const auto any = [&](const QString &alphabet, int least, int most) {
+        QString text;
+        for (int i = random.bounded(least, most); i > 0; --i)
+            text += alphabet[random.bounded(int(alphabet.size()))];
+        return text;
+    };
+    for (int round = 0; round < 20000; ++round) {
+        const QString text = any(QString::fromUtf8("abbé_ €"), 0, 40);
+        const QString find = any(QString::fromUtf8("aBé€ "), 1, 4);
+        const bool wholeWord = random.bounded(2);
+        const int direction = random.bounded(3);
+        const int start = random.bounded(int(text.size()) + 1);
+        const int end = random.bounded(2) ? start : random.bounded(start, int(text.size()) + 1);
+        m_editor->SetText(text);
+        m_editor->SetFindText(find);
+        m_editor->SetFindWholeWord(wholeWord);
+        m_editor->SetFindDirection(direction);
+        select(*m_editor, 1, start, 1, end);
+        const QString before = selection(*m_editor);
+        const QString expected = Model(text, find, wholeWord).find(direction, start, end);
+        QCOMPARE(m_editor->FindFirst(), expected.isEmpty() ? 0 : 1);
+        QCOMPARE(selection(*m_editor), expected.isEmpty() ? before : expected);
     }
 }
 

@@ -28,6 +28,7 @@ private slots:
     void find_directions();
     void find_caretWithinTheOnlyMatch_findsIt();
     void find_insideALongerWord_isNoMatchAsDefault();
+    void find_turningRound_leavesLongerWordsWhole();
     void find_miss_changesNothing();
     void find_typingMeanwhile_startsAtTheCaret();
     void find_specialCharacters_meanThemselves_data();
@@ -132,6 +133,24 @@ void tst_FindWindows::find_insideALongerWord_isNoMatchAsDefault()
     search.choose("Check1");
     search.click("Command1");
     QCOMPARE(selection(*project.first), QStringLiteral("1:0-1:5"));
+    QCOMPARE(project.dialogs.verify(), QString());
+}
+
+void tst_FindWindows::find_turningRound_leavesLongerWordsWhole()
+{
+    ProjectWindow project(QStringLiteral("0123 5678 0123  betas"), QString());
+    project.search->open(SearchKind::Find, OrchestraCaller);
+    const Opened search(project.window, SearchKind::Find);
+    search.type(QStringLiteral("beta"));
+    for (int column = 0; column <= 21; ++column) {
+        for (const char *option : {"Option1", "Option2", "Option3"}) {
+            goTo(*project.first, 1, column);
+            search.choose(option);
+            project.dialogs.expect(NoMatches);
+            search.click("Command1");
+            QCOMPARE(selection(*project.first), QStringLiteral("1:%1-1:%1").arg(column));
+        }
+    }
     QCOMPARE(project.dialogs.verify(), QString());
 }
 

@@ -29,6 +29,7 @@ private slots:
     void replace_emptyReplacement_deletes();
     void replace_everyPairOfTexts_ends_data();
     void replace_everyPairOfTexts_ends();
+    void replace_wholeWord_leavesLongerWordsWhole();
     void replace_wholeWordOff_findsInside();
     void replace_accessKeys_pressButtons();
     void replace_splitView_isCopied();
@@ -301,6 +302,35 @@ void tst_ReplaceWindow::replace_everyPairOfTexts_ends()
         search.text("Text2")->setText(replacement);
         search.click(button);
         QTEST(project.first->Text(), "result");
+    }
+}
+
+void tst_ReplaceWindow::replace_wholeWord_leavesLongerWordsWhole()
+{
+    const QString text = QStringLiteral("0123 5678 0123  betas\r\nbeta_ alphabeta betabeta");
+    ProjectWindow project(text, QString());
+    project.search->open(SearchKind::Replace, OrchestraCaller);
+    const Opened search(project.window, SearchKind::Replace);
+    search.type(QStringLiteral("beta"));
+    search.type(QStringLiteral("x"), "Text2");
+    for (int column = 0; column <= 21; ++column) {
+        goTo(*project.first, 1, column);
+        project.dialogs.expect(NoMatches);
+        search.click("Command5");
+        search.click("Command2"); // nothing was selected that it could replace
+        project.dialogs.expect(NoMatches);
+        search.click("Command3");
+        search.click("Command1");
+        QCOMPARE(project.first->Text(), text);
+    }
+    QVERIFY(!project.first->GetState(2));
+    QCOMPARE(project.dialogs.verify(), QString());
+    project.first->SetText(text + QStringLiteral("\r\nbeta"));
+    for (const char *button : {"Command3", "Command1"}) {
+        goTo(*project.first, 1, 0);
+        search.click(button);
+        QCOMPARE(project.first->Text(), text + QStringLiteral("\r\nx"));
+        project.first->Undo();
     }
 }
 

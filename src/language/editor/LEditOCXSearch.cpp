@@ -36,9 +36,10 @@ std::optional<TextRange> LEditOCX::Private::find(TextRange from) const
     return found || findDirection == 1 ? found : findBetween(0, from.end);
 }
 
-// The first match that begins at \a from or behind it, as long as one begins before \a to. Asks for
-// no more of the text than that: all of it would close the buffer's gap, and after each replacement
-// that costs as much as the text is long.
+// The first match that begins at \a from or behind it, and before \a to. Asks for no more of the
+// text than that: all of it would close the buffer's gap, and after each replacement that costs as
+// much as the text is long. What seems to match at \a to or behind it may be cut off, so it counts
+// as none.
 std::optional<TextRange> LEditOCX::Private::findBetween(qsizetype from, qsizetype to) const
 {
     constexpr qsizetype longestCharacter = 4; // the ones before and behind a match decide too
@@ -46,7 +47,9 @@ std::optional<TextRange> LEditOCX::Private::findBetween(qsizetype from, qsizetyp
     const qsizetype start = std::max<qsizetype>(from - longestCharacter, 0);
     const qsizetype end = std::min(to + longestMatch + longestCharacter, text.size());
     const auto found = search.forward(text.bytes(start, end), from - start);
-    return found ? std::optional(TextRange{start + found->start, start + found->end}) : found;
+    if (!found || start + found->start >= to)
+        return std::nullopt;
+    return TextRange{start + found->start, start + found->end};
 }
 
 int LEditOCX::FindFirst()
