@@ -1,6 +1,7 @@
 #include "navigation/BookmarkFile.h"
 
 #include "app/Numbers.h"
+#include "navigation/BlanksAround.h"
 #include "platform/DocumentFile.h"
 #include "platform/RegularFile.h"
 
@@ -16,16 +17,6 @@ constexpr int RecordLength = 2 * FieldLength;
 const QString NoBookmark = QStringLiteral("[NONE]");
 
 constexpr int ShownCharacters = 16;
-
-/// \a text without the blanks at its ends; a tab is none.
-QString withoutBlanksAround(QStringView text)
-{
-    while (text.startsWith(u' '))
-        text = text.mid(1);
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text.toString();
-}
 
 QByteArray field(const QString &text)
 {
@@ -57,9 +48,9 @@ QString bookmarkFilePath(const QString &documentPath, const QString &extension)
 
 QString bookmarkText(const QString &lineText)
 {
-    QString text = withoutBlanksAround(lineText.left(ShownCharacters));
-    text.replace(u'\r', u' ').replace(u'\t', u' ');
-    return withoutBlanksAround(QStringLiteral("-> ") + text);
+    QString text = withoutBlanksAround(QStringView(lineText).left(ShownCharacters)).toString();
+    text.replace(u'\r', u' ').replace(u'\t', u' '); // which may leave blanks around again
+    return QStringLiteral("-> ") + withoutBlanksAround(text).toString();
 }
 
 bool writeBookmarkFile(const QString &path, const BookmarkSet &bookmarks, FileFailure *why)

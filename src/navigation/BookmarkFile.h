@@ -31,7 +31,8 @@ using BookmarkSet = std::array<Bookmark, BookmarkSlots>;
 /// "bks"). A path without a "." gives the bare extension.
 QString bookmarkFilePath(const QString &documentPath, const QString &extension);
 
-/// What the tree shows of a bookmark on a line with that text: "-> " and its beginning.
+/// What the tree shows of a bookmark on a line with that text: "-> " and its beginning, which has
+/// no blanks around it; "-> " alone for a line that begins with nothing else.
 QString bookmarkText(const QString &lineText);
 
 /// Writes the side file, wholly or not at all, or removes it when every slot is free. True when a

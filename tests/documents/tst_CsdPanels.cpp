@@ -307,7 +307,7 @@ void tst_CsdPanels::bookmarks_ctrlB_setsAndRemoves()
     QVERIFY(background() != QColor(240, 0, 0));
     caret(first(), 2, 0);
     trigger("menuToolsBookmark"); // the free slot is the first to be used again
-    QCOMPARE(tree->topLevelItem(0)->text(0), QStringLiteral("->"));
+    QCOMPARE(tree->topLevelItem(0)->text(0), QStringLiteral("-> "));
     trigger("menuToolsRemoveAllBookmark");
     QCOMPARE(tree->topLevelItem(1)->text(0), QStringLiteral("..."));
 }

@@ -70,9 +70,19 @@ void tst_BookmarkFile::text_isTheBeginningOfTheLine_data()
     QTest::newRow("blanks around") << "   endin      ; x"
                                    << "-> endin      ;";
     QTest::newRow("tab before") << "\tsr     = 44100"
-                                << "->  sr     = 44100";
+                                << "-> sr     = 44100";
+    QTest::newRow("tabs and blanks around") << " \t sr \t "
+                                            << "-> sr";
+    QTest::newRow("a carriage return inside") << "a\rb"
+                                              << "-> a b";
     QTest::newRow("empty") << ""
-                           << "->";
+                           << "-> ";
+    QTest::newRow("blanks alone") << "    "
+                                  << "-> ";
+    QTest::newRow("a tab alone") << "\t"
+                                 << "-> ";
+    QTest::newRow("indented by sixteen") << "                x"
+                                         << "-> ";
 }
 
 void tst_BookmarkFile::text_isTheBeginningOfTheLine()

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QStringView>
+
+namespace ardiphon {
+
+/// \a text without the blanks at its ends; a tab, a line end and a fixed blank are none.
+inline QStringView withoutBlanksAround(QStringView text)
+{
+    while (text.startsWith(u' '))
+        text = text.mid(1);
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text;
+}
+
+} // namespace ardiphon
