@@ -1,6 +1,7 @@
 #include "navigation/SearchRules.h"
 
 #include "app/Numbers.h"
+#include "navigation/BlanksAround.h"
 
 #include <limits>
 
@@ -17,7 +18,7 @@ QString captionForCaller(const QString &title, const QString &caller)
 
 QString fieldTextFromSelection(const QString &selection)
 {
-    return selection.trimmed().left(LongestFieldText);
+    return withoutBlanksAround(selection).left(LongestFieldText).toString();
 }
 
 std::optional<int> lineNumberFrom(const QString &text)

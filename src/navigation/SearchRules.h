@@ -24,8 +24,8 @@ QString captionForCaller(const QString &title, const QString &caller);
 /// As many characters of a text to find are taken as a field still shows without delay.
 inline constexpr int LongestFieldText = 250'000;
 
-/// What a search window takes over from a selection: the text without the blanks, tabs and line
-/// ends around it, cut behind `LongestFieldText` characters.
+/// What a search window takes over from a selection: the text without the blanks around it, cut
+/// behind `LongestFieldText` characters. Tabs and line ends belong to what is searched for.
 QString fieldTextFromSelection(const QString &selection);
 
 /// The line that a user asks for by \a text: its number rounded to the nearest whole one, a half to

@@ -56,10 +56,11 @@ void tst_SearchRules::fieldText_selection_losesBlanksAround_data()
                             << "kamp";
     QTest::newRow("inner blanks stay") << " instr  1 "
                                        << "instr  1";
-    QTest::newRow("a whole line") << "\tendin\r\n"
-                                  << "endin";
+    QTest::newRow("a tab and a line end stay") << " \tendin\r\n "
+                                               << "\tendin\r\n";
     QTest::newRow("two lines") << " a\r\n b "
                                << "a\r\n b";
+    QTest::newRow("a blank of another kind stays") << QString(u'\u00a0') << QString(u'\u00a0');
     QTest::newRow("only blanks") << "   "
                                  << "";
 }
