@@ -1,15 +1,29 @@
 #include "language/editor/Bookmarks.h"
 
+#include "language/DocumentText.h"
+
 #include <Qsci/qsciscintillabase.h>
+
+#include <algorithm>
 
 namespace ardiphon {
 
 using Sci = QsciScintillaBase;
 
+Bookmarks::Bookmarks(QsciScintillaBase &view, const TextBuffer &text) : m_view(view), m_text(text)
+{
+    QObject::connect(&view, &Sci::SCN_MODIFIED, &view,
+                     [this](int start, int type, const char *, int length) {
+                         aboutToChange(type, {start, start + length});
+                     });
+}
+
 void Bookmarks::setLine(int index, int line)
 {
     if (!isSlot(index) || (line != -1 && !m_text.hasLine(line)))
         return;
+    settle();
+    ++m_slots[index].setting;
     m_view.SendScintilla(Sci::SCI_MARKERDELETEALL, index);
     m_slots[index].handle = -1;
     m_slots[index].line = -1;
@@ -24,10 +38,11 @@ void Bookmarks::place(int index, int line)
         int(m_view.SendScintilla(Sci::SCI_MARKERADD, ulong(line - 1), long(index)));
 }
 
-int Bookmarks::line(int index) const
+int Bookmarks::line(int index)
 {
     if (!isSlot(index))
         return -1;
+    settle();
     const Slot &slot = m_slots[index];
     if (slot.handle == -1)
         return slot.line;
@@ -53,8 +68,9 @@ LineColors Bookmarks::colors(int index) const
     return isSlot(index) ? m_slots[index].colors : LineColors{};
 }
 
-LineColors Bookmarks::colorsOf(int line) const
+LineColors Bookmarks::colorsOf(int line)
 {
+    settle();
     LineColors result;
     const auto marked = unsigned(m_view.SendScintilla(Sci::SCI_MARKERGET, line - 1));
     for (int index = 0; marked >> index && index < SlotCount; ++index) {
@@ -67,8 +83,112 @@ LineColors Bookmarks::colorsOf(int line) const
     return result;
 }
 
+/// The view tells of a change before it is made, each as one step of the history.
+void Bookmarks::aboutToChange(int type, TextRange range)
+{
+    settle();
+    if (type & Sci::SC_PERFORMED_USER)
+        m_deletions.erase(m_deletions.lower_bound(m_step), m_deletions.end());
+    m_step += type & Sci::SC_PERFORMED_UNDO ? -1 : 1;
+    const int step = type & Sci::SC_PERFORMED_UNDO ? m_step : m_step - 1;
+    if (type & Sci::SC_MOD_BEFOREDELETE)
+        aboutToDelete(step, range);
+    else
+        aboutToInsert(step);
+}
+
+void Bookmarks::aboutToDelete(int step, TextRange range)
+{
+    const int firstLine = m_text.lineOf(range.start);
+    const int lastLine = m_text.lineOf(range.end);
+    const bool all = range.end - range.start == m_text.size();
+    if (firstLine == lastLine && !all)
+        return;
+    const auto places = placesOn(firstLine, lastLine);
+    if (!places.empty())
+        m_deletions[step] = {range.start, firstLine, hashOf(range), places};
+    // The view drops its markers when all text is deleted at once; line 1 takes their lines' place.
+    if (all)
+        makeDueOnLineOne();
+}
+
+void Bookmarks::aboutToInsert(int step)
+{
+    // The only line of an empty document has nothing that could be moved.
+    if (m_text.size() == 0)
+        makeDueOnLineOne();
+    if (const auto deletion = m_deletions.extract(step)) {
+        const auto &places = deletion.mapped().places;
+        m_due.insert(m_due.end(), places.begin(), places.end());
+    }
+}
+
+void Bookmarks::makeDueOnLineOne()
+{
+    for (int index = 0; index < SlotCount; ++index) {
+        if (m_slots[index].handle != -1)
+            m_due.push_back({index, 1, m_slots[index].setting});
+    }
+}
+
+std::vector<Bookmarks::Place> Bookmarks::placesOn(int firstLine, int lastLine) const
+{
+    std::vector<Place> places;
+    if (std::none_of(m_slots.begin(), m_slots.end(), [](const Slot &s) { return s.handle != -1; }))
+        return places;
+    for (int line = firstLine; line <= lastLine; ++line) {
+        const auto marked = unsigned(m_view.SendScintilla(Sci::SCI_MARKERGET, line - 1));
+        for (int index = 0; marked >> index && index < SlotCount; ++index) {
+            if (marked >> index & 1)
+                places.push_back({index, line, m_slots[index].setting});
+        }
+    }
+    return places;
+}
+
+/// The same for the same text, whatever its line ends.
+std::size_t Bookmarks::hashOf(TextRange range) const
+{
+    return qHash(withLineEnds(m_text.bytes(range.start, range.end), LineEnd::Lf));
+}
+
+void Bookmarks::inserted(TextRange range)
+{
+    if (m_deletions.empty())
+        return;
+    const std::size_t text = hashOf(range);
+    const int line = m_text.lineOf(range.start);
+    const auto same = [&](const auto &deletion) {
+        return deletion.second.start == range.start && deletion.second.text == text;
+    };
+    const auto found = std::find_if(m_deletions.rbegin(), m_deletions.rend(), same);
+    if (found == m_deletions.rend())
+        return;
+    for (const Place &place : found->second.places)
+        m_due.push_back({place.index, place.line - found->second.firstLine + line, place.setting});
+}
+
+/// Puts the slots where they are due, once the text is there.
+void Bookmarks::settle()
+{
+    for (const Place &due : std::exchange(m_due, {})) {
+        Slot &slot = m_slots[due.index];
+        if (due.setting != slot.setting || !m_text.hasLine(due.line))
+            continue;
+        m_view.SendScintilla(Sci::SCI_MARKERDELETEALL, due.index);
+        place(due.index, due.line);
+    }
+}
+
+void Bookmarks::forgetHistory()
+{
+    settle();
+    m_deletions.clear();
+}
+
 void Bookmarks::detach()
 {
+    settle();
     for (int index = 0; index < SlotCount; ++index) {
         m_slots[index].line = line(index);
         m_slots[index].handle = -1;
@@ -78,6 +198,7 @@ void Bookmarks::detach()
 
 void Bookmarks::attach()
 {
+    forgetHistory();
     for (int index = 0; index < SlotCount; ++index) {
         if (m_text.hasLine(m_slots[index].line))
             place(index, m_slots[index].line);

@@ -3,25 +3,36 @@
 #include "language/editor/Styling.h"
 
 #include <array>
+#include <map>
+#include <vector>
 
 namespace ardiphon {
 
-/// The bookmark slots of the control. Each is a marker of the view, which follows the edits.
+/// The bookmark slots of the control. Each is a marker of the view, which follows the edits. Where
+/// a deletion takes the line of a slot away, the line is kept with that step of the history, and an
+/// undo puts the slot back; a redo that brings text back does the same.
 class Bookmarks
 {
 public:
     static constexpr int SlotCount = 32; ///< as many kinds of marker as the view has
 
-    Bookmarks(QsciScintillaBase &view, const TextBuffer &text) : m_view(view), m_text(text) {}
+    Bookmarks(QsciScintillaBase &view, const TextBuffer &text);
 
     /// As the contract's; an index or a line that does not exist changes nothing.
     void setLine(int index, int line);
-    int line(int index) const;
+    int line(int index);
     void setColors(int index, const LineColors &colors);
     LineColors colors(int index) const;
 
     /// The colours of a line with bookmarks; of several the highest slot wins.
-    LineColors colorsOf(int line) const;
+    LineColors colorsOf(int line);
+
+    /// Tells that \a range was inserted as a copy of another view. Slots that were on these lines
+    /// when the very same text was deleted there are put back.
+    void inserted(TextRange range);
+
+    /// The history was forgotten: no step of it comes back.
+    void forgetHistory();
 
     /// For a document that is replaced as a whole: the slots keep their line numbers.
     void detach();
@@ -33,14 +44,40 @@ private:
         LineColors colors;
         int handle = -1; ///< of the marker
         int line = -1;   ///< while there is no marker
+        int setting = 0; ///< how often the slot was set
+    };
+    /// Where a slot was, or is to be; it counts only until the slot is set anew.
+    struct Place
+    {
+        int index;
+        int line;
+        int setting;
+    };
+    /// What a deletion took away.
+    struct Deletion
+    {
+        qsizetype start;
+        int firstLine;
+        std::size_t text; ///< the hash of what was deleted
+        std::vector<Place> places;
     };
 
     static bool isSlot(int index) { return index >= 0 && index < SlotCount; }
     void place(int index, int line);
+    void aboutToChange(int type, TextRange range);
+    void aboutToDelete(int step, TextRange range);
+    void aboutToInsert(int step);
+    void makeDueOnLineOne();
+    std::vector<Place> placesOn(int firstLine, int lastLine) const;
+    std::size_t hashOf(TextRange range) const;
+    void settle();
 
     QsciScintillaBase &m_view;
     const TextBuffer &m_text;
     std::array<Slot, SlotCount> m_slots;
+    std::map<int, Deletion> m_deletions; ///< by the step of the history that is undone or redone
+    int m_step = 0;                      ///< the next step of the history
+    std::vector<Place> m_due;            ///< for the text as it is after the change being made
 };
 
 } // namespace ardiphon

@@ -81,7 +81,9 @@ void LEditOCX::Private::changeText(QByteArrayView wanted)
         return;
     const auto [start, end] = difference.wanted;
     const EditStep step(view);
-    text.replace(difference.present, wanted.sliced(start, end - start));
+    const qsizetype behind = text.replace(difference.present, wanted.sliced(start, end - start));
+    if (difference.present.start == difference.present.end)
+        bookmarks.inserted({difference.present.start, behind});
 }
 
 LEditOCX::LEditOCX(QWidget *parent) : QWidget(parent), d(std::make_unique<Private>(*this))
@@ -181,6 +183,7 @@ void LEditOCX::ResetUndo()
 {
     d->modifiedBefore = GetState(2);
     d->view.SendScintilla(Sci::SCI_EMPTYUNDOBUFFER);
+    d->bookmarks.forgetHistory();
 }
 
 } // namespace ardiphon
