@@ -123,4 +123,16 @@ TextDifference differenceOf(QByteArrayView present, QByteArrayView wanted)
     return {{head.a, tail.a}, {head.b, tail.b}};
 }
 
+TextDifference differenceOf(QByteArrayView present, QByteArrayView wanted, qsizetype changeEnd)
+{
+    if (changeEnd >= 0 && changeEnd <= wanted.size()) {
+        const Places tail = beforeCommonTail(present, wanted, {0, changeEnd});
+        const Places head = behindCommonHead(present.first(tail.a), wanted.first(tail.b));
+        // All between the two is inserted or deleted: no shorter stretches are possible.
+        if (head.a == tail.a || head.b == tail.b)
+            return {{head.a, tail.a}, {head.b, tail.b}};
+    }
+    return differenceOf(present, wanted);
+}
+
 } // namespace ardiphon

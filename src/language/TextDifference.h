@@ -20,4 +20,9 @@ struct TextDifference
 /// whole characters and whole line ends.
 TextDifference differenceOf(QByteArrayView present, QByteArrayView wanted);
 
+/// The same for a change of which one knows where it ends in \a wanted, as a caret tells. Where a
+/// text repeats itself several stretches give the same result; this takes the one that ends there,
+/// or the next behind it.
+TextDifference differenceOf(QByteArrayView present, QByteArrayView wanted, qsizetype changeEnd);
+
 } // namespace ardiphon

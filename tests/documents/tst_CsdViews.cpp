@@ -26,6 +26,9 @@ private slots:
     void split_enter_isCopiedAndKeepsTheScrollPosition();
     void split_keyWithCtrl_isCopied();
     void split_begins_withoutAHistory();
+    void split_blankLines_moveTheirOwnBookmarks_data();
+    void split_blankLines_moveTheirOwnBookmarks();
+    void split_undoInTheSecondView_bringsTheBookmarksBack();
     void split_off_copiesNothing();
     void split_randomEdits_endEqual();
     void split_keys_moveTheFocus();
@@ -99,6 +102,79 @@ void tst_CsdViews::split_begins_withoutAHistory()
     trigger("buttonSplit");
     second()->Undo();
     QCOMPARE(second()->Text(), QStringLiteral("one"));
+}
+
+void tst_CsdViews::split_blankLines_moveTheirOwnBookmarks_data()
+{
+    QTest::addColumn<int>("line"); ///< at whose beginning the key is pressed in the second view
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QList<int>>("lines"); ///< of the bookmarks, which were on 2, 4, 6
+    QTest::newRow("Enter on line 1") << 1 << int(Qt::Key_Return) << QList<int>{3, 5, 7};
+    QTest::newRow("Enter on line 2") << 2 << int(Qt::Key_Return) << QList<int>{3, 5, 7};
+    QTest::newRow("Enter on line 3") << 3 << int(Qt::Key_Return) << QList<int>{2, 5, 7};
+    QTest::newRow("Enter on line 4") << 4 << int(Qt::Key_Return) << QList<int>{2, 5, 7};
+    QTest::newRow("Enter on line 5") << 5 << int(Qt::Key_Return) << QList<int>{2, 4, 7};
+    QTest::newRow("Enter on line 7") << 7 << int(Qt::Key_Return) << QList<int>{2, 4, 6};
+    QTest::newRow("Delete on line 2") << 2 << int(Qt::Key_Delete) << QList<int>{2, 3, 5};
+    QTest::newRow("Delete on line 5") << 5 << int(Qt::Key_Delete) << QList<int>{2, 4, 5};
+    QTest::newRow("Backspace on line 4") << 4 << int(Qt::Key_Backspace) << QList<int>{2, 3, 5};
+    QTest::newRow("Backspace on line 6") << 6 << int(Qt::Key_Backspace) << QList<int>{2, 4, 5};
+}
+
+void tst_CsdViews::split_blankLines_moveTheirOwnBookmarks()
+{
+    QFETCH(int, line);
+    QFETCH(int, key);
+    QFETCH(QList<int>, lines);
+    show("a\n\n\n\n\n\nb\n");
+    for (int slot = 1; slot <= 3; ++slot) {
+        caret(first(), 2 * slot, 0);
+        trigger("menuToolsBookmark");
+    }
+    trigger("buttonSplit");
+    caret(second(), line, 0);
+    QTest::keyClick(second()->focusProxy(), Qt::Key(key));
+    QTRY_COMPARE(first()->Text(), second()->Text());
+    for (int slot = 1; slot <= 3; ++slot)
+        QCOMPARE(first()->GetBookmarkLine(slot), lines[slot - 1]);
+    QTest::keyClick(second()->focusProxy(), Qt::Key_Z, Qt::ControlModifier);
+    QTRY_COMPARE(first()->Text(), second()->Text());
+    for (int slot = 1; slot <= 3; ++slot)
+        QCOMPARE(first()->GetBookmarkLine(slot), 2 * slot);
+}
+
+void tst_CsdViews::split_undoInTheSecondView_bringsTheBookmarksBack()
+{
+    show("a\n\n\nb\n\nc\n");
+    for (int line = 2; line <= 4; ++line) {
+        caret(first(), line, 0);
+        trigger("menuToolsBookmark");
+    }
+    trigger("buttonSplit");
+    const auto press = [this](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(second()->focusProxy(), key, modifiers);
+    };
+    const auto lines = [this] {
+        return QList<int>{first()->GetBookmarkLine(1), first()->GetBookmarkLine(2),
+                          first()->GetBookmarkLine(3)};
+    };
+    const QString text = first()->Text();
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_Delete);
+    QTRY_COMPARE(first()->Text(), QString());
+    press(Qt::Key_Z, Qt::ControlModifier);
+    QTRY_COMPARE(first()->Text(), text);
+    QCOMPARE(lines(), (QList<int>{2, 3, 4}));
+    caret(second(), 3, 0); // and lines one by one
+    for (const char *left : {"a\r\n\r\nb\r\n\r\nc\r\n", "a\r\n\r\n\r\nc\r\n"}) {
+        press(Qt::Key_Y, Qt::ControlModifier);
+        QTRY_COMPARE(first()->Text(), QLatin1String(left));
+    }
+    press(Qt::Key_Z, Qt::ControlModifier);
+    QTRY_COMPARE(first()->Text(), QStringLiteral("a\r\n\r\nb\r\n\r\nc\r\n"));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    QTRY_COMPARE(first()->Text(), text);
+    QCOMPARE(lines(), (QList<int>{2, 3, 4}));
 }
 
 void tst_CsdViews::split_off_copiesNothing()

@@ -74,9 +74,9 @@ void LEditOCX::Private::replaceDocument(const DocumentText &document)
     styling.prepareLongLines();
 }
 
-void LEditOCX::Private::changeText(QByteArrayView wanted)
+void LEditOCX::Private::changeText(QByteArrayView wanted, qsizetype changeEnd)
 {
-    const TextDifference difference = differenceOf(text.bytes(0, text.size()), wanted);
+    const TextDifference difference = differenceOf(text.bytes(0, text.size()), wanted, changeEnd);
     if (difference.isNone())
         return;
     const auto [start, end] = difference.wanted;
@@ -106,14 +106,15 @@ void LEditOCX::setVisible(bool visible)
 
 QString LEditOCX::Text() const { return d->text.text({0, d->text.size()}); }
 
-void LEditOCX::SetText(const QString &text) { d->changeText(text.toUtf8()); }
+void LEditOCX::SetText(const QString &text) { d->changeText(text.toUtf8(), -1); }
 
 void LEditOCX::SetTextOf(const LEditOCX &other)
 {
     if (d->source == &other && d->sourceChanges == other.d->changes &&
         d->changesWithSource == d->changes)
         return;
-    d->changeText(other.d->text.bytes(0, other.d->text.size()));
+    const qsizetype changeEnd = other.d->text.selection().end;
+    d->changeText(other.d->text.bytes(0, other.d->text.size()), changeEnd);
     d->source = &other;
     d->sourceChanges = other.d->changes;
     d->changesWithSource = d->changes;

@@ -60,7 +60,8 @@ public:
     QString Text() const;
     /// Replaces the text as one step of history, touching only what differs.
     void SetText(const QString &text);
-    /// The same with the text of another control, without a copy of it on the way.
+    /// The same with the text of another control, without a copy of it on the way. Where the change
+    /// may be in one of several places, its caret tells in which.
     void SetTextOf(const LEditOCX &other);
     bool IsEmpty() const;
     /// Whether \a text, which has no line end in it, stands anywhere with exactly these letters.

@@ -20,8 +20,10 @@ public:
     explicit Private(LEditOCX &control);
 
     void replaceDocument(const DocumentText &document);
-    /// Makes the text that one, as one step of history that touches only what differs.
-    void changeText(QByteArrayView wanted);
+    /// Makes the text that one, as one step of history that touches only what differs. Where that
+    /// may be one of several places, it is the one that ends at \a changeEnd; -1 where that is not
+    /// known.
+    void changeText(QByteArrayView wanted, qsizetype changeEnd);
     void select(TextRange range);
     void setRecord(TextRange range);
     TextRange record() const;
