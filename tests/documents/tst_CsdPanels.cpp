@@ -45,6 +45,8 @@ private slots:
     void bookmarks_sideFile_goesWithTheLast();
     void bookmarks_documentWithTheSideFilesName_isSafe();
     void bookmarks_click_goesToTheLine();
+    void bookmarks_clickAfterASearch_selectsNothing();
+    void bookmarks_undoneDeletion_isInTheTreeAndTheSideFile();
 };
 
 // Tools. ------------------------------------------------------------------------------------------
@@ -446,6 +448,74 @@ void tst_CsdPanels::bookmarks_click_goesToTheLine()
     first()->GetSelection();
     QCOMPARE(first()->SelStartLine, 250);
     QVERIFY(first()->hasFocus());
+}
+
+void tst_CsdPanels::bookmarks_clickAfterASearch_selectsNothing()
+{
+    show("instr 1\n  asig oscili 1, 440\nendin and on\n");
+    for (int line = 2; line <= 3; ++line) {
+        caret(first(), line, 0);
+        trigger("menuToolsBookmark");
+    }
+    auto *tree = control<QTreeWidget>("Tree2");
+    const auto click = [tree](int node) {
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {},
+                          tree->visualItemRect(tree->topLevelItem(node)).center());
+    };
+    first()->SetFindText(QStringLiteral("oscili"));
+    first()->SetFindDirection(2);
+    QCOMPARE(first()->FindFirst(), 1);
+    for (int node = 0; node <= 1; ++node) {
+        click(node);
+        first()->GetSelection();
+        QCOMPARE(first()->SelStartLine, 2 + node);
+        QCOMPARE(first()->SelectionLength(), 0);
+    }
+    const QString before = first()->LineText(3);
+    QTest::keyClicks(first()->focusProxy(), QStringLiteral("x"));
+    QCOMPARE(first()->LineText(3), before.left(7) + u'x' + before.mid(7));
+    first()->SelectAll(); // over several lines
+    first()->GetSelection();
+    click(0);
+    QCOMPARE(first()->SelectionLength(), 0);
+    first()->GetSelection();
+    QCOMPARE(first()->SelStartLine, 2);
+}
+
+void tst_CsdPanels::bookmarks_undoneDeletion_isInTheTreeAndTheSideFile()
+{
+    show("a\nb\nc\nd\ne\n");
+    const auto press = [this](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(first()->focusProxy(), key, modifiers);
+    };
+    for (int line : {4, 2}) {
+        caret(first(), line, 0);
+        press(Qt::Key_B, Qt::ControlModifier);
+    }
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_Delete);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    caret(first(), 4, 0);
+    press(Qt::Key_Y, Qt::ControlModifier);
+    trigger("menuModificaUndo");
+    trigger("menuModificaRedo");
+    trigger("menuModificaUndo");
+    auto *tree = control<QTreeWidget>("Tree2");
+    QCOMPARE(tree->topLevelItem(0)->text(0), QStringLiteral("-> d"));
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {},
+                      tree->visualItemRect(tree->topLevelItem(0)).center());
+    first()->GetSelection();
+    QCOMPARE(first()->SelStartLine, 4);
+    trigger("menuFileSalvaOrchestra");
+    const QByteArray sideFile = m_program->read(QStringLiteral("piece.bkm"));
+    QCOMPARE(sideFile.left(80),
+             QByteArray("4").leftJustified(20) + QByteArray("-> d").leftJustified(20) +
+                 QByteArray("2").leftJustified(20) + QByteArray("-> b").leftJustified(20));
+    press(Qt::Key_B, Qt::ControlModifier); // its bookmark goes, and nothing brings it back
+    press(Qt::Key_Y, Qt::ControlModifier);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(tree->topLevelItem(0)->text(0), QStringLiteral("..."));
+    QCOMPARE(first()->GetBookmarkLine(1), -1);
 }
 
 ARDIPHON_TEST(tst_CsdPanels, QApplication)

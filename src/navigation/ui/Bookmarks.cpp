@@ -166,6 +166,7 @@ void Bookmarks::visit(int slot)
 {
     if (textOf(slot) != FreeSlotText) {
         m_editor.SelStartLine = m_editor.SelEndLine = m_editor.GetBookmarkLine(slot);
+        m_editor.SelEndColumn = m_editor.SelStartColumn; // a search leaves its match in the record
         m_editor.SetSelection();
     }
     emit visited();
