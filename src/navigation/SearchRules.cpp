@@ -3,9 +3,25 @@
 #include "app/Numbers.h"
 #include "navigation/BlanksAround.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace ardiphon {
+
+namespace {
+
+constexpr int RoomAround = 16; // pixels, so that the lines beside a match are seen too
+
+/// Moved into the screen where that can be; a window that is too large begins at its left and top.
+QPoint placeWithin(const QRect &window, const QRect &screen)
+{
+    const int right = screen.x() + screen.width() - window.width();
+    const int bottom = screen.y() + screen.height() - window.height();
+    return {std::max(screen.x(), std::min(window.x(), right)),
+            std::max(screen.y(), std::min(window.y(), bottom))};
+}
+
+} // namespace
 
 QString captionForCaller(const QString &title, const QString &caller)
 {
@@ -27,6 +43,26 @@ std::optional<int> lineNumberFrom(const QString &text)
         return std::nullopt;
     using Limits = std::numeric_limits<int>;
     return roundedWithin(leadingNumber(text), Limits::min(), Limits::max());
+}
+
+QPoint placeBesideMatch(const QRect &window, const QRect &match, const QRect &screen)
+{
+    if (!window.intersects(match))
+        return window.topLeft();
+    const QRect kept = match.adjusted(-RoomAround, -RoomAround, RoomAround, RoomAround);
+    const QPoint above(window.x(), kept.top() - window.height());
+    const QPoint below(window.x(), kept.bottom() + 1);
+    const QPoint before(kept.left() - window.width(), window.y());
+    const QPoint behind(kept.right() + 1, window.y());
+    std::optional<QPoint> nearest;
+    const auto distance = [&](QPoint to) { return (to - window.topLeft()).manhattanLength(); };
+    for (const QPoint place : {below, above, before, behind}) {
+        const QPoint inside = placeWithin(QRect(place, window.size()), screen);
+        const bool free = !QRect(inside, window.size()).intersects(match);
+        if (free && (!nearest || distance(inside) < distance(*nearest)))
+            nearest = inside;
+    }
+    return nearest.value_or(window.topLeft());
 }
 
 } // namespace ardiphon

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QRect>
 #include <QString>
 
 #include <optional>
@@ -32,5 +33,10 @@ QString fieldTextFromSelection(const QString &selection);
 /// the even neighbour, kept within an int. Empty when the text is no number. Whether the document
 /// has such a line is not looked at.
 std::optional<int> lineNumberFrom(const QString &text);
+
+/// Where a window is to stand that must not cover \a match: where it stands if it does not, else at
+/// the nearest place above, below or beside the match, with a little room between and within
+/// \a screen. Where no such place is left it stays.
+QPoint placeBesideMatch(const QRect &window, const QRect &match, const QRect &screen);
 
 } // namespace ardiphon

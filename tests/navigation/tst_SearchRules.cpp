@@ -20,6 +20,9 @@ private slots:
     void fieldText_hugeSelection_isCut();
     void lineNumber_text_isRoundedAndKept_data();
     void lineNumber_text_isRoundedAndKept();
+    void placeBesideMatch_nearestPlace_data();
+    void placeBesideMatch_nearestPlace();
+    void placeBesideMatch_anywhere_isFreeAndSeen();
     void wordToFind_definition_data();
     void wordToFind_definition();
     void wordToFind_reference_data();
@@ -101,6 +104,52 @@ void tst_SearchRules::lineNumber_text_isRoundedAndKept()
 {
     QFETCH(QString, text);
     QTEST(lineNumberFrom(text).value_or(-1), "line");
+}
+
+void tst_SearchRules::placeBesideMatch_nearestPlace_data()
+{
+    QTest::addColumn<QRect>("window");
+    QTest::addColumn<QRect>("match");
+    QTest::addColumn<QPoint>("place");
+    const QSize size(400, 120);
+    const QRect middle({300, 200}, size);
+    QTest::newRow("not covered") << middle << QRect(300, 100, 50, 16) << QPoint(300, 200);
+    QTest::newRow("beside it") << middle << QRect(250, 250, 50, 16) << QPoint(300, 200);
+    QTest::newRow("a pixel covered") << middle << QRect(250, 250, 51, 16) << QPoint(317, 200);
+    QTest::newRow("under the upper part") << middle << QRect(500, 210, 50, 16) << QPoint(300, 242);
+    QTest::newRow("under the lower part") << middle << QRect(500, 290, 50, 16) << QPoint(300, 154);
+    QTest::newRow("under the right edge") << middle << QRect(690, 250, 50, 16) << QPoint(274, 200);
+    QTest::newRow("a line across") << middle << QRect(100, 250, 700, 16) << QPoint(300, 282);
+    QTest::newRow("no room below")
+        << QRect({300, 470}, size) << QRect(500, 500, 50, 16) << QPoint(300, 364);
+    QTest::newRow("no room above")
+        << QRect({300, 10}, size) << QRect(500, 100, 50, 16) << QPoint(300, 132);
+    QTest::newRow("partly outside")
+        << QRect({700, 200}, size) << QRect(750, 210, 50, 16) << QPoint(400, 242);
+    QTest::newRow("nothing in sight") << middle << QRect() << QPoint(300, 200);
+    QTest::newRow("everything selected") << middle << QRect(0, 0, 800, 600) << QPoint(300, 200);
+    QTest::newRow("larger than the screen")
+        << QRect(0, 0, 900, 700) << QRect(100, 100, 50, 16) << QPoint(0, 0);
+}
+
+void tst_SearchRules::placeBesideMatch_nearestPlace()
+{
+    QFETCH(QRect, window);
+    QFETCH(QRect, match);
+    QTEST(placeBesideMatch(window, match, QRect(0, 0, 800, 600)), "place");
+}
+
+void tst_SearchRules::placeBesideMatch_anywhere_isFreeAndSeen()
+{
+    const QRect screen(1280, 24, 1024, 700);
+    for (int x = screen.left(); x < screen.right() - 60; x += 13) {
+        for (int y = screen.top(); y < screen.bottom() - 16; y += 7) {
+            const QRect match(x, y, 60, 16);
+            QRect window(x - 200, y - 60, 410, 127);
+            window.moveTopLeft(placeBesideMatch(window, match, screen));
+            QVERIFY(!window.intersects(match) && screen.contains(window));
+        }
+    }
 }
 
 void tst_SearchRules::wordToFind_definition_data()

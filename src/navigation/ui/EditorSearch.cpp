@@ -35,6 +35,19 @@ void setRecord(LEditOCX &editor, int line, int column)
     editor.SelStartColumn = editor.SelEndColumn = column;
 }
 
+QRect selectionOnScreen(LEditOCX &editor)
+{
+    const KeptRecord kept(editor);
+    editor.GetSelection();
+    const QPoint start = editor.PositionToPixels(editor.SelStartLine, editor.SelStartColumn);
+    const QPoint end = editor.PositionToPixels(editor.SelEndLine, editor.SelEndColumn);
+    QRect selected(start, QSize(end.x() - start.x(), editor.LineHeight()));
+    if (start.y() != end.y()) // over several lines, of which the first goes to the right edge
+        selected = QRect(0, start.y(), editor.width(), end.y() + editor.LineHeight() - start.y());
+    const QRect seen = selected.intersected(editor.rect());
+    return seen.isEmpty() ? QRect() : seen.translated(editor.mapToGlobal(QPoint(0, 0)));
+}
+
 void giveFocus(LEditOCX &editor)
 {
     editor.window()->activateWindow();

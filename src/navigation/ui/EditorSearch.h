@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QRect>
 #include <QString>
 
 namespace ardiphon {
@@ -19,6 +20,9 @@ bool findNext(LEditOCX &editor, const QString &text, int direction, bool wholeWo
 
 /// Makes the selection record an empty place.
 void setRecord(LEditOCX &editor, int line, int column);
+
+/// Where the selection is on the screen; empty when nothing of it is in sight.
+QRect selectionOnScreen(LEditOCX &editor);
 
 /// Gives the editor the focus, and its window if another one is in front.
 void giveFocus(LEditOCX &editor);

@@ -65,7 +65,9 @@ void FormSostituisci::find()
     LEditOCX *const served = editor();
     if (!served || Text1->text().isEmpty())
         return;
-    if (!findInWholeText(*served))
+    if (findInWholeText(*served))
+        emit matchShown(served);
+    else
         tellMiss();
     Text1->setFocus();
 }

@@ -50,13 +50,16 @@ void FormTrovaRiga::goToLine()
         Text1->setFocus();
         return;
     }
-    if (LEditOCX *const served = editor()) {
+    LEditOCX *const served = editor();
+    if (served) {
         served->SelStartLine = served->SelEndLine = *line;
         served->SelStartColumn = 0;
         served->SelEndColumn = served->LineLength(*line);
         served->SetSelection();
     }
     reject();
+    if (served)
+        emit matchShown(served);
 }
 
 } // namespace ardiphon

@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
+#include <QWindow>
 
 namespace ardiphon {
 
@@ -78,6 +80,15 @@ void SearchWindow::reject()
 {
     leave();
     QDialog::reject();
+}
+
+void SearchWindow::makeRoomFor(const QRect &match)
+{
+    // The widget's own idea of its frame may stem from before the frame was there.
+    const QRect frame = windowHandle()->frameGeometry();
+    const QPoint place = placeBesideMatch(frame, match, screen()->availableGeometry());
+    if (place != frame.topLeft())
+        setGeometry(geometry().translated(place - frame.topLeft()));
 }
 
 } // namespace ardiphon

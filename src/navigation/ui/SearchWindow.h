@@ -34,6 +34,13 @@ public:
     /// Esc, the button "E&xit" and the window's frame all come here.
     void reject() override;
 
+    /// Moves the window if it covers that part of the screen, and as little as need be.
+    void makeRoomFor(const QRect &match);
+
+signals:
+    /// A match, or a line, is selected and shown in that editor.
+    void matchShown(ardiphon::LEditOCX *editor);
+
 protected:
     /// \a title: the caption, to which the caller's part is added.
     SearchWindow(SearchContext context, const QString &name, const QString &title);

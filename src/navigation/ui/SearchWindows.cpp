@@ -80,7 +80,17 @@ void SearchWindows::open(SearchKind kind, const QString &caller, const LEditOCX 
         window->close();
     callerWord(kind) = caller;
     window = newWindow(kind);
+    connect(window, &SearchWindow::matchShown, this,
+            [this](LEditOCX *editor) { makeRoom(*editor); });
     window->show();
+}
+
+void SearchWindows::makeRoom(LEditOCX &editor) const
+{
+    const QRect match = selectionOnScreen(editor);
+    for (const QPointer<SearchWindow> &window : m_windows)
+        if (window && window->isVisible())
+            window->makeRoomFor(match);
 }
 
 void SearchWindows::openForFocus(SearchKind kind)

@@ -24,7 +24,7 @@ struct ServedEditor
 };
 
 /// Opens the search windows of one editor window: at most one of each kind, each anew, and none
-/// that is seen longer than its owner.
+/// that is seen longer than its owner. What one of them finds none of them covers.
 class SearchWindows : public QObject
 {
     Q_OBJECT
@@ -57,6 +57,7 @@ protected:
 private:
     QString &callerWord(SearchKind kind) const;
     SearchWindow *newWindow(SearchKind kind);
+    void makeRoom(LEditOCX &editor) const;
     void closeAll();
 
     ConfigurationBlock &m_config;

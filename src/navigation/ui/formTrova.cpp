@@ -75,7 +75,9 @@ void formTrova::find()
     LEditOCX *const served = editor();
     if (!served || Text1->text().isEmpty())
         return;
-    if (!findFirst(*served, Text1->text(), direction(), Check1->isChecked()))
+    if (findFirst(*served, Text1->text(), direction(), Check1->isChecked()))
+        emit matchShown(served);
+    else
         tellMiss();
     Text1->setFocus();
 }
