@@ -150,6 +150,12 @@ void TextView::insertNewLine()
             break;
         text.append(c);
     }
+    // A CR and an LF that meet are one line end, and no line would be made.
+    const long end = SendScintilla(SCI_GETSELECTIONEND);
+    if (text == "\r" && SendScintilla(SCI_GETCHARAT, ulong(end)) == '\n')
+        text = "\r\n";
+    else if (text[0] == '\n' && start > 0 && SendScintilla(SCI_GETCHARAT, ulong(start - 1)) == '\r')
+        text.prepend('\r');
     SendScintilla(SCI_REPLACESEL, text.constData());
     SendScintilla(SCI_SCROLLCARET);
     SendScintilla(SCI_CHOOSECARETX);
