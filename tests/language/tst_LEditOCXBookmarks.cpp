@@ -26,6 +26,7 @@ private slots:
     void undo_ofAnInsertion_redo_bringsThemBack();
     void undo_afterTheHistoryWasForgotten_isHarmless();
     void allReplaced_lineOne_isDrawnAndFollows();
+    void undo_ofWhatCameInsteadOfARedo();
     void textThatComesBack_bringsThemBack();
     void textThatComesBackElsewhere_bringsNothing();
     void randomEdits_undoneAndRedone_asTheyWere();
@@ -155,6 +156,7 @@ void tst_LEditOCXBookmarks::undo_ofTheOnlyLine_isDrawnAgain()
     setUp("only", {1});
     m_editor->SelectAll();
     press(*m_editor, Qt::Key_Delete);
+    QVERIFY(isRed(1));
     m_editor->Undo();
     QVERIFY(isRed(1));
     goTo(*m_editor, 1, 0);
@@ -211,6 +213,8 @@ void tst_LEditOCXBookmarks::undo_afterTheHistoryWasForgotten_isHarmless()
     m_editor->Undo();
     QCOMPARE(m_editor->Text(), "");
     QCOMPARE(lines(), QList<int>{1});
+    m_editor->SetText("1\r\n2\r\n3"); // which is new text now
+    QCOMPARE(lines(), QList<int>{1});
     m_editor->ClearDocument();
     m_editor->SetSelText("1\r\n2\r\n3");
     m_editor->Undo();
@@ -243,7 +247,8 @@ void tst_LEditOCXBookmarks::allReplaced_lineOne_isDrawnAndFollows()
 void tst_LEditOCXBookmarks::textThatComesBack_bringsThemBack()
 {
     const QString text = "1\r\n2\r\n\r\n4\r\n5";
-    for (const QString &without : {QString(), QString("1\r\n5"), QString("1\r\n\r\n4\r\n5")}) {
+    const QStringList states{"", "1\r\n5", "1\r\n\r\n4\r\n5", "1\r\n2\r\n5"};
+    for (const QString &without : states) {
         setUp(text, {4, 2, 5});
         m_editor->SetText(without);
         m_editor->SetText(text);
@@ -253,6 +258,27 @@ void tst_LEditOCXBookmarks::textThatComesBack_bringsThemBack()
         QCOMPARE(m_editor->Text(), text);
         QCOMPARE(lines(), (QList<int>{4, 2, 5}));
     }
+}
+
+/// What was done behind a deletion is forgotten with it once something else is done.
+void tst_LEditOCXBookmarks::undo_ofWhatCameInsteadOfARedo()
+{
+    setUp("1\r\n2\r\n3\r\n4", {2, 4});
+    goTo(*m_editor, 1, 0);
+    type(*m_editor, "x");
+    goTo(*m_editor, 2, 0);
+    press(*m_editor, Qt::Key_Y, Qt::ControlModifier);
+    m_editor->Undo();
+    m_editor->Undo();
+    goTo(*m_editor, 1, 0);
+    press(*m_editor, Qt::Key_Return);
+    press(*m_editor, Qt::Key_Return);
+    QCOMPARE(lines(), (QList<int>{4, 6}));
+    m_editor->Undo();
+    m_editor->Undo();
+    m_editor->Redo();
+    m_editor->Redo();
+    QCOMPARE(lines(), (QList<int>{4, 6}));
 }
 
 void tst_LEditOCXBookmarks::textThatComesBackElsewhere_bringsNothing()

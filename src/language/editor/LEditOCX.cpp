@@ -82,8 +82,7 @@ void LEditOCX::Private::changeText(QByteArrayView wanted, qsizetype changeEnd)
     const auto [start, end] = difference.wanted;
     const EditStep step(view);
     const qsizetype behind = text.replace(difference.present, wanted.sliced(start, end - start));
-    if (difference.present.start == difference.present.end)
-        bookmarks.inserted({difference.present.start, behind});
+    bookmarks.inserted({difference.present.start, behind});
 }
 
 LEditOCX::LEditOCX(QWidget *parent) : QWidget(parent), d(std::make_unique<Private>(*this))
