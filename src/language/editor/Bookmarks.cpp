@@ -24,12 +24,27 @@ void Bookmarks::setLine(int index, int line)
         return;
     settle();
     ++m_slots[index].setting;
-    m_view.SendScintilla(Sci::SCI_MARKERDELETEALL, index);
+    takeAway(1U << index);
     m_slots[index].handle = -1;
     m_slots[index].line = -1;
     if (line != -1)
         place(index, line);
     m_view.viewport()->update();
+}
+
+/// Deletes the markers of these kinds, a bit for each slot, in one pass over the lines.
+void Bookmarks::takeAway(unsigned marks)
+{
+    const auto next = [&](long from) {
+        return m_view.SendScintilla(Sci::SCI_MARKERNEXT, ulong(from), long(marks));
+    };
+    for (long line = next(0); line >= 0; line = next(line + 1)) {
+        const auto marked = marks & unsigned(m_view.SendScintilla(Sci::SCI_MARKERGET, ulong(line)));
+        for (int index = 0; index < SlotCount; ++index) {
+            if (marked >> index & 1)
+                m_view.SendScintilla(Sci::SCI_MARKERDELETE, ulong(line), long(index));
+        }
+    }
 }
 
 void Bookmarks::place(int index, int line)
@@ -168,16 +183,23 @@ void Bookmarks::inserted(TextRange range)
         m_due.push_back({place.index, place.line - found->second.firstLine + line, place.setting});
 }
 
-/// Puts the slots where they are due, once the text is there.
+/// Puts the slots where they are due, once the text is there. Of several places of a slot the last
+/// counts.
 void Bookmarks::settle()
 {
+    if (m_due.empty())
+        return;
+    std::map<int, int> lines;
+    unsigned marks = 0;
     for (const Place &due : std::exchange(m_due, {})) {
-        Slot &slot = m_slots[due.index];
-        if (due.setting != slot.setting || !m_text.hasLine(due.line))
-            continue;
-        m_view.SendScintilla(Sci::SCI_MARKERDELETEALL, due.index);
-        place(due.index, due.line);
+        if (due.setting == m_slots[due.index].setting && m_text.hasLine(due.line)) {
+            lines[due.index] = due.line;
+            marks |= 1U << due.index;
+        }
     }
+    takeAway(marks);
+    for (const auto &[index, line] : lines)
+        place(index, line);
 }
 
 void Bookmarks::forgetHistory()

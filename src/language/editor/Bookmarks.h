@@ -63,6 +63,7 @@ private:
     };
 
     static bool isSlot(int index) { return index >= 0 && index < SlotCount; }
+    void takeAway(unsigned marks);
     void place(int index, int line);
     void aboutToChange(int type, TextRange range);
     void aboutToDelete(int step, TextRange range);

@@ -167,7 +167,8 @@ public:
     // Bookmarks. ---------------------------------------------------------------------------------
 
     /// Puts slot \a index, 0 to 31, on \a line; -1 frees it. The line follows the edits above it;
-    /// when it is deleted, the slot is on the line that takes its place.
+    /// when it is deleted, the slot is on the line that takes its place, until an undo brings it
+    /// back.
     void SetBookmarkLine(int index, int line);
     /// The line of the slot, -1 when it is free.
     int GetBookmarkLine(int index) const;
