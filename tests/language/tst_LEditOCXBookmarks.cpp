@@ -2,6 +2,7 @@
 
 #include "language/editor/LEditOCX.h"
 #include "support/EditorInput.h"
+#include "support/TestMain.h"
 
 #include <QRandomGenerator>
 
@@ -332,5 +333,5 @@ void tst_LEditOCXBookmarks::randomEdits_undoneAndRedone_asTheyWere()
     }
 }
 
-QTEST_MAIN(tst_LEditOCXBookmarks)
+ARDIPHON_TEST(tst_LEditOCXBookmarks, QApplication)
 #include "tst_LEditOCXBookmarks.moc"

@@ -2,6 +2,7 @@
 
 #include "language/editor/LEditOCX.h"
 #include "support/EditorInput.h"
+#include "support/TestMain.h"
 
 #include <QClipboard>
 #include <QRandomGenerator>
@@ -276,5 +277,5 @@ void tst_LEditOCXLineEnds::randomEdits_mixedEnds_asTheModel()
     }
 }
 
-QTEST_MAIN(tst_LEditOCXLineEnds)
+ARDIPHON_TEST(tst_LEditOCXLineEnds, QApplication)
 #include "tst_LEditOCXLineEnds.moc"

@@ -138,7 +138,7 @@ void tst_FindWindows::find_insideALongerWord_isNoMatchAsDefault()
 
 void tst_FindWindows::find_turningRound_leavesLongerWordsWhole()
 {
-    ProjectWindow project(QStringLiteral("0123 5678 0123  betas"), QString());
+    EditorPair project(QStringLiteral("0123 5678 0123  betas"), QString());
     project.search->open(SearchKind::Find, OrchestraCaller);
     const Opened search(project.window, SearchKind::Find);
     search.type(QStringLiteral("beta"));

@@ -198,7 +198,7 @@ void tst_ReplaceWindow::replaceFromCaret_undo_takesOneBack()
 /// The view draws nothing while the replacements run, and everything afterwards.
 void tst_ReplaceWindow::replaceFromCaret_isSeenAndTheViewLives()
 {
-    ProjectWindow project(QStringLiteral("x x x\r\n").repeated(100), QString());
+    EditorPair project(QStringLiteral("x x x\r\n").repeated(100), QString());
     project.search->open(SearchKind::Replace, OrchestraCaller);
     const Opened search(project.window, SearchKind::Replace);
     search.type(QStringLiteral("x"));
@@ -308,7 +308,7 @@ void tst_ReplaceWindow::replace_everyPairOfTexts_ends()
 void tst_ReplaceWindow::replace_wholeWord_leavesLongerWordsWhole()
 {
     const QString text = QStringLiteral("0123 5678 0123  betas\r\nbeta_ alphabeta betabeta");
-    ProjectWindow project(text, QString());
+    EditorPair project(text, QString());
     project.search->open(SearchKind::Replace, OrchestraCaller);
     const Opened search(project.window, SearchKind::Replace);
     search.type(QStringLiteral("beta"));
