@@ -13,6 +13,35 @@ void setSearch(LEditOCX &editor, const QString &text, int direction, bool wholeW
     editor.SetFindText(text);
 }
 
+/// Keeps an editor's selection record as it stands for the life of this object.
+class KeptRecord
+{
+public:
+    explicit KeptRecord(LEditOCX &editor)
+        : m_editor(editor),
+          m_startLine(editor.SelStartLine),
+          m_startColumn(editor.SelStartColumn),
+          m_endLine(editor.SelEndLine),
+          m_endColumn(editor.SelEndColumn)
+    {
+    }
+    ~KeptRecord()
+    {
+        m_editor.SelStartLine = m_startLine;
+        m_editor.SelStartColumn = m_startColumn;
+        m_editor.SelEndLine = m_endLine;
+        m_editor.SelEndColumn = m_endColumn;
+    }
+    Q_DISABLE_COPY_MOVE(KeptRecord)
+
+private:
+    LEditOCX &m_editor;
+    const int m_startLine;
+    const int m_startColumn;
+    const int m_endLine;
+    const int m_endColumn;
+};
+
 } // namespace
 
 bool isEmptyText(const LEditOCX &editor) { return editor.IsEmpty(); }
