@@ -210,7 +210,7 @@ void tst_QtDialogs::message_explanation_standsBelowAsItStands()
         box->accept();
     });
     m_dialogs.message({"Association Error!", "Error", MessageIcon::Critical, MessageButtons::Ok,
-                       "/m/<b>x</b> cannot be written."});
+                       false, "/m/<b>x</b> cannot be written."});
 }
 
 void tst_QtDialogs::message_button_givesItsAnswer_data()

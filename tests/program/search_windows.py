@@ -17,8 +17,7 @@ TITLE = "ArdiphonPro - Version 2.3.0"
 WIDTH, HEIGHT = 1280, 1024  # of the screen
 LINES = 120
 LINE_HEIGHT = 16
-# Of a selection: what the settings say, and what a view without the focus may make of it.
-SELECTED = [bytes((255, 0, 255)), bytes((176, 176, 176))]
+SELECTED = bytes((255, 0, 255))  # the colour of a selection, as the settings say
 SHORTEST = 40  # pixels of a row that a found word has at least in that colour
 SETTINGS = """[Software]
 Ardiphon\\Colors\\ColorSelectionBack=16711935
@@ -90,10 +89,9 @@ def seen_selection(desktop):
     rows = []
     for y in range(100, HEIGHT) if len(screen) == 3 * WIDTH * HEIGHT else ():
         row = screen[3 * WIDTH * y : 3 * WIDTH * (y + 1)]
-        for color in SELECTED:
-            x = row.find(color * SHORTEST)
-            if x >= 0 and x % 3 == 0:
-                rows.append((x // 3, y))
+        x = row.find(SELECTED * SHORTEST)
+        if x >= 0 and x % 3 == 0:
+            rows.append((x // 3, y))
     return (rows[0][0], rows[0][1], rows[0][0] + SHORTEST, rows[-1][1] + 1) if rows else None
 
 
