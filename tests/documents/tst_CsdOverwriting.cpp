@@ -195,6 +195,7 @@ void tst_CsdOverwriting::saveAs_failedOverAFile_asksNoMore()
     const QString other = m_program->write(QStringLiteral("other.csd"), "protected");
     QVERIFY(QFile::setPermissions(other, QFile::ReadOwner));
     m_program->dialogs.expectSave(SaveAsTitle, other);
+    m_program->dialogs.expect({notSaved(other, PermissionDenied)});
     trigger("menuFileSalvaOrchestraNome");
     QVERIFY(m_editor->GetState(2));
     QVERIFY(QFile::setPermissions(other, QFile::ReadOwner | QFile::WriteOwner));
@@ -209,6 +210,7 @@ void tst_CsdOverwriting::saveAs_failedWhereNoFileIs_tellsOfTheFileThatIsThereLat
     type(QStringLiteral("x"));
     const QString other = m_program->path(QStringLiteral("away/other.csd"));
     m_program->dialogs.expectSave(SaveAsTitle, other);
+    m_program->dialogs.expect({notSaved(other, FolderGone)});
     trigger("menuFileSalvaOrchestraNome");
     QVERIFY(m_editor->GetState(2));
     QVERIFY(QDir(m_program->folder.path()).mkdir(QStringLiteral("away")));

@@ -1,6 +1,7 @@
 // Files that cannot be written or read: the user is told why, once, and nothing is lost.
 
 #include "documents/CsdDocumentFixture.h"
+#include "documents/DocumentTexts.h"
 #include "documents/ProjectWindow.h"
 #include "platform/DocumentFile.h"
 #include "support/Fifo.h"
@@ -13,17 +14,11 @@ using namespace ardiphon;
 
 namespace {
 
-QString notSaved(const QString &path, const QString &reason)
-{
-    return QStringLiteral("The file \"%1\" was not saved: %2.").arg(path, reason);
-}
-
 QString notOpened(const QString &path, const QString &reason)
 {
     return QStringLiteral("The file \"%1\" cannot be opened: %2.").arg(path, reason);
 }
 
-const QString FolderGone = QStringLiteral("its folder does not exist");
 const QString IsFolder = QStringLiteral("it is a folder");
 const QString TooLarge = QStringLiteral("it is larger than 512 MB");
 
