@@ -283,9 +283,9 @@ void tst_FormManual::image_thatIsNoFile_isNotWaitedFor()
 {
     Fifo fifo(m_folder.filePath(QStringLiteral("fifo.png")));
     QVERIFY(
-        QFile::link(QStringLiteral("/dev/zero"), m_folder.filePath(QStringLiteral("endless.png"))));
+        QFile::link(QStringLiteral("/dev/zero"), m_folder.filePath(QStringLiteral("zero.png"))));
     const QByteArray absolute = QFile::encodeName(m_folder.filePath(QStringLiteral("fifo.png")));
-    write("picture.html", "<p>before<img src=\"fifo.png\"><img src=\"endless.png\">"
+    write("picture.html", "<p>before<img src=\"fifo.png\"><img src=\"zero.png\">"
                           "<img src=\"/dev/zero\"><img src=\"file:///dev/zero\"><img src=\"" +
                               absolute + "\">behind");
     open(QStringLiteral("picture.html"));
