@@ -11,8 +11,8 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTest>
 #include <QToolButton>
-#include <QtTest>
 
 /// The form of a tool on the screen, with what it starts kept in a list instead of started.
 struct ShownForm

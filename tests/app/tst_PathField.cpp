@@ -3,10 +3,10 @@
 
 #include <QHelpEvent>
 #include <QPushButton>
+#include <QTest>
 #include <QTextDocument>
 #include <QToolTip>
 #include <QVBoxLayout>
-#include <QtTest>
 
 using namespace ardiphon;
 

@@ -10,10 +10,12 @@
 #include "support/TimeLimit.h"
 #include "support/TimedSound.h"
 
+#include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QPushButton>
+#include <QTest>
 #include <QToolButton>
-#include <QtTest>
 
 #include <memory>
 

@@ -6,7 +6,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
-#include <QtTest>
+#include <QTest>
 
 using namespace ardiphon;
 

@@ -1,7 +1,7 @@
 #include "audio/ui/MySlider.h"
 #include "support/TestMain.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace ardiphon;
 

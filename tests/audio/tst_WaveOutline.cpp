@@ -2,10 +2,11 @@
 #include "support/TestMain.h"
 #include "support/WaveBytes.h"
 
+#include <QFile>
 #include <QPaintEvent>
 #include <QScreen>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 

@@ -6,8 +6,8 @@
 #include "support/TimedSound.h"
 
 #include <QPushButton>
+#include <QTest>
 #include <QToolButton>
-#include <QtTest>
 
 #include <memory>
 

@@ -2,7 +2,7 @@
 #include "support/TestMain.h"
 
 #include <QFile>
-#include <QtTest>
+#include <QTest>
 
 using namespace ardiphon;
 

@@ -3,6 +3,7 @@
 #include "documents/ProjectFixture.h"
 #include "support/TestMain.h"
 
+#include <QClipboard>
 #include <QDialog>
 #include <QGroupBox>
 #include <QLineEdit>

@@ -3,10 +3,13 @@
 #include "documents/PieceWindow.h"
 #include "support/TestMain.h"
 
+#include <QDir>
 #include <QDirIterator>
+#include <QFile>
 #include <QImage>
 #include <QRegularExpression>
-#include <QtTest>
+#include <QStringDecoder>
+#include <QTest>
 
 #include <algorithm>
 

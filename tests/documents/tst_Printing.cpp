@@ -12,8 +12,8 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QTest>
 #include <QToolButton>
-#include <QtTest>
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #include "documents/ProjectLayout.h"
 #include "support/TestMain.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace ardiphon;
 

@@ -1,8 +1,10 @@
 #include "documents/ProjectRules.h"
 #include "support/TestMain.h"
 
+#include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 using namespace ardiphon;
 

@@ -2,7 +2,7 @@
 #include "support/TestMain.h"
 
 #include <QRandomGenerator>
-#include <QtTest>
+#include <QTest>
 
 #include <array>
 

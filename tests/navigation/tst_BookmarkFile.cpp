@@ -3,8 +3,10 @@
 #include "support/Fifo.h"
 #include "support/TestMain.h"
 
+#include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 using namespace ardiphon;
 

@@ -2,7 +2,7 @@
 #include "navigation/SearchRules.h"
 #include "support/TestMain.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <limits>
 

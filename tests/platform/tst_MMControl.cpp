@@ -3,8 +3,11 @@
 #include "support/TestMain.h"
 #include "support/TimedSound.h"
 
+#include <QFile>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
 #include <QToolButton>
-#include <QtTest>
 
 #include <memory>
 

@@ -3,7 +3,9 @@
 #include "support/TimeLimit.h"
 #include "support/WaveBytes.h"
 
-#include <QtTest>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
 
 #include <sndfile.h>
 
