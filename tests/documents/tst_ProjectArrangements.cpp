@@ -23,6 +23,7 @@ private slots:
     void arrangement_startsHorizontal();
     void arrangement_vertical_shortensTheLabels();
     void arrangement_labels_keepTheirStar();
+    void arrangement_labels_coverNoLineNumber();
     void arrangement_places_areThoseOfTheLayout();
     void reset_andResize_dropTheDraggedPosition();
     void gripH_followsTheMouseWithinItsLimits();
@@ -113,6 +114,20 @@ void tst_ProjectArrangements::arrangement_vertical_shortensTheLabels()
     m->trigger("menuVisualizzaVerticale");
     m->trigger("menuVisualizzaOrizzontale");
     QCOMPARE(m->label("LabelOrchestra"), full);
+}
+
+void tst_ProjectArrangements::arrangement_labels_coverNoLineNumber()
+{
+    m->showPair("o\r\np", "s\r\nt");
+    for (const char *name : {"PicNumeri1", "PicNumeri2"}) {
+        auto *gutter = m->window->findChild<QWidget *>(QLatin1String(name));
+        QVERIFY(gutter && gutter->isVisible());
+        const QRect place(gutter->mapTo(m->window, QPoint(0, 0)), gutter->size());
+        const auto seen = [](const QPixmap &pixels) {
+            return pixels.toImage().convertToFormat(QImage::Format_RGB32);
+        };
+        QCOMPARE(seen(m->window->grab(place)), seen(gutter->grab()));
+    }
 }
 
 void tst_ProjectArrangements::arrangement_labels_keepTheirStar()

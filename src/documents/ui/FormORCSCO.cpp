@@ -153,7 +153,7 @@ HalfView *FormORCSCO::newHalf(const ProjectHalf &half, LEditOCX &editor, Bookmar
     label->setTextFormat(Qt::PlainText);
     label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     label->setAutoFillBackground(true);
-    label->stackUnder(LEDIT1); // its row is shorter than the label
+    label->lower(); // its row is shorter than the label: text and line numbers cover it
     auto *toolbar = newToolbar(half.extension == u"orc" ? QStringLiteral("Toolbar2")
                                                         : QStringLiteral("Toolbar3"),
                                HalfToolIconSize);
