@@ -38,7 +38,7 @@ def first_settings(desktop):
 def open_form(desktop, title):
     """Tools, CSound Analysis, and the last but two of its entries. The editor keeps the keys with
     Alt to itself, so the focus goes to the opcode's line above it first."""
-    desktop.tell("xdotool", "mousemove", "--sync", "640", "82", "click", "1")
+    desktop.tell("xdotool", "mousemove", "640", "82", "click", "1")
     menu = ["alt+t", "a", "Up", "Up", "Up", "Return"]
     desktop.key_until(menu, title, lambda: desktop.has_focus(title))
 

@@ -111,7 +111,7 @@ def about_is_centred(desktop, open_it):
 
 def click_info(desktop):
     return lambda left, top, width: desktop.tell(
-        "xdotool", "mousemove", "--sync", str(left + width - 43), str(top + 16), "click", "1"
+        "xdotool", "mousemove", str(left + width - 43), str(top + 16), "click", "1"
     )
 
 
