@@ -4,12 +4,13 @@
 # on (the preset release) the sources of one folder are therefore compiled together, up to eight at
 # once; elsewhere, as for tools that read the sources, each one stands by its own includes.
 
-# compile_together(TARGET [ALONE SOURCE...])
-#   TARGET  all its sources so far are put together by their folders
-#   ALONE   names (without folder) of those that are still compiled by themselves: two sources of a
-#           folder that use one name for different things
+# compile_together(TARGET [ACROSS_FOLDERS] [ALONE SOURCE...])
+#   TARGET          all its sources so far are put together by their folders
+#   ACROSS_FOLDERS  sources of different folders are put together too
+#   ALONE           names (without folder) of those that are still compiled by themselves: sources
+#                   that use one name for different things
 function(compile_together target)
-  cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "ALONE")
+  cmake_parse_arguments(PARSE_ARGV 1 ARG "ACROSS_FOLDERS" "" "ALONE")
   set_target_properties(${target} PROPERTIES UNITY_BUILD_MODE GROUP)
   get_target_property(sources ${target} SOURCES)
   list(FILTER sources INCLUDE REGEX "\\.cpp$")
@@ -20,6 +21,9 @@ function(compile_together target)
     get_filename_component(folder ${source} DIRECTORY)
     if(name IN_LIST ARG_ALONE)
       continue()
+    endif()
+    if(ARG_ACROSS_FOLDERS)
+      set(folder ${PROJECT_SOURCE_DIR}/all)
     endif()
     if(NOT folder STREQUAL folder_before)
       set(folder_before ${folder})

@@ -8,6 +8,7 @@ inline const QString ExportPairTitle = QStringLiteral("Save Orc/Sco As ... (*.OR
 inline const QString ImportPairTitle = QStringLiteral("Open Project (Orchestra & Score)");
 inline const QString ExportCsdTitle = QStringLiteral("Save CSD File As ... (*.CSD)");
 inline const QString ImportCsdTitle = QStringLiteral("Open CSound Unified File Format (*.CSD)");
+inline const QString SaveProjectAsTitle = QStringLiteral("Save Project As ... (*.ORC / *.SCO)");
 inline const QString ChangedByAnother = QStringLiteral("File has been changed by another program!");
 inline const QString AlreadyExists = QStringLiteral("File already exists!");
 

@@ -1,3 +1,4 @@
+#include "documents/DocumentTexts.h"
 #include "documents/ProjectFixture.h"
 #include "support/FileDrop.h"
 #include "support/TestMain.h"
@@ -8,12 +9,6 @@
 #include <unistd.h>
 
 using namespace ardiphon;
-
-namespace {
-
-const QString SaveProjectAs = QStringLiteral("Save Project As ... (*.ORC / *.SCO)");
-
-} // namespace
 
 /// The life of the pair: loading, opening, a new one, saving.
 class tst_ProjectDocument : public QObject, private ProjectFixture
@@ -380,7 +375,7 @@ void tst_ProjectDocument::save_oneHalfUntitled_asksForOneNameForBoth()
     m->showPair("o", "s");
     m->trigger("menuFileNuovaScore");
     m->type(m->score, QStringLiteral("t"));
-    m->dialogs.expectSave(SaveProjectAs, m->path(QStringLiteral("new.orc")));
+    m->dialogs.expectSave(SaveProjectAsTitle, m->path(QStringLiteral("new.orc")));
     m->trigger("menuFileSalvaProgetto");
     QCOMPARE(m->read(QStringLiteral("new.orc")), QByteArray("o"));
     QCOMPARE(m->read(QStringLiteral("new.sco")), QByteArray("t"));
@@ -407,7 +402,7 @@ void tst_ProjectDocument::save_halfWithoutAPartner_isAskedForOnlyWhenModified()
 void tst_ProjectDocument::saveAs_nameWithoutExtension_cutsFourCharacters()
 {
     m->showPair("o", "s");
-    m->dialogs.expectSave(SaveProjectAs, m->path(QStringLiteral("prelude")));
+    m->dialogs.expectSave(SaveProjectAsTitle, m->path(QStringLiteral("prelude")));
     m->trigger("menuFileSalvaProgettoNome");
     QCOMPARE(m->read(QStringLiteral("prelude")), QByteArray("o"));
     QCOMPARE(m->read(QStringLiteral("pre.sco")), QByteArray("s"));

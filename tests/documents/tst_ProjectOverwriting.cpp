@@ -13,7 +13,6 @@ using namespace ardiphon;
 
 namespace {
 
-const QString SaveProjectAs = QStringLiteral("Save Project As ... (*.ORC / *.SCO)");
 const QString SaveOrchestra = QStringLiteral("Save Orchestra");
 const QString SaveScore = QStringLiteral("Save Score");
 
@@ -67,7 +66,7 @@ void tst_ProjectOverwriting::expectOverwrite(const QString &title, Answer answer
 void tst_ProjectOverwriting::expectReplace(const QString &name, Answer answer)
 {
     m->dialogs.expect({name + QStringLiteral(" already exists.\r\nDo you want to replace it?"),
-                       SaveProjectAs, MessageIcon::Exclamation, MessageButtons::YesNo, true},
+                       SaveProjectAsTitle, MessageIcon::Exclamation, MessageButtons::YesNo, true},
                       answer);
 }
 
@@ -275,10 +274,10 @@ void tst_ProjectOverwriting::saveAs_newOrchestraOverAScore_asksFirst()
     m->type(m->orchestra, QStringLiteral("x"));
     m->write(QStringLiteral("b.sco"), "precious");
     const QString path = m->path(QStringLiteral("b.orc"));
-    m->dialogs.expectSave(SaveProjectAs, path);
+    m->dialogs.expectSave(SaveProjectAsTitle, path);
     expectReplace(QStringLiteral("b.sco"), answer);
     if (!replaced)
-        m->dialogs.expectSave(SaveProjectAs, std::nullopt);
+        m->dialogs.expectSave(SaveProjectAsTitle, std::nullopt);
     m->trigger("menuFileSalvaProgettoNome");
     QCOMPARE(onDisk("b.sco"), QByteArray(replaced ? "s" : "precious"));
     QCOMPARE(onDisk("b.orc"), QByteArray(replaced ? "xo" : ""));
@@ -293,7 +292,7 @@ void tst_ProjectOverwriting::saveAs_existingOrchestra_asksNoMore()
 {
     m->showPair("o", "s");
     m->write(QStringLiteral("b.sco"), "old");
-    m->dialogs.expectSave(SaveProjectAs, m->write(QStringLiteral("b.orc"), "old"));
+    m->dialogs.expectSave(SaveProjectAsTitle, m->write(QStringLiteral("b.orc"), "old"));
     m->trigger("menuFileSalvaProgettoNome");
     QCOMPARE(onDisk("b.orc"), QByteArray("o"));
     QCOMPARE(onDisk("b.sco"), QByteArray("s"));
@@ -325,9 +324,9 @@ void tst_ProjectOverwriting::saveAs_oneFileForBoth_isRefused()
         m->write(QStringLiteral("hard.sco"), "precious").toStdString(),
         m->path(QStringLiteral("hard.orc")).toStdString(), failure);
     QVERIFY(!failure);
-    m->dialogs.expectSave(SaveProjectAs, m->path(name));
+    m->dialogs.expectSave(SaveProjectAsTitle, m->path(name));
     expectOneFile(message);
-    m->dialogs.expectSave(SaveProjectAs, m->path(QStringLiteral("c.orc")));
+    m->dialogs.expectSave(SaveProjectAsTitle, m->path(QStringLiteral("c.orc")));
     m->trigger("menuFileSalvaProgettoNome");
     QCOMPARE(m->read(name), QByteArray("precious"));
     QCOMPARE(onDisk("c.orc"), QByteArray("xo"));
@@ -340,11 +339,11 @@ void tst_ProjectOverwriting::saveAs_refusedBeforeTheTextGoes_asksAgain()
     m->show();
     m->type(m->orchestra, QStringLiteral("x"));
     m->expectQuestion(OpenProject, ProjectChanged, Answer::Yes);
-    m->dialogs.expectSave(SaveProjectAs, m->path(QStringLiteral("b.sco")));
+    m->dialogs.expectSave(SaveProjectAsTitle, m->path(QStringLiteral("b.sco")));
     expectOneFile(QStringLiteral("b.sco"));
-    m->dialogs.expectSave(SaveProjectAs, std::nullopt);
+    m->dialogs.expectSave(SaveProjectAsTitle, std::nullopt);
     m->expectQuestion(OpenProject, ProjectChanged, Answer::Yes);
-    m->dialogs.expectSave(SaveProjectAs, std::nullopt);
+    m->dialogs.expectSave(SaveProjectAsTitle, std::nullopt);
     m->dialogs.expectOpen(OpenProject, std::nullopt);
     m->trigger("menuFileApriProgetto");
     QVERIFY(!QFile::exists(m->path(QStringLiteral("b.sco"))));
