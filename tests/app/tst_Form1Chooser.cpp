@@ -51,6 +51,7 @@ private slots:
     void hover_background_darkensAll();
     void hover_titleStrip_darkensAll();
     void hover_leavingTheWindow_darkensAll();
+    void hover_windowMovedFromUnderTheMouse_darkensAll();
     void hover_timerRunsOnlyWhileLit();
     void press_showsPressImageAndFreezesHover();
     void titleStrip_dragged_movesWindow();
@@ -449,6 +450,16 @@ void tst_Form1Chooser::hover_leavingTheWindow_darkensAll()
     QTest::mouseMove(label(2));
     QVERIFY(!isDark());
     QCursor::setPos(m_form->mapToGlobal(QPoint(-40, -40)));
+    QTRY_VERIFY(isDark());
+}
+
+/// Where the window was when the mouse last told does not count any more.
+void tst_Form1Chooser::hover_windowMovedFromUnderTheMouse_darkensAll()
+{
+    load();
+    QTest::mouseMove(label(2));
+    QVERIFY(!isDark());
+    m_form->move(m_form->pos() + QPoint(2 * m_form->width(), 0));
     QTRY_VERIFY(isDark());
 }
 
