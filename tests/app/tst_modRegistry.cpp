@@ -41,6 +41,7 @@ private slots:
     void missingFolder_isMade();
     void twoStores_writeInTurn_keepBothValues();
     void twoStores_oneWrites_otherReadsIt();
+    void twoStores_otherCase_replacesTheOthersValue();
     void userFilePath_liesInConfigurationFolder();
 
 private:
@@ -299,6 +300,21 @@ void tst_modRegistry::twoStores_oneWrites_otherReadsIt()
     SettingsStore other(path());
     WriteRegistryString(other, SettingsKey, "TabSize", "12");
     QCOMPARE(read("TabSize", "8"), "12");
+}
+
+/// Two values that differ in case alone would be one value with two texts.
+void tst_modRegistry::twoStores_otherCase_replacesTheOthersValue()
+{
+    QCOMPARE(read("TabSize", "8"), "8");
+    const QString elsewhere = m_folder->filePath("other.ini"); // stores of one file share it here
+    SettingsStore other(elsewhere);
+    WriteRegistryString(other, SettingsKey, "TabSize", "12");
+    QFile::remove(path());
+    QVERIFY(QFile::copy(elsewhere, path()));
+    WriteRegistryString(*m_store, SettingsKey, "TABSIZE", "4");
+    SettingsStore third(path());
+    QCOMPARE(third.file().allKeys().size(), 1);
+    QCOMPARE(ReadRegistryString(third, SettingsKey, "TabSize"), "4");
 }
 
 void tst_modRegistry::userFilePath_liesInConfigurationFolder()
