@@ -141,6 +141,7 @@ void tst_PathField::toolTip_tellsTheWholePath_data()
     QTest::newRow("short") << "/home/a.orc";
     QTest::newRow("long") << longPath;
     QTest::newRow("without a separator") << QString(250, u'x');
+    QTest::newRow("a separator just too far") << "/" + QString(99, u'x') + "/a piece.orc";
     QTest::newRow("markup") << "/tmp/<b>my</b> piece & \"yours\" &lt;.orc";
     QTest::newRow("long markup") << longPath + "<h1>";
 }
