@@ -39,6 +39,7 @@ private slots:
     void loadFile_anyBytes_saveGivesThemBack();
     void loadFile_lf_newLinesAreLf();
     void loadFile_failed_saveToItIsRefused();
+    void loadFile_failed_anotherTextMayBeSavedThere();
     void loadFile_missing_saveMakesIt();
     void loadFile_tenMegabyteLine_isEditable();
     void saveFile_failed_staysModified();
@@ -347,6 +348,19 @@ void tst_LEditOCX::loadFile_failed_saveToItIsRefused()
     QVERIFY(!m_editor->SaveFile(m_folder.filePath("./folder")));
     QCOMPARE(saved(), QByteArray());
     QVERIFY(file.remove());
+    QVERIFY(m_editor->SaveFile(folder));
+}
+
+void tst_LEditOCX::loadFile_failed_anotherTextMayBeSavedThere()
+{
+    const QString folder = m_folder.filePath("unread");
+    QVERIFY(QDir().mkpath(folder));
+    QVERIFY(!m_editor->LoadFile(folder));
+    QVERIFY(QDir().rmdir(folder));
+    QFile file(folder);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(!m_editor->SaveFile(folder));
+    load("new");
     QVERIFY(m_editor->SaveFile(folder));
 }
 
