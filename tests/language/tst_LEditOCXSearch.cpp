@@ -75,6 +75,7 @@ private slots:
     void findNext_leavesTheViewAlone();
     void replaceCurrent_goesOnBehindTheText();
     void replaceCurrent_withoutMatch_doesNothing();
+    void replaceCurrent_textChangedSince_doesNothing();
     void replaceAll_isOneStepOfHistory();
     void replaceAll_randomText_asTheModel();
 
@@ -297,6 +298,19 @@ void tst_LEditOCXSearch::replaceCurrent_withoutMatch_doesNothing()
     select(*m_editor, 1, 2, 1, 3);
     m_editor->ReplaceCurrent();
     QCOMPARE(m_editor->Text(), "a b");
+}
+
+/// What stands now where the match was may be anything.
+void tst_LEditOCXSearch::replaceCurrent_textChangedSince_doesNothing()
+{
+    m_editor->SetText("one two");
+    m_editor->SetFindText("two");
+    m_editor->SetReplaceText("x");
+    QCOMPARE(m_editor->FindFirst(), 1);
+    type(*m_editor, "sea");
+    select(*m_editor, 1, 4, 1, 7);
+    m_editor->ReplaceCurrent();
+    QCOMPARE(m_editor->Text(), "one sea");
 }
 
 void tst_LEditOCXSearch::replaceAll_isOneStepOfHistory()
