@@ -26,6 +26,7 @@ private slots:
     void bookmark_clearDocument_keepsItsLine();
     void bookmark_line_isDrawnInItsColors();
     void topLine_isClamped();
+    void resized_tellsThatTheViewHasChanged();
     void positionToPixels_growsWithLineAndColumn();
     void font_setAndRead();
     void font_missingFamily_keepsItsName();
@@ -179,6 +180,16 @@ void tst_LEditOCXView::topLine_isClamped()
     QVERIFY(m_editor->TopLine() > 150 && m_editor->TopLine() <= 201);
     m_editor->SetTopLine(INT_MIN);
     QCOMPARE(m_editor->TopLine(), 1);
+}
+
+void tst_LEditOCXView::resized_tellsThatTheViewHasChanged()
+{
+    m_editor->SetText("one\r\ntwo");
+    m_editor->grab();
+    QCoreApplication::processEvents();
+    QSignalSpy repaints(m_editor.get(), &LEditOCX::Repaint);
+    m_editor->resize(m_editor->width() - 40, m_editor->height() - 40);
+    QTRY_VERIFY(!repaints.isEmpty());
 }
 
 void tst_LEditOCXView::positionToPixels_growsWithLineAndColumn()
