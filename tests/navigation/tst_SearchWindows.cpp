@@ -57,6 +57,9 @@ private slots:
     void owner_closes_windowsAreGoneAtOnce();
     void owner_handOver_newWindowsServeTheNewEditors();
     void caller_changes_servesTheOtherEditor();
+    void match_underItsWindow_isUncovered_data();
+    void match_underItsWindow_isUncovered();
+    void line_underAnotherWindow_isUncovered();
 };
 
 void tst_SearchWindows::open_menuKeyOrButton_opensTheWindow_data()
@@ -380,6 +383,68 @@ void tst_SearchWindows::caller_changes_servesTheOtherEditor()
     search.click("Command1");
     search.click("Command4");
     QTRY_VERIFY(!search.window);
+}
+
+namespace {
+
+/// The rows of these lines, as they stand on the screen.
+QRect rowsOf(const LEditOCX &editor, int first, int last)
+{
+    const QPoint top = editor.mapToGlobal(QPoint(0, editor.PositionToPixels(first, 0).y()));
+    return {top, QSize(editor.width(), (last - first + 1) * editor.LineHeight())};
+}
+
+const QString FiveLines = QStringLiteral("one\r\ntwo\r\nthree\r\nfour\r\nfive");
+
+} // namespace
+
+void tst_SearchWindows::match_underItsWindow_isUncovered_data()
+{
+    QTest::addColumn<SearchKind>("kind");
+    QTest::addColumn<int>("lastLine"); // of the match, which begins with line 2
+    QTest::addColumn<int>("lastColumn");
+    QTest::newRow("Find") << SearchKind::Find << 2 << 3;
+    QTest::newRow("Replace") << SearchKind::Replace << 2 << 3;
+    QTest::newRow("several lines") << SearchKind::Find << 4 << 4;
+}
+
+void tst_SearchWindows::match_underItsWindow_isUncovered()
+{
+    QFETCH(SearchKind, kind);
+    QFETCH(int, lastLine);
+    QFETCH(int, lastColumn);
+    EditorPair project(FiveLines, QString());
+    project.window->move(0, 0);
+    select(*project.first, 2, 0, lastLine, lastColumn);
+    project.search->open(kind, OrchestraCaller);
+    const Opened search(project.window, kind);
+    // Over the end of the match alone, and beside where it ends.
+    const QPoint end = project.first->mapToGlobal(project.first->PositionToPixels(lastLine, 0));
+    search.window->move(end + QPoint(lastLine > 2 ? 100 : 0, 2));
+    const QRect match = lastLine > 2 ? rowsOf(*project.first, 2, lastLine)
+                                     : QRect(end, QSize(8, project.first->LineHeight()));
+    QTRY_VERIFY(search.window->frameGeometry().intersects(match));
+    QTest::keyClick(search.text(), Qt::Key_Return);
+    QTRY_VERIFY(!search.window->frameGeometry().intersects(match));
+    QCOMPARE(project.dialogs.verify(), QString());
+}
+
+void tst_SearchWindows::line_underAnotherWindow_isUncovered()
+{
+    EditorPair project(FiveLines, QString());
+    project.window->move(0, 0);
+    project.search->open(SearchKind::Find, OrchestraCaller);
+    const Opened waiting(project.window, SearchKind::Find);
+    const QRect row = rowsOf(*project.first, 3, 3);
+    waiting.window->move(row.topLeft());
+    QTRY_VERIFY(waiting.window->frameGeometry().intersects(row));
+    project.search->open(SearchKind::FindLine, OrchestraCaller);
+    const Opened search(project.window, SearchKind::FindLine);
+    QTest::keyClicks(search.text(), QStringLiteral("3"));
+    QTest::keyClick(search.text(), Qt::Key_Return);
+    const int nameEnd = project.first->PositionToPixels(3, 5).x();
+    QTRY_VERIFY(!waiting.window->frameGeometry().intersects(
+        QRect(row.topLeft(), QSize(nameEnd, row.height()))));
 }
 
 ARDIPHON_TEST(tst_SearchWindows, QApplication)
