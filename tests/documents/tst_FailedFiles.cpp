@@ -61,6 +61,7 @@ private slots:
     void csd_bookmarksOfAFailedSave_sayNothingMore();
     void csd_sideFileThatIsAFifo_isNotWaitedFor();
     void csd_tooLarge_saysSoAndStaysUntouched();
+    void csd_overwriteThatFails_isNotAskedForAgain();
     void csd_importTooLarge_saysSo();
     void csd_nameThatIsNoText_opensNothing_data();
     void csd_nameThatIsNoText_opensNothing();
@@ -159,6 +160,16 @@ void tst_FailedFiles::csd_bookmarks_saysWhyOnce()
     QVERIFY(QDir().rmdir(sideFile));
     trigger("menuFileSalvaOrchestra");
     QCOMPARE(m_program->read(QStringLiteral("piece.bkm")).size(), 600);
+
+    // Another failure is news again.
+    QVERIFY(QFile::remove(sideFile) && QDir().mkdir(sideFile));
+    expect(notSaved(sideFile, IsFolder));
+    m_editor->SelStartLine = m_editor->SelEndLine = 2;
+    m_editor->SetSelection();
+    trigger("menuToolsBookmark");
+    type(QStringLiteral("y"));
+    trigger("menuFileSalvaOrchestra");
+    QVERIFY(m_program->config.CSDModified);
 }
 
 void tst_FailedFiles::csd_bookmarksOfAFailedSave_sayNothingMore()
@@ -191,6 +202,27 @@ void tst_FailedFiles::csd_tooLarge_saysSoAndStaysUntouched()
     trigger("menuFileSalvaOrchestra");
     QVERIFY(m_editor->GetState(2));
     QCOMPARE(QFileInfo(path).size(), qint64(LargestDocument) + 1);
+}
+
+/// Who gave the other program's file up is told why the save failed, and not asked once more.
+void tst_FailedFiles::csd_overwriteThatFails_isNotAskedForAgain()
+{
+    const QString path = makeLarge(m_program->path(QStringLiteral("large.csd")));
+    expect(notOpened(path, TooLarge));
+    open(path);
+    type(QStringLiteral("x"));
+    QVERIFY(QFile::resize(path, LargestDocument + 2));
+    m_program->dialogs.expect(
+        {ChangedByAnother + QStringLiteral("\r\nDo you want to overwrite it?"),
+         QStringLiteral("Save File"), MessageIcon::Exclamation, MessageButtons::YesNoSaveAs, true},
+        Answer::Yes);
+    for (int i = 0; i < 2; ++i) {
+        expect(unreadText(path));
+        trigger("menuFileSalvaOrchestra");
+        QCOMPARE(m_program->dialogs.verify(), QString());
+    }
+    QCOMPARE(QFileInfo(path).size(), LargestDocument + 2);
+    m_editor->ClearState(2); // nothing is to be asked when the window goes
 }
 
 void tst_FailedFiles::csd_importTooLarge_saysSo()
