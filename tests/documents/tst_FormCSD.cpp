@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QTimer>
 #include <QToolBar>
 
@@ -30,6 +31,7 @@ private slots:
     void accessKeys_areThereOnceInEachMenu();
     void toolbar_everyButton_hasAnIconAndAName();
     void popup_holdsTheEditEntriesAndTheBookmarks();
+    void keys_F10Alone_goesToTheMenuBarAndBack();
 
     void analysis_entries_openTheirWindows();
     void audio_entries_openTheirWindows_data();
@@ -345,6 +347,24 @@ void tst_FormCSD::help_about_showsTheTablesVersion()
         QTest::keyClick(about, Qt::Key_Escape);
     });
     trigger("menuInfoAbout");
+}
+
+void tst_FormCSD::keys_F10Alone_goesToTheMenuBarAndBack()
+{
+    show("text\n");
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window));
+    const auto press = [](Qt::KeyboardModifiers with) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F10, with);
+    };
+    for (const Qt::KeyboardModifier with : {Qt::ControlModifier, Qt::AltModifier}) {
+        press(with);
+        QVERIFY(first()->hasFocus());
+    }
+    press(Qt::NoModifier);
+    QVERIFY(m_window->menuBar()->hasFocus());
+    press(Qt::NoModifier);
+    QVERIFY(first()->hasFocus());
 }
 
 ARDIPHON_TEST(tst_FormCSD, QApplication)
