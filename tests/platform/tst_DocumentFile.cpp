@@ -272,11 +272,13 @@ void tst_DocumentFile::write_existing_keepsModeAndGroup()
     const char *name = file.c_str();
     const gid_t group = ::geteuid() == 0 ? 12345 : ::getegid();
     QCOMPARE(::chown(name, uid_t(-1), group), 0);
-    QCOMPARE(::chmod(name, 0604), 0);
-    QVERIFY(writeDocumentFile(m_file, NewBytes));
-    QCOMPARE(get(m_file), NewBytes);
-    QCOMPARE(statusOf(m_file).st_mode & 07777, 0604u);
-    QCOMPARE(statusOf(m_file).st_gid, group);
+    for (const mode_t mode : {0604u, 01604u}) { // the bit beside the rights counts too
+        QCOMPARE(::chmod(name, mode), 0);
+        QVERIFY(writeDocumentFile(m_file, NewBytes));
+        QCOMPARE(get(m_file), NewBytes);
+        QCOMPARE(statusOf(m_file).st_mode & 07777, mode);
+        QCOMPARE(statusOf(m_file).st_gid, group);
+    }
 }
 
 void tst_DocumentFile::write_existing_keepsAttributes()
