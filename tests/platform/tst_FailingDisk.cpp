@@ -119,6 +119,8 @@ private slots:
     void inPlace_puttingBackFails_leavesTheCopyAndNamesIt();
     void inPlace_noCopyCanBeMade_leavesTheFileAlone_data();
     void inPlace_noCopyCanBeMade_leavesTheFileAlone();
+    void inPlace_copyFailsInTwoWays_tellsTheLackOfRoom_data();
+    void inPlace_copyFailsInTwoWays_tellsTheLackOfRoom();
 
 private:
     QStringList names() const
@@ -310,6 +312,28 @@ void tst_FailingDisk::inPlace_noCopyCanBeMade_leavesTheFileAlone()
     QCOMPARE(get(m_file), OldBytes);
     QCOMPARE(names(), QStringList({"piece.csd", "second"}));
     QCOMPARE(temporary.entryList(QDir::Files | QDir::Hidden), before);
+    QCOMPARE(m_why.kind, FileFailure::Kind::DiskFull);
+}
+
+void tst_FailingDisk::inPlace_copyFailsInTwoWays_tellsTheLackOfRoom_data()
+{
+    QTest::addColumn<int>("beside");
+    QTest::addColumn<int>("elsewhere");
+    QTest::newRow("beside the file") << ENOSPC << EIO;
+    QTest::newRow("in the temporary folder") << EIO << ENOSPC;
+}
+
+/// Only one of the two reasons can be told: the one that the user can do something about.
+void tst_FailingDisk::inPlace_copyFailsInTwoWays_tellsTheLackOfRoom()
+{
+    QFETCH(int, beside);
+    QFETCH(int, elsewhere);
+    makeOldFile(true);
+    const QByteArray folder = QFile::encodeName(m_folder->path()) + '/';
+    QVERIFY(!save([&](Call, const QByteArray &path) {
+        return path == m_native ? 0 : path.startsWith(folder) ? beside : elsewhere;
+    }));
+    QCOMPARE(get(m_file), OldBytes);
     QCOMPARE(m_why.kind, FileFailure::Kind::DiskFull);
 }
 
