@@ -31,6 +31,7 @@ private slots:
 
     // Without a sound device; these come first.
     void device_missing_openAndLengthWorkAndPlayTells();
+    void close_forgetsTheStartPointAndTheFailure();
     void device_appears_playWorks();
 
     void open_ratesAndChannels_data();
@@ -139,6 +140,19 @@ void tst_MMControl::device_missing_openAndLengthWorkAndPlayTells()
     QCOMPARE(done.at(0).at(0).toInt(), int(MMControl::Failed));
     QCOMPARE(m_control->Mode(), int(MMControl::Stopped));
     QCOMPARE(m_control->Position(), 200);
+}
+
+/// Nothing is heard here, but a play that fails leaves the position where it would have begun.
+void tst_MMControl::close_forgetsTheStartPointAndTheFailure()
+{
+    open(write("bad.wav", "no sound at all"));
+    QVERIFY(!m_control->ErrorMessage().isEmpty());
+    open(write("a.wav", TimedSound::wave(500)));
+    QCOMPARE(m_control->ErrorMessage(), QString());
+    m_control->SetFrom(200);
+    open(write("b.wav", TimedSound::wave(500)));
+    command("Play");
+    QCOMPARE(m_control->Position(), 0);
 }
 
 void tst_MMControl::device_appears_playWorks()
