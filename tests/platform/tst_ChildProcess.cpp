@@ -34,6 +34,7 @@ private slots:
     void start_cannot_leavesNoHandle();
     void start_bareName_isFoundInTheSearchPath();
     void start_relativePath_isFromTheCurrentDirectory();
+    void start_brokenPipe_endsTheChildAsUsual();
     void stop_whateverItDoes_isKilledWithItsGroup_data();
     void stop_whateverItDoes_isKilledWithItsGroup();
     void stop_atOnce_isStopped();
@@ -251,6 +252,20 @@ void tst_ChildProcess::start_relativePath_isFromTheCurrentDirectory()
     ChildProcess process;
     process.start(start);
     QTRY_COMPARE(process.end(), ProcessEnd::Ended);
+}
+
+/// A library of ours may have the signal ignored, which a child would inherit.
+void tst_ChildProcess::start_brokenPipe_endsTheChildAsUsual()
+{
+    const auto before = std::signal(SIGPIPE, SIG_IGN);
+    ChildProcess process;
+    process.start(script("sed -n 's/^SigIgn:[^0-9a-f]*//p' /proc/$$/status >log\n"));
+    QTRY_COMPARE(process.end(), ProcessEnd::Ended);
+    std::signal(SIGPIPE, before);
+    bool told = false;
+    const quint64 ignored = log().trimmed().toULongLong(&told, 16);
+    QVERIFY(told);
+    QVERIFY(!(ignored >> (SIGPIPE - 1) & 1));
 }
 
 void tst_ChildProcess::stop_whateverItDoes_isKilledWithItsGroup_data()
