@@ -1,3 +1,4 @@
+#include "compile/CompilerStart.h"
 #include "compile/ProjectDialog.h"
 #include "compile/ui/Launchers.h"
 #include "support/TestMain.h"
@@ -20,6 +21,7 @@ private slots:
     void csdWinsound_ok_startsIt();
     void csdWinsound_cancel_startsNothing();
     void csdWinsound_refused_asksNothing();
+    void compiler_thatIsNoProgram_opensNoTerminal();
     void csdCSoundAV_emptyText_showsTheDialog();
     void project_allWell_showsItsDialogModally();
     void project_modifiedHalf_saysSo();
@@ -140,6 +142,36 @@ void tst_Launchers::csdWinsound_refused_asksNothing()
     m_orchestra->ClearDocument();
     m_orchestra->ClearState(2);
     launchCsdWinsound(m_program->compileContext(m_owner.get()), *m_orchestra);
+}
+
+/// The window would open and close again, and nobody could read why.
+void tst_Launchers::compiler_thatIsNoProgram_opensNoTerminal()
+{
+    const QTemporaryDir folder;
+    const auto make = [&folder](const char *name, const QByteArray &text, bool executable) {
+        QFile file(folder.filePath(QLatin1String(name)));
+        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
+            qFatal("cannot write %s", name);
+        if (executable)
+            file.setPermissions(file.permissions() | QFile::ExeOwner);
+        return file.fileName();
+    };
+    make("x-terminal-emulator", "#!/bin/sh\necho \"$@\" >>\"${0%/*}/called\"\n", true);
+    make("ArdiphonConsole", "#!/bin/sh\n", true);
+    const QByteArray search = qgetenv("PATH");
+    qputenv("PATH", QFile::encodeName(folder.path()) + ':' + search);
+    const QString document = folder.filePath(QStringLiteral("a.csd"));
+    for (const QString &compiler :
+         {make("text", "no program", false), folder.path(), folder.filePath(QStringLiteral("gone")),
+          QStringLiteral("ardiphon-gone"), make("good", "#!/bin/sh\n", true)})
+        startCompiler(compiler, QString(), document, folder.path());
+    qputenv("PATH", search);
+    QFile called(folder.filePath(QStringLiteral("called")));
+    QTRY_VERIFY(called.size() > 0);
+    QVERIFY(called.open(QIODevice::ReadOnly));
+    const QByteArray calls = called.readAll();
+    QVERIFY2(calls.contains("/good"), calls.constData());
+    QCOMPARE(calls.count('\n'), 1);
 }
 
 void tst_Launchers::csdCSoundAV_emptyText_showsTheDialog()
