@@ -46,6 +46,7 @@ private slots:
     void association_fileThatCannotBeWritten_isTold();
     void removal_fileThatStays_isTold();
     void association_withoutUpdater_isReported();
+    void removal_ofNothing_needsNoUpdater();
     void association_ofAnother_keepsItsBytes();
     void association_removed_keepsWhatAnotherAddedMeanwhile();
     void defaultsBehindALink_areWrittenThere();
@@ -372,6 +373,16 @@ void tst_FileAssociation::association_withoutUpdater_isReported()
     qputenv("PATH", search);
     QCOMPARE(failure, "update-mime-database cannot be run.");
     QVERIFY(remove());
+}
+
+/// A user who has no file types of their own has nothing that an updater would have to read.
+void tst_FileAssociation::removal_ofNothing_needsNoUpdater()
+{
+    const QByteArray search = qgetenv("PATH");
+    qputenv("PATH", path("nowhere").toLocal8Bit());
+    const QString failure = RemoveFileAssociation("CSoundCSD", ".csd");
+    qputenv("PATH", search);
+    QCOMPARE(failure, QString());
 }
 
 void tst_FileAssociation::association_ofAnother_keepsItsBytes()
