@@ -345,7 +345,11 @@ void tst_FormManual::picture_outOfMeasure_isLeftOut()
     QFile endless(m_folder.filePath(QStringLiteral("endless.png")));
     QVERIFY(endless.open(QIODevice::ReadWrite) && endless.resize(qint64(1) << 36));
     QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("folder.png")));
-    for (const char *name : {"wide.png", "endless.png", "folder.png", "gone.png"}) {
+    // A small picture in a file that is larger than any that is read.
+    const QString swollen = m_folder.filePath(QStringLiteral("swollen.png"));
+    QVERIFY(QImage(40, 40, QImage::Format_Mono).save(swollen));
+    QVERIFY(QFile::resize(swollen, (qint64(16) << 20) + 1));
+    for (const char *name : {"wide.png", "endless.png", "swollen.png", "folder.png", "gone.png"}) {
         write("picture.html", QByteArray("<p>before<img src=\"") + name + "\">after");
         open(QStringLiteral("index.html"));
         open(QStringLiteral("picture.html"));
