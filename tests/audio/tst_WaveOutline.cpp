@@ -60,6 +60,7 @@ private slots:
     void part_isPaintedAsInTheWhole_data();
     void part_isPaintedAsInTheWhole();
     void words_standInThePlaceOfTheOutline();
+    void read_again_hasTheLineAtTheStart();
 
 private:
     /// What stands on the screen, put together by all the repaints.
@@ -196,8 +197,20 @@ void tst_WaveOutline::words_standInThePlaceOfTheOutline()
     QCOMPARE(m_outline->peaks().columns(), 0);
     QVERIFY(onScreen() != nothing);
     QCOMPARE(onScreen(), paintedAnew());
+    QCOMPARE(m_outline->accessibleDescription(), QStringLiteral("There is nothing to be seen."));
     m_outline->clear();
     QCOMPARE(onScreen(), nothing);
+    QCOMPARE(m_outline->accessibleDescription(), QString());
+}
+
+void tst_WaveOutline::read_again_hasTheLineAtTheStart()
+{
+    m_outline->setPosition(500, 1000);
+    QCOMPARE(lineColumns(onScreen()), QList<int>{240});
+    m_outline->read(m_folder.filePath(QStringLiteral("a.wav")));
+    QTRY_VERIFY_WITH_TIMEOUT(m_outline->peaks().columns() > 0 && !m_outline->isReading(), 60'000);
+    QTRY_COMPARE(onScreen(), paintedAnew());
+    QCOMPARE(lineColumns(onScreen()), QList<int>());
 }
 
 ARDIPHON_TEST(tst_WaveOutline, QApplication)
