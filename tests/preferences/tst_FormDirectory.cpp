@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -34,6 +35,7 @@ private slots:
     void asterisk_opensNothing();
     void largeFolder_isSortedAndHasOneIcon();
     void largeFolder_aboveTheChosenOne_keepsItInView();
+    void largeFolder_userMovedMeanwhile_keepsTheView();
 
 private:
     static void show(QDialog &window);
@@ -266,6 +268,34 @@ void tst_FormDirectory::largeFolder_aboveTheChosenOne_keepsItInView()
     QStringList sorted = names;
     sorted.sort();
     QCOMPARE(names, sorted);
+}
+
+void tst_FormDirectory::largeFolder_userMovedMeanwhile_keepsTheView()
+{
+    constexpr int Count = 20'000; // more than one slice of reading
+    const QDir beta(inFolder("Beta"));
+    for (int i = 0; i < Count; ++i)
+        QVERIFY(beta.mkdir(QStringLiteral("f%1").arg(i)));
+    for (const bool byKey : {true, false}) {
+        FolderTree tree(nullptr);
+        tree.resize(300, 200);
+        tree.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&tree));
+        QVERIFY(tree.setPath(inFolder("Beta/f10")));
+        const QTreeWidgetItem *const parent = tree.currentItem()->parent();
+        QTreeWidgetItem *const above = tree.itemAbove(tree.currentItem());
+        const QPoint place = tree.visualItemRect(above).center();
+        if (byKey)
+            QTest::keyClick(&tree, Qt::Key_Up);
+        else
+            QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, place);
+        QCOMPARE(tree.currentItem(), above);
+        tree.scrollToTop(); // as by the wheel, which leaves the current folder alone
+        QVERIFY(parent->childCount() < Count); // it is being read all the while
+        QTRY_COMPARE(parent->childCount(), Count);
+        QCOMPARE(tree.verticalScrollBar()->value(), 0);
+        QVERIFY(tree.verticalScrollBar()->maximum() > 0);
+    }
 }
 
 ARDIPHON_TEST(tst_FormDirectory, QApplication)
