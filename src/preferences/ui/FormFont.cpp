@@ -37,8 +37,6 @@ void FormFont::layOut()
     lblActual->setObjectName(QStringLiteral("lblActual"));
     lblDefault->setObjectName(QStringLiteral("lblDefault"));
     lblEsempio->setObjectName(QStringLiteral("lblEsempio"));
-    for (QLabel *label : {lblActual, lblDefault})
-        label->setTextFormat(Qt::PlainText);
     for (QLabel *label : {lblActual, lblDefault, lblEsempio})
         label->setTextFormat(Qt::PlainText);
 
