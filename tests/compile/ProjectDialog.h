@@ -12,6 +12,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDir>
+#include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -91,6 +92,7 @@ struct ProjectDialog : TestProgram
     }
     void whenRunning(std::function<void()> action)
     {
+        QFile::remove(config.OrchestraFileName + QStringLiteral(".pid")); // of a run before
         when([this] { return pids().leader != 0; }, std::move(action));
     }
 
