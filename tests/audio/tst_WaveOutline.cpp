@@ -87,7 +87,6 @@ void tst_WaveOutline::init()
     m_window->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
     m_outline->read(file.fileName());
-    // It is read when nobody else wants the processor.
     QTRY_VERIFY_WITH_TIMEOUT(m_outline->peaks().columns() > 0 && !m_outline->isReading(), 60'000);
     QApplication::processEvents();
     QTRY_COMPARE(onScreen(), paintedAnew());

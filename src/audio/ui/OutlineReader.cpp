@@ -43,7 +43,9 @@ bool readColumn(SoundFile &file, qint64 frames, std::vector<float> &block, std::
 
 OutlineReader::OutlineReader(const QString &path, QObject *parent) : QThread(parent), m_path(path)
 {
-    start(QThread::IdlePriority);
+    // Not at a lower priority: where others keep the processors busy, it would be stopped while it
+    // holds the lock that the window waits for.
+    start();
 }
 
 OutlineReader::~OutlineReader()

@@ -9,8 +9,8 @@
 
 namespace ardiphon {
 
-/// Reads a sound file once from beginning to end in a thread that only runs when nobody else wants
-/// the processor, and gathers its outline. Destroying it stops the reading.
+/// Reads a sound file once from beginning to end in a thread of its own, and gathers its outline.
+/// Destroying it stops the reading.
 class OutlineReader : public QThread
 {
     Q_OBJECT
