@@ -1,43 +1,15 @@
 #pragma once
 
-#include <span>
+#include "workbench/Command.h"
 
 namespace ardiphon {
-
-/// One thing that the user can ask of an editor window. Menus, toolbars and popups show it by name.
-struct Command
-{
-    const char *name = nullptr;    ///< its fixed name, and the objectName of its action
-    const char *caption = nullptr; ///< with "&" before the access key
-    const char *keyText = "";  ///< shown behind a tab, where the key is not the shortcut's own text
-    const char *shortcut = ""; ///< in Qt's portable notation; "" for none
-    bool checkable = false;
-};
-
-/// A menu: its title, and its commands by name in their order. A null name draws a line; the name
-/// of a group of actions stands for all of them; the name of another menu makes it a submenu.
-struct Menu
-{
-    const char *name;
-    const char *title;
-    std::span<const char *const> entries;
-};
-
-/// One button of a toolbar. It carries out a command of the menus, or one of its own that bears
-/// the button's name. A row without a name draws a line.
-struct ToolButton
-{
-    const char *name;
-    const char *command;
-    const char *icon; ///< in data/icons, without its ending
-    const char *toolTip;
-    std::span<const ToolButton> menu = {}; ///< further buttons, beneath an arrow beside this one
-};
 
 // What both editor windows have: commands, submenus and the popup menu.
 std::span<const Command> editorCommands();
 std::span<const Menu> editorSubmenus();
 const Menu &editorPopup();
+/// Entries of the popup and of the menus that stand for one another.
+std::span<const CommandAlias> editorAliases();
 
 // The CSD window: its own commands, its menu bar from left to right and its toolbar.
 std::span<const Command> csdCommands();

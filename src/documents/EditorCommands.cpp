@@ -79,6 +79,18 @@ constexpr Menu submenus[] = {
     {"menuAnalisi", "CSound &Analysis", AnalysisMenu},
 };
 
+constexpr CommandAlias aliases[] = {
+    {"menuPopupUndo", "menuModificaUndo"},
+    {"menuPopupRedo", "menuModificaRedo"},
+    {"menuPopupTaglia", "menuModificaTaglia"},
+    {"menuPopupCopia", "menuModificaCopia"},
+    {"menuPopupIncolla", "menuModificaIncolla"},
+    {"menuPopupSelezionaTutto", "menuModificaSelezionaTutto"},
+    {"menuToolsBookmark", "menuPopupBookmark"},
+    {"menuToolsRemoveBookmark", "menuPopupRemoveBookmark"},
+    {"menuToolsRemoveAllBookmark", "menuPopupRemoveAllBookmarks"},
+};
+
 constexpr Menu popup = {"menuPopup", "", PopupMenu};
 
 } // namespace
@@ -86,5 +98,6 @@ constexpr Menu popup = {"menuPopup", "", PopupMenu};
 std::span<const Command> editorCommands() { return commands; }
 std::span<const Menu> editorSubmenus() { return submenus; }
 const Menu &editorPopup() { return popup; }
+std::span<const CommandAlias> editorAliases() { return aliases; }
 
 } // namespace ardiphon

@@ -1,3 +1,4 @@
+#include "documents/Commands.h"
 #include "documents/ProjectFixture.h"
 #include "support/TestMain.h"
 

@@ -15,9 +15,10 @@ level() {
         platform) echo 0 ;;
         app) echo 1 ;;
         language) echo 2 ;;
-        navigation | audio | help | associations) echo 3 ;;
-        compile | preferences | printing | analysis) echo 4 ;;
-        documents) echo 5 ;;
+        workbench) echo 3 ;;
+        navigation | audio | help | associations) echo 4 ;;
+        compile | preferences | printing | analysis) echo 5 ;;
+        documents) echo 6 ;;
         *) echo 9 ;;
     esac
 }

@@ -3,134 +3,78 @@
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
 #include "app/ui/FormNew.h"
-#include "documents/CsdWindowLayout.h"
+#include "documents/Commands.h"
 #include "documents/DocumentRules.h"
+#include "documents/ui/CsdArea.h"
 #include "documents/ui/CsdDocument.h"
-#include "documents/ui/SplitLine.h"
+#include "documents/ui/RecentMenu.h"
 #include "documents/ui/SplitMirror.h"
 #include "documents/ui/TagPanel.h"
 #include "documents/ui/ToolToggles.h"
+#include "documents/ui/WindowPlacement.h"
 #include "language/editor/LEditOCX.h"
-#include "language/ui/Gutter.h"
 #include "language/ui/HelpPanels.h"
 #include "navigation/ui/Bookmarks.h"
 #include "navigation/ui/EditorSearch.h"
-#include "navigation/ui/InstrumentPanel.h"
 #include "navigation/ui/Instruments.h"
-#include "platform/Twips.h"
+#include "navigation/ui/SearchWindows.h"
+#include "platform/ui/FileProperties.h"
 #include "platform/ui/TitleText.h"
-#include "preferences/SettingsValues.h"
 
 #include <QCloseEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMenu>
-#include <QMenuBar>
-#include <QToolBar>
-#include <QTreeWidget>
+
+#include <functional>
 
 namespace ardiphon {
 
 namespace {
 
 constexpr int RefreshInterval = 100; // milliseconds
-constexpr int ToolIconSize = 20;
 
 } // namespace
 
-FormCSD::FormCSD(ProgramContext &program) : EditorWindow(program)
+FormCSD::FormCSD(ProgramContext &program)
+    : EditorWindow(program, csdCommands(), csdViewKey), m_area(new CsdArea(program.config))
 {
     setObjectName(QStringLiteral("FormCSD"));
-    buildControls();
-    buildFeatures();
-    buildMenus();
-    bindCommon();
+    setArea(m_area);
+    buildDocument();
     bindDocument();
+    followDocument();
     bindEditing();
     bindNavigation();
-    bindPreferences(CsdSettings, {*LEDIT1, *LEDIT2});
-    bindTools();
-    groupTools();
-    m_tools->load();
-    takePlacement();
+    fillMenus(csdMenus());
+    commands().fill(*m_area->Toolbar1, csdToolbar());
+    buildTools();
+    takePlacement(*this, config());
     openNamedDocument();
 
     Timer1.setObjectName(QStringLiteral("Timer1"));
     connect(&Timer1, &QTimer::timeout, this, &FormCSD::refresh);
     Timer1.start(RefreshInterval);
-    LEDIT1->setFocus();
+    m_area->LEDIT1->setFocus();
 }
 
 // Building. --------------------------------------------------------------------------------------
 
-void FormCSD::buildControls()
+void FormCSD::buildDocument()
 {
-    LEDIT1 = newEditor(QStringLiteral("LEDIT1"), ViewLanguage::Csd);
-    LEDIT2 = newEditor(QStringLiteral("LEDIT2"), ViewLanguage::Csd);
-    LEDIT2->hide();
-    PicNumeri = new Gutter(*LEDIT1, config(), centralWidget());
-    PicNumeri->setObjectName(QStringLiteral("PicNumeri"));
-    PicNumeri2 = new Gutter(*LEDIT2, config(), centralWidget());
-    PicNumeri2->setObjectName(QStringLiteral("PicNumeri2"));
-    m_splitLine = new SplitLine(config(), centralWidget());
-    m_splitLine->setObjectName(QStringLiteral("splitLine"));
-    m_splitLine->hide();
-    // Told while the view is drawn, which must not be moved then.
-    connect(PicNumeri, &Gutter::textWidthChanged, this, &FormCSD::arrangeWindow,
-            Qt::QueuedConnection);
-
-    LabelBookmarks = newLabel(QStringLiteral("LabelBookmarks"), tr("Tags in this file"));
-    Tree = newTree(QStringLiteral("Tree"));
-    LabelOwnBook = newLabel(QStringLiteral("LabelOwnBook"), tr("Bookmarks"));
-    Tree2 = newTree(QStringLiteral("Tree2"));
-    LabelTags = newLabel(QStringLiteral("LabelTags"), tr("Insert a tag"));
-    List1 = new QListWidget(centralWidget());
-    List1->setObjectName(QStringLiteral("List1"));
-    List1->setTextElideMode(Qt::ElideMiddle);
-    List1->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-
-    m_panels = new HelpPanels(config().Words, centralWidget());
-    m_panels->follow(LEDIT1);
-    m_panels->follow(LEDIT2);
-    Toolbar1 = newToolbar(QStringLiteral("Toolbar1"), ToolIconSize);
+    LEditOCX &first = *m_area->LEDIT1;
+    m_bookmarks = new Bookmarks(first, *m_area->Tree2, config().CSDModified, QStringLiteral("bkm"),
+                                dialogs());
+    const auto chooseNew = [this] { FormNew::showModal(config(), this); };
+    m_document = new CsdDocument(first, *m_bookmarks, program(), files(), chooseNew, this);
+    m_tags = new TagPanel(first, *m_area->Tree, *m_area->List1, config().Words.CsdWords);
+    m_mirror = new SplitMirror(first, *m_area->LEDIT2, this);
 }
 
-void FormCSD::buildFeatures()
+void FormCSD::buildTools()
 {
-    m_bookmarks = new Bookmarks(*LEDIT1, *Tree2, config().CSDModified, QStringLiteral("bkm"),
-                                program().dialogs);
-    const auto chooseNew = [this] { FormNew::showModal(config(), this); };
-    m_document = new CsdDocument(*LEDIT1, *m_bookmarks, program(), files(), chooseNew, this);
-    m_instruments = new Instruments(*LEDIT1);
-    Frame1 = new InstrumentPanel(*m_instruments, QStringLiteral("Toolbar2"), centralWidget());
-    Frame1->setObjectName(QStringLiteral("Frame1"));
-    m_tags = new TagPanel(*LEDIT1, *Tree, *List1, config().Words.CsdWords);
-    m_mirror = new SplitMirror(*LEDIT1, *LEDIT2, this);
     m_tools = new ToolToggles(
         program(), {&LineNumbersTool, &BookBarTool, &OnLineHelpTool, &ToolbarTool}, this);
-}
-
-void FormCSD::buildMenus()
-{
-    CommandSet &set = commands();
-    addCommands(csdCommands());
-    set.fill(*menuBar(), csdMenus(), editorSubmenus());
-    set.fill(*Toolbar1, csdToolbar());
-    menuPopup = new QMenu(this);
-    set.fill(*menuPopup, editorPopup());
-}
-
-void FormCSD::groupTools()
-{
-    m_tools->add(LineNumbersTool, PicNumeri);
-    m_tools->add(LineNumbersTool, PicNumeri2, [this] { return isSplit(); });
-    for (QWidget *control : std::initializer_list<QWidget *>{Tree, Tree2, List1, LabelTags,
-                                                             LabelBookmarks, LabelOwnBook, Frame1})
-        m_tools->add(BookBarTool, control);
-    m_tools->add(OnLineHelpTool, m_panels->TextOpcode);
-    m_tools->add(OnLineHelpTool, m_panels->TextParametri);
-    m_tools->add(ToolbarTool, Toolbar1);
+    bindTools(*m_tools);
+    m_area->groupTools(*m_tools);
+    m_tools->load();
 }
 
 void FormCSD::openNamedDocument()
@@ -142,88 +86,109 @@ void FormCSD::openNamedDocument()
     writeTitle();
 }
 
+// Binding. ---------------------------------------------------------------------------------------
+
+void FormCSD::bindDocument()
+{
+    CommandSet &set = commands();
+    set.bind("menuFileNuovaOrchestra", m_document, &CsdDocument::New);
+    set.bind("menuFileApriOrchestra", m_document, &CsdDocument::Open);
+    set.bind("menuFileSalvaOrchestra", m_document, &CsdDocument::Save);
+    set.bind("menuFileSalvaOrchestraNome", m_document, &CsdDocument::SaveAs);
+    set.bind("menuFileImportaORCSCO", m_document, &CsdDocument::ImportProject);
+    set.bind("menuFileConvertToORCSCO", m_document, &CsdDocument::ExportToProject);
+    set.bind("menuFileProprieta", m_document, &CsdDocument::Properties);
+}
+
+void FormCSD::followDocument()
+{
+    connect(m_document, &CsdDocument::propertiesDue, this,
+            [this](const QString &path) { ShowFileProperties(this, path); });
+    connect(m_document, &CsdDocument::titleDue, this, &FormCSD::writeTitle);
+    connect(m_document, &CsdDocument::programFirstTitleDue, this,
+            [this] { setWindowTitle(titleText(programFirstTitle(config().CSDFileName))); });
+    connect(m_document, &CsdDocument::projectWindowDue, this,
+            [this] { handOver(program().windows.showFormORCSCO); });
+    connect(m_document, &CsdDocument::begun, this, [this] { setSplit(false); });
+    connect(m_document, &CsdDocument::begun, m_tags, &TagPanel::clear);
+    connect(m_document, &CsdDocument::begun, m_area->panels, &HelpPanels::clear);
+    connect(m_document, &CsdDocument::loaded, this, &FormCSD::textReplaced);
+    connect(m_document, &CsdDocument::opened, &recent(), &RecentMenu::refresh);
+    connect(&recent(), &RecentMenu::chosen, m_document, &CsdDocument::OpenRecent);
+}
+
+/// The entries of the menu act on the first view, whichever has the focus. Which view each of them
+/// marks as changed is as users of the program know it: Copy marks the second.
+void FormCSD::bindEditing()
+{
+    CommandSet &set = commands();
+    LEditOCX *const first = m_area->LEDIT1;
+    const auto edit = [this, &set, first](const char *name, auto operation) {
+        set.bind(name, this, [this, first, operation] {
+            std::invoke(operation, first);
+            m_mirror->setView1Changed();
+        });
+    };
+    edit("menuModificaUndo", &LEditOCX::Undo);
+    edit("menuModificaRedo", &LEditOCX::Redo);
+    edit("menuModificaTaglia", &LEditOCX::Cut);
+    edit("menuModificaIncolla", &LEditOCX::Paste);
+    set.bind("menuModificaCopia", this, [this, first] {
+        first->Copy();
+        m_mirror->setView2Changed();
+    });
+    set.bind("menuModificaSelezionaTutto", first, &LEditOCX::SelectAll);
+    set.bind("buttonSplit", this, &FormCSD::setSplit);
+    connect(&search(), &SearchWindows::replaced, m_mirror, &SplitMirror::copyFirstToSecond);
+    connect(m_tags, &TagPanel::inserted, m_mirror, &SplitMirror::copyFirstToSecond);
+}
+
+void FormCSD::bindNavigation()
+{
+    const auto bindKey = [this](ViewKey key, void (Instruments::*go)()) {
+        keys().bind(key, [this, go](const EditorView &) { (m_area->instruments->*go)(); });
+    };
+    bindKey(ViewKey::FirstInstrument, &Instruments::GoToFirstInstrument);
+    bindKey(ViewKey::PreviousInstrument, &Instruments::GoToPreviousInstrument);
+    bindKey(ViewKey::NextInstrument, &Instruments::GoToNextInstrument);
+    bindKey(ViewKey::LastInstrument, &Instruments::GoToLastInstrument);
+
+    CommandSet &set = commands();
+    set.bind("menuPopupBookmark", m_bookmarks, &Bookmarks::InsertBookmark);
+    set.bind("menuPopupRemoveBookmark", m_bookmarks, &Bookmarks::RemoveBookmark);
+    set.bind("menuPopupRemoveAllBookmarks", m_bookmarks, &Bookmarks::RemoveAllBookmarks);
+    connect(m_bookmarks, &Bookmarks::visited, m_area->LEDIT1, qOverload<>(&QWidget::setFocus));
+}
+
 // What the window does itself. -------------------------------------------------------------------
 
 void FormCSD::insertText(const QString &text)
 {
-    insertInto(*LEDIT1, text);
+    EditorWindow::insertText(text);
     m_mirror->copyFirstToSecond();
 }
-
-bool FormCSD::isSplit() const { return !LEDIT2->isHidden(); }
 
 void FormCSD::setSplit(bool on)
 {
     commands().action("buttonSplit")->setChecked(on);
+    LEditOCX &second = *m_area->LEDIT2;
     if (on) {
-        LEDIT2->SetTextOf(*LEDIT1);
-        LEDIT2->ResetUndo();
+        second.SetTextOf(*m_area->LEDIT1);
     } else {
-        LEDIT2->ClearDocument();
-        LEDIT2->ClearState(TextState);
-        LEDIT2->ResetUndo();
+        second.ClearDocument();
+        second.ClearState(TextState);
     }
-    const bool lowerHasFocus = LEDIT2->isAncestorOf(focusWidget());
-    LEDIT2->setVisible(on);
-    if (!on && lowerHasFocus)
-        LEDIT1->setFocus();
-    PicNumeri2->setVisible(on && config().LineNumbersVisible);
-    m_splitLine->setVisible(on);
+    second.ResetUndo();
+    m_area->setSplit(on);
     m_mirror->setSplit(on);
-    arrangeWindow();
-}
-
-void FormCSD::applyFontSize()
-{
-    LEDIT1->SetFontSize(config().FontSize);
-    arrangeWindow();
-}
-
-void FormCSD::arrangeWindow()
-{
-    PicNumeri->takeFont();
-    if (isSplit()) {
-        LEDIT2->SetFontName(LEDIT1->FontName());
-        LEDIT2->SetFontSize(LEDIT1->FontSize());
-        PicNumeri2->takeFont();
-    }
-    CsdWindowState state;
-    state.innerWidth = toTwips(centralWidget()->width());
-    state.innerHeight = toTwips(centralWidget()->height());
-    state.gutterWidth = toTwips(PicNumeri->textWidth());
-    state.LineNumbersVisible = config().LineNumbersVisible;
-    state.BookBarVisible = config().BookBarVisible;
-    state.OnLineHelpVisible = config().OnLineHelpVisible;
-    state.ToolbarVisible = config().ToolbarVisible;
-    state.split = isSplit();
-    const CsdWindowLayout at = ArrangeWindow(state);
-
-    const std::pair<QWidget *, QRect> places[] = {
-        {Toolbar1, at.Toolbar1},
-        {LEDIT1, at.LEDIT1},
-        {m_panels->TextOpcode, at.TextOpcode},
-        {m_panels->TextParametri, at.TextParametri},
-        {LEDIT2, at.LEDIT2},
-        {PicNumeri, at.PicNumeri},
-        {PicNumeri2, at.PicNumeri2},
-        {m_splitLine, at.splitLine},
-        {Tree, at.Tree},
-        {Tree2, at.Tree2},
-        {List1, at.List1},
-        {LabelTags, at.LabelTags},
-        {LabelBookmarks, at.LabelBookmarks},
-        {LabelOwnBook, at.LabelOwnBook},
-        {Frame1, at.Frame1},
-    };
-    for (const auto &[control, place] : places)
-        control->setGeometry(toPixels(place));
+    m_area->arrange();
 }
 
 /// Runs ten times a second; costs nothing while nothing changes.
 void FormCSD::refresh()
 {
-    const bool modified = LEDIT1->GetState(TextState);
-    if (!modified && isEmptyText(*LEDIT1))
+    const bool modified = m_area->LEDIT1->GetState(TextState);
+    if (!modified && isEmptyText(*m_area->LEDIT1))
         return;
     m_tags->refreshNext();
     if (modified)
@@ -236,18 +201,11 @@ void FormCSD::textReplaced()
 {
     m_tags->clear();
     m_mirror->copyFirstToSecond();
-    if (isSplit())
-        LEDIT2->ResetUndo();
+    if (m_area->isSplit())
+        m_area->LEDIT2->ResetUndo();
 }
 
 void FormCSD::openDroppedFile(const QString &path) { m_document->OpenByName(path); }
-
-LEditOCX *FormCSD::focusedEditor() const
-{
-    if (LEDIT1->hasFocus())
-        return LEDIT1;
-    return isSplit() && LEDIT2->hasFocus() ? LEDIT2 : nullptr;
-}
 
 /// The steps behind the question run after a Cancel too; only the window stays.
 void FormCSD::closeEvent(QCloseEvent *event)

@@ -3,300 +3,192 @@
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
 #include "app/ui/FormNew.h"
+#include "documents/Commands.h"
 #include "documents/DocumentRules.h"
-#include "documents/ui/BookmarksPanel.h"
-#include "documents/ui/FloatingPanel.h"
 #include "documents/ui/HalfDocument.h"
 #include "documents/ui/HalfView.h"
+#include "documents/ui/ProjectArea.h"
 #include "documents/ui/ProjectDocument.h"
-#include "documents/ui/SplitLine.h"
-#include "documents/ui/SplitterGrip.h"
+#include "documents/ui/RecentMenu.h"
 #include "documents/ui/ToolToggles.h"
+#include "documents/ui/WindowPlacement.h"
 #include "language/editor/LEditOCX.h"
-#include "language/ui/Gutter.h"
 #include "language/ui/HelpPanels.h"
 #include "navigation/ui/Bookmarks.h"
-#include "navigation/ui/InstrumentPanel.h"
-#include "navigation/ui/Instruments.h"
-#include "platform/Twips.h"
-#include "preferences/SettingsValues.h"
+#include "platform/ui/FileProperties.h"
 
+#include <QActionGroup>
 #include <QCloseEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
-#include <QToolBar>
-#include <QTreeWidget>
-
-#include <algorithm>
 
 namespace ardiphon {
 
 namespace {
 
 constexpr int RefreshInterval = 100; // milliseconds
-constexpr int ToolIconSize = 18;
-constexpr int HalfToolIconSize = 16;
-constexpr QSize InstrumentPanelSize(150, 90);
-constexpr int LabelFontSize = 11; // pixels: the labels' row is 14 high
 
-/// A toolbar as small as its buttons, on a ground of its own: the halves' toolbars may overlap.
-void makeCompact(QToolBar &toolbar)
-{
-    toolbar.setAutoFillBackground(true);
-    toolbar.setStyleSheet(QStringLiteral("QToolBar { border: 0; padding: 0; margin: 0; spacing: 0 }"
-                                         "QToolButton { padding: 2px; margin: 0 }"));
-}
+constexpr std::pair<Arrangement, const char *> arrangementCommands[] = {
+    {Arrangement::Horizontal, "menuVisualizzaOrizzontale"},
+    {Arrangement::Vertical, "menuVisualizzaVerticale"},
+    {Arrangement::Orchestra, "menuVisualizzaOrchestra"},
+    {Arrangement::Score, "menuVisualizzaScore"},
+};
 
 } // namespace
 
-FormORCSCO::FormORCSCO(ProgramContext &program) : EditorWindow(program)
+FormORCSCO::FormORCSCO(ProgramContext &program)
+    : EditorWindow(program, projectCommands(), projectViewKey),
+      m_area(new ProjectArea(program.config))
 {
     setObjectName(QStringLiteral("FormORCSCO"));
     setWindowTitle(WindowTitle);
-    config().Arrangement = arrangementName(Arrangement::Horizontal);
-    buildControls();
-    buildHalves();
-    buildMenus();
-    bindCommon();
+    setArea(m_area);
+    buildDocuments();
     bindProject();
-    bindPrinting();
+    bindHalves();
     bindEditing();
-    bindNavigation();
-    bindPreferences(ProjectSettings, {*LEDIT1, *LEDIT2});
     bindPanels();
-    bindCompilers();
+    fillBars();
     bindArrangements();
-    groupTools();
-    m_tools->load();
-    takePlacement();
+    buildTools();
+    takePlacement(*this, config());
     m_project->OpenNamedOnLoad();
 
     Timer1.setObjectName(QStringLiteral("Timer1"));
-    connect(&Timer1, &QTimer::timeout, m_orchestra, &HalfView::refresh);
-    connect(&Timer1, &QTimer::timeout, m_score, &HalfView::refresh);
+    connect(&Timer1, &QTimer::timeout, m_area->orchestra, &HalfView::refresh);
+    connect(&Timer1, &QTimer::timeout, m_area->score, &HalfView::refresh);
     Timer1.start(RefreshInterval);
 }
 
 // Building. --------------------------------------------------------------------------------------
 
-void FormORCSCO::buildControls()
+void FormORCSCO::buildDocuments()
 {
-    m_panels = new HelpPanels(config().Words, centralWidget());
-    Toolbar1 = newToolbar(QStringLiteral("Toolbar1"), ToolIconSize);
-    makeCompact(*Toolbar1);
-    LEDIT1 = newEditor(QStringLiteral("LEDIT1"), ViewLanguage::Orchestra);
-    LEDIT2 = newEditor(QStringLiteral("LEDIT2"), ViewLanguage::Score);
-    m_panels->follow(LEDIT1);
-
-    PictureBookmarks = new BookmarksPanel(centralWidget());
-    PictureBookmarks->setObjectName(QStringLiteral("PictureBookmarks"));
-    m_bookmarksPanel = new FloatingPanel(*PictureBookmarks, *PictureBookmarks->grip());
-    auto *instruments = new Instruments(*LEDIT1);
-    PictureInstrument =
-        new InstrumentPanel(*instruments, QStringLiteral("Toolbar_INSTR_2"), centralWidget());
-    PictureInstrument->setObjectName(QStringLiteral("PictureInstrument"));
-    PictureInstrument->setAutoFillBackground(true);
-    PictureInstrument->resize(InstrumentPanelSize);
-    m_instrumentPanel = new FloatingPanel(*PictureInstrument, *PictureInstrument->grip());
-}
-
-void FormORCSCO::buildGrips()
-{
-    m_splitLine = new SplitLine(config(), centralWidget());
-    m_splitLine->setObjectName(QStringLiteral("splitLine"));
-    m_splitLine->stackUnder(PictureBookmarks);
-    SplitterH = new SplitterGrip(Qt::Vertical, centralWidget());
-    SplitterH->setObjectName(QStringLiteral("SplitterH"));
-    SplitterH->setToolTip(tr("Splitter - [F9] Reset to Normal position"));
-    SplitterV = new SplitterGrip(Qt::Horizontal, centralWidget());
-    SplitterV->setObjectName(QStringLiteral("SplitterV"));
-    SplitterV->setToolTip(tr("Splitter - [F9] Reset to normal position"));
-}
-
-void FormORCSCO::buildHalves()
-{
-    auto *Tree1 = newTree(QStringLiteral("Tree1"));
-    auto *Tree2 = newTree(QStringLiteral("Tree2"));
-    PictureBookmarks->add(QStringLiteral("frameBookmarks1"), tr("Orchestra:"), Tree1);
-    PictureBookmarks->add(QStringLiteral("frameBookmarks2"), tr("Score:"), Tree2);
-    auto *orchestra = new Bookmarks(*LEDIT1, *Tree1, config().OrchestraModified,
-                                    QStringLiteral("bko"), program().dialogs);
-    auto *score = new Bookmarks(*LEDIT2, *Tree2, config().ScoreModified, QStringLiteral("bks"),
-                                program().dialogs);
-    m_orchestra = newHalf(OrchestraHalf, *LEDIT1, *orchestra, config().OrchestraFileName,
-                          QStringLiteral("1"));
-    m_score = newHalf(ScoreHalf, *LEDIT2, *score, config().ScoreFileName, QStringLiteral("2"));
-    buildGrips();
-
+    auto *orchestraMarks =
+        new Bookmarks(*m_area->LEDIT1, *m_area->Tree1, config().OrchestraModified,
+                      QStringLiteral("bko"), dialogs());
+    auto *scoreMarks = new Bookmarks(*m_area->LEDIT2, *m_area->Tree2, config().ScoreModified,
+                                     QStringLiteral("bks"), dialogs());
+    m_orchestra =
+        new HalfDocument(OrchestraHalf, *m_area->LEDIT1, *orchestraMarks,
+                         config().OrchestraFileName, *m_area->LEDIT1, program(), files(), this);
+    m_score = new HalfDocument(ScoreHalf, *m_area->LEDIT2, *scoreMarks, config().ScoreFileName,
+                               *m_area->LEDIT1, program(), files(), this);
+    m_area->setDocuments(*m_orchestra, *m_score);
     const auto chooseNew = [this] { FormNew::showModal(config(), this); };
-    m_project = new ProjectDocument(m_orchestra->document(), m_score->document(), program(),
-                                    files(), chooseNew, this);
-    m_tools = new ToolToggles(program(), {&LineNumbersTool, &OnLineHelpTool, &ToolbarTool}, this);
+    m_project = new ProjectDocument(*m_orchestra, *m_score, program(), files(), chooseNew, this);
 }
 
-HalfView *FormORCSCO::newHalf(const ProjectHalf &half, LEditOCX &editor, Bookmarks &bookmarks,
-                              QString &fileName, const QString &number)
+void FormORCSCO::fillBars()
 {
-    auto *document =
-        new HalfDocument(half, editor, bookmarks, fileName, *LEDIT1, program(), files(), this);
-    auto *gutter = new Gutter(editor, config(), centralWidget());
-    gutter->setObjectName(QStringLiteral("PicNumeri") + number);
-    // Told while the view is drawn, which must not be moved then.
-    connect(gutter, &Gutter::textWidthChanged, this, &FormORCSCO::arrangeWindow,
-            Qt::QueuedConnection);
-    auto *label = newLabel(QStringLiteral("Label") + half.name, half.label(Untitled));
-    QFont small = label->font();
-    small.setPixelSize(LabelFontSize);
-    label->setFont(small);
-    label->setTextFormat(Qt::PlainText);
-    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    label->setAutoFillBackground(true);
-    label->lower(); // its row is shorter than the label: text and line numbers cover it
-    auto *toolbar = newToolbar(half.extension == u"orc" ? QStringLiteral("Toolbar2")
-                                                        : QStringLiteral("Toolbar3"),
-                               HalfToolIconSize);
-    makeCompact(*toolbar);
-    return new HalfView(*document, *gutter, *label, *toolbar, this);
+    fillMenus(projectMenus());
+    commands().fill(*m_area->Toolbar1, projectToolbar());
+    commands().fill(m_area->orchestra->toolbar(), orchestraToolbar());
+    commands().fill(m_area->score->toolbar(), scoreToolbar());
 }
 
-void FormORCSCO::buildMenus()
+void FormORCSCO::buildTools()
+{
+    m_tools = new ToolToggles(program(), {&LineNumbersTool, &OnLineHelpTool, &ToolbarTool}, this);
+    m_area->groupTools(*m_tools);
+    bindTools(*m_tools);
+    m_tools->load();
+}
+
+// Binding. ---------------------------------------------------------------------------------------
+
+void FormORCSCO::bindProject()
 {
     CommandSet &set = commands();
-    addCommands(projectCommands());
-    set.fill(*menuBar(), projectMenus(), editorSubmenus());
-    set.fill(*Toolbar1, projectToolbar());
-    set.fill(m_orchestra->toolbar(), orchestraToolbar());
-    set.fill(m_score->toolbar(), scoreToolbar());
-    menuPopup = new QMenu(this);
-    set.fill(*menuPopup, editorPopup());
+    set.bind("menuFileNuovoProgetto", m_project, &ProjectDocument::New);
+    set.bind("menuFileApriProgetto", m_project, &ProjectDocument::Open);
+    set.bind("menuFileSalvaProgetto", m_project, &ProjectDocument::Save);
+    set.bind("menuFileSalvaProgettoNome", m_project, &ProjectDocument::SaveAs);
+    set.bind("menuFileImportaCSD", m_project, &ProjectDocument::ImportCsd);
+    set.bind("menuFileConvertToCSD", m_project, &ProjectDocument::ExportToCsd);
+    connect(m_project, &ProjectDocument::opened, &recent(), &RecentMenu::refresh);
+    connect(m_project, &ProjectDocument::csdWindowDue, this,
+            [this] { handOver(program().windows.showFormCSD); });
+    connect(&recent(), &RecentMenu::chosen, m_project, &ProjectDocument::OpenRecent);
 }
 
-void FormORCSCO::groupTools()
+void FormORCSCO::bindHalves()
 {
-    for (HalfView *half : {m_orchestra, m_score})
-        m_tools->add(LineNumbersTool, &half->gutter(), [half] { return half->isShown(); });
-    m_tools->add(OnLineHelpTool, m_panels->TextOpcode);
-    m_tools->add(OnLineHelpTool, m_panels->TextParametri);
-    m_tools->add(ToolbarTool, Toolbar1);
-    bindTools(*m_tools);
-}
-
-// Arrangements. ----------------------------------------------------------------------------------
-
-Arrangement FormORCSCO::arrangement() const { return arrangementNamed(config().Arrangement); }
-
-void FormORCSCO::arrangeWindow() { arrange(arrangement()); }
-
-void FormORCSCO::arrange(Arrangement chosen)
-{
-    config().Arrangement = arrangementName(chosen);
-    checkArrangement(chosen);
-    m_orchestra->setShown(showsOrchestra(chosen), config().LineNumbersVisible);
-    m_score->setShown(showsScore(chosen), config().LineNumbersVisible);
-    SplitterH->setVisible(chosen == Arrangement::Horizontal);
-    SplitterV->setVisible(chosen == Arrangement::Vertical);
-    m_splitLine->setVisible(chosen == Arrangement::Vertical);
-    for (HalfView *half : {m_orchestra, m_score}) {
-        half->setColumn(chosen == Arrangement::Horizontal);
-        half->setNarrowLabel(chosen == Arrangement::Vertical);
-        half->gutter().takeFont();
+    CommandSet &set = commands();
+    set.bind("menuFileNuovaOrchestra", m_orchestra, &HalfDocument::New);
+    set.bind("menuFileApriOrchestra", m_orchestra, &HalfDocument::Open);
+    set.bind("menuFileSalvaOrchestra", m_orchestra, &HalfDocument::Save);
+    set.bind("menuFileSalvaOrchestraNome", m_orchestra, &HalfDocument::SaveAs);
+    set.bind("menuFileNuovaScore", m_score, &HalfDocument::New);
+    set.bind("menuFileApriScore", m_score, &HalfDocument::Open);
+    set.bind("menuFileSalvaScore", m_score, &HalfDocument::Save);
+    set.bind("menuFileSalvaScoreNome", m_score, &HalfDocument::SaveAs);
+    set.bind("menuFileProprieta", this, [this] {
+        if (const HalfView *half = m_area->focusedHalf())
+            half->document().Properties();
+    });
+    for (HalfDocument *half : {m_orchestra, m_score}) {
+        connect(half, &HalfDocument::propertiesDue, this,
+                [this](const QString &path) { ShowFileProperties(this, path); });
+        connect(half, &HalfDocument::begun, m_area->panels, &HelpPanels::clear);
     }
-    place(arrangeProject(windowState()));
-    if (chosen == Arrangement::Orchestra)
-        LEDIT1->setFocus();
-    else if (chosen == Arrangement::Score)
-        LEDIT2->setFocus();
 }
 
-ProjectWindowState FormORCSCO::windowState() const
+/// The entries of the menu act on the editor that has the focus, and do nothing without one.
+void FormORCSCO::bindEditing()
 {
-    const QSize toolbar = m_orchestra->toolbar().sizeHint();
-    ProjectWindowState state;
-    state.innerWidth = toTwips(centralWidget()->width());
-    state.innerHeight = toTwips(centralWidget()->height());
-    state.gutterWidth =
-        toTwips(std::max(m_orchestra->gutter().textWidth(), m_score->gutter().textWidth()));
-    state.toolbarHeight = state.columnHeight = toTwips(toolbar.height());
-    state.grabWidth = toTwips(SplitterH->width());
-    state.LineNumbersVisible = config().LineNumbersVisible;
-    state.OnLineHelpVisible = config().OnLineHelpVisible;
-    state.ToolbarVisible = config().ToolbarVisible;
-    state.arrangement = arrangement();
-    return state;
+    const auto edit = [this](const char *name, void (LEditOCX::*operation)()) {
+        commands().bind(name, this, [this, operation] {
+            if (LEditOCX *editor = focusedEditor())
+                (editor->*operation)();
+        });
+    };
+    edit("menuModificaUndo", &LEditOCX::Undo);
+    edit("menuModificaRedo", &LEditOCX::Redo);
+    edit("menuModificaTaglia", &LEditOCX::Cut);
+    edit("menuModificaCopia", &LEditOCX::Copy);
+    edit("menuModificaIncolla", &LEditOCX::Paste);
+    edit("menuModificaSelezionaTutto", &LEditOCX::SelectAll);
 }
 
-void FormORCSCO::place(const ProjectLayout &layout)
+void FormORCSCO::bindPanels()
 {
-    m_layout = layout;
-    Toolbar1->setGeometry(toPixels(layout.Toolbar1));
-    m_panels->TextOpcode->setGeometry(toPixels(layout.TextOpcode));
-    m_panels->TextParametri->setGeometry(toPixels(layout.TextParametri));
-    if (m_orchestra->isShown())
-        m_orchestra->place(layout.orchestra);
-    if (m_score->isShown())
-        m_score->place(layout.score);
-    m_splitLine->setGeometry(toPixels(layout.splitLine));
-    SplitterH->move(toPixels(layout.SplitterH));
-    SplitterV->move(toPixels(layout.SplitterV));
+    const auto bind = [this](const char *name, void (Bookmarks::*operation)()) {
+        commands().bind(name, this, [this, operation] {
+            if (const HalfView *half = m_area->focusedHalf())
+                (half->document().bookmarks().*operation)();
+        });
+    };
+    bind("menuPopupBookmark", &Bookmarks::InsertBookmark);
+    bind("menuPopupRemoveBookmark", &Bookmarks::RemoveBookmark);
+    bind("menuPopupRemoveAllBookmarks", &Bookmarks::RemoveAllBookmarks);
+
+    const auto toggle = [this](const char *name, bool (ProjectArea::*panel)()) {
+        QAction *const entry = commands().action(name);
+        commands().bind(name, m_area,
+                        [this, entry, panel] { entry->setChecked((m_area->*panel)()); });
+    };
+    toggle("menuWindowBarraBook", &ProjectArea::toggleBookmarksPanel);
+    toggle("menuWindowInstrument", &ProjectArea::toggleInstrumentPanel);
 }
 
-/// A drag beyond the limits leaves everything as it is.
-void FormORCSCO::dragged(const std::optional<ProjectLayout> &layout)
+void FormORCSCO::bindArrangements()
 {
-    if (layout)
-        place(*layout);
+    auto *oneOfFour = new QActionGroup(this);
+    for (const auto &[arrangement, command] : arrangementCommands) {
+        oneOfFour->addAction(commands().action(command));
+        commands().bind(command, m_area, [this, chosen = arrangement] { m_area->arrange(chosen); });
+    }
+    commands().bind("menuVisualizzaReset", m_area, [this] { m_area->arrange(); });
+    connect(m_area, &ProjectArea::arranged, this, &FormORCSCO::checkArrangement);
+}
+
+void FormORCSCO::checkArrangement(Arrangement chosen)
+{
+    for (const auto &[arrangement, command] : arrangementCommands)
+        commands().action(command)->setChecked(arrangement == chosen);
 }
 
 // What the window does itself. -------------------------------------------------------------------
-
-void FormORCSCO::toggle(FloatingPanel &panel, QPoint topLeft)
-{
-    if (panel.isShown())
-        panel.hide();
-    else
-        panel.showAt(toPixels(topLeft));
-}
-
-void FormORCSCO::toggleBookmarksPanel()
-{
-    const int left = toTwips(frameGeometry().width() - PictureBookmarks->width()) - 400;
-    toggle(*m_bookmarksPanel, {left, toTwips(LEDIT1->y()) + 33});
-    commands().action("menuWindowBarraBook")->setChecked(m_bookmarksPanel->isShown());
-}
-
-void FormORCSCO::toggleInstrumentPanel()
-{
-    const int left = toTwips(centralWidget()->width() - PictureInstrument->width()) - 150;
-    toggle(*m_instrumentPanel, {left, 50});
-    commands().action("menuWindowInstrument")->setChecked(m_instrumentPanel->isShown());
-}
-
-HalfView *FormORCSCO::focusedHalf() const
-{
-    const LEditOCX *editor = focusedEditor();
-    if (!editor)
-        return nullptr;
-    return editor == LEDIT1 ? m_orchestra : m_score;
-}
-
-LEditOCX *FormORCSCO::focusedEditor() const
-{
-    for (LEditOCX *editor : {LEDIT1, LEDIT2})
-        if (editor->hasFocus() && !editor->isHidden())
-            return editor;
-    return nullptr;
-}
-
-void FormORCSCO::insertText(const QString &text) { insertInto(*LEDIT1, text); }
-
-void FormORCSCO::applyFontSize()
-{
-    LEDIT1->SetFontSize(config().FontSize);
-    LEDIT2->SetFontSize(config().FontSize);
-    arrangeWindow();
-}
 
 void FormORCSCO::openDroppedFile(const QString &path) { m_project->OpenDroppedFile(path); }
 

@@ -3,7 +3,9 @@
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
 #include "app/modRegistry.h"
+#include "workbench/ui/CommandSet.h"
 
+#include <QMenu>
 #include <QWidget>
 
 #include <algorithm>
@@ -59,6 +61,18 @@ void ToolToggles::save() const
     for (const Tool *tool : m_tools)
         WriteRegistryString(m_program.settings, registry::WindowKey, QLatin1String(tool->value),
                             config.*tool->visible ? QString() : Hidden);
+}
+
+void ToolToggles::bindTo(CommandSet &commands, const QMenu &menu)
+{
+    for (const Tool *tool : m_tools)
+        commands.bind(tool->command, this, [this, tool] { toggle(*tool); });
+    connect(&menu, &QMenu::aboutToShow, this, [this, &commands] {
+        for (const Tool *tool : m_tools)
+            commands.action(tool->command)->setChecked(m_program.config.*tool->visible);
+    });
+    commands.bind("menuWindowAllTools", this, &ToolToggles::hideOrRestoreAll);
+    commands.bind("menuWindowRestore", this, &ToolToggles::restoreAll);
 }
 
 void ToolToggles::toggle(const Tool &tool)

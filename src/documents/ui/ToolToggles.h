@@ -6,10 +6,12 @@
 
 #include <functional>
 
+class QMenu;
 class QWidget;
 
 namespace ardiphon {
 
+class CommandSet;
 struct ConfigurationBlock;
 struct ProgramContext;
 
@@ -45,6 +47,9 @@ public:
     void load();
     /// Writes the flags, where the user wants them kept.
     void save() const;
+
+    /// Has the commands of the tools carried out, and each checked in \a menu while it is on.
+    void bindTo(CommandSet &commands, const QMenu &menu);
 
     void toggle(const Tool &tool);
     /// Hides every control, whatever its flag, or acts as Restore when no flag is set.

@@ -1,4 +1,4 @@
-#include "documents/ui/CommandSet.h"
+#include "workbench/ui/CommandSet.h"
 
 #include "app/ui/Icons.h"
 
@@ -60,6 +60,12 @@ QAction *CommandSet::action(const char *name) const
 void CommandSet::bindTo(const char *name, const char *other)
 {
     bind(name, action(other), &QAction::trigger);
+}
+
+void CommandSet::bindTo(std::span<const CommandAlias> aliases)
+{
+    for (const CommandAlias &alias : aliases)
+        bindTo(alias.name, alias.other);
 }
 
 void CommandSet::fill(QMenuBar &bar, std::span<const Menu> menus,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "documents/Commands.h"
+#include "workbench/Command.h"
 
 #include <QAction>
 #include <QHash>
@@ -36,6 +36,7 @@ public:
     }
     /// Has one command carry out another.
     void bindTo(const char *name, const char *other);
+    void bindTo(std::span<const CommandAlias> aliases);
 
     void fill(QMenuBar &bar, std::span<const Menu> menus, std::span<const Menu> submenus) const;
     void fill(QMenu &menu, const Menu &row, std::span<const Menu> submenus = {}) const;

@@ -1,0 +1,41 @@
+#include "documents/ui/Features.h"
+
+#include "analysis/ui/AnalysisFeature.h"
+#include "audio/ui/SoundFeature.h"
+#include "compile/ui/CompileFeature.h"
+#include "documents/ui/HalvesFeature.h"
+#include "documents/ui/HeadersFeature.h"
+#include "documents/ui/ProgramsFeature.h"
+#include "help/ui/HelpFeature.h"
+#include "preferences/ui/PreferencesFeature.h"
+#include "printing/ui/PrintFeature.h"
+
+namespace ardiphon {
+
+namespace {
+
+using NewFeature = std::unique_ptr<WindowFeature> (*)();
+
+template <typename Feature>
+std::unique_ptr<WindowFeature> newFeature()
+{
+    return std::make_unique<Feature>();
+}
+
+constexpr NewFeature Features[] = {
+    newFeature<HeadersFeature>,  newFeature<PreferencesFeature>, newFeature<CompileFeature>,
+    newFeature<AnalysisFeature>, newFeature<SoundFeature>,       newFeature<ProgramsFeature>,
+    newFeature<PrintFeature>,    newFeature<HalvesFeature>,      newFeature<HelpFeature>,
+};
+
+} // namespace
+
+std::vector<std::unique_ptr<WindowFeature>> programFeatures()
+{
+    std::vector<std::unique_ptr<WindowFeature>> features;
+    for (const NewFeature make : Features)
+        features.push_back(make());
+    return features;
+}
+
+} // namespace ardiphon

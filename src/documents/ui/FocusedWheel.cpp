@@ -1,0 +1,37 @@
+#include "documents/ui/FocusedWheel.h"
+
+#include "app/ConfigurationBlock.h"
+#include "language/editor/LEditOCX.h"
+#include "workbench/ui/FeatureHost.h"
+
+#include <QMainWindow>
+#include <QWheelEvent>
+
+namespace ardiphon {
+
+FocusedWheel::FocusedWheel(FeatureHost &host) : QObject(&host.owner()), m_host(host)
+{
+    host.owner().installEventFilter(this);
+}
+
+bool FocusedWheel::eventFilter(QObject *window, QEvent *event)
+{
+    if (event->type() == QEvent::Wheel)
+        return scroll(*static_cast<QWheelEvent *>(event));
+    return QObject::eventFilter(window, event);
+}
+
+/// Whether a view took it.
+bool FocusedWheel::scroll(QWheelEvent &event)
+{
+    LEditOCX *const editor = m_host.focusedEditor();
+    const int delta = event.angleDelta().y();
+    if (!editor || delta == 0)
+        return false;
+    event.accept();
+    if (const int notches = m_notches.turn(delta))
+        editor->SetTopLine(editor->TopLine() - notches * m_host.config().WheelLinesCount);
+    return true;
+}
+
+} // namespace ardiphon

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "workbench/ui/WindowFeature.h"
+
+namespace ardiphon {
+
+/// The ready-made headers, and the empty CSD where the window holds one, put in at the caret.
+class HeadersFeature : public WindowFeature
+{
+public:
+    void install(FeatureHost &host) override;
+};
+
+} // namespace ardiphon

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "workbench/ui/WindowFeature.h"
+
+namespace ardiphon {
+
+/// The print entries for the texts that the window holds, and the margins of the page.
+class PrintFeature : public WindowFeature
+{
+public:
+    void install(FeatureHost &host) override;
+};
+
+} // namespace ardiphon

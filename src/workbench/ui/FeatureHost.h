@@ -1,0 +1,74 @@
+#pragma once
+
+#include "workbench/ui/EditorView.h"
+
+#include <QList>
+
+#include <functional>
+
+class QDockWidget;
+class QMainWindow;
+class QString;
+class QWidget;
+
+namespace ardiphon {
+
+class CommandSet;
+class Dialogs;
+class ViewKeys;
+struct ConfigurationBlock;
+struct ProgramContext;
+
+/// A window beside the text, hidden until the user asks for it.
+struct Dock
+{
+    const char *name;  ///< its fixed name
+    const char *title; ///< also the caption of the command that shows it
+    Qt::DockWidgetArea area = Qt::RightDockWidgetArea;
+};
+
+/// What an editor window offers to its features. It knows none of them.
+class FeatureHost
+{
+public:
+    FeatureHost() = default;
+    FeatureHost(const FeatureHost &) = delete;
+    FeatureHost &operator=(const FeatureHost &) = delete;
+    virtual ~FeatureHost() = default;
+
+    /// The window: the owner of the feature's dialogs and the context of its connections.
+    virtual QMainWindow &owner() = 0;
+    virtual ProgramContext &program() const = 0;
+    ConfigurationBlock &config() const;
+    Dialogs &dialogs() const;
+
+    /// The commands of the window. A feature binds those of its subject; what only some windows
+    /// have it asks for with has().
+    virtual CommandSet &commands() = 0;
+    /// The keys of the views.
+    virtual ViewKeys &keys() = 0;
+    /// Has \a prepare run before the popup menu of a view is shown, with the caret where it was
+    /// clicked.
+    virtual void beforePopup(std::function<void(const EditorView &)> prepare) = 0;
+
+    /// All views, the first one first. They live as long as the window.
+    virtual QList<EditorView> views() const = 0;
+    /// The view that has the focus and is shown, or null.
+    LEditOCX *focusedEditor() const;
+    /// The editor that holds the text of that language; null where the window has no such text. The
+    /// second view of a split shows a copy and is none.
+    LEditOCX *editor(ViewLanguage language) const;
+    /// Those of all languages that the window has.
+    QList<LEditOCX *> editors() const;
+    /// The path of the document of that language as the configuration names it.
+    const QString &documentPath(ViewLanguage language) const;
+
+    /// Puts \a text in the place of the selection of the first editor, which gets the focus.
+    virtual void insertText(const QString &text) = 0;
+    /// Gives every control around the text its place again, after a size in it changed.
+    virtual void arrange() = 0;
+    /// Puts \a content, which becomes the dock's, into a dock of the window. It is hidden.
+    virtual QDockWidget *addDock(const Dock &dock, QWidget *content) = 0;
+};
+
+} // namespace ardiphon
