@@ -1,4 +1,4 @@
-#include "analysis/AnalysisTool.h"
+#include "analysis/CommonHints.h"
 
 namespace ardiphon {
 
@@ -22,11 +22,8 @@ constexpr ToolRow rows[] = {
 constexpr ToolGroup groups[] = {{"", rows}};
 
 constexpr Hint hints[] = {
-    {"Begin:",
-     "Beginning time (in seconds) of the audio segment to be analyzed.  The default is 0.0"},
-    {"Duration:",
-     "Duration (in seconds) of the audio segment to be analyzed.  The default of 0.0 means to "
-     "the end of the file.  Maximum length is 32.766 seconds."},
+    BeginHint,
+    DurationHint,
     {"Channel:",
      "Channel number sought. If omitted, the default is to process all channels. If a value is "
      "given, only the selected channel will be processed."},

@@ -1,4 +1,4 @@
-#include "analysis/AnalysisTool.h"
+#include "analysis/CommonHints.h"
 
 namespace ardiphon {
 
@@ -21,11 +21,8 @@ constexpr ToolRow rows[] = {
 constexpr ToolGroup groups[] = {{"", rows}};
 
 constexpr Hint hints[] = {
-    {"Begin:",
-     "Beginning time (in seconds) of the audio segment to be analyzed.  The default is 0.0"},
-    {"Duration:",
-     "Duration (in seconds) of the audio segment to be analyzed.  The default of 0.0 means to "
-     "the end of the file.  Maximum length is 32.766 seconds."},
+    BeginHint,
+    DurationHint,
     {"MaxAmp:", "Maximum amplitude summed across all concurrent tracks.  The default is 32767."},
     {"MinAmp:",
      "Amplitude threshold below which a single pair of amplitude/frequency tracks is "
@@ -35,18 +32,14 @@ constexpr Hint hints[] = {
     {"ButterworthLPF:",
      "Substitute a 3rd order Butterworth low-pass filter with cutoff frequency cutfreq (in "
      "Hz), in place of the default averaging comb filter.  The default is 0 (don't use)."},
-    {"Channel:", "Channel number sought.  The default is 1."},
+    ChannelHint,
     {"Partials:",
      "Number of harmonic partials sought in the audio file.  Default is 10, maximum 50."},
     {"Breakpoints:",
      "Initial number of analysis breakpoints in each amplitude and frequency track, prior to "
      "thresholding (-m) and linear breakpoint consolidation.  The initial points are spread "
      "evenly over the duration.  The default is 256."},
-    {"Sample Rate Override:",
-     "Sampling rate of the audio input file.  This will override the srate of the soundfile "
-     "header, which otherwise applies.   If neither is present, the default is 10000.  Note "
-     "that for adsyn synthesis the srate of the source file and the generating orchestra need "
-     "not be the same."},
+    SampleRateHint,
 };
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "analysis/AnalysisTool.h"
+#include "analysis/CommonHints.h"
 
 namespace ardiphon {
 
@@ -32,29 +32,22 @@ constexpr ToolRow rows[] = {
 constexpr ToolGroup groups[] = {{"", rows}};
 
 constexpr Hint hints[] = {
-    {"Begin:",
-     "Beginning time (in seconds) of the audio segment to be analyzed.  The default is 0.0"},
-    {"Duration:",
-     "Duration (in seconds) of the audio segment to be analyzed.  The default of 0.0 means to "
-     "the end of the file.  Maximum length is 32.766 seconds."},
+    BeginHint,
+    DurationHint,
     {"Poles:", "Number of poles for analysis.  The default is 34, the maximum 50."},
     {"Hopsize:",
      "Hopsize (in samples) between frames of analysis.  This determines the number of frames "
      "per second (srate / hopsize) in the output control file.  The analysis framesize is "
      "hopsize * 2 samples.  The default is 200, the maximum 500."},
-    {"Channel:", "Channel number sought.  The default is 1."},
+    ChannelHint,
     {"LowFreq:", "Lowest frequency (in Hz) of pitch tracking.  -P0 means no pitch tracking."},
     {"HighFreq:",
      "Highest frequency (in Hz) of pitch tracking.  The narrower the pitch range, the more "
      "accurate the pitch estimate.  The defaults are -P70, -Q200."},
-    {"Sample Rate Override:",
-     "Sampling rate of the audio input file.  This will override the srate of the soundfile "
-     "header, which otherwise applies.   If neither is present, the default is 10000.  Note "
-     "that for adsyn synthesis the srate of the source file and the generating orchestra need "
-     "not be the same."},
+    SampleRateHint,
     {"Comment:",
      "Text for the comments field of the lpfile header.  The default is the null string."},
-    {"Show graphic:", "Graphical display of results"},
+    GraphicHint,
     {"Verbosity:",
      "Level of terminal information during analysis.  0 = none,  1 = verbose, 2 = debug. The "
      "default is 0."},

@@ -1,4 +1,4 @@
-#include "analysis/AnalysisTool.h"
+#include "analysis/CommonHints.h"
 
 namespace ardiphon {
 
@@ -41,12 +41,9 @@ constexpr ToolRow rows[] = {
 constexpr ToolGroup groups[] = {{"", rows}};
 
 constexpr Hint hints[] = {
-    {"Begin:",
-     "Beginning time (in seconds) of the audio segment to be analyzed.  The default is 0.0"},
-    {"Duration:",
-     "Duration (in seconds) of the audio segment to be analyzed.  The default of 0.0 means to "
-     "the end of the file.  Maximum length is 32.766 seconds."},
-    {"Channel:", "Channel number sought.  The default is 1."},
+    BeginHint,
+    DurationHint,
+    ChannelHint,
     {"STFT:",
      "STFT frame size, the number of samples in each Fourier analysis frame.  Must be a power "
      "of two, in the range 16 to 16384.  For clean results, a frame must be larger than the "
@@ -64,14 +61,10 @@ constexpr Hint hints[] = {
      "default value is 4.  Do not use this flag with -h.\r\nHopsize: STFT frame "
      "offset.\r\nConverse of above, specifying the increment in samples between successive "
      "frames of analysis (see also LPANAL).  Do not use with -w."},
-    {"Sample Rate Override:",
-     "Sampling rate of the audio input file.  This will override the srate of the soundfile "
-     "header, which otherwise applies.   If neither is present, the default is 10000.  Note "
-     "that for adsyn synthesis the srate of the source file and the generating orchestra need "
-     "not be the same."},
+    SampleRateHint,
     {"Latch graphics:", "Latch graphics to prevent too frequent resizing (default 200)"},
     {"Text:", "Send output to text file 'fname'"},
-    {"Show graphic:", "Graphical display of results"},
+    GraphicHint,
 };
 
 } // namespace
