@@ -1,7 +1,6 @@
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
 #include "app/modRegistry.h"
-#include "app/ui/Form1.h"
 #include "app/ui/Icons.h"
 #include "associations/ui/FormAssociate.h"
 #include "documents/ui/FormCSD.h"
@@ -11,6 +10,7 @@
 #include "platform/RunFolder.h"
 #include "platform/ui/QtDialogs.h"
 #include "platform/ui/WheelGuard.h"
+#include "start/ui/Form1.h"
 
 #include <QApplication>
 #include <QDir>

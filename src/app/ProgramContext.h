@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/StartRules.h"
+#include "app/EditorWindows.h"
 
 namespace ardiphon {
 

@@ -1,6 +1,6 @@
-#include "app/ui/Form1.h"
 #include "associations/CsoundFiles.h"
 #include "associations/ui/FormAssociate.h"
+#include "start/ui/Form1.h"
 #include "support/TestMain.h"
 #include "support/TestProgram.h"
 

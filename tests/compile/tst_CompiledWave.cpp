@@ -17,8 +17,8 @@ using namespace StandInCompiler;
 
 namespace {
 
-const QString ready = QStringLiteral("Wave Player - Ready");
-const QString playing = QStringLiteral("Wave Player - Playing");
+const QString playerIsReady = QStringLiteral("Wave Player - Ready");
+const QString playerPlays = QStringLiteral("Wave Player - Playing");
 
 /// The names among these of the buttons that are enabled.
 QStringList enabledButtons(const ProjectDialog &dialog)
@@ -91,7 +91,7 @@ void tst_CompiledWave::realTime_onAndOffWhilePlaying_givesTheButtonsBack()
     QCOMPARE(enabledButtons(dialog), QStringList());
     dialog.click("CheckRealTime");
     dialog.click("CheckRealTime");
-    QCOMPARE(caption(dialog), ready);
+    QCOMPARE(caption(dialog), playerIsReady);
     QCOMPARE(media(dialog)->Mode(), int(MMControl::Stopped));
     QCOMPARE(enabledButtons(dialog), before);
     QCOMPARE(time(dialog), QStringLiteral("00:00"));
@@ -105,7 +105,7 @@ void tst_CompiledWave::realTime_onWhilePlaying_soundGoesOn()
     dialog.show();
     dialog.click("Play");
     dialog.click("CheckRealTime");
-    QCOMPARE(caption(dialog), playing);
+    QCOMPARE(caption(dialog), playerPlays);
     QCOMPARE(media(dialog)->Mode(), int(MMControl::Playing));
     QCOMPARE(enabledButtons(dialog), QStringList());
     dialog.click("Stop");

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/ui/FormNew.h"
 #include "documents/CsdFixture.h"
+#include "start/ui/FormNew.h"
 
 #include <QApplication>
 #include <QTimer>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/StartRules.h"
+#include "start/StartRules.h"
 #include "support/FileBytes.h"
 
 #include <QDir>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/ui/FormNew.h"
 #include "documents/ui/FormORCSCO.h"
 #include "language/editor/LEditOCX.h"
+#include "start/ui/FormNew.h"
 #include "support/Controls.h"
 #include "support/TestProgram.h"
 

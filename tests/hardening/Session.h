@@ -7,8 +7,8 @@
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
 #include "app/modRegistry.h"
-#include "app/ui/Form1.h"
 #include "platform/RunFolder.h"
+#include "start/ui/Form1.h"
 
 #include <QEventLoop>
 #include <QObject>

@@ -14,7 +14,7 @@ level() {
     case $1 in
         platform) echo 0 ;;
         app) echo 1 ;;
-        language) echo 2 ;;
+        start | language) echo 2 ;;
         workbench) echo 3 ;;
         navigation | audio | help | associations) echo 4 ;;
         compile | preferences | printing | analysis) echo 5 ;;

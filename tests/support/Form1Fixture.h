@@ -2,9 +2,9 @@
 
 #include "app/ConfigurationBlock.h"
 #include "app/modRegistry.h"
-#include "app/ui/ChooserLabel.h"
-#include "app/ui/Form1.h"
-#include "app/ui/PictureButton.h"
+#include "start/ui/ChooserLabel.h"
+#include "start/ui/Form1.h"
+#include "start/ui/PictureButton.h"
 #include "support/ScriptedDialogs.h"
 
 #include <QTemporaryDir>

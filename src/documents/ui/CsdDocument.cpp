@@ -10,6 +10,7 @@
 #include "documents/TextFile.h"
 #include "language/editor/LEditOCX.h"
 #include "navigation/ui/Bookmarks.h"
+#include "start/StartRules.h"
 
 #include <QDir>
 #include <QFileInfo>

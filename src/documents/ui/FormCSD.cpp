@@ -2,7 +2,6 @@
 
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
-#include "app/ui/FormNew.h"
 #include "documents/Commands.h"
 #include "documents/DocumentRules.h"
 #include "documents/ui/CsdArea.h"
@@ -20,6 +19,7 @@
 #include "navigation/ui/SearchWindows.h"
 #include "platform/ui/FileProperties.h"
 #include "platform/ui/TitleText.h"
+#include "start/ui/FormNew.h"
 
 #include <QCloseEvent>
 

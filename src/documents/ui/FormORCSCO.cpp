@@ -2,7 +2,6 @@
 
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
-#include "app/ui/FormNew.h"
 #include "documents/Commands.h"
 #include "documents/DocumentRules.h"
 #include "documents/ui/HalfDocument.h"
@@ -16,6 +15,7 @@
 #include "language/ui/HelpPanels.h"
 #include "navigation/ui/Bookmarks.h"
 #include "platform/ui/FileProperties.h"
+#include "start/ui/FormNew.h"
 
 #include <QActionGroup>
 #include <QCloseEvent>

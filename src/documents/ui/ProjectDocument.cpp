@@ -8,6 +8,7 @@
 #include "documents/PairQuestion.h"
 #include "documents/ui/HalfDocument.h"
 #include "language/editor/LEditOCX.h"
+#include "start/StartRules.h"
 
 #include <QFileInfo>
 

@@ -1,6 +1,6 @@
-#include "app/ui/ChooserLabel.h"
+#include "start/ui/ChooserLabel.h"
 
-#include "app/ui/ChooserColors.h"
+#include "start/ui/ChooserColors.h"
 
 #include <QMouseEvent>
 #include <QPainter>

@@ -1,7 +1,7 @@
-#include "app/ui/FormNew.h"
+#include "start/ui/FormNew.h"
 
 #include "app/ConfigurationBlock.h"
-#include "app/ui/PictureButton.h"
+#include "start/ui/PictureButton.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,16 +1,16 @@
-#include "app/ui/Form1.h"
+#include "start/ui/Form1.h"
 
 #include "app/ConfigurationBlock.h"
 #include "app/RecentFiles.h"
 #include "app/modRegistry.h"
-#include "app/ui/ChooserLabel.h"
-#include "app/ui/PictureButton.h"
-#include "app/ui/TitleStrip.h"
 #include "app/ui/ToolTip.h"
 #include "platform/Dialogs.h"
 #include "platform/FileName.h"
 #include "platform/ProgramFolder.h"
 #include "platform/Twips.h"
+#include "start/ui/ChooserLabel.h"
+#include "start/ui/PictureButton.h"
+#include "start/ui/TitleStrip.h"
 
 #include <QCloseEvent>
 #include <QDir>

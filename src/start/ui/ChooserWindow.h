@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/ui/PictureDrawing.h"
+#include "start/ui/PictureDrawing.h"
 
 #include <QDialog>
 #include <QHash>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QString>
+#include "app/EditorWindows.h"
 
-#include <functional>
+#include <QString>
 
 namespace ardiphon {
 
@@ -12,20 +12,6 @@ struct ConfigurationBlock;
 /// for, and what is neither an orchestra nor a score is a CSD.
 enum class DocumentKind { Csd, Orchestra, Score };
 DocumentKind kindOfDocument(const QString &path);
-
-/// The windows in which the program can live. A window opens the document that the configuration
-/// names.
-enum class StartWindow { Chooser, FormCSD, FormORCSCO };
-
-/// How a lower window opens an editor window.
-struct EditorWindows
-{
-    std::function<void()> showFormCSD;
-    std::function<void()> showFormORCSCO;
-
-    /// Shows an editor window; nothing for the chooser.
-    void show(StartWindow window) const;
-};
 
 /// \a path made absolute against the current directory, its spelling left alone. "." and ".." go
 /// where the path means the same file without them.

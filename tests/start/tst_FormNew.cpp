@@ -1,7 +1,7 @@
 #include "app/ConfigurationBlock.h"
-#include "app/StartRules.h"
-#include "app/ui/FormNew.h"
-#include "app/ui/PictureButton.h"
+#include "start/StartRules.h"
+#include "start/ui/FormNew.h"
+#include "start/ui/PictureButton.h"
 #include "support/TestMain.h"
 
 #include <QLabel>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/StartRules.h"
-#include "app/ui/ChooserWindow.h"
+#include "start/StartRules.h"
+#include "start/ui/ChooserWindow.h"
 
 #include <array>
 

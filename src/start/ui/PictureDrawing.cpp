@@ -1,6 +1,6 @@
-#include "app/ui/PictureDrawing.h"
+#include "start/ui/PictureDrawing.h"
 
-#include "app/ui/ChooserColors.h"
+#include "start/ui/ChooserColors.h"
 
 #include <QPainter>
 #include <QPainterPath>

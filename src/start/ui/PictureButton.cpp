@@ -1,6 +1,6 @@
-#include "app/ui/PictureButton.h"
+#include "start/ui/PictureButton.h"
 
-#include "app/ui/ChooserColors.h"
+#include "start/ui/ChooserColors.h"
 
 #include <QMouseEvent>
 #include <QPainter>

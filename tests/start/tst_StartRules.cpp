@@ -1,4 +1,4 @@
-#include "app/StartRules.h"
+#include "start/StartRules.h"
 
 #include "app/ConfigurationBlock.h"
 #include "support/TestMain.h"

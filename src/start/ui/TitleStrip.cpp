@@ -1,4 +1,4 @@
-#include "app/ui/TitleStrip.h"
+#include "start/ui/TitleStrip.h"
 
 #include <QMouseEvent>
 #include <QWindow>

@@ -1,9 +1,9 @@
-#include "app/ui/ChooserWindow.h"
+#include "start/ui/ChooserWindow.h"
 
-#include "app/ui/ChooserColors.h"
-#include "app/ui/ChooserLabel.h"
-#include "app/ui/PictureButton.h"
 #include "platform/KeyPlace.h"
+#include "start/ui/ChooserColors.h"
+#include "start/ui/ChooserLabel.h"
+#include "start/ui/PictureButton.h"
 
 #include <QCursor>
 #include <QHBoxLayout>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/ui/ChooserWindow.h"
+#include "start/ui/ChooserWindow.h"
 
 namespace ardiphon {
 

@@ -1,4 +1,4 @@
-#include "app/StartRules.h"
+#include "start/StartRules.h"
 
 #include "app/ConfigurationBlock.h"
 
@@ -15,14 +15,6 @@ DocumentKind kindOfDocument(const QString &path)
     if (ending == QLatin1String("SCO"))
         return DocumentKind::Score;
     return DocumentKind::Csd;
-}
-
-void EditorWindows::show(StartWindow window) const
-{
-    if (window == StartWindow::FormCSD)
-        showFormCSD();
-    else if (window == StartWindow::FormORCSCO)
-        showFormORCSCO();
 }
 
 QString LongPathName(const QString &path)
