@@ -4,20 +4,23 @@
 
 namespace ardiphon {
 
-// What both editor windows have: commands, submenus and the popup menu.
+// What both editor windows have: commands with their keys, submenus and the popup menu.
 std::span<const Command> editorCommands();
+std::span<const Shortcut> editorShortcuts();
 std::span<const Menu> editorSubmenus();
 const Menu &editorPopup();
 /// Entries of the popup and of the menus that stand for one another.
 std::span<const CommandAlias> editorAliases();
 
-// The CSD window: its own commands, its menu bar from left to right and its toolbar.
+// The CSD window: its own commands and keys, its menu bar from left to right and its toolbar.
 std::span<const Command> csdCommands();
+std::span<const Shortcut> csdShortcuts();
 std::span<const Menu> csdMenus();
 std::span<const ToolButton> csdToolbar();
 
 // The project's window, with the toolbars of its two halves.
 std::span<const Command> projectCommands();
+std::span<const Shortcut> projectShortcuts();
 std::span<const Menu> projectMenus();
 std::span<const ToolButton> projectToolbar();
 std::span<const ToolButton> orchestraToolbar();

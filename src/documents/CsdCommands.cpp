@@ -5,19 +5,19 @@ namespace ardiphon {
 namespace {
 
 constexpr Command commands[] = {
-    {"menuFileNuovaOrchestra", "&New File", "", "Ctrl+N"},
-    {"menuFileApriOrchestra", "&Open File", "", "Ctrl+O"},
-    {"menuFileSalvaOrchestra", "&Save File", "", "Ctrl+S"},
+    {"menuFileNuovaOrchestra", "&New File"},
+    {"menuFileApriOrchestra", "&Open File"},
+    {"menuFileSalvaOrchestra", "&Save File"},
     {"menuFileSalvaOrchestraNome", "Save File &As ..."},
     {"menuFileImportaORCSCO", "Import ORC/SCO to CSD"},
     {"menuFileConvertToORCSCO", "Export CSD to ORC/SCO"},
-    {"menuModificaTrova", "&Find", "(Ctrl+F)"},
-    {"menuModificaSostituisci", "F&ind and Replace", "(Ctrl+H)"},
-    {"menuModificaTrovaRiga", "Find &Line number", "(Ctrl+G)"},
+    {"menuModificaTrova", "&Find"},
+    {"menuModificaSostituisci", "F&ind and Replace"},
+    {"menuModificaTrovaRiga", "Find &Line number"},
     {"menuPopupLastPosition", "Go to last position"},
-    {"menuFileStampaOrchestra", "&Print Document", "", "Ctrl+P"},
+    {"menuFileStampaOrchestra", "&Print Document"},
     {"menuTemplateCSD", "&CSD Template"},
-    {"buttonSplit", "Split CSD Window", "", "", true},
+    {"buttonSplit", "Split CSD Window", true},
     {"buttonFlagsHelp", "Command Line Flags"},
 };
 

@@ -9,9 +9,23 @@ struct Command
 {
     const char *name = nullptr;    ///< its fixed name, and the objectName of its action
     const char *caption = nullptr; ///< with "&" before the access key
-    const char *keyText = "";  ///< shown behind a tab, where the key is not the shortcut's own text
-    const char *shortcut = ""; ///< in Qt's portable notation; "" for none
     bool checkable = false;
+};
+
+/// Who takes a key.
+enum class KeyTaker {
+    Window, ///< the window, as the shortcut of a command's action
+    View,   ///< a view, which hands it on to its window
+    Editor, ///< the editor control, as a key of its own
+};
+
+/// A key of an editor window.
+struct Shortcut
+{
+    const char *command = ""; ///< the one that does the same; "" where no menu has it
+    const char *key = "";     ///< in Qt's portable notation
+    const char *text = "";    ///< of the key in the menu, where it is not the toolkit's own
+    KeyTaker taker = KeyTaker::Window;
 };
 
 /// A menu: its title, and its commands by name in their order. A null name draws a line; the name

@@ -1,11 +1,12 @@
 #pragma once
 
 #include "documents/Commands.h"
+#include "documents/ui/EditorWindow.h"
+#include "language/editor/EditorKeys.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QMenu>
-#include <QMetaMethod>
 #include <QSet>
 #include <QStringList>
 #include <QTimer>
@@ -16,27 +17,49 @@
 /// does not.
 namespace CommandChecks {
 
-/// Lends what only a QObject's own class may ask.
-struct Listener : QObject
-{
-    static bool hears(const QAction *action)
-    {
-        const auto isConnected = &Listener::isSignalConnected;
-        return (action->*isConnected)(QMetaMethod::fromSignal(&QAction::triggered));
-    }
-};
-
-/// Commands without a handler, or with another caption than their table's.
-inline QStringList unbound(const QWidget &window, std::span<const ardiphon::Command> commands)
+/// Commands that do not have exactly one handler, or another caption than their table's.
+inline QStringList unbound(ardiphon::EditorWindow &window,
+                           std::span<const ardiphon::Command> commands)
 {
     QStringList found;
     for (const ardiphon::Command &command : commands) {
-        QString caption = QLatin1String(command.caption);
-        if (*command.keyText)
-            caption += u'\t' + QLatin1String(command.keyText);
         const auto *shown = window.findChild<QAction *>(QLatin1String(command.name));
-        if (!shown || !Listener::hears(shown) || shown->text() != caption)
+        const bool hasCaption =
+            shown && shown->text().section(u'\t', 0, 0) == QLatin1String(command.caption);
+        if (!hasCaption || window.commands().handlers(command.name) != 1)
             found.append(QLatin1String(command.name));
+    }
+    return found;
+}
+
+/// Keys whose command shows another text, or has another shortcut than theirs; keys for a view that
+/// mean nothing there or have no handler, and keys for the editor that mean nothing to it.
+inline QStringList wrongShortcuts(ardiphon::EditorWindow &window,
+                                  std::span<const ardiphon::Shortcut> shortcuts)
+{
+    using namespace ardiphon;
+    QStringList found;
+    for (const Shortcut &row : shortcuts) {
+        const QKeySequence key(QLatin1String(row.key));
+        const bool isWindows = row.taker == KeyTaker::Window;
+        bool isRight = !key.isEmpty();
+        if (*row.command) {
+            const auto *command = window.findChild<QAction *>(QLatin1String(row.command));
+            isRight &= command && command->text().section(u'\t', 1) == QLatin1String(row.text) &&
+                       command->shortcut() == (isWindows ? key : QKeySequence());
+        }
+        const QKeyCombination pressed = key[0];
+        if (row.taker == KeyTaker::View) {
+            const auto isHandled = [&](ViewPosition position) {
+                return window.keys().isBound(window.keys().meaning(
+                    pressed.key(), shiftState(pressed.keyboardModifiers()), position));
+            };
+            isRight &= isHandled(ViewPosition::First) || isHandled(ViewPosition::Second);
+        }
+        if (row.taker == KeyTaker::Editor)
+            isRight &= commandOfKey(pressed.key(), pressed.keyboardModifiers()) != NoCommand;
+        if (!isRight)
+            found.append(QLatin1String(row.key));
     }
     return found;
 }

@@ -1,6 +1,7 @@
 #include "documents/CommandChecks.h"
 #include "documents/CsdFixture.h"
 #include "documents/ProgramStarts.h"
+#include "help/KeySummary.h"
 #include "support/EditorInput.h"
 #include "support/TestMain.h"
 
@@ -9,6 +10,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QRegularExpression>
 #include <QTimer>
 #include <QToolBar>
 
@@ -28,6 +30,8 @@ private slots:
     void captions_areTheseTexts();
     void buttons_doWhatTheirCommandsDo();
     void shortcuts_areThereOnce();
+    void shortcuts_textKeyAndHandler_agree();
+    void shortcuts_theHelpNamesAllOfThem();
     void accessKeys_areThereOnceInEachMenu();
     void toolbar_everyButton_hasAnIconAndAName();
     void popup_holdsTheEditEntriesAndTheBookmarks();
@@ -155,6 +159,28 @@ void tst_FormCSD::shortcuts_areThereOnce()
 {
     show();
     QCOMPARE(CommandChecks::doubleShortcuts(*m_window), QStringList());
+}
+
+void tst_FormCSD::shortcuts_textKeyAndHandler_agree()
+{
+    show();
+    QCOMPARE(CommandChecks::wrongShortcuts(*m_window, csdShortcuts()), QStringList());
+    QCOMPARE(CommandChecks::wrongShortcuts(*m_window, editorShortcuts()), QStringList());
+}
+
+/// And no others. A key that only ends the program is not named there.
+void tst_FormCSD::shortcuts_theHelpNamesAllOfThem()
+{
+    QSet<QKeySequence> named;
+    static const QRegularExpression row(QStringLiteral("<tr[^>]*><td[^>]*><b>([^<]*)</b>"));
+    for (const auto &match : row.globalMatch(keySummary(QStringLiteral("#ffffff"))))
+        named.insert(QKeySequence(match.captured(1).remove(u' ').replace("PGDN", "PgDown")));
+    QSet<QKeySequence> present;
+    for (const auto &table : {editorShortcuts(), csdShortcuts(), projectShortcuts()})
+        for (const Shortcut &each : table)
+            present.insert(QKeySequence(QLatin1String(each.key)));
+    present.remove(QKeySequence(QStringLiteral("Alt+F4")));
+    QCOMPARE(named, present);
 }
 
 void tst_FormCSD::accessKeys_areThereOnceInEachMenu()

@@ -60,6 +60,8 @@ void tst_FormORCSCO::commands_haveHandlersCaptionsKeysAndPictures()
     QCOMPARE(CommandChecks::unbound(*m->window, projectCommands()), QStringList());
     QCOMPARE(CommandChecks::unbound(*m->window, editorCommands()), QStringList());
     QCOMPARE(CommandChecks::doubleShortcuts(*m->window), QStringList());
+    QCOMPARE(CommandChecks::wrongShortcuts(*m->window, projectShortcuts()), QStringList());
+    QCOMPARE(CommandChecks::wrongShortcuts(*m->window, editorShortcuts()), QStringList());
     // "&Ardiphon Help" and "&About" are given so.
     QCOMPARE(CommandChecks::doubleAccessKeys(*m->window),
              QStringList{QStringLiteral("menuInfo Alt+A")});

@@ -30,8 +30,8 @@ constexpr QSize SmallestWindow(480, 360);
 
 } // namespace
 
-EditorWindow::EditorWindow(ProgramContext &program, std::span<const Command> ownCommands,
-                           ViewKeys::Rule keyRule)
+EditorWindow::EditorWindow(ProgramContext &program, std::span<const Command> commands,
+                           std::span<const Shortcut> shortcuts, ViewKeys::Rule keyRule)
     : m_program(program),
       m_commands(this),
       m_keys(keyRule, this),
@@ -45,8 +45,8 @@ EditorWindow::EditorWindow(ProgramContext &program, std::span<const Command> own
     new FocusedWheel(*this);
     connect(new FileDrop(*this, program.dialogs), &FileDrop::dropped, this,
             &EditorWindow::openDroppedFile);
-    m_commands.add(editorCommands());
-    m_commands.add(ownCommands);
+    m_commands.add(editorCommands(), editorShortcuts());
+    m_commands.add(commands, shortcuts);
     m_commands.addGroup("menuLastFile", m_recent->entries());
 }
 

@@ -47,9 +47,10 @@ public:
     QMenu *createPopupMenu() override { return nullptr; }
 
 protected:
-    /// \a ownCommands: those that the other window lacks. \a keyRule: what keys mean in the views.
-    EditorWindow(ProgramContext &program, std::span<const Command> ownCommands,
-                 ViewKeys::Rule keyRule);
+    /// \a commands and \a shortcuts: those that the other window lacks. \a keyRule: what keys mean
+    /// in the views.
+    EditorWindow(ProgramContext &program, std::span<const Command> commands,
+                 std::span<const Shortcut> shortcuts, ViewKeys::Rule keyRule);
 
     using FeatureHost::config;
     FileChooser &files() { return m_files; }

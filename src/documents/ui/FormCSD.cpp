@@ -34,7 +34,8 @@ constexpr int RefreshInterval = 100; // milliseconds
 } // namespace
 
 FormCSD::FormCSD(ProgramContext &program)
-    : EditorWindow(program, csdCommands(), csdViewKey), m_area(new CsdArea(program.config))
+    : EditorWindow(program, csdCommands(), csdShortcuts(), csdViewKey),
+      m_area(new CsdArea(program.config))
 {
     setObjectName(QStringLiteral("FormCSD"));
     setArea(m_area);

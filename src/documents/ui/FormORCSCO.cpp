@@ -36,7 +36,7 @@ constexpr std::pair<Arrangement, const char *> arrangementCommands[] = {
 } // namespace
 
 FormORCSCO::FormORCSCO(ProgramContext &program)
-    : EditorWindow(program, projectCommands(), projectViewKey),
+    : EditorWindow(program, projectCommands(), projectShortcuts(), projectViewKey),
       m_area(new ProjectArea(program.config))
 {
     setObjectName(QStringLiteral("FormORCSCO"));

@@ -13,10 +13,20 @@ namespace ardiphon {
 
 namespace {
 
-QString shownCaption(const Command &command)
+QString shownCaption(const Command &command, const Shortcut &shortcut)
 {
-    const QString caption = QString::fromLatin1(command.caption);
-    return *command.keyText ? caption + u'\t' + QLatin1String(command.keyText) : caption;
+    const QString caption = QLatin1String(command.caption);
+    return *shortcut.text ? caption + u'\t' + QLatin1String(shortcut.text) : caption;
+}
+
+/// That of the command of that name; one without a key when there is none.
+Shortcut shortcutOf(const char *name, std::span<const Shortcut> shortcuts)
+{
+    const auto found =
+        std::find_if(shortcuts.begin(), shortcuts.end(), [name](const Shortcut &shortcut) {
+            return qstrcmp(shortcut.command, name) == 0;
+        });
+    return found == shortcuts.end() ? Shortcut() : *found;
 }
 
 const Menu *menuNamed(std::span<const Menu> menus, const char *name)
@@ -29,20 +39,21 @@ const Menu *menuNamed(std::span<const Menu> menus, const char *name)
 
 } // namespace
 
-void CommandSet::add(const Command &command)
+void CommandSet::add(const Command &command, const Shortcut &shortcut)
 {
-    auto *action = new QAction(shownCaption(command), m_window);
+    auto *action = new QAction(shownCaption(command, shortcut), m_window);
     action->setObjectName(QLatin1String(command.name));
-    action->setShortcut(QKeySequence(QLatin1String(command.shortcut)));
+    if (shortcut.taker == KeyTaker::Window)
+        action->setShortcut(QKeySequence(QLatin1String(shortcut.key)));
     action->setCheckable(command.checkable);
     m_window->addAction(action);
     m_actions.insert(command.name, {action});
 }
 
-void CommandSet::add(std::span<const Command> commands)
+void CommandSet::add(std::span<const Command> commands, std::span<const Shortcut> shortcuts)
 {
     for (const Command &command : commands)
-        add(command);
+        add(command, shortcutOf(command.name, shortcuts));
 }
 
 void CommandSet::addGroup(const char *name, const QList<QAction *> &actions)

@@ -19,8 +19,10 @@ public:
     /// The actions belong to \a window, and their shortcuts work in it.
     explicit CommandSet(QWidget *window) : m_window(window) {}
 
-    void add(const Command &command);
-    void add(std::span<const Command> commands);
+    /// \a shortcut: its key, if it has one.
+    void add(const Command &command, const Shortcut &shortcut = {});
+    /// Adds all of \a commands, each with its key among \a shortcuts.
+    void add(std::span<const Command> commands, std::span<const Shortcut> shortcuts);
     /// Names a group of actions that a menu takes as a whole.
     void addGroup(const char *name, const QList<QAction *> &actions);
 
@@ -33,7 +35,10 @@ public:
     void bind(const char *name, Receiver *receiver, Handler handler)
     {
         QObject::connect(action(name), &QAction::triggered, receiver, handler);
+        ++m_handlers[name];
     }
+    /// How many handlers were bound to the command: one, when all are bound.
+    int handlers(const char *name) const { return m_handlers.value(name); }
     /// Has one command carry out another.
     void bindTo(const char *name, const char *other);
     void bindTo(std::span<const CommandAlias> aliases);
@@ -47,6 +52,7 @@ private:
 
     QWidget *m_window;
     QHash<QByteArray, QList<QAction *>> m_actions;
+    QHash<QByteArray, int> m_handlers;
 };
 
 } // namespace ardiphon

@@ -29,6 +29,13 @@ public:
     /// given the view in which the key went down.
     void bind(ViewKey meaning, Handler handler);
 
+    /// What a key means in a view of that position.
+    ViewKey meaning(int keyCode, int shift, ViewPosition position) const
+    {
+        return m_rule(keyCode, shift, position);
+    }
+    bool isBound(ViewKey meaning) const { return m_handlers.contains(meaning); }
+
 private:
     void handle(const EditorView &view, EditorKey &key) const;
 
