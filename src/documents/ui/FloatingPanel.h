@@ -9,6 +9,9 @@ namespace ardiphon {
 
 /// Makes a panel float over its window: hidden at first, and moved by a press on its title. It
 /// stays where it is dropped until it is shown anew.
+///
+/// No QDockWidget, which floats as a window of its own: this is a part of the window, clipped by it
+/// and moved with it, and its title is a picture within it.
 class FloatingPanel : public QObject
 {
     Q_OBJECT

@@ -5,6 +5,9 @@
 namespace ardiphon {
 
 /// The small grip between the two editors of a project. It does not move itself.
+///
+/// No handle of a QSplitter, which would lay the editors out by itself: here the places of both
+/// halves and of all around them follow from one table, by the same rules for every arrangement.
 class SplitterGrip : public QWidget
 {
     Q_OBJECT
