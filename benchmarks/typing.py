@@ -23,7 +23,7 @@ PAUSE = 0.067  # seconds from key to key, a quick typist; no divisor of the wind
 LOOKING_ROUND = 4  # seconds in which the program looks once for each tag
 IDLE = 3  # seconds
 
-LEFT, WIDTH, HEIGHT = 190, 1000, 1024  # the part of the screen where the text stands
+LEFT, WIDTH, HEIGHT = 190, 1000, 1024  # the part of the screen where the text is
 
 
 class Image(ctypes.Structure):

@@ -49,7 +49,7 @@ public:
             if (line.find_first_of(" ,\"") != std::string::npos)
                 refuse(place, "more than one word");
             else if (std::find(words.begin(), words.end(), line) != words.end())
-                refuse(place, "\"" + line + "\" stands here for the second time");
+                refuse(place, "\"" + line + "\" is here for the second time");
             else
                 words.push_back(line);
         });
@@ -99,7 +99,7 @@ private:
         if (opcode[2].find('|') != std::string::npos)
             return refuse(place, "more than three fields");
         if (!m_opcodes.emplace(opcode[0], opcode).second)
-            refuse(place, "\"" + opcode[0] + "\" stands in the table already");
+            refuse(place, "\"" + opcode[0] + "\" is in the table already");
     }
 
     void refuse(const Place &place, const std::string &reason)

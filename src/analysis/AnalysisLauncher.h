@@ -4,7 +4,7 @@
 
 namespace ardiphon {
 
-/// A line of the launcher: its button and what its help mark tells. SNDINFO, which is no tool of
+/// A line of the launcher: its button and what its help mark shows. SNDINFO, which is no tool of
 /// the compiler's, has no description.
 struct LauncherRow
 {

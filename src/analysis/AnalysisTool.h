@@ -23,17 +23,17 @@ struct Choice
 
 inline constexpr int NoHint = -1;
 
-/// One option of a tool, and the line of the form in which it is set. The lines stand in the form
-/// from top to bottom as the options stand in the command line.
+/// One option of a tool, and the line of the form in which it is set. The lines of the form are in
+/// the order of the options in the command line.
 struct ToolRow
 {
     const char *label = "";     ///< of the line, or of its check box or radio button
-    const char *flag = "";      ///< stands before the value, with no blank between
+    const char *flag = "";      ///< in front of the value, with no blank between
     const char *text = "";      ///< the name of its field; its text is the value
     const char *initial = "";   ///< of the field: at first, after a revert and when left empty
     Rule rule = Rule::Always;   ///< asked of the value
     bool trimmed = false;       ///< blanks around the value are left out
-    bool number = true;         ///< the field takes only what may stand for a number
+    bool number = true;         ///< the field takes only what may be a number
     const char *proposed = "";  ///< what the field gets in place of the input's extension
     Switch kind = Switch::None; ///< of the switch; a check box enables the field too
     const char *name = "";      ///< of the switch

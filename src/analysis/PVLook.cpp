@@ -4,7 +4,7 @@ namespace ardiphon {
 
 namespace {
 
-// The flags are told by the labels alone: this form starts no tool.
+// Only the labels name the flags: this form starts no tool.
 constexpr ToolRow rows[] = {
     always("Begin Bin (-bb):", "", "TextFlags(0)", "1", 0),
     always("End Bin (-eb):", "", "TextFlags(1)", "-1", 1),

@@ -22,14 +22,14 @@ struct ToolValues
 /// \a path without its last three characters, whatever they are, and with \a suffix instead.
 QString withSuffix(const QString &path, const char *suffix);
 
-/// What keeps the tool from starting, to be told to the user; nothing when it can start.
+/// What prevents the tool from starting, to be shown to the user; nothing when it can start.
 std::optional<Message> startObstacle(const AnalysisTool &tool, const QString &fileCSound,
                                      const ToolValues &values);
 
 /// The options of the tool in their order.
 QString flagString(const AnalysisTool &tool, const ToolValues &values);
 
-/// The parameters that start the tool. File names stand between double quotes as they are.
+/// The parameters that start the tool. File names are put between double quotes unchanged.
 QString toolParameters(const AnalysisTool &tool, const ToolValues &values);
 
 } // namespace ardiphon

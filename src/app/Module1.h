@@ -4,7 +4,7 @@
 
 namespace ardiphon {
 
-/// Whether \a text may stand for a number in an analysis field: only "-", ".", "/" and digits, and
+/// Whether \a text may be a number in an analysis field: only "-", ".", "/" and digits, and
 /// at most one point. Order is not looked at, and the empty text counts as a number.
 bool IsNumericText(QStringView text);
 

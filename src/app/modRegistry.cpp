@@ -41,7 +41,7 @@ bool isFileOrNothing(const QString &path)
     return file.isFile() || !file.exists();
 }
 
-/// Below what is no folder nothing can ever stand.
+/// Below what is no folder there can never be a file.
 const QString NoPlace = QStringLiteral("/dev/null/settings.ini");
 
 } // namespace

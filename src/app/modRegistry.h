@@ -23,7 +23,7 @@ public:
     QSettings &file() { return m_file; }
     const QString &path() const { return m_path; }
 
-    /// False where something else than a file stands in its place, which could be waited for
+    /// False where something else than a file is in its place, which could be waited for
     /// without end: all values are missing then.
     bool isUsable() const;
     /// Why the last write did not reach the disk; no failure where it did.

@@ -58,7 +58,7 @@ qsizetype DefaultGroup::end() const
     return i;
 }
 
-/// What stands left of the "="; "" for a line that is no entry.
+/// What is left of the "="; "" for a line that is no entry.
 QByteArray DefaultGroup::typeOf(const QByteArray &line)
 {
     const qsizetype equals = line.indexOf('=');

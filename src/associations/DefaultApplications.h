@@ -4,7 +4,7 @@
 
 namespace ardiphon {
 
-// The user's list of default applications (mimeapps.list), as text. What else stands in it is left
+// The user's list of default applications (mimeapps.list), as text. What else is in it is left
 // alone to the byte, and what withDefault did, withoutDefault undoes.
 
 /// \a list with \a entry (the file name of a desktop entry) as the first default of \a type. A

@@ -178,7 +178,7 @@ QString CreateFileAssociation(const QString &ClassKey, const QString &Extension,
 
 QString RemoveFileAssociation(const QString &ClassKey, const QString &Extension)
 {
-    Q_UNUSED(Extension); // it stands in the package of the type alone
+    Q_UNUSED(Extension); // only the package of the type contains it
     const ClassNames names(ClassKey);
     MadeFiles files(userDataFolder());
     const auto openerText = readDocumentFile(files.path(OpenerPath));

@@ -7,8 +7,8 @@
 namespace ardiphon {
 
 /// Writes files below a folder and remembers the folders that had to be made for them, so that
-/// they can go again. Paths are relative to the folder. What fails is skipped; the first of it is
-/// told.
+/// they can be removed again. Paths are relative to the folder. What fails is skipped; the first
+/// failure is kept.
 class MadeFiles
 {
 public:

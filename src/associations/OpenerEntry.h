@@ -26,7 +26,7 @@ struct OpenerEntry
 
     /// The content of its file.
     QByteArray text() const;
-    /// The types and the made files that a file's content tells; the rest is told anew each time.
+    /// The types and the made files that a file's content names; the rest is set each time.
     static OpenerEntry fromText(const QByteArray &text);
     /// The line that tells \a types, as text() has it.
     static QByteArray typesLine(const QStringList &types);

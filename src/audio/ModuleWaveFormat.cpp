@@ -24,7 +24,7 @@ Number numberAt(QByteArrayView header, qsizetype at)
     return qFromLittleEndian<Number>(header.data() + at);
 }
 
-/// Where the head of the "data" chunk begins, or -1. Sizes are taken as they stand: the pad byte
+/// Where the head of the "data" chunk begins, or -1. Sizes are taken unchanged: the pad byte
 /// behind an odd chunk is not allowed for, and a negative size skips nothing.
 qsizetype findData(QByteArrayView header, qsizetype at)
 {

@@ -6,7 +6,7 @@
 
 namespace ardiphon {
 
-/// The numbers in the header of a RIFF wave file, as they stand there.
+/// The numbers in the header of a RIFF wave file, unchanged.
 struct WaveFormatRecord
 {
     std::int32_t AvgBytesPerSec = 0;
@@ -18,7 +18,7 @@ struct WaveFormatRecord
     std::int16_t FormatTag = 0;
     std::uint8_t Reserved2 = 0;  ///< always 0
     std::uint8_t Reserved3 = 0;  ///< always 0
-    std::int32_t DataSize = 0;   ///< as the "data" chunk tells it
+    std::int32_t DataSize = 0;   ///< as given in the "data" chunk
     std::int16_t HeaderSize = 0; ///< bytes before the samples
 
     bool operator==(const WaveFormatRecord &) const = default;

@@ -7,7 +7,7 @@ namespace ardiphon {
 /// A number in the format "0,0": at least two digits, and \a separator between the thousands.
 QString groupedNumber(qint64 number, const QString &separator);
 
-/// What FormSNDInfo tells of a file of \a fileSize bytes with that header. A header of zeros gives
+/// What FormSNDInfo says of a file of \a fileSize bytes with that header. A header of zeros gives
 /// zeros.
 QString waveInformation(const WaveFormatRecord &wave, qint64 fileSize, const QString &separator);
 

@@ -28,7 +28,7 @@ private:
     QStringList m_names;
 };
 
-/// Whether the folder \a left stands before \a right: by the letters, and by the case of them only
+/// Whether the folder \a left comes before \a right: by the letters, and by the case of them only
 /// where they are the same.
 bool folderNameLess(const QString &left, const QString &right);
 

@@ -29,7 +29,7 @@ inline constexpr int HeaderRoom = 570;
 /// The margins that \a config has in millimetres.
 PrintMargins printMargins(const ConfigurationBlock &config);
 
-/// Where the text of every page stands, in twips from the corner of the printer's scale. Empty
+/// Where the text of every page is, in twips from the corner of the printer's scale. Empty
 /// when the margins leave no room.
 QRect textRectangle(const PrinterPage &page, const PrintMargins &margins);
 

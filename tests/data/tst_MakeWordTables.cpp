@@ -117,7 +117,7 @@ void tst_MakeWordTables::badLine_isRefusedWithPlaceAndReason_data()
     const auto add = [](const char *name, const QByteArray &line, const char *reason) {
         QTest::newRow(name) << line << QString::fromLatin1(reason);
     };
-    add("duplicate", "a | Again. | a", "\"a\" stands in the table already");
+    add("duplicate", "a | Again. | a", "\"a\" is in the table already");
     add("empty name", " | Does b. | b", "empty name");
     add("empty description", "b |  | b", "empty description");
     add("empty parameters", "b | Does b. | ", "empty parameters");
@@ -162,7 +162,7 @@ void tst_MakeWordTables::duplicateInAnotherFile_isRefused()
     run.write("ops", "a | Does a. | a\n");
     run.write("more", "; comment\na | Does a too. | a\n");
     run.make({QStringLiteral("ops"), QStringLiteral("more")});
-    QCOMPARE(run.errors, QStringLiteral("more:2: \"a\" stands in the table already\n"));
+    QCOMPARE(run.errors, QStringLiteral("more:2: \"a\" is in the table already\n"));
     QCOMPARE(run.written(), QStringList());
 }
 
@@ -174,7 +174,7 @@ void tst_MakeWordTables::badWords_areRefused_data()
     QTest::newRow("comma") << QByteArray("i,f\n") << "csd:1: more than one word\n";
     QTest::newRow("quote") << QByteArray("\"i\"\n") << "csd:1: more than one word\n";
     QTest::newRow("twice") << QByteArray("i\nf\ni\n")
-                           << "csd:3: \"i\" stands here for the second time\n";
+                           << "csd:3: \"i\" is here for the second time\n";
     QTest::newRow("accent") << QByteArray("\xe8\n")
                             << "csd:1: a character that is not printable ASCII\n";
 }

@@ -80,7 +80,7 @@ int HintPanel::heightFor(int width) const
            fontMetrics().lineSpacing();
 }
 
-/// It has a ground of its own, as it hides what lies beneath.
+/// It fills its own background, as it covers other controls.
 void HintPanel::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);

@@ -99,7 +99,7 @@ private:
     QList<QAbstractButton *> m_formats;
     NumericFields *m_numbers;
     QBoxLayout *m_all;
-    QGridLayout *m_files; ///< the rows without a frame stand in it too, so that all is aligned
+    QGridLayout *m_files; ///< holds the rows without a frame too, so that all is aligned
     QList<QToolButton *> m_helpMarks; ///< by their hints
     int m_hint = 0;                   ///< the one that shows, or showed last
 

@@ -130,7 +130,7 @@ void ToolForm::buildFormats()
     m_files->addLayout(line, m_files->rowCount(), ValueColumn, 1, -1);
 }
 
-/// The first frame stands on the left, all others one below the other on the right.
+/// The first frame is on the left, all others are one below the other on the right.
 void ToolForm::buildGroups()
 {
     if (!*m_tool.groups.front().title) {
@@ -167,7 +167,7 @@ void ToolForm::buildRow(const ToolRow &row, QWidget *parent, QGridLayout &grid)
 {
     const int line = grid.rowCount();
     RowControls controls{&row};
-    QWidget *caption = nullptr; // what stands in front of the value
+    QWidget *caption = nullptr; // what is in front of the value
     if (row.kind != Switch::None)
         caption = controls.button = newSwitch(row, parent);
     else if (*row.label)

@@ -7,15 +7,15 @@
 #include <QPalette>
 #include <QSvgRenderer>
 
-// The macro wants to stand outside every namespace.
+// The macro has to be outside every namespace.
 static void initResources() { Q_INIT_RESOURCE(icons); }
 
 namespace {
 
-/// The colour that stands in the drawings for the desktop's text colour.
+/// The colour that is used in the drawings for the desktop's text colour.
 constexpr const char *DrawnColor = "#202020";
 
-/// Draws a picture anew at each size that is asked for.
+/// Draws a picture again at each size that is asked for.
 class SvgIconEngine : public QIconEngine
 {
 public:

@@ -5,7 +5,7 @@
 namespace ardiphon {
 
 /// A field for a path of any length: while it is not typed in, what does not fit is left out in its
-/// middle; the tool tip tells all of it.
+/// middle; the tool tip shows all of it.
 class PathField : public QLineEdit
 {
 public:
@@ -15,7 +15,7 @@ public:
     QString shownText() const;
 
 protected:
-    /// A tool tip that tells no more than the field is not shown.
+    /// A tool tip that says no more than the field is not shown.
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
@@ -24,7 +24,7 @@ private:
     bool textFits() const;
 };
 
-/// \a path as a tool tip: as it stands, whatever it looks like, in lines that fit on a screen.
+/// \a path as a tool tip: unchanged, whatever it looks like, in lines that fit on a screen.
 QString pathToolTip(const QString &path);
 
 } // namespace ardiphon

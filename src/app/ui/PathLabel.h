@@ -5,7 +5,7 @@
 namespace ardiphon {
 
 /// A sunken label that shows a path of any length: what does not fit is left out in its middle,
-/// and told by the tool tip.
+/// and shown in the tool tip.
 class PathLabel : public QLabel
 {
 public:

@@ -9,7 +9,7 @@ namespace ardiphon {
 class Dialogs;
 class PathLabel;
 
-/// Shows what the header of a chosen wave file tells.
+/// Shows what the header of a chosen wave file says.
 class FormSNDInfo : public QDialog
 {
     Q_OBJECT

@@ -32,9 +32,9 @@ public:
     QSize sizeHint() const override;
 
 signals:
-    /// The thumb was dragged to a new place; Value tells it already.
+    /// The thumb was dragged to a new place, which is in Value already.
     void Scroll();
-    /// The track was pressed outside the thumb, or a key moved the thumb; Value tells it already.
+    /// The track was pressed outside the thumb, or a key moved the thumb; Value is the new one.
     void Click();
     /// A mouse button went down, or up again, that went down on the thumb.
     void MouseDown();

@@ -13,7 +13,7 @@ namespace {
 constexpr qint64 BlockSamples = 16384;
 constexpr qint64 ProgressInterval = 150; // milliseconds
 
-/// As many as a wide screen has pixels, fewer where there are more channels than can be told apart.
+/// As many as a wide screen has pixels, fewer where there are more channels than one can see.
 int columnsFor(int channels)
 {
     constexpr int mostColumns = 4096;

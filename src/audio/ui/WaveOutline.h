@@ -21,15 +21,15 @@ public:
 
     /// Begins to gather the outline of that file, in the background.
     void read(const QString &path);
-    /// Shows nothing any more and lets go of the file.
+    /// Shows nothing any more and closes the file.
     void clear();
-    /// Lets go of the file and shows \a words in the place of an outline.
+    /// Closes the file and shows \a words instead of an outline.
     void say(const QString &words);
     /// Moves the line to \a position of a file of \a length; both in the same unit.
     void setPosition(int position, int length);
 
     const Peaks &peaks() const { return m_peaks; }
-    /// What is said in the place of an outline; "" for nothing.
+    /// The words shown instead of an outline; "" for none.
     const QString &words() const { return m_words; }
     bool isReading() const;
     /// Where the line is drawn, in pixels.

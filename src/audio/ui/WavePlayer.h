@@ -18,7 +18,7 @@ struct ConfigurationBlock;
 /// What a window tells the player that it holds.
 struct WavePlayerHost
 {
-    std::function<QString()> wave;         ///< the path that stands in the window's `Wave`
+    std::function<QString()> wave;         ///< the path in the window's `Wave`
     QString noWaveMessage;                 ///< of "&Wave Editor" when that is empty
     QList<QWidget *> disabledWhilePlaying; ///< beside the player's own `EditorFileWave`
     std::function<void()> close;           ///< leaves the window

@@ -112,7 +112,7 @@ QString ManualBrowser::contentOf(const QUrl &page) const
     return whole ? html : html + pageGoesOn();
 }
 
-/// A picture of a size that fits. The broken one stands for any other: left to itself, the toolkit
+/// A picture of a size that fits. The broken one replaces any other: left to itself, the toolkit
 /// would read the file whole.
 QVariant ManualBrowser::pictureOf(const QUrl &name) const
 {

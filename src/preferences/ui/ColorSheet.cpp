@@ -14,7 +14,7 @@
 
 namespace ardiphon {
 
-/// A patch, the colour that it stands for, and what hands that colour to an editor. Without an
+/// A patch, the colour that it shows, and what hands that colour to an editor. Without an
 /// operation the editors ask for the colour themselves when they draw.
 struct ColorSheet::Patch
 {

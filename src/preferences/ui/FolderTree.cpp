@@ -135,7 +135,7 @@ void FolderTree::readSlice()
         m_slices.start(0);
 }
 
-/// Adds the folders among those that are there already, which stand in their order.
+/// Adds the folders among those that are there already, which are in order.
 void FolderTree::fill(QTreeWidgetItem &item, const QStringList &names) const
 {
     const QString path = pathOf(item);

@@ -37,7 +37,7 @@ private:
     void showMargins();
     void takeMargins();
     void setDefaults();
-    /// Whether every field holds a margin; each test that fails is told.
+    /// Whether every field holds a margin; each one that does not is reported.
     bool checkFields();
 
     ConfigurationBlock &m_config;

@@ -19,7 +19,7 @@ struct PrintText
 };
 
 /// Breaks a text into pages. Lines that are too long break between words, or anywhere where a word
-/// is too long itself. A page costs what stands on it, whatever lies before and behind.
+/// is too long itself. A page costs what is on it, however long the text before and behind is.
 class PageFormatter
 {
 public:

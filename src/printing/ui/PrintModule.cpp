@@ -11,7 +11,7 @@ namespace {
 
 constexpr int RuleWidth = 10; // twips
 
-/// The header stands in the second line of the page, whatever the top margin.
+/// The header is in the second line of the page, whatever the top margin.
 void drawHeader(Printer &printer, const PrintMargins &margins, const QFont &font,
                 const QString &text)
 {

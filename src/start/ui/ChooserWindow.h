@@ -74,7 +74,7 @@ private:
     bool ButtonPressed = false;
     QPoint m_place; ///< that was asked for
     bool m_asksForPlace = false;
-    /// Of the window, as the last event of the mouse has told; none since the window moved.
+    /// Of the window, as in the last event of the mouse; none since the window moved.
     std::optional<QPoint> m_origin;
 };
 

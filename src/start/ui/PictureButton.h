@@ -6,9 +6,9 @@
 
 namespace ardiphon {
 
-/// A button that is one picture in three states. It is told its state: the window that it lies in
-/// decides which picture is lit. It signals pressed() and released() of the left mouse button, and
-/// clicked() when that counts as a choice, by the keyboard too.
+/// A button that is one picture in three states. Its state is set from outside: the window that
+/// it is in decides which picture is lit. It signals pressed() and released() of the left mouse
+/// button, and clicked() when that counts as a choice, by the keyboard too.
 class PictureButton : public QAbstractButton
 {
     Q_OBJECT
