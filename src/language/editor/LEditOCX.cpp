@@ -27,19 +27,40 @@ LEditOCX::Private::Private(LEditOCX &editor)
       text(view),
       styling(view, text),
       bookmarks(view, text),
-      presence(text)
+      presence(text),
+      recorder(text)
 {
     text.setLineEndKind(form.lineEnd);
-    QObject::connect(&view, &TextView::SCEN_CHANGE, &control, [this] {
-        match.reset();
-        ++changes;
-    });
     QObject::connect(&view, &TextView::SCN_MODIFIED, &control,
                      [this](int at, int type, const char *, int length) {
                          if (type & (Sci::SC_MOD_BEFOREINSERT | Sci::SC_MOD_BEFOREDELETE))
-                             presence.aboutToChange(at,
-                                                    type & Sci::SC_MOD_BEFOREDELETE ? length : 0);
+                             aboutToChange(at, type, length);
                      });
+}
+
+void LEditOCX::Private::aboutToChange(int at, int type, int length)
+{
+    const int removed = type & Sci::SC_MOD_BEFOREDELETE ? length : 0;
+    match.reset();
+    ++changes;
+    presence.aboutToChange(at, removed);
+    recorder.aboutToChange(at, removed);
+}
+
+void LEditOCX::Private::tellChanges()
+{
+    if (isTelling)
+        return;
+    isTelling = true;
+    for (;;) {
+        if (const auto change = recorder.take())
+            emit control.textChanged(*change, recorder.revision());
+        else if (const bool modified = control.GetState(TextState); modified != toldModified)
+            emit control.modifiedChanged(toldModified = modified);
+        else
+            break;
+    }
+    isTelling = false;
 }
 
 void LEditOCX::Private::aboutToDraw(int first, int last)
@@ -59,16 +80,25 @@ void LEditOCX::Private::mouseButton(EditorMouseButton button) { emit control.Mou
 
 void LEditOCX::Private::click() { emit control.Click(); }
 
-void LEditOCX::Private::viewChanged() { emit control.Repaint(); }
+// An assistive tool changes the text by calls of the library, and nothing tells when they are done.
+void LEditOCX::Private::viewChanged()
+{
+    if (recorder.isPending())
+        QMetaObject::invokeMethod(
+            &control, [this] { tellChanges(); }, Qt::QueuedConnection);
+    emit control.Repaint();
+}
 
 void LEditOCX::Private::replaceDocument(const DocumentText &document)
 {
+    const Operation operation(*this);
     form = document.form;
     unreadFile.clear();
     modifiedBefore = false;
     match.reset();
     bookmarks.detach();
     text.reset(document.utf8);
+    recorder.documentReplaced();
     text.setLineEndKind(form.lineEnd);
     bookmarks.attach();
     styling.prepareLongLines();
@@ -79,6 +109,7 @@ void LEditOCX::Private::changeText(QByteArrayView wanted, qsizetype changeEnd)
     const TextDifference difference = differenceOf(text.bytes(0, text.size()), wanted, changeEnd);
     if (difference.isNone())
         return;
+    const Operation operation(*this);
     const auto [start, end] = difference.wanted;
     const EditStep step(view);
     const qsizetype behind = text.replace(difference.present, wanted.sliced(start, end - start));
@@ -112,6 +143,7 @@ void LEditOCX::SetTextOf(const LEditOCX &other)
     if (d->source == &other && d->sourceChanges == other.d->changes &&
         d->changesWithSource == d->changes)
         return;
+    const Operation operation(*d);
     const qsizetype changeEnd = other.d->text.selection().end;
     d->changeText(other.d->text.bytes(0, other.d->text.size()), changeEnd);
     d->source = &other;
@@ -139,6 +171,7 @@ void LEditOCX::ClearDocument() { d->replaceDocument({}); }
 
 bool LEditOCX::LoadFile(const QString &path, FileFailure *why)
 {
+    const Operation operation(*d);
     auto bytes = readDocumentFile(path, why);
     const bool read = bytes.has_value();
     d->replaceDocument(read ? decodeDocument(*std::move(bytes)) : DocumentText());
@@ -164,26 +197,38 @@ bool LEditOCX::SaveFile(const QString &path, FileFailure *why)
 
 bool LEditOCX::GetState(int flag) const
 {
-    return flag == 2 && (d->modifiedBefore || d->view.SendScintilla(Sci::SCI_GETMODIFY) != 0);
+    return flag == TextState &&
+           (d->modifiedBefore || d->view.SendScintilla(Sci::SCI_GETMODIFY) != 0);
 }
 
 void LEditOCX::ClearState(int flag)
 {
-    if (flag != 2)
+    if (flag != TextState)
         return;
+    const Operation operation(*d);
     d->modifiedBefore = false;
     d->view.SendScintilla(Sci::SCI_SETSAVEPOINT);
 }
 
-void LEditOCX::Undo() { d->view.SendScintilla(Sci::SCI_UNDO); }
+void LEditOCX::Undo()
+{
+    const Operation operation(*d);
+    d->view.SendScintilla(Sci::SCI_UNDO);
+}
 
-void LEditOCX::Redo() { d->view.SendScintilla(Sci::SCI_REDO); }
+void LEditOCX::Redo()
+{
+    const Operation operation(*d);
+    d->view.SendScintilla(Sci::SCI_REDO);
+}
 
 void LEditOCX::ResetUndo()
 {
-    d->modifiedBefore = GetState(2);
+    d->modifiedBefore = GetState(TextState);
     d->view.SendScintilla(Sci::SCI_EMPTYUNDOBUFFER);
     d->bookmarks.forgetHistory();
 }
+
+quint64 LEditOCX::TextRevision() const { return d->recorder.revision(); }
 
 } // namespace ardiphon

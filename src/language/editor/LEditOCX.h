@@ -1,5 +1,6 @@
 #pragma once
 
+#include "language/TextChange.h"
 #include "language/TokenColors.h"
 #include "platform/Color.h"
 
@@ -95,6 +96,10 @@ public:
     void Redo();
     void ResetUndo();
 
+    /// How often the text has changed so far: the revision that textChanged() told last. A follower
+    /// that reads later than it is told compares it with the one that it knows.
+    quint64 TextRevision() const;
+
     // Caret and selection. -----------------------------------------------------------------------
 
     /// The selection record. It is not live: GetSelection fills it, SetSelection applies it.
@@ -189,7 +194,34 @@ signals:
     void KeyPress(int &character);
     void MouseButton(ardiphon::EditorMouseButton &button);
 
+    // What follows the text. ---------------------------------------------------------------------
+
+    /// The text changed, by whatever way: keys, mouse, an input method, an assistive tool, or a
+    /// call of the contract. \a revision grows by one each time.
+    ///
+    /// Told once for each operation, when it is complete and the text can be read: a character that
+    /// is typed, also over a selection; a paste; a ReplaceAll, from its first match to its last; an
+    /// Undo or a Redo of a whole step. Text = tells the lines that differ, and nothing where none
+    /// does. A document that is replaced, by LoadFile (also one that failed) or ClearDocument, is
+    /// always told as line 1, with all lines of the old text removed and all of the new one added;
+    /// an empty text has one line. Of two views that mirror each other each tells its own changes,
+    /// when they reach it.
+    ///
+    /// Told from within the call, before it returns; for a key behind its KeyPress, for the mouse
+    /// before that, for an assistive tool soon afterwards. What only moves the caret, draws, or
+    /// clears the modified state is not told.
+    ///
+    /// A follower may read everything. One that changes the text has that told behind this change,
+    /// to all, with the next revision; so whoever may be told after it reads lines only where
+    /// \a revision is TextRevision(), and joins the changes until then (TextChange::join). No
+    /// follower may delete the control.
+    void textChanged(const ardiphon::TextChange &change, quint64 revision);
+    /// GetState(TextState) is now \a modified, and was not before. Told behind the textChanged()
+    /// of the same operation.
+    void modifiedChanged(bool modified);
+
 private:
+    class Operation;
     class Private;
     const std::unique_ptr<Private> d;
 };

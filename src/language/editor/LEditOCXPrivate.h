@@ -2,6 +2,7 @@
 
 #include "language/TextPresence.h"
 #include "language/editor/Bookmarks.h"
+#include "language/editor/ChangeRecorder.h"
 #include "language/editor/LEditOCX.h"
 #include "language/editor/Styling.h"
 #include "language/editor/TextBuffer.h"
@@ -31,6 +32,8 @@ public:
     std::optional<TextRange> find(TextRange from) const;
     std::optional<TextRange> findBetween(qsizetype from, qsizetype to) const;
     void changeFont(const std::function<void(QFont &)> &change);
+    /// Tells the followers what has changed since the last time.
+    void tellChanges();
 
     LEditOCX &control;
     TextView &view;
@@ -57,13 +60,37 @@ public:
     std::optional<TextRange> match;             ///< of the last FindFirst, until the text changes
     TextPresence presence;
 
+    ChangeRecorder recorder;
+    int operations = 0;     ///< of the contract, one inside the other
+    bool isTelling = false; ///< so that a follower's own change is told behind the one it is told
+    bool toldModified = false; ///< the modified state as the followers know it
+
 private:
+    void aboutToChange(int at, int type, int length);
     void aboutToDraw(int first, int last) override;
     void keyDown(EditorKey &key) override;
     int keyPress(int character) override;
     void mouseButton(EditorMouseButton button) override;
     void click() override;
     void viewChanged() override;
+    void edited() override { tellChanges(); }
+};
+
+/// One call of the contract that may change the text or its state. What it changed is told when it
+/// is complete; so it stands before everything else that is done at the end of the call.
+class LEditOCX::Operation
+{
+public:
+    explicit Operation(Private &editor) : m_editor(editor) { ++m_editor.operations; }
+    ~Operation()
+    {
+        if (--m_editor.operations == 0)
+            m_editor.tellChanges();
+    }
+    Q_DISABLE_COPY_MOVE(Operation)
+
+private:
+    Private &m_editor;
 };
 
 } // namespace ardiphon

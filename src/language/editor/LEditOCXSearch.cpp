@@ -88,6 +88,7 @@ void LEditOCX::ReplaceAll()
     if (matches.empty())
         return;
     const QByteArray replacement = d->replaceText.toUtf8();
+    const Operation operation(*d);
     const EditStep step(d->view);
     const qsizetype size = d->text.size();
     for (const TextRange &match : matches) {

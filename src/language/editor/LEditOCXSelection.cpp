@@ -48,6 +48,7 @@ QString LEditOCX::SelText() const { return d->text.text(d->text.selection()); }
 
 void LEditOCX::SetSelText(const QString &text)
 {
+    const Operation operation(*d);
     const EditStep step(d->view);
     const qsizetype end = d->text.replace(d->text.selection(), text.toUtf8());
     d->text.select({end, end});
@@ -61,9 +62,17 @@ void LEditOCX::SelectAll() { d->view.SendScintilla(Sci::SCI_SELECTALL); }
 
 void LEditOCX::Copy() { d->view.SendScintilla(Sci::SCI_COPY); }
 
-void LEditOCX::Cut() { d->view.SendScintilla(Sci::SCI_CUT); }
+void LEditOCX::Cut()
+{
+    const Operation operation(*d);
+    d->view.SendScintilla(Sci::SCI_CUT);
+}
 
-void LEditOCX::Paste() { d->view.SendScintilla(Sci::SCI_PASTE); }
+void LEditOCX::Paste()
+{
+    const Operation operation(*d);
+    d->view.SendScintilla(Sci::SCI_PASTE);
+}
 
 void LEditOCX::UpdateCurrentWord()
 {

@@ -108,6 +108,7 @@ void TextView::withMouseEdits(Handler handler)
     const long before = SendScintilla(SCI_GETLENGTH);
     m_textChanged = false;
     handler();
+    m_owner.edited();
     if (m_textChanged)
         m_owner.keyPress(SendScintilla(SCI_GETLENGTH) < before ? MovedOut : MovedIn);
 }

@@ -18,6 +18,8 @@ public:
     virtual void mouseButton(EditorMouseButton button) = 0;
     virtual void click() = 0;
     virtual void viewChanged() = 0;
+    /// An edit by key, mouse or input method is complete, if it was one.
+    virtual void edited() = 0;
 
 protected:
     ~TextViewOwner() = default;
@@ -57,6 +59,7 @@ private:
     // Keys.
     bool runCommand(int key, Qt::KeyboardModifiers modifiers);
     bool typeControlCharacter(const QKeyEvent *event);
+    void typeControl(int character, bool back);
     void typeText(const QString &text);
     void typeCharacter(char32_t code);
     void insertNewLine();

@@ -68,6 +68,7 @@ bool TextView::runCommand(int key, Qt::KeyboardModifiers modifiers)
         break;
     default:
         SendScintilla(command);
+        m_owner.edited();
     }
     return true;
 }
@@ -77,16 +78,20 @@ bool TextView::typeControlCharacter(const QKeyEvent *event)
     const int character = controlCharacterOfKey(event->key(), event->modifiers());
     if (character == 0)
         return false;
-    if (m_owner.keyPress(character) == 0)
-        return true;
+    if (m_owner.keyPress(character) != 0)
+        typeControl(character,
+                    event->key() == Qt::Key_Backtab || event->modifiers() & Qt::ShiftModifier);
+    return true;
+}
+
+void TextView::typeControl(int character, bool back)
+{
     switch (character) {
     case 13:
         insertNewLine();
         break;
     case 9:
-        SendScintilla(event->key() == Qt::Key_Backtab || event->modifiers() & Qt::ShiftModifier
-                          ? SCI_BACKTAB
-                          : SCI_TAB);
+        SendScintilla(back ? SCI_BACKTAB : SCI_TAB);
         break;
     case 8:
         SendScintilla(SCI_DELETEBACK);
@@ -94,7 +99,7 @@ bool TextView::typeControlCharacter(const QKeyEvent *event)
     default:
         SendScintilla(SCI_CLEAR);
     }
-    return true;
+    m_owner.edited();
 }
 
 // The start of the first line that is seen, or the end of the last one that is seen whole.
@@ -182,10 +187,11 @@ void TextView::typeCharacter(char32_t code)
     const QString character = QString::fromUcs4(&code, 1);
     if (code > 0xFFFF) {
         SendScintilla(SCI_REPLACESEL, character.toUtf8().constData());
-        return;
+    } else {
+        QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, character);
+        QsciScintillaBase::keyPressEvent(&typed);
     }
-    QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, character);
-    QsciScintillaBase::keyPressEvent(&typed);
+    m_owner.edited();
 }
 
 // Overwriting replaces a selected character, so that whoever hears of the character finds in the
@@ -207,16 +213,19 @@ void TextView::inputMethodEvent(QInputMethodEvent *event)
     const QString commit = event->commitString();
     if (commit.isEmpty()) {
         QsciScintillaBase::inputMethodEvent(event);
+        m_owner.edited();
         return;
     }
     // What was shown while composing goes first, then the text comes as if it were typed.
     QInputMethodEvent composed;
     QsciScintillaBase::inputMethodEvent(&composed);
+    m_owner.edited();
     typeText(commit);
     QInputMethodEvent rest(event->preeditString(), event->attributes());
     if (!event->preeditString().isEmpty())
         QsciScintillaBase::inputMethodEvent(&rest);
     event->accept();
+    m_owner.edited();
 }
 
 } // namespace ardiphon
