@@ -51,7 +51,9 @@ FormCSD::FormCSD(ProgramContext &program)
     openNamedDocument();
 
     Timer1.setObjectName(QStringLiteral("Timer1"));
-    connect(&Timer1, &QTimer::timeout, this, &FormCSD::refresh);
+    connect(m_tags, &TagPanel::refreshRequested, &Timer1, &RefreshTimer::wake);
+    connect(m_area->LEDIT1, &LEditOCX::modifiedChanged, &Timer1, &RefreshTimer::wake);
+    connect(this, &QWidget::windowTitleChanged, &Timer1, &RefreshTimer::wake);
     Timer1.start(RefreshInterval);
     m_area->LEDIT1->setFocus();
 }
@@ -185,15 +187,16 @@ void FormCSD::setSplit(bool on)
     m_area->arrange();
 }
 
-/// Runs ten times a second; costs nothing while nothing changes.
-void FormCSD::refresh()
+/// One step of what follows the text, ten times a second. False when it was the last one needed.
+bool FormCSD::refresh()
 {
     const bool modified = m_area->LEDIT1->GetState(TextState);
     if (!modified && isEmptyText(*m_area->LEDIT1))
-        return;
-    m_tags->refreshNext();
+        return false;
+    const bool more = m_tags->refreshNext();
     if (modified)
         setWindowTitle(markedModified(windowTitle()));
+    return more;
 }
 
 void FormCSD::writeTitle() { setWindowTitle(titleText(csdTitle(config().CSDFileName))); }

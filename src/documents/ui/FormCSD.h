@@ -1,8 +1,7 @@
 #pragma once
 
 #include "documents/ui/EditorWindow.h"
-
-#include <QTimer>
+#include "documents/ui/RefreshTimer.h"
 
 namespace ardiphon {
 
@@ -40,7 +39,7 @@ private:
     void bindNavigation();
 
     void setSplit(bool on);
-    void refresh();
+    bool refresh();
     void writeTitle();
     void textReplaced();
 
@@ -50,7 +49,7 @@ private:
     TagPanel *m_tags = nullptr;
     SplitMirror *m_mirror = nullptr;
     ToolToggles *m_tools = nullptr;
-    QTimer Timer1{this};
+    RefreshTimer Timer1{[this] { return refresh(); }, this};
 };
 
 } // namespace ardiphon

@@ -54,8 +54,10 @@ FormORCSCO::FormORCSCO(ProgramContext &program)
     m_project->OpenNamedOnLoad();
 
     Timer1.setObjectName(QStringLiteral("Timer1"));
-    connect(&Timer1, &QTimer::timeout, m_area->orchestra, &HalfView::refresh);
-    connect(&Timer1, &QTimer::timeout, m_area->score, &HalfView::refresh);
+    for (HalfView *half : {m_area->orchestra, m_area->score}) {
+        connect(&Timer1, &QTimer::timeout, half, &HalfView::refresh);
+        connect(half, &HalfView::refreshRequested, &Timer1, &RefreshTimer::wake);
+    }
     Timer1.start(RefreshInterval);
 }
 

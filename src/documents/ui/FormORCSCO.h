@@ -2,8 +2,7 @@
 
 #include "documents/ProjectLayout.h"
 #include "documents/ui/EditorWindow.h"
-
-#include <QTimer>
+#include "documents/ui/RefreshTimer.h"
 
 namespace ardiphon {
 
@@ -46,7 +45,7 @@ private:
     HalfDocument *m_score = nullptr;
     ProjectDocument *m_project = nullptr;
     ToolToggles *m_tools = nullptr;
-    QTimer Timer1{this};
+    RefreshTimer Timer1{[] { return false; }, this}; ///< one tick marks both halves
 };
 
 } // namespace ardiphon

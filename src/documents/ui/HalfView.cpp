@@ -17,6 +17,7 @@ HalfView::HalfView(HalfDocument &document, Gutter &gutter, QLabel &label, QToolB
     : QObject(parent), m_document(document), m_gutter(gutter), m_label(label), m_toolbar(toolbar)
 {
     connect(&document, &HalfDocument::titleDue, this, &HalfView::writeLabel);
+    connect(&editor(), &LEditOCX::modifiedChanged, this, &HalfView::refreshRequested);
 }
 
 LEditOCX &HalfView::editor() const { return m_document.editor(); }
@@ -66,6 +67,7 @@ void HalfView::writeLabel()
     const auto narrow = ProjectHalf::shortLabel(m_document.fileName());
     m_label.setText(m_narrow && narrow ? *narrow : full);
     m_label.setToolTip(m_document.hasFile() ? plainToolTip(m_document.fileName()) : QString());
+    emit refreshRequested();
 }
 
 void HalfView::refresh()

@@ -40,6 +40,10 @@ public:
     /// Adds the mark of a modified text to the label. It goes with the next save or load.
     void refresh();
 
+signals:
+    /// The label or the modified state of the text has changed.
+    void refreshRequested();
+
 private:
     void writeLabel();
 

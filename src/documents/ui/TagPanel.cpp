@@ -8,6 +8,8 @@
 #include <QListWidget>
 #include <QTreeWidget>
 
+#include <algorithm>
+
 namespace ardiphon {
 
 namespace {
@@ -29,12 +31,21 @@ TagPanel::TagPanel(LEditOCX &editor, QTreeWidget &tree, QListWidget &list, const
             [this](const QTreeWidgetItem *node) { goTo(node->text(0)); });
     connect(&m_list, &QListWidget::itemClicked, this,
             [this](const QListWidgetItem *item) { insertWord(item->text()); });
+    connect(&m_editor, &LEditOCX::textChanged, this, &TagPanel::lookAgain);
+    lookAgain();
 }
 
-void TagPanel::refreshNext()
+void TagPanel::lookAgain()
 {
-    if (m_words.size() < 2)
-        return;
+    m_left = std::max<qsizetype>(m_words.size() - 1, 0);
+    emit refreshRequested();
+}
+
+bool TagPanel::refreshNext()
+{
+    if (m_left == 0)
+        return false;
+    --m_left;
     m_index = m_index + 1 < m_words.size() ? m_index + 1 : 1;
     const QString &word = m_words[m_index];
     QTreeWidgetItem *node = m_tree.topLevelItem(int(m_index - 1));
@@ -43,6 +54,7 @@ void TagPanel::refreshNext()
         node->setText(0, Missing);
     else if (occurs && !isShown(word))
         node->setText(0, word);
+    return m_left > 0;
 }
 
 bool TagPanel::isShown(const QString &word) const
@@ -54,6 +66,7 @@ void TagPanel::clear()
 {
     for (int i = 0; i < m_tree.topLevelItemCount(); ++i)
         m_tree.topLevelItem(i)->setText(0, Missing);
+    lookAgain();
 }
 
 void TagPanel::goTo(const QString &word)

@@ -21,12 +21,15 @@ public:
     /// \a words: the words, from index 1; index 0 is not one.
     TagPanel(LEditOCX &editor, QTreeWidget &tree, QListWidget &list, const QStringList &words);
 
-    /// Looks for the next word in turn, where the text has changed since it was looked for.
-    void refreshNext();
+    /// Looks for the next word in turn. False when each was looked for since the text changed: then
+    /// there is nothing to look for until refreshRequested().
+    bool refreshNext();
     /// Shows every word as missing until it is found again.
     void clear();
 
 signals:
+    /// The text has changed: each word is to be looked for.
+    void refreshRequested();
     /// A word of the list was inserted.
     void inserted();
 
@@ -34,12 +37,14 @@ private:
     void goTo(const QString &word);
     void insertWord(const QString &word);
     bool isShown(const QString &word) const;
+    void lookAgain();
 
     LEditOCX &m_editor;
     QTreeWidget &m_tree;
     QListWidget &m_list;
     const QStringList &m_words;
     qsizetype m_index = 0;
+    qsizetype m_left = 0; ///< so many words were not looked for yet
 };
 
 } // namespace ardiphon
