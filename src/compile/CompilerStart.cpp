@@ -1,6 +1,7 @@
 #include "compile/CompilerStart.h"
 
 #include "compile/CompilerEnvironment.h"
+#include "platform/CommandText.h"
 #include "platform/StartDetached.h"
 #include "platform/Terminal.h"
 
@@ -16,9 +17,10 @@ void startCompiler(const QString &compiler, const QString &parameters, const QSt
                                                  : QStandardPaths::findExecutable(compiler));
     if (!file.isFile() || !file.isExecutable()) // no empty terminal for that
         return;
-    startInTerminal({file.absoluteFilePath(), parameters, ExecutableDirectory(compiler),
-                     compilerEnvironment(QFileInfo(document).absolutePath())},
-                    programFolder);
+    ProgramCommand command =
+        commandOf(file.absoluteFilePath(), parameters, ExecutableDirectory(compiler));
+    command.environment = compilerEnvironment(QFileInfo(document).absolutePath());
+    startInTerminal(command, programFolder);
 }
 
 } // namespace ardiphon

@@ -1,6 +1,5 @@
 #include "platform/ChildProcess.h"
 
-#include "platform/CommandText.h"
 #include "platform/TerminalRun.h"
 
 #include <QDir>
@@ -41,8 +40,8 @@ ChildProcess::~ChildProcess() = default;
 
 void ChildProcess::start(const ProcessStart &start)
 {
-    m_executable = locate(start.executable);
-    if (!canStart(m_executable, start.directory))
+    m_executable = locate(start.command.executable);
+    if (!canStart(m_executable, start.command.directory))
         return finishUnstarted();
     if (start.show == ShowCommand::Hidden || !startInWindow(start))
         startHere(start);
@@ -60,8 +59,9 @@ bool ChildProcess::startInWindow(const ProcessStart &start)
         else
             startHere(start);
     });
-    if (!terminal->start({m_executable, start.parameters, start.directory, start.environment},
-                         start.programFolder, start.terminalLimit))
+    ProgramCommand command = start.command;
+    command.executable = m_executable;
+    if (!terminal->start(command, start.programFolder, start.terminalLimit))
         return false;
     m_terminal = std::move(terminal);
     m_started = true;
@@ -82,10 +82,10 @@ GuardedProgram ChildProcess::guarded(const ProcessStart &start) const
     GuardedProgram program;
     program.path = QFile::encodeName(m_executable);
     program.arguments.append(program.path);
-    for (const QString &argument : splitCommandText(start.parameters))
+    for (const QString &argument : start.command.arguments)
         program.arguments.append(QFile::encodeName(argument));
-    program.environment = changedVariables(start.environment);
-    program.directory = QFile::encodeName(start.directory);
+    program.environment = changedVariables(start.command.environment);
+    program.directory = QFile::encodeName(start.command.directory);
     program.hidden = start.show == ShowCommand::Hidden;
     return program;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/ChildEnvironment.h"
 #include "platform/Guard.h"
+#include "platform/ProgramCommand.h"
 
 #include <QObject>
 #include <QString>
@@ -25,11 +25,8 @@ enum class ShowCommand {
 /// What is started and how.
 struct ProcessStart
 {
-    QString executable; ///< a path, or a bare name that is looked for in the search path
-    QString parameters; ///< split by splitCommandText
-    QString directory;  ///< where the child starts; "" is the current directory
+    ProgramCommand command;
     ShowCommand show = ShowCommand::Hidden;
-    QList<EnvironmentChange> environment;
     QString programFolder = {}; ///< where `ArdiphonConsole` is; "" for no terminal
     /// How long a terminal may take to open its window; then the program starts without one.
     std::chrono::milliseconds terminalLimit = std::chrono::seconds(15);

@@ -1,6 +1,7 @@
 #include "platform/CommandText.h"
 
 #include <optional>
+#include <utility>
 
 namespace ardiphon {
 
@@ -41,6 +42,12 @@ QStringList splitCommandText(const QString &commandText)
     if (argument)
         arguments.append(*argument);
     return arguments;
+}
+
+ProgramCommand commandOf(const QString &executable, const QString &parameters,
+                         const QString &directory)
+{
+    return {executable, splitCommandText(parameters), directory};
 }
 
 } // namespace ardiphon

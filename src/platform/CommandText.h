@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include "platform/ProgramCommand.h"
 
 namespace ardiphon {
 
@@ -13,5 +12,11 @@ QString quoted(const QString &text);
 /// them, double quotes hold them together, and two double quotes within quotes stand for one. All
 /// other characters mean themselves. A quote that is never closed reaches to the end.
 QStringList splitCommandText(const QString &commandText);
+
+/// The command of those who keep its arguments as a text, \a parameters, to show it or to add what
+/// a user has typed. Nothing else in the program splits a text: all that starts a program takes the
+/// list.
+ProgramCommand commandOf(const QString &executable, const QString &parameters,
+                         const QString &directory);
 
 } // namespace ardiphon

@@ -22,7 +22,7 @@ bool StartCommandPrompt() { return startTerminal(QStringLiteral("/")); }
 bool StartCalculator()
 {
     return std::any_of(std::begin(Calculators), std::end(Calculators), [](const char *program) {
-        return StartDetached(QLatin1String(program), QString(), QString());
+        return StartDetached(QLatin1String(program), {}, QString());
     });
 }
 

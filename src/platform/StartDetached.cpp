@@ -1,7 +1,5 @@
 #include "platform/StartDetached.h"
 
-#include "platform/CommandText.h"
-
 #include <QProcess>
 
 namespace ardiphon {
@@ -11,12 +9,12 @@ QString ExecutableDirectory(const QString &path)
     return path.left(qMax(path.lastIndexOf(u'/'), qsizetype(0)));
 }
 
-bool StartDetached(const QString &file, const QString &parameters, const QString &directory,
+bool StartDetached(const QString &file, const QStringList &arguments, const QString &directory,
                    const QList<EnvironmentChange> &environment)
 {
     QProcess process;
     process.setProgram(file);
-    process.setArguments(splitCommandText(parameters));
+    process.setArguments(arguments);
     process.setWorkingDirectory(directory);
     process.setProcessEnvironment(changedEnvironment(environment));
     process.setStandardInputFile(QProcess::nullDevice());

@@ -3,6 +3,7 @@
 #include "platform/ChildEnvironment.h"
 
 #include <QString>
+#include <QStringList>
 
 namespace ardiphon {
 
@@ -10,9 +11,9 @@ namespace ardiphon {
 QString ExecutableDirectory(const QString &path);
 
 /// Starts a program that goes on by itself, whatever becomes of this one. \a file is a path, or a
-/// bare name that is looked for in the search path; \a parameters are split by splitCommandText; an
+/// bare name that is looked for in the search path; each of \a arguments reaches it as it is; an
 /// empty \a directory is the current one. False when it could not be started.
-bool StartDetached(const QString &file, const QString &parameters, const QString &directory,
+bool StartDetached(const QString &file, const QStringList &arguments, const QString &directory,
                    const QList<EnvironmentChange> &environment = {});
 
 } // namespace ardiphon

@@ -1,6 +1,5 @@
 #include "platform/Terminal.h"
 
-#include "platform/CommandText.h"
 #include "platform/StartDetached.h"
 
 #include <QFileInfo>
@@ -39,19 +38,19 @@ constexpr Terminal terminals[] = {
     {"xterm", "-e"},
 };
 
-/// The arguments of ArdiphonConsole, in front of the program's own.
-QStringList consoleArguments(const ConsoleStart &start)
+/// What ArdiphonConsole is given, the program with its own arguments at the end.
+QStringList consoleArguments(const ProgramCommand &command, const QString &reportTo)
 {
     QStringList arguments;
-    if (!start.reportTo.isEmpty())
-        arguments << QStringLiteral("--report") << start.reportTo;
-    for (const EnvironmentChange &change : start.environment) {
+    if (!reportTo.isEmpty())
+        arguments << QStringLiteral("--report") << reportTo;
+    for (const EnvironmentChange &change : command.environment) {
         if (change.value)
             arguments << QStringLiteral("--set") << change.name + u'=' + *change.value;
         else
             arguments << QStringLiteral("--unset") << change.name;
     }
-    return arguments << start.directory << start.file;
+    return arguments << command.directory << command.executable << command.arguments;
 }
 
 } // namespace
@@ -60,32 +59,31 @@ bool startTerminal(const QString &directory)
 {
     return std::any_of(std::begin(terminals), std::end(terminals),
                        [&directory](const Terminal &terminal) {
-                           return StartDetached(QLatin1String(terminal.name), QString(), directory);
+                           return StartDetached(QLatin1String(terminal.name), {}, directory);
                        });
 }
 
-bool startConsole(const ConsoleStart &start, const QString &programFolder)
+bool startConsole(const ProgramCommand &command, const QString &programFolder,
+                  const QString &reportTo)
 {
     const QString console = programFolder + QStringLiteral("/ArdiphonConsole");
     if (programFolder.isEmpty() || !QFileInfo(console).isExecutable())
         return false;
     // Some terminals open their windows from a process that was there before and is elsewhere, so
     // directory and environment go to the console, which also tells when there is no such place.
-    QString line = quoted(console);
-    for (const QString &argument : consoleArguments(start))
-        line += u' ' + quoted(argument);
-    line += u' ' + start.parameters;
+    const QStringList line = QStringList(console) + consoleArguments(command, reportTo);
     return std::any_of(std::begin(terminals), std::end(terminals), [&](const Terminal &terminal) {
         const QString path = QStandardPaths::findExecutable(QLatin1String(terminal.name));
         return terminal.option && !path.isEmpty() &&
-               StartDetached(path, QLatin1String(terminal.option) + u' ' + line, QString());
+               StartDetached(path, QStringList(QLatin1String(terminal.option)) + line, QString());
     });
 }
 
-bool startInTerminal(const ConsoleStart &start, const QString &programFolder)
+bool startInTerminal(const ProgramCommand &command, const QString &programFolder)
 {
-    return startConsole(start, programFolder) ||
-           StartDetached(start.file, start.parameters, start.directory, start.environment);
+    return startConsole(command, programFolder) ||
+           StartDetached(command.executable, command.arguments, command.directory,
+                         command.environment);
 }
 
 } // namespace ardiphon

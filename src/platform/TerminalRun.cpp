@@ -17,13 +17,12 @@ TerminalRun::TerminalRun(QObject *parent) : QObject(parent)
 
 TerminalRun::~TerminalRun() { closeSocket(); }
 
-bool TerminalRun::start(ConsoleStart start, const QString &programFolder,
+bool TerminalRun::start(const ProgramCommand &command, const QString &programFolder,
                         std::chrono::milliseconds limit)
 {
     if (!listen())
         return false;
-    start.reportTo = m_name;
-    if (!startConsole(start, programFolder)) {
+    if (!startConsole(command, programFolder, m_name)) {
         closeSocket();
         return false;
     }

@@ -23,10 +23,11 @@ public:
     explicit TerminalRun(QObject *parent = nullptr);
     ~TerminalRun() override;
 
-    /// Starts \a start, once for each object, by the `ArdiphonConsole` in \a programFolder, with
+    /// Starts \a command, once for each object, by the `ArdiphonConsole` in \a programFolder, with
     /// \a limit for the terminal to open its window. False when there is no terminal: nothing was
     /// started then.
-    bool start(ConsoleStart start, const QString &programFolder, std::chrono::milliseconds limit);
+    bool start(const ProgramCommand &command, const QString &programFolder,
+               std::chrono::milliseconds limit);
 
     /// Ends the program and closes its window; ended() follows.
     void stop();

@@ -2,6 +2,7 @@
 // terminal. What the form's run writes is compared with what the same line writes in a shell.
 
 #include "analysis/ShownForm.h"
+#include "platform/CommandText.h"
 #include "platform/Terminal.h"
 #include "support/TestMain.h"
 #include "support/WaveBytes.h"
@@ -86,7 +87,7 @@ void tst_ToolRuns::show(const AnalysisTool &tool)
     m_form->program.config.FileCSound = m_csound;
     m_form->passOn = [this](const QString &file, const QString &parameters,
                             const QString &directory) {
-        startInTerminal({file, parameters, directory}, m_programFolder);
+        startInTerminal(commandOf(file, parameters, directory), m_programFolder);
     };
     m_form->program.write(QStringLiteral("a tone.wav"), tone(8000));
     m_form->program.write(QStringLiteral("some noise.wav"), tone(0));
@@ -230,7 +231,7 @@ void tst_ToolRuns::terminal_console_startsInTheDirectory()
 {
     show(CVAnal);
     QVERIFY(QDir(path(QString())).mkdir(QStringLiteral("a folder")));
-    startInTerminal({QStringLiteral("/bin/pwd"), QString(), path(QStringLiteral("a folder"))},
+    startInTerminal({QStringLiteral("/bin/pwd"), {}, path(QStringLiteral("a folder"))},
                     m_programFolder);
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(path(QStringLiteral("done"))), 60000);
     QVERIFY(read("log").startsWith(path(QStringLiteral("a folder")).toUtf8() + '\n'));

@@ -54,4 +54,10 @@ if includes '<QtWidgets|<Q(Widget|Application|MainWindow|Dialog|Label|Menu)>' |
     grep -vE '^\./(main\.cpp|[a-z]+/ui/|language/editor/)'; then
     fail "a rule without a window includes a widget"
 fi
+
+# The text of a command becomes its arguments in one place; whoever has a text asks commandOf.
+while IFS=: read -r file line _; do
+    fail "$file:$line: splitCommandText is for platform/CommandText alone"
+done < <(grep -rn 'splitCommandText(' --include='*.cpp' --include='*.h' . |
+    grep -v '^\./platform/CommandText\.')
 [ "$failures" -eq 0 ]

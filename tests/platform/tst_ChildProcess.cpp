@@ -1,5 +1,4 @@
 #include "platform/ChildProcess.h"
-#include "platform/CommandText.h"
 #include "platform/StartDetached.h"
 #include "support/StandInCompiler.h"
 #include "support/TestMain.h"
@@ -74,8 +73,8 @@ void tst_ChildProcess::cleanup() { QDir::setCurrent(m_current); }
 ProcessStart tst_ChildProcess::piece(const QString &name)
 {
     ProcessStart start;
-    start.executable = StandInCompiler::path();
-    start.parameters = quoted(path(name)) + QStringLiteral(" -O") + path(QStringLiteral("log"));
+    start.command.executable = StandInCompiler::path();
+    start.command.arguments = {path(name), QStringLiteral("-O") + path(QStringLiteral("log"))};
     return start;
 }
 
@@ -87,8 +86,8 @@ ProcessStart tst_ChildProcess::script(const QByteArray &lines)
         qFatal("cannot write the script");
     file.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
     ProcessStart start;
-    start.executable = file.fileName();
-    start.directory = m_folder->path();
+    start.command.executable = file.fileName();
+    start.command.directory = m_folder->path();
     return start;
 }
 
@@ -135,8 +134,8 @@ void tst_ChildProcess::start_directoryAndEnvironment_reachTheChild()
 {
     qputenv("LC_ALL", "C.UTF-8");
     ProcessStart start = piece("lists.csd");
-    start.directory = m_folder->path();
-    start.environment = {{"SFDIR", "/some where"}, {"LC_ALL", std::nullopt}};
+    start.command.directory = m_folder->path();
+    start.command.environment = {{"SFDIR", "/some where"}, {"LC_ALL", std::nullopt}};
     ChildProcess process;
     process.start(start);
     QTRY_COMPARE(process.end(), ProcessEnd::Ended);
@@ -186,9 +185,9 @@ void tst_ChildProcess::start_cannot_oneEndThatSaysWhy()
     if (kind == QLatin1String("garbage"))
         QVERIFY(file.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
     ProcessStart start = piece("slow.csd");
-    start.executable = executables.value(kind);
+    start.command.executable = executables.value(kind);
     if (kind == QLatin1String("directory"))
-        start.directory = path("gone");
+        start.command.directory = path("gone");
     ChildProcess process;
     QSignalSpy ended(&process, &ChildProcess::ended);
     QSignalSpy started(&process, &ChildProcess::started);
@@ -221,9 +220,9 @@ void tst_ChildProcess::start_cannot_leavesNoHandle()
     };
     const auto startBoth = [&] {
         ChildProcess process;
-        process.start({executable, QString(), directory, ShowCommand::Hidden, {}});
+        process.start({{executable, {}, directory}});
         QTRY_VERIFY(process.end());
-        QVERIFY(!StartDetached(executable, QString(), directory));
+        QVERIFY(!StartDetached(executable, {}, directory));
     };
     startBoth(); // what stays open from the first start on is none of each
     const auto before = handles();
@@ -236,7 +235,7 @@ void tst_ChildProcess::start_bareName_isFoundInTheSearchPath()
     const QByteArray before = qgetenv("PATH");
     qputenv("PATH", QFile::encodeName(QCoreApplication::applicationDirPath()) + ':' + before);
     ProcessStart start = piece("quiet.csd");
-    start.executable = "stand_in_compiler";
+    start.command.executable = "stand_in_compiler";
     ChildProcess process;
     process.start(start);
     qputenv("PATH", before);
@@ -247,8 +246,8 @@ void tst_ChildProcess::start_relativePath_isFromTheCurrentDirectory()
 {
     QVERIFY(QDir::setCurrent(QCoreApplication::applicationDirPath()));
     ProcessStart start = piece("quiet.csd");
-    start.executable = "./stand_in_compiler";
-    start.directory = m_folder->path();
+    start.command.executable = "./stand_in_compiler";
+    start.command.directory = m_folder->path();
     ChildProcess process;
     process.start(start);
     QTRY_COMPARE(process.end(), ProcessEnd::Ended);

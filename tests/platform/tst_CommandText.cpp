@@ -15,6 +15,7 @@ private slots:
     void quoted_anyName_comesBackAsOneArgument_data();
     void quoted_anyName_comesBackAsOneArgument();
     void quoted_gluedToText_staysInThatArgument();
+    void command_ofAText_hasItsArguments();
 };
 
 void tst_CommandText::split_text_argumentsByQuotes_data()
@@ -68,6 +69,17 @@ void tst_CommandText::quoted_gluedToText_staysInThatArgument()
 {
     QCOMPARE(splitCommandText(QStringLiteral("--file=") + quoted(QStringLiteral("a b"))),
              QStringList{"--file=a b"});
+}
+
+void tst_CommandText::command_ofAText_hasItsArguments()
+{
+    const ProgramCommand command =
+        commandOf(QStringLiteral("/the tools/compiler"), QStringLiteral("-W -o \"a b.wav\" \"\""),
+                  QStringLiteral("/the tools"));
+    QCOMPARE(command.executable, QStringLiteral("/the tools/compiler")); // is no text to split
+    QCOMPARE(command.arguments, QStringList({"-W", "-o", "a b.wav", ""}));
+    QCOMPARE(command.directory, QStringLiteral("/the tools"));
+    QVERIFY(command.environment.isEmpty());
 }
 
 ARDIPHON_TEST(tst_CommandText, NoApplication)

@@ -99,8 +99,8 @@ ProcessStart tst_TerminalRun::script(const QByteArray &lines) const
 {
     write("compiler", "#!/bin/sh\n" + lines);
     ProcessStart start;
-    start.executable = path("compiler");
-    start.directory = m_folder->path();
+    start.command.executable = path("compiler");
+    start.command.directory = m_folder->path();
     start.show = ShowCommand::Normal;
     start.programFolder = QStringLiteral(PROGRAM_DIR);
     return start;
@@ -112,7 +112,7 @@ void tst_TerminalRun::end_byItself_isToldAndTheWindowStays()
     QSignalSpy started(&process, &ChildProcess::started);
     QSignalSpy ended(&process, &ChildProcess::ended);
     ProcessStart start = script("echo \"heard $1\"\nexit 3\n");
-    start.parameters = QStringLiteral("\"a $HOME; b\"");
+    start.command.arguments = {QStringLiteral("a $HOME; b")};
     process.start(start);
     QVERIFY(process.isStarted());
     QTRY_COMPARE(process.end(), ProcessEnd::Ended);
@@ -127,7 +127,7 @@ void tst_TerminalRun::environmentAndDirectory_reachTheProgram()
 {
     qputenv("ARDIPHON_GONE", "there");
     ProcessStart start = script("pwd\necho \"$SFDIR\"\necho \"${ARDIPHON_GONE-none}\"\n");
-    start.environment = {{"SFDIR", "/a \"folder\"=x"}, {"ARDIPHON_GONE", std::nullopt}};
+    start.command.environment = {{"SFDIR", "/a \"folder\"=x"}, {"ARDIPHON_GONE", std::nullopt}};
     ChildProcess process;
     process.start(start);
     QTRY_COMPARE(process.end(), ProcessEnd::Ended);
@@ -226,7 +226,7 @@ void tst_TerminalRun::noProgram_isAFailedStart()
     process.start(start);
     QTRY_COMPARE(process.end(), ProcessEnd::StartFailed);
     ChildProcess other;
-    start.executable = path("gone");
+    start.command.executable = path("gone");
     other.start(start);
     QCOMPARE(other.end(), ProcessEnd::NotFound);
 }

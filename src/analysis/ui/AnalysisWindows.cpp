@@ -2,6 +2,7 @@
 
 #include "analysis/ui/FormDNoise.h"
 #include "analysis/ui/FormPVLook.h"
+#include "platform/CommandText.h"
 #include "platform/Terminal.h"
 
 #include <QCoreApplication>
@@ -10,11 +11,11 @@ namespace ardiphon {
 
 ToolContext ToolContext::real(const ConfigurationBlock &config, Dialogs &dialogs)
 {
-    return {
-        config, dialogs,
-        [](const QString &file, const QString &parameters, const QString &directory) {
-            startInTerminal({file, parameters, directory}, QCoreApplication::applicationDirPath());
-        }};
+    return {config, dialogs,
+            [](const QString &file, const QString &parameters, const QString &directory) {
+                startInTerminal(commandOf(file, parameters, directory),
+                                QCoreApplication::applicationDirPath());
+            }};
 }
 
 std::unique_ptr<QDialog> newToolForm(const AnalysisTool &tool, const ToolContext &context,

@@ -5,7 +5,6 @@
 #include "audio/WaveTexts.h"
 #include "audio/ui/MySlider.h"
 #include "audio/ui/WaveOutline.h"
-#include "platform/CommandText.h"
 #include "platform/Dialogs.h"
 #include "platform/StartDetached.h"
 #include "platform/ui/MMControl.h"
@@ -256,7 +255,7 @@ void WavePlayer::startWaveEditor()
         m_dialogs.message({QStringLiteral("File not found!")});
         return;
     }
-    StartDetached(m_config.WaveEditor, quoted(m_host.wave()), QString());
+    StartDetached(m_config.WaveEditor, {m_host.wave()}, QString());
     m_host.close();
 }
 

@@ -2,6 +2,7 @@
 
 #include "compile/CompileRules.h"
 #include "compile/CompilerEnvironment.h"
+#include "platform/CommandText.h"
 #include "platform/Dialogs.h"
 #include "platform/RunFolder.h"
 
@@ -193,9 +194,9 @@ bool RunConsoleProcess(RunOwner &owner, const QString &executable, const QString
         restoreRunFolder(QFileInfo(owner.compileLogFile).path());
         QFile::remove(owner.compileLogFile);
     }
-    return WaitingRun(owner).run({executable, parameters, directory, showCommand,
-                                  compilerEnvironment(owner.documentFolder),
-                                  owner.system().programFolder});
+    ProgramCommand command = commandOf(executable, parameters, directory);
+    command.environment = compilerEnvironment(owner.documentFolder);
+    return WaitingRun(owner).run({command, showCommand, owner.system().programFolder});
 }
 
 } // namespace ardiphon

@@ -68,7 +68,7 @@ private:
 /// Starts a program and returns when it has ended, was stopped or could not start; events are
 /// handled meanwhile, so another run of the same window may nest inside. True when it ended by
 /// itself, whatever its exit code: only then the window's closing steps are due. A failed start
-/// is told to the user here.
+/// is told to the user here. \a parameters are the text of the arguments, as commandOf takes it.
 [[nodiscard]] bool RunConsoleProcess(RunOwner &owner, const QString &executable,
                                      const QString &parameters, const QString &directory,
                                      ShowCommand showCommand);
