@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Guard.h"
+#include "platform/linux/Guard.h"
 #include "platform/ProgramCommand.h"
 
 #include <QObject>

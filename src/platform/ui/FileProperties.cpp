@@ -1,10 +1,8 @@
 #include "platform/ui/FileProperties.h"
 
+#include "platform/ui/FileManager.h"
 #include "platform/ui/TitleText.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDateTime>
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -12,7 +10,6 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLocale>
-#include <QUrl>
 
 namespace ardiphon {
 
@@ -70,22 +67,7 @@ void ShowFileProperties(QWidget *owner, const QString &path)
     const QFileInfo file(path);
     if (!file.exists())
         return;
-    const QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected())
-        return showDialog(owner, file);
-
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.FileManager1"),
-        QStringLiteral("/org/freedesktop/FileManager1"),
-        QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItemProperties"));
-    call << QStringList{QUrl::fromLocalFile(file.absoluteFilePath()).toString(QUrl::FullyEncoded)}
-         << QString();
-    auto *reply = new QDBusPendingCallWatcher(bus.asyncCall(call), owner);
-    QObject::connect(reply, &QDBusPendingCallWatcher::finished, owner, [owner, file, reply] {
-        reply->deleteLater();
-        if (reply->isError())
-            showDialog(owner, file);
-    });
+    askForProperties(owner, file.absoluteFilePath(), [owner, file] { showDialog(owner, file); });
 }
 
 } // namespace ardiphon

@@ -9,8 +9,8 @@
 // is told of the end, and when it lets go of the connection the program is ended and the terminal
 // closes.
 
-#include "platform/ConsoleReport.h"
-#include "platform/Descendants.h"
+#include "platform/linux/ConsoleReport.h"
+#include "platform/linux/Descendants.h"
 
 #include <cstddef>
 #include <cstdio>

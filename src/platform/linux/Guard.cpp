@@ -1,6 +1,6 @@
-#include "platform/Guard.h"
+#include "platform/linux/Guard.h"
 
-#include "platform/Descendants.h"
+#include "platform/linux/Descendants.h"
 
 #include <climits>
 #include <sys/signalfd.h>

@@ -1,6 +1,6 @@
 #include "platform/TerminalRun.h"
 
-#include "platform/ConsoleReport.h"
+#include "platform/linux/ConsoleReport.h"
 
 #include <QSocketNotifier>
 #include <QUuid>
