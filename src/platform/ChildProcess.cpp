@@ -1,11 +1,11 @@
 #include "platform/ChildProcess.h"
 
+#include "platform/GuardedRun.h"
 #include "platform/TerminalRun.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QSocketNotifier>
+#include <QPointer>
 #include <QStandardPaths>
 
 #include <utility>
@@ -32,6 +32,22 @@ bool canStart(const QString &executable, const QString &directory)
            (directory.isEmpty() || QFileInfo(directory).isDir());
 }
 
+GuardedStreams streamsOf(const ProcessStart &start)
+{
+    using Output = GuardedStreams::Output;
+    if (start.show == ShowCommand::Normal) // in a terminal that there isn't
+        return {Output::Ours, false};
+    switch (start.output) {
+    case OutputUse::Lines:
+        return {Output::Read, start.input};
+    case OutputUse::MergedLines:
+        return {Output::ReadTogether, start.input};
+    case OutputUse::Discarded:
+        break;
+    }
+    return {Output::Discarded, start.input};
+}
+
 } // namespace
 
 ChildProcess::ChildProcess(QObject *parent) : QObject(parent) {}
@@ -40,6 +56,8 @@ ChildProcess::~ChildProcess() = default;
 
 void ChildProcess::start(const ProcessStart &start)
 {
+    if (std::exchange(m_asked, true))
+        return;
     m_executable = locate(start.command.executable);
     if (!canStart(m_executable, start.command.directory))
         return finishUnstarted();
@@ -64,44 +82,77 @@ bool ChildProcess::startInWindow(const ProcessStart &start)
     if (!terminal->start(command, start.programFolder, start.terminalLimit))
         return false;
     m_terminal = std::move(terminal);
-    m_started = true;
-    emit started();
+    noteStart();
     return true;
 }
 
 void ChildProcess::startHere(const ProcessStart &start)
 {
-    if (!m_guard.start(guarded(start)))
-        return finishUnstarted();
-    m_news = std::make_unique<QSocketNotifier>(m_guard.newsDescriptor(), QSocketNotifier::Read);
-    connect(m_news.get(), &QSocketNotifier::activated, this, &ChildProcess::readNews);
-}
-
-GuardedProgram ChildProcess::guarded(const ProcessStart &start) const
-{
-    GuardedProgram program;
-    program.path = QFile::encodeName(m_executable);
-    program.arguments.append(program.path);
-    for (const QString &argument : start.command.arguments)
-        program.arguments.append(QFile::encodeName(argument));
-    program.environment = changedVariables(start.command.environment);
-    program.directory = QFile::encodeName(start.command.directory);
-    program.hidden = start.show == ShowCommand::Hidden;
-    return program;
-}
-
-void ChildProcess::readNews()
-{
-    const auto news = m_guard.readNews();
-    if (news == Guard::News::Started) {
-        if (!std::exchange(m_started, true))
-            emit started();
-    } else if (news == Guard::News::Failed) {
+    m_lines[0] = LineSplitter(OutputChannel::Standard, start.longestLine);
+    m_lines[1] = LineSplitter(OutputChannel::Errors, start.longestLine);
+    m_run = std::make_unique<GuardedRun>();
+    connect(m_run.get(), &GuardedRun::started, this, &ChildProcess::noteStart);
+    connect(m_run.get(), &GuardedRun::failed, this, &ChildProcess::finishUnstarted);
+    connect(m_run.get(), &GuardedRun::printed, this, &ChildProcess::takeOutput);
+    connect(m_run.get(), &GuardedRun::inputTaken, this, &ChildProcess::inputTaken);
+    connect(m_run.get(), &GuardedRun::ended, this, &ChildProcess::finishRun);
+    ProgramCommand command = start.command;
+    command.executable = m_executable;
+    if (!m_run->start(command, streamsOf(start)))
         finishUnstarted();
-    } else if (news == Guard::News::End) {
-        finish(m_stopping ? ProcessEnd::Stopped : ProcessEnd::Ended);
+}
+
+void ChildProcess::noteStart()
+{
+    if (!std::exchange(m_started, true))
+        emit started();
+}
+
+void ChildProcess::takeOutput(OutputChannel channel, const QByteArray &bytes)
+{
+    LineSplitter &lines = m_lines[int(channel)];
+    lines.add(bytes);
+    tellLines(lines);
+}
+
+/// A slot may wait in an event loop, in which more lines come and go, and may destroy this object.
+void ChildProcess::tellLines(LineSplitter &lines)
+{
+    const QPointer<ChildProcess> here(this);
+    while (here && !m_stopping) {
+        const auto line = lines.next();
+        if (!line)
+            return;
+        emit lineRead(*line);
     }
 }
+
+void ChildProcess::finishRun()
+{
+    const QPointer<ChildProcess> here(this);
+    for (LineSplitter &lines : m_lines) {
+        tellLines(lines);
+        while (here && !m_stopping) {
+            const auto rest = lines.rest();
+            if (!rest)
+                break;
+            emit lineRead(*rest);
+        }
+        if (!here)
+            return;
+    }
+    finish(m_stopping ? ProcessEnd::Stopped : ProcessEnd::Ended);
+}
+
+bool ChildProcess::write(const QByteArray &bytes) { return m_run && !m_end && m_run->write(bytes); }
+
+void ChildProcess::closeInput()
+{
+    if (m_run)
+        m_run->closeInput();
+}
+
+qint64 ChildProcess::unwritten() const { return m_run ? m_run->unwritten() : 0; }
 
 void ChildProcess::finishUnstarted()
 {
@@ -110,11 +161,11 @@ void ChildProcess::finishUnstarted()
 
 void ChildProcess::stop()
 {
-    if (m_end || !(m_news || m_terminal))
+    if (m_end || !(m_run || m_terminal))
         return;
     m_stopping = true;
-    if (m_news)
-        m_guard.release();
+    if (m_run)
+        m_run->stop();
     else
         m_terminal->stop();
 }
@@ -124,8 +175,6 @@ void ChildProcess::finish(ProcessEnd end)
     if (m_end)
         return;
     m_end = end;
-    if (m_news)
-        m_news->setEnabled(false);
     emit ended(end);
 }
 

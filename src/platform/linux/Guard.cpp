@@ -11,29 +11,6 @@ namespace ardiphon {
 
 namespace {
 
-/// Both ends of a pipe that no program started from here sees.
-struct Pipe
-{
-    int read = -1;
-    int write = -1;
-
-    bool open()
-    {
-        int ends[2];
-        if (::pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0)
-            return false;
-        read = ends[0];
-        write = ends[1];
-        return true;
-    }
-};
-
-void closeEnd(int &end)
-{
-    if (end >= 0)
-        ::close(std::exchange(end, -1));
-}
-
 /// A program in the words of the system call, made before there is a process for it.
 class Command
 {
@@ -49,11 +26,11 @@ public:
     void become() const
     {
         const int nothing = ::open("/dev/null", O_RDWR | O_CLOEXEC);
-        ::dup2(nothing, STDIN_FILENO);
-        if (m_program.hidden) {
-            ::dup2(nothing, STDOUT_FILENO);
-            ::dup2(nothing, STDERR_FILENO);
-        }
+        int streams[] = {m_program.input, m_program.output, m_program.errors};
+        for (int &stream : streams) // out of the way of each other
+            stream = ::fcntl(stream < 0 ? nothing : stream, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+        for (int number = STDIN_FILENO; number <= STDERR_FILENO; ++number)
+            ::dup2(streams[number], number);
         std::signal(SIGPIPE, SIG_DFL);
         if (m_program.directory.isEmpty() || ::chdir(m_program.directory.constData()) == 0)
             ::execve(m_program.path.constData(), m_arguments.data(), m_environment.data());
@@ -112,7 +89,6 @@ private:
         Pipe failure;
         if (!failure.open())
             return false;
-        ::fcntl(failure.read, F_SETFL, 0); // waits
         const pid_t guard = ::getpid();
         m_program = ::_Fork();
         if (m_program == 0) {
@@ -122,12 +98,12 @@ private:
                 ::sigprocmask(SIG_SETMASK, &m_signals, nullptr);
                 m_command.become();
             }
-            (void)!::write(failure.write, "", 1);
+            (void)!::write(failure.write.number(), "", 1);
             ::_exit(1);
         }
-        closeEnd(failure.write);
+        failure.write.close();
         char none;
-        return m_program > 0 && ::read(failure.read, &none, 1) == 0;
+        return m_program > 0 && ::read(failure.read.number(), &none, 1) == 0;
     }
 
     void tell(Guard::News news) const { (void)!::write(m_news, &news, 1); }
@@ -179,12 +155,6 @@ private:
 
 } // namespace
 
-Guard::~Guard()
-{
-    closeEnd(m_life);
-    closeEnd(m_news);
-}
-
 bool Guard::start(const GuardedProgram &program)
 {
     const Command command(program);
@@ -195,29 +165,30 @@ bool Guard::start(const GuardedProgram &program)
         // The guard is made by a process that is gone at once, so nobody here has to collect it.
         between = ::_Fork();
         if (between == 0) {
-            ::close(life.write);
+            ::close(life.write.number());
             const pid_t guard = ::_Fork();
             if (guard == 0)
-                GuardProcess(command, life.read, news.write).run();
+                GuardProcess(command, life.read.number(), news.write.number()).run();
             ::_exit(guard > 0 ? 0 : 1);
         }
     }
-    closeEnd(life.read);
-    closeEnd(news.write);
-    m_life = life.write;
-    m_news = news.read;
+    life.read.close();
+    news.write.close();
+    news.read.neverWait();
+    m_life = std::move(life.write);
+    m_news = std::move(news.read);
     int status = 1;
     while (between > 0 && ::waitpid(between, &status, 0) < 0 && errno == EINTR) {
     }
     return status == 0;
 }
 
-void Guard::release() { closeEnd(m_life); }
+void Guard::release() { m_life.close(); }
 
 std::optional<Guard::News> Guard::readNews() const
 {
     char news = 0;
-    const ssize_t size = ::read(m_news, &news, 1);
+    const ssize_t size = ::read(m_news.number(), &news, 1);
     if (size == 0)
         return News::End;
     return size > 0 ? std::optional(News(news)) : std::nullopt;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/linux/Pipe.h"
+
 #include <QByteArrayList>
 
 #include <optional>
@@ -13,7 +15,11 @@ struct GuardedProgram
     QByteArrayList arguments;   ///< the program's name is the first
     QByteArrayList environment; ///< each "NAME=value"
     QByteArray directory;       ///< where it starts; "" is the current one
-    bool hidden = true;         ///< what it prints is discarded
+    // The descriptors of this process that become its standard streams; -1 for nothing to read,
+    // and for a place where all that is printed vanishes.
+    int input = -1;
+    int output = -1;
+    int errors = -1;
 };
 
 /// Starts a program and sees to it that nothing of it stays behind: a process between this one and
@@ -23,11 +29,6 @@ struct GuardedProgram
 class Guard
 {
 public:
-    Guard() = default;
-    ~Guard();
-    Guard(const Guard &) = delete;
-    Guard &operator=(const Guard &) = delete;
-
     /// Starts \a program, once for each object. False when the system has no room for that.
     bool start(const GuardedProgram &program);
 
@@ -42,11 +43,11 @@ public:
     /// What became readable at newsDescriptor(); nothing when that was a mistake.
     std::optional<News> readNews() const;
     /// -1 before a start.
-    int newsDescriptor() const { return m_news; }
+    int newsDescriptor() const { return m_news.number(); }
 
 private:
-    int m_life = -1; ///< the end of a pipe on which nothing is ever written, open here alone
-    int m_news = -1;
+    Descriptor m_life; ///< the end of a pipe on which nothing is ever written, open here alone
+    Descriptor m_news;
 };
 
 } // namespace ardiphon
