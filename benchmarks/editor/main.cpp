@@ -15,7 +15,8 @@ namespace {
 void open(LEditOCX &editor, const QString &path)
 {
     editor.ClearDocument();
-    editor.LoadFile(path);
+    if (!editor.LoadFile(path))
+        qFatal("cannot load %s", qPrintable(path));
     measure::paint(editor);
 }
 

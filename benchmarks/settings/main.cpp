@@ -71,7 +71,6 @@ public:
         LoadConfiguration(m_config, m_settings);
         m_config.Words.LoadWordTables(QStringLiteral(PROGRAM_DIR));
         m_config.FontName = m_config.DefaultFontName;
-        m_config.SettingsCaller = CsdSettings;
     }
 
     void measurePicks(int lines)
@@ -90,7 +89,7 @@ public:
         for (const int top : {1, lines / 2, lines}) {
             first.SetTopLine(top);
             QApplication::processEvents();
-            FormImpostazioni settings(m_program, {first, second}, &first);
+            FormImpostazioni settings(m_program, {first, second}, CsdSettings, &first);
             settings.show();
             for (const char *patch : {"picBackColor", "picRem"})
                 measurePick(settings, patch, top, watch, lines);

@@ -54,7 +54,8 @@ struct ConfigurationBlock
     Color ColorInstrEndin;
     Color ColorInstrEndinBK;
 
-    // Documents: a path, "[Untitled]" or, where nothing has been given yet, "".
+    // The names of the open documents, mirrored here for those who read them: a path, "[Untitled]"
+    // or, where nothing has been given yet, "". Before an editor window is opened, what it opens.
     QString CSDFileName;
     QString OrchestraFileName;
     QString ScoreFileName;
@@ -93,11 +94,12 @@ struct ConfigurationBlock
 
     bool FormCSDClosing = false; ///< the user leaves the program as a whole
 
-    // The bookmarks of that text changed; says nothing of the text itself.
+    // Mirrors whether the bookmarks of that text changed; says nothing of the text itself.
     bool CSDModified = false;
     bool OrchestraModified = false;
     bool ScoreModified = false;
 
+    // What was last handed to a window; mirrored here, and read by nobody.
     QString SettingsCaller;    ///< "CSD" or "ORCSCO"
     QString FindCaller;        ///< "CSD", "ORCHESTRA" or "SCORE"
     QString ReplaceCaller;     ///< as above
@@ -105,7 +107,7 @@ struct ConfigurationBlock
     QString NewDocumentChoice; ///< "NEWCSD", "NEWORCSCO", or "" for a cancel
 
     QString CurrentWord;
-    QString HelpWord; ///< the keyword that the next keyword help asks for; "" means none
+    QString HelpWord; ///< mirrors the keyword that the next keyword help asks for; "" means none
     QString Arrangement;
 
     WordTables Words;

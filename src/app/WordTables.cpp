@@ -2,6 +2,8 @@
 
 #include "platform/RegularFile.h"
 
+#include <tuple>
+
 namespace ardiphon {
 
 namespace {
@@ -113,7 +115,7 @@ void WordTables::LoadWordTables(const QString &folder)
     m_opcodeFile.setFileName(folder + QStringLiteral("/opcode.txt"));
     if (!m_opcodeFile.exists() && m_opcodeFile.open(QIODevice::WriteOnly))
         m_opcodeFile.close();
-    openRegularFile(m_opcodeFile);
+    std::ignore = openRegularFile(m_opcodeFile); // without it every word is unknown
     readOpcodeNames();
     buildFirstLetterIndex();
 }

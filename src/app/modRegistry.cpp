@@ -1,7 +1,6 @@
 #include "app/modRegistry.h"
 
 #include "platform/DocumentFile.h"
-#include "platform/FileFailure.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -9,6 +8,7 @@
 
 #include <filesystem>
 #include <system_error>
+#include <tuple>
 
 namespace ardiphon {
 
@@ -56,12 +56,11 @@ SettingsStore::SettingsStore(const QString &filePath)
 bool SettingsStore::isUsable() const { return m_isOpened && isFileOrNothing(m_path); }
 
 /// The library tells that a write failed, not why: so the disk is asked for the same once more.
-FileFailure SettingsStore::writeFailure() const
+Result<> SettingsStore::lastWrite() const
 {
-    FileFailure why;
     if (!isUsable()) {
-        readDocumentFile(m_path, &why);
-        return why;
+        const auto read = readDocumentFile(m_path);
+        return read ? FileFailure{FileFailure::Kind::NoPermission} : read.failure();
     }
     QSettings unwritten(m_path, QSettings::IniFormat);
     unwritten.sync();
@@ -74,9 +73,11 @@ FileFailure SettingsStore::writeFailure() const
     if (error)
         return FileFailure::ofSystem(error.value());
     constexpr int settingsLength = 16384;
-    if (writeDocumentFile(probe, QByteArray(settingsLength, ' '), &why))
-        removeDocumentFile(probe);
-    return why.kind == FileFailure::Kind::None ? FileFailure{FileFailure::Kind::NoPermission} : why;
+    const Result<> written = writeDocumentFile(probe, QByteArray(settingsLength, ' '));
+    if (!written)
+        return written;
+    std::ignore = removeDocumentFile(probe); // what stays of it harms nobody
+    return FileFailure{FileFailure::Kind::NoPermission};
 }
 
 QString SettingsStore::userFilePath()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Result.h"
+
 #include <QList>
 #include <QSettings>
 #include <QString>
@@ -7,8 +9,6 @@
 #include <utility>
 
 namespace ardiphon {
-
-struct FileFailure;
 
 /// The file that keeps all settings: named text values under hierarchical keys.
 class SettingsStore
@@ -26,8 +26,8 @@ public:
     /// False where something else than a file is in its place, which could be waited for
     /// without end: all values are missing then.
     bool isUsable() const;
-    /// Why the last write did not reach the disk; no failure where it did.
-    FileFailure writeFailure() const;
+    /// Whether the last write reached the disk, or why not.
+    Result<> lastWrite() const;
 
 private:
     const QString m_path;

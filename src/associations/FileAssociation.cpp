@@ -111,7 +111,7 @@ QString changeDefaults(QByteArray (*change)(const QByteArray &, const QByteArray
     if (after == *before)
         return {};
     const bool empty = after.isEmpty() && !QFileInfo(path).isSymLink();
-    const bool done = empty ? QFile::remove(path) : writeDocumentFile(path, after);
+    const bool done = empty ? QFile::remove(path) : bool(writeDocumentFile(path, after));
     return done ? QString() : path + QStringLiteral(" cannot be written.");
 }
 

@@ -4,6 +4,8 @@
 
 #include <QFile>
 
+#include <tuple>
+
 namespace ardiphon {
 
 namespace {
@@ -46,7 +48,7 @@ QString soundFolder(const QString &folder, const QString &rootPath)
 {
     if (!folder.contains(u':') && !folder.contains(u';'))
         return folder;
-    restoreRunFolder(rootPath);
+    std::ignore = restoreRunFolder(rootPath); // without it the link fails, and the folder is given
     const QString link = rootPath + QLatin1String("sounds");
     QFile::remove(link);
     return QFile::link(folder, link) ? link : folder;

@@ -1,12 +1,12 @@
 #include "compile/CompilerLog.h"
 
 #include "platform/DocumentFile.h"
-#include "platform/FileFailure.h"
 #include "platform/RegularFile.h"
 
 #include <QFile>
 
 #include <algorithm>
+#include <tuple>
 
 namespace ardiphon {
 
@@ -129,12 +129,11 @@ QString missingLogText(const QString &path)
     // Whether the compiler could have written it: the place is tried with a few lines.
     const QString probe = path + QStringLiteral(".probe");
     constexpr int fewLines = 4096;
-    FileFailure why;
-    const bool possible = writeDocumentFile(probe, QByteArray(fewLines, '\n'), &why);
-    removeDocumentFile(probe);
+    const Result<> written = writeDocumentFile(probe, QByteArray(fewLines, '\n'));
+    std::ignore = removeDocumentFile(probe); // it goes with the folder at the latest
     return QStringLiteral("There is no log of this run: ") +
-           (possible ? QStringLiteral("the compiler has written none")
-                     : reasonText(why, QStringLiteral("the folder for it"))) +
+           (written ? QStringLiteral("the compiler has written none")
+                    : reasonText(written.failure(), QStringLiteral("the folder for it"))) +
            u'.';
 }
 

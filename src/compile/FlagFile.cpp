@@ -8,6 +8,7 @@
 #include <QtEndian>
 
 #include <optional>
+#include <utility>
 
 namespace ardiphon {
 
@@ -89,28 +90,35 @@ QByteArray withRecords(QByteArray bytes, FlagLayout layout, const QStringList &f
 
 } // namespace
 
-QStringList readFlagFile(const QString &path, FlagLayout layout)
+Result<QStringList> readFlagFile(const QString &path, FlagLayout layout)
 {
-    const QByteArray bytes =
-        readRegularFile(path, MostRecords * RecordLength).value_or(QByteArray());
+    const Result<QByteArray> bytes = readRegularFile(path, MostRecords * RecordLength);
+    if (!bytes)
+        return bytes.failure();
     QStringList flags;
-    for (qsizetype at = 0; at + RecordLength <= bytes.size(); at += RecordLength)
-        if (const auto flag = flagOf(QByteArrayView(bytes).sliced(at, RecordLength), layout))
+    for (qsizetype at = 0; at + RecordLength <= bytes->size(); at += RecordLength)
+        if (const auto flag = flagOf(QByteArrayView(*bytes).sliced(at, RecordLength), layout))
             flags.append(*flag);
     return flags;
 }
 
-bool writeFlagFile(const QString &path, FlagLayout layout, const QStringList &flags,
-                   FileFailure *why)
+Result<> writeFlagFile(const QString &path, FlagLayout layout, const QStringList &flags)
 {
     if (flags.isEmpty())
-        return removeDocumentFile(path, why);
-    if (readFlagFile(path, layout) == flags)
-        return true;
+        return removeDocumentFile(path);
+    const Result<QStringList> present = readFlagFile(path, layout);
+    if (present && *present == flags)
+        return {};
     // One that cannot be deleted is written over, and keeps what lies behind the new end.
+    QByteArray kept;
     const bool deletable = QFileInfo(QFileInfo(path).absolutePath()).isWritable();
-    auto bytes = deletable ? std::nullopt : readDocumentFile(path);
-    return writeDocumentFile(path, withRecords(bytes.value_or(QByteArray()), layout, flags), why);
+    if (!deletable && QFileInfo::exists(path)) {
+        Result<QByteArray> bytes = readDocumentFile(path);
+        if (!bytes)
+            return bytes.failure();
+        kept = *std::move(bytes);
+    }
+    return writeDocumentFile(path, withRecords(kept, layout, flags));
 }
 
 } // namespace ardiphon

@@ -13,9 +13,10 @@
 namespace ardiphon {
 
 const ProjectHalf OrchestraHalf{QStringLiteral("Orchestra"), QStringLiteral("orc"),
-                                QStringLiteral("Cannot find File Orchestra")};
+                                QStringLiteral("Cannot find File Orchestra"),
+                                DocumentRole::Orchestra};
 const ProjectHalf ScoreHalf{QStringLiteral("Score"), QStringLiteral("sco"),
-                            QStringLiteral("Cannot find File Score!")};
+                            QStringLiteral("Cannot find File Score!"), DocumentRole::Score};
 
 QString ProjectHalf::changedLine() const
 {

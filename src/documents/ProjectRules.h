@@ -1,5 +1,7 @@
 #pragma once
 
+#include "documents/Document.h"
+
 #include <QString>
 
 #include <optional>
@@ -12,6 +14,7 @@ struct ProjectHalf
     QString name;        ///< "Orchestra" or "Score"
     QString extension;   ///< "orc" or "sco"
     QString missingText; ///< what is said when it has no name to show properties of
+    DocumentRole role;
 
     QString changedLine() const; ///< the first line of its save question
     QString openTitle() const;

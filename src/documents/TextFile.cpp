@@ -2,31 +2,23 @@
 
 #include "language/DocumentText.h"
 #include "language/Utf8.h"
-#include "platform/Dialogs.h"
 #include "platform/DocumentFile.h"
-#include "platform/FileFailure.h"
+
+#include <utility>
 
 namespace ardiphon {
 
-/// A file that is no UTF-8 is taken as Latin-1, as in an editor.
-std::optional<QString> readTextFile(const QString &path, Dialogs &dialogs)
+Result<QString> readTextFile(const QString &path)
 {
-    FileFailure why;
-    auto bytes = readDocumentFile(path, &why);
-    if (!bytes) {
-        dialogs.message({notOpenedText(path, why)});
-        return std::nullopt;
-    }
+    Result<QByteArray> bytes = readDocumentFile(path);
+    if (!bytes)
+        return bytes.failure();
     return stringOf(withLineEnds(decodeDocument(*std::move(bytes)).utf8, LineEnd::CrLf));
 }
 
-bool writeTextFile(const QString &path, const QString &text, Dialogs &dialogs)
+Result<> writeTextFile(const QString &path, const QString &text)
 {
-    FileFailure why;
-    const bool written = writeDocumentFile(path, text.toUtf8(), &why);
-    if (!written)
-        dialogs.message({notSavedText(path, why)});
-    return written;
+    return writeDocumentFile(path, text.toUtf8());
 }
 
 } // namespace ardiphon

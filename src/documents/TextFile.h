@@ -1,19 +1,16 @@
 #pragma once
 
-#include <QString>
+#include "platform/Result.h"
 
-#include <optional>
+#include <QString>
 
 namespace ardiphon {
 
-class Dialogs;
+/// The text of the file at \a path, with CR LF line ends. A file that is no UTF-8 is taken as
+/// Latin-1, as in an editor.
+Result<QString> readTextFile(const QString &path);
 
-/// The text of the file at \a path, with CR LF line ends. Nothing when it cannot be read, which the
-/// user is told.
-std::optional<QString> readTextFile(const QString &path, Dialogs &dialogs);
-
-/// Writes \a text in UTF-8, wholly or not at all. False when nothing was written, which the user is
-/// told.
-bool writeTextFile(const QString &path, const QString &text, Dialogs &dialogs);
+/// Writes \a text in UTF-8, wholly or not at all.
+Result<> writeTextFile(const QString &path, const QString &text);
 
 } // namespace ardiphon

@@ -15,6 +15,8 @@ struct DocumentForm
     bool utf8 = true; ///< else each byte is one Latin-1 character
     bool byteOrderMark = false;
     LineEnd lineEnd = LineEnd::CrLf; ///< what a new line gets; those of the file are kept as found
+
+    friend bool operator==(const DocumentForm &, const DocumentForm &) = default;
 };
 
 /// A file as the editor holds it: UTF-8 without a byte order mark, with the file's own line ends.

@@ -53,7 +53,7 @@ QString bookmarkText(const QString &lineText)
     return QStringLiteral("-> ") + withoutBlanksAround(text).toString();
 }
 
-bool writeBookmarkFile(const QString &path, const BookmarkSet &bookmarks, FileFailure *why)
+Result<bool> writeBookmarkFile(const QString &path, const BookmarkSet &bookmarks)
 {
     bool anyUsed = false;
     QByteArray bytes;
@@ -61,18 +61,17 @@ bool writeBookmarkFile(const QString &path, const BookmarkSet &bookmarks, FileFa
         anyUsed = anyUsed || !bookmark.isFree();
         bytes += record(bookmark);
     }
-    if (!anyUsed) {
-        removeDocumentFile(path, why);
-        return false;
-    }
-    return writeDocumentFile(path, bytes, why);
+    const Result<> done = anyUsed ? writeDocumentFile(path, bytes) : removeDocumentFile(path);
+    if (!done)
+        return done.failure();
+    return anyUsed;
 }
 
-std::optional<BookmarkSet> readBookmarkFile(const QString &path)
+Result<BookmarkSet> readBookmarkFile(const QString &path)
 {
     const auto bytes = readRegularFile(path, BookmarkSlots * RecordLength);
     if (!bytes)
-        return std::nullopt;
+        return bytes.failure();
     BookmarkSet bookmarks;
     qsizetype at = 0;
     for (Bookmark &bookmark : bookmarks) {

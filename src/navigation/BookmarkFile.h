@@ -1,13 +1,12 @@
 #pragma once
 
+#include "platform/Result.h"
+
 #include <QString>
 
 #include <array>
-#include <optional>
 
 namespace ardiphon {
-
-struct FileFailure;
 
 inline constexpr int BookmarkSlots = 15;
 
@@ -35,13 +34,12 @@ QString bookmarkFilePath(const QString &documentPath, const QString &extension);
 /// no blanks around it; "-> " alone for a line that begins with nothing else.
 QString bookmarkText(const QString &lineText);
 
-/// Writes the side file, wholly or not at all, or removes it when every slot is free. True when a
-/// file was written. \a why tells the reason where that failed.
-bool writeBookmarkFile(const QString &path, const BookmarkSet &bookmarks,
-                       FileFailure *why = nullptr);
+/// Writes the side file, wholly or not at all, or removes it when every slot is free. Gives whether
+/// a file was written.
+Result<bool> writeBookmarkFile(const QString &path, const BookmarkSet &bookmarks);
 
-/// Reads a side file. Nothing when there is none; a file that is cut short or holds no numbers
-/// gives slots with blank texts or without a line, never a failure.
-std::optional<BookmarkSet> readBookmarkFile(const QString &path);
+/// Reads a side file. A failure when there is none, or it cannot be read; a file that is cut short
+/// or holds no numbers gives slots with blank texts or without a line.
+Result<BookmarkSet> readBookmarkFile(const QString &path);
 
 } // namespace ardiphon

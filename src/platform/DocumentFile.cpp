@@ -1,6 +1,5 @@
 #include "platform/DocumentFile.h"
 
-#include "platform/FileFailure.h"
 #include "platform/FileHandle.h"
 #include "platform/RegularFile.h"
 
@@ -9,6 +8,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <tuple>
 
 #include <fcntl.h>
 #include <sys/xattr.h>
@@ -30,14 +30,8 @@ struct Target
     QByteArray besidePrefix() const { return folder + ".ardiphon-"; }
 };
 
-bool failed(FileFailure &why, const FileFailure &reason)
-{
-    why = reason;
-    return false;
-}
-
-// For the step of the system that has just failed.
-bool failed(FileFailure &why) { return failed(why, FileFailure::ofSystem(errno)); }
+// Why the step of the system that has just failed did so.
+FileFailure failed() { return FileFailure::ofSystem(errno); }
 
 // Follows symbolic links also where the last one points to a file that is not there yet.
 std::optional<QByteArray> behindLinks(QByteArray path)
@@ -56,31 +50,36 @@ std::optional<QByteArray> behindLinks(QByteArray path)
     return std::nullopt;
 }
 
-bool mayBeWritten(const Target &target, FileFailure &why)
+Result<> mayBeWritten(const Target &target)
 {
     if (S_ISDIR(target.status.st_mode))
-        return failed(why, {FileFailure::Kind::Folder});
+        return FileFailure{FileFailure::Kind::Folder};
     if (!S_ISREG(target.status.st_mode))
-        return failed(why, {FileFailure::Kind::NoRegularFile});
+        return FileFailure{FileFailure::Kind::NoRegularFile};
     // Nobody expects a file that is protected to be changed, though its folder would let us.
-    return ::faccessat(AT_FDCWD, target.path.constData(), W_OK, AT_EACCESS) == 0 || failed(why);
+    if (::faccessat(AT_FDCWD, target.path.constData(), W_OK, AT_EACCESS) != 0)
+        return failed();
+    return {};
 }
 
-// False when no document can be written there.
-bool findTarget(const QString &path, Target &target, FileFailure &why)
+// A failure when no document can be written there.
+Result<Target> findTarget(const QString &path)
 {
     if (path.isEmpty() || path.contains(QChar::Null))
-        return failed(why, FileFailure::ofSystem(EINVAL));
+        return FileFailure::ofSystem(EINVAL);
     const auto file = behindLinks(QFile::encodeName(QDir::current().absoluteFilePath(path)));
     if (!file)
-        return failed(why, {FileFailure::Kind::LinksInACircle});
+        return FileFailure{FileFailure::Kind::LinksInACircle};
     if (file->endsWith('/'))
-        return failed(why, {FileFailure::Kind::Folder});
-    target = {*file, file->first(file->lastIndexOf('/') + 1)};
+        return FileFailure{FileFailure::Kind::Folder};
+    Target target{*file, file->first(file->lastIndexOf('/') + 1)};
     target.exists = ::lstat(target.path.constData(), &target.status) == 0;
-    if (!target.exists)
-        return errno == ENOENT || failed(why);
-    return mayBeWritten(target, why);
+    if (!target.exists && errno != ENOENT)
+        return failed();
+    if (target.exists)
+        if (const auto allowed = mayBeWritten(target); !allowed)
+            return allowed.failure();
+    return target;
 }
 
 bool copyAttribute(int from, int to, const char *name)
@@ -139,7 +138,7 @@ void flushFolder(const QByteArray &folder)
 {
     const FileHandle handle = FileHandle::open(folder, O_RDONLY | O_DIRECTORY);
     if (handle.isValid())
-        handle.flush();
+        std::ignore = handle.flush(); // not every disk can; the file itself is safe
 }
 
 bool holds(const QByteArray &path, const QByteArray &bytes)
@@ -158,44 +157,44 @@ bool hasSize(const FileHandle &file, qsizetype size)
     return status.st_size == size;
 }
 
-bool replaceByRename(const Target &target, const QByteArray &bytes, FileFailure &why)
+Result<> replaceByRename(const Target &target, const QByteArray &bytes)
 {
     QByteArray newPath;
     FileHandle file = FileHandle::createBeside(target.besidePrefix(), newPath);
     if (!file.isValid())
-        return failed(why);
+        return failed();
     if (takeOver(target, file) && file.writeAll(bytes) && file.flush() &&
         hasSize(file, bytes.size()) && file.close() &&
         std::rename(newPath.constData(), target.path.constData()) == 0) {
         flushFolder(target.folder);
-        return true;
+        return {};
     }
-    failed(why);
+    const FileFailure why = failed();
     ::unlink(newPath.constData());
-    return false;
+    return why;
 }
 
 // The content of the file that is about to be written in place.
-std::optional<QByteArray> readBytes(const QByteArray &path, FileFailure &why)
+Result<QByteArray> readBytes(const QByteArray &path)
 {
-    const FileHandle file = openRegularFile(path, why);
+    const Result<FileHandle> file = openRegularFile(path);
+    if (!file)
+        return file.failure();
     struct stat status = {};
     QByteArray bytes;
-    if (!file.isValid())
-        return std::nullopt;
-    if (file.status(status) && status.st_size <= LargestDocument &&
-        file.readAll(bytes, LargestDocument))
+    if (file->status(status) && status.st_size <= LargestDocument &&
+        file->readAll(bytes, LargestDocument))
         return bytes;
-    const bool tooLarge = status.st_size > LargestDocument || errno == EFBIG;
-    why = tooLarge ? FileFailure{FileFailure::Kind::TooLarge} : FileFailure::ofSystem(errno);
-    return std::nullopt;
+    if (status.st_size > LargestDocument || errno == EFBIG)
+        return FileFailure{FileFailure::Kind::TooLarge};
+    return failed();
 }
 
-// Puts the old bytes where they survive whatever happens; "" when that is not possible.
-QByteArray setAside(const Target &target, const QByteArray &oldBytes, FileFailure &why)
+// Puts the old bytes where they survive whatever happens, and gives that place.
+Result<QByteArray> setAside(const Target &target, const QByteArray &oldBytes)
 {
     const QByteArray temporary = QFile::encodeName(QDir::tempPath()) + "/ardiphon-";
-    why = {};
+    FileFailure why;
     for (const QByteArray &prefix : {target.besidePrefix(), temporary}) {
         QByteArray path;
         FileHandle file = FileHandle::createBeside(prefix, path);
@@ -206,11 +205,11 @@ QByteArray setAside(const Target &target, const QByteArray &oldBytes, FileFailur
             return path;
         }
         if (!why.isLackOfRoom()) // of the two places' reasons the one that the user can mend
-            failed(why);
+            why = failed();
         if (made)
             ::unlink(path.constData());
     }
-    return {};
+    return why;
 }
 
 // Whether the bytes will find their room, told before a single one of the old is gone.
@@ -249,77 +248,67 @@ bool putBack(const Target &target, const QByteArray &oldBytes)
     return back && file.close();
 }
 
-bool writeInPlace(const Target &target, const QByteArray &bytes, FileFailure &why)
+Result<> writeInPlace(const Target &target, const QByteArray &bytes)
 {
-    const auto oldBytes = readBytes(target.path, why);
+    const Result<QByteArray> oldBytes = readBytes(target.path);
     if (!oldBytes)
-        return false;
+        return oldBytes.failure();
     FileHandle file = FileHandle::open(target.path, O_WRONLY | O_NONBLOCK);
-    const bool prepared = (file.isValid() && hasRoom(file, bytes.size())) || failed(why);
-    const QByteArray aside = prepared ? setAside(target, *oldBytes, why) : QByteArray();
-    if (aside.isEmpty()) {
+    const bool prepared = file.isValid() && hasRoom(file, bytes.size());
+    const Result<QByteArray> aside = prepared ? setAside(target, *oldBytes) : failed();
+    if (!aside) {
         giveBackRoom(file, target, bytes.size());
-        return false;
+        return aside.failure();
     }
-    const bool written = (fill(file, bytes) && file.close()) || failed(why);
+    if (fill(file, bytes) && file.close()) {
+        ::unlink(aside->constData());
+        return {};
+    }
+    FileFailure why = failed();
     // The old bytes stay aside when they could not even be put back.
-    if (written || putBack(target, *oldBytes))
-        ::unlink(aside.constData());
+    if (putBack(target, *oldBytes))
+        ::unlink(aside->constData());
     else
-        why.oldContent = QFile::decodeName(aside);
-    return written;
-}
-
-bool write(const QString &path, const QByteArray &bytes, FileFailure &why)
-{
-    Target target;
-    if (!findTarget(path, target, why))
-        return false;
-    const bool replaceable =
-        !target.exists || (target.status.st_nlink == 1 && target.status.st_uid == ::geteuid());
-    if (replaceable && replaceByRename(target, bytes, why))
-        return true;
-    if (!target.exists)
-        return false;
-    const FileFailure first = why;
-    if (writeInPlace(target, bytes, why))
-        return true;
-    if (first.isLackOfRoom()) // what came of the way around it tells less
-        why = {first.kind, first.error, why.oldContent};
-    return false;
+        why.oldContent = QFile::decodeName(*aside);
+    return why;
 }
 
 } // namespace
 
-std::optional<QByteArray> readDocumentFile(const QString &path, FileFailure *why)
+Result<QByteArray> readDocumentFile(const QString &path)
 {
-    FileFailure failure;
-    auto bytes = readBytes(QFile::encodeName(path), failure);
-    if (!bytes && why)
-        *why = failure;
-    return bytes;
+    return readBytes(QFile::encodeName(path));
 }
 
-bool writeDocumentFile(const QString &path, const QByteArray &bytes, FileFailure *why)
+Result<> writeDocumentFile(const QString &path, const QByteArray &bytes)
 {
-    FileFailure failure;
-    const bool written = write(path, bytes, failure);
-    if (!written && why)
-        *why = failure;
+    const Result<Target> target = findTarget(path);
+    if (!target)
+        return target.failure();
+    const bool replaceable =
+        !target->exists || (target->status.st_nlink == 1 && target->status.st_uid == ::geteuid());
+    FileFailure first;
+    if (replaceable) {
+        const Result<> replaced = replaceByRename(*target, bytes);
+        if (replaced || !target->exists)
+            return replaced;
+        first = replaced.failure();
+    }
+    const Result<> written = writeInPlace(*target, bytes);
+    if (!written && first.isLackOfRoom()) // what came of the way around it tells less
+        return FileFailure{first.kind, first.error, written.failure().oldContent};
     return written;
 }
 
-bool removeDocumentFile(const QString &path, FileFailure *why)
+Result<> removeDocumentFile(const QString &path)
 {
     const QByteArray name = QFile::encodeName(path);
     struct stat status = {};
     // A disk that is read-only refuses also where there is nothing.
     if (::lstat(name.constData(), &status) != 0 || S_ISDIR(status.st_mode) ||
         ::unlink(name.constData()) == 0)
-        return true;
-    if (why)
-        *why = FileFailure::ofSystem(errno);
-    return false;
+        return {};
+    return failed();
 }
 
 } // namespace ardiphon

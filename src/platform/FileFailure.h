@@ -4,7 +4,7 @@
 
 namespace ardiphon {
 
-/// Why a file could not be read or written.
+/// Why a file could not be read or written. `Result` carries it to whoever can tell the user.
 struct FileFailure
 {
     enum class Kind {
@@ -29,7 +29,8 @@ struct FileFailure
     int error = 0;           ///< the system's number
     QString oldContent = {}; ///< the file that holds what the failed save could not put back, or ""
 
-    static FileFailure ofSystem(int error);
+    [[nodiscard]] static FileFailure ofSystem(int error);
+    bool isNone() const { return kind == Kind::None; }
     /// Whether there is no room for the bytes.
     bool isLackOfRoom() const;
 

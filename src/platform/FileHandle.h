@@ -2,6 +2,8 @@
 
 #include <QByteArray>
 
+#include <tuple>
+
 #include <sys/stat.h>
 
 namespace ardiphon {
@@ -12,10 +14,10 @@ class FileHandle
 {
 public:
     /// As open(2), closed for programs that are started; not valid when that fails.
-    static FileHandle open(const QByteArray &path, int flags, mode_t mode = 0);
+    [[nodiscard]] static FileHandle open(const QByteArray &path, int flags, mode_t mode = 0);
     /// A new file for this user alone, under an unused name that begins with \a prefix; \a path
     /// becomes that name.
-    static FileHandle createBeside(const QByteArray &prefix, QByteArray &path);
+    [[nodiscard]] static FileHandle createBeside(const QByteArray &prefix, QByteArray &path);
 
     FileHandle() = default;
     FileHandle(FileHandle &&other) noexcept : m_descriptor(other.m_descriptor)
@@ -23,22 +25,22 @@ public:
         other.m_descriptor = -1;
     }
     FileHandle &operator=(FileHandle &&) = delete;
-    ~FileHandle() { close(); }
+    ~FileHandle() { std::ignore = close(); } // whoever wrote has closed it and looked
 
     bool isValid() const { return m_descriptor >= 0; }
     int descriptor() const { return m_descriptor; }
     /// Hands the open file over to the caller, who closes it.
-    int release();
-    bool status(struct stat &status) const;
+    [[nodiscard]] int release();
+    [[nodiscard]] bool status(struct stat &status) const;
 
     /// Reads to the end, but no more than \a limit bytes; false when there is more or it fails.
-    bool readAll(QByteArray &bytes, qsizetype limit) const;
+    [[nodiscard]] bool readAll(QByteArray &bytes, qsizetype limit) const;
     /// Writes them all at the current place; false when a single one could not be written.
-    bool writeAll(const QByteArray &bytes) const;
+    [[nodiscard]] bool writeAll(const QByteArray &bytes) const;
     /// Waits until what was written is on the disk.
-    bool flush() const;
+    [[nodiscard]] bool flush() const;
     /// False when the system tells now that a write failed.
-    bool close();
+    [[nodiscard]] bool close();
 
 private:
     explicit FileHandle(int descriptor) : m_descriptor(descriptor) {}

@@ -1,7 +1,5 @@
 #include "platform/RegularFile.h"
 
-#include "platform/FileFailure.h"
-
 #include <QFile>
 
 #include <cerrno>
@@ -19,50 +17,45 @@ FileFailure failureOf(mode_t mode)
 
 } // namespace
 
-FileHandle openRegularFile(const QByteArray &path, FileFailure &why)
+Result<FileHandle> openRegularFile(const QByteArray &path)
 {
-    if (path.contains('\0')) { // the system would take the beginning for the name
-        why = FileFailure::ofSystem(EINVAL);
-        return {};
-    }
+    if (path.contains('\0')) // the system would take the beginning for the name
+        return FileFailure::ofSystem(EINVAL);
     // It is looked at before it is opened, as a device may act on being opened, and afterwards, as
     // something else may have taken its place.
     struct stat status = {};
-    if (::stat(path.constData(), &status) != 0) {
-        why = FileFailure::ofSystem(errno);
-        return {};
-    }
-    if (!S_ISREG(status.st_mode)) {
-        why = failureOf(status.st_mode);
-        return {};
-    }
+    if (::stat(path.constData(), &status) != 0)
+        return FileFailure::ofSystem(errno);
+    if (!S_ISREG(status.st_mode))
+        return failureOf(status.st_mode);
     FileHandle file = FileHandle::open(path, O_RDONLY | O_NONBLOCK);
-    if (!file.isValid() || !file.status(status)) {
-        why = FileFailure::ofSystem(errno);
-        return {};
-    }
-    if (!S_ISREG(status.st_mode)) {
-        why = failureOf(status.st_mode);
-        return {};
-    }
+    if (!file.isValid() || !file.status(status))
+        return FileFailure::ofSystem(errno);
+    if (!S_ISREG(status.st_mode))
+        return failureOf(status.st_mode);
     return file;
 }
 
-bool openRegularFile(QFile &file)
+Result<> openRegularFile(QFile &file)
 {
-    FileFailure why;
-    FileHandle handle = openRegularFile(QFile::encodeName(file.fileName()), why);
-    return handle.isValid() &&
-           file.open(handle.release(), QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
+    Result<FileHandle> handle = openRegularFile(QFile::encodeName(file.fileName()));
+    if (!handle)
+        return handle.failure();
+    if (!file.open(handle->release(), QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
+        return FileFailure::ofSystem(EIO);
+    return {};
 }
 
-std::optional<QByteArray> readRegularFile(const QString &path, qint64 limit)
+Result<QByteArray> readRegularFile(const QString &path, qint64 limit)
 {
     QFile file(path);
-    if (!openRegularFile(file))
-        return std::nullopt;
+    if (const auto opened = openRegularFile(file); !opened)
+        return opened.failure();
+    errno = 0;
     const QByteArray bytes = file.read(limit);
-    return file.error() == QFileDevice::NoError ? std::optional(bytes) : std::nullopt;
+    if (file.error() != QFileDevice::NoError)
+        return FileFailure::ofSystem(errno ? errno : EIO);
+    return bytes;
 }
 
 } // namespace ardiphon

@@ -28,6 +28,6 @@ private:
 /// Sees to it that the private folder at \a path, as a RunFolder named it, is there: those who
 /// clear away old files may have taken it. False where it cannot be made, or something that is not
 /// this user's own stands in its place.
-bool restoreRunFolder(const QString &path);
+[[nodiscard]] bool restoreRunFolder(const QString &path);
 
 } // namespace ardiphon

@@ -231,15 +231,15 @@ void tst_modRegistry::unwritableFile_isNotReported()
 void tst_modRegistry::failedWrite_tellsWhyWhenAsked()
 {
     WriteRegistryString(*m_store, SettingsKey, "TabSize", "4");
-    QCOMPARE(m_store->writeFailure(), FileFailure());
+    QVERIFY(m_store->lastWrite());
     fill("in the way");
     SettingsStore store(path() + "/Ardiphon/settings.ini");
     WriteRegistryString(store, SettingsKey, "TabSize", "4");
-    QCOMPARE(store.writeFailure().kind, FileFailure::Kind::NotThere);
+    QCOMPARE(store.lastWrite().failure().kind, FileFailure::Kind::NotThere);
     SettingsStore other(m_folder->filePath("other.ini"));
     QVERIFY(QDir().mkdir(other.path()));
     WriteRegistryString(other, SettingsKey, "TabSize", "4");
-    QCOMPARE(other.writeFailure().kind, FileFailure::Kind::Folder);
+    QCOMPARE(other.lastWrite().failure().kind, FileFailure::Kind::Folder);
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
              QStringList({"other.ini", "settings.ini"}));
 }
@@ -252,7 +252,7 @@ void tst_modRegistry::noRegularFile_isNeitherWaitedForNorTouched()
         SettingsStore store(path);
         QCOMPARE(ReadRegistryString(store, SettingsKey, "TabSize", "8"), "8");
         WriteRegistryString(store, SettingsKey, "TabSize", "4");
-        QCOMPARE(store.writeFailure().kind, FileFailure::Kind::NoRegularFile);
+        QCOMPARE(store.lastWrite().failure().kind, FileFailure::Kind::NoRegularFile);
         QVERIFY(!fifo.wasWaitedFor());
     }
     QVERIFY(QFile::remove(path));

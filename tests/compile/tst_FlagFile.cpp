@@ -29,6 +29,12 @@ QByteArray tagged(const QByteArray &text, char type = 8, char rest = '\0')
     return bytes.leftJustified(50, rest);
 }
 
+/// The flags that a reader finds there, who takes a file that cannot be read as one without any.
+QStringList flagsIn(const QString &path, FlagLayout layout)
+{
+    return readFlagFile(path, layout).value_or({});
+}
+
 } // namespace
 
 class tst_FlagFile : public QObject
@@ -83,20 +89,20 @@ void tst_FlagFile::init()
 void tst_FlagFile::write_flags_exactBytes()
 {
     const QStringList flags{QStringLiteral("-W  "), QStringLiteral(" -w -è")};
-    writeFlagFile(m_path, FlagLayout::Tagged, flags);
+    QVERIFY(writeFlagFile(m_path, FlagLayout::Tagged, flags));
     QCOMPARE(bytes(), QByteArray("\x08\x00\x02\x00-W", 6) + QByteArray(44, '\0') +
                           QByteArray("\x08\x00\x06\x00 -w -\xe8", 10) + QByteArray(40, '\0'));
-    writeFlagFile(m_path, FlagLayout::Padded, flags);
+    QVERIFY(writeFlagFile(m_path, FlagLayout::Padded, flags));
     QCOMPARE(bytes(), "-W" + QByteArray(48, ' ') + " -w -\xe8" + QByteArray(44, ' '));
 }
 
 void tst_FlagFile::write_none_removesTheFile()
 {
-    writeFlagFile(m_path, FlagLayout::Tagged, {QStringLiteral("-W")});
+    QVERIFY(writeFlagFile(m_path, FlagLayout::Tagged, {QStringLiteral("-W")}));
     QVERIFY(QFile::exists(m_path));
-    writeFlagFile(m_path, FlagLayout::Tagged, {});
+    QVERIFY(writeFlagFile(m_path, FlagLayout::Tagged, {}));
     QVERIFY(!QFile::exists(m_path));
-    writeFlagFile(m_path, FlagLayout::Tagged, {});
+    QVERIFY(writeFlagFile(m_path, FlagLayout::Tagged, {}));
     QVERIFY(!QFile::exists(m_path));
 }
 
@@ -104,32 +110,32 @@ void tst_FlagFile::write_tooLong_leavesTaggedRecordEmpty()
 {
     const QString fits(46, u'a');
     const QString tooLong(47, u'b');
-    writeFlagFile(m_path, FlagLayout::Tagged, {fits, tooLong, QStringLiteral("-W")});
+    QVERIFY(writeFlagFile(m_path, FlagLayout::Tagged, {fits, tooLong, QStringLiteral("-W")}));
     QCOMPARE(bytes(), tagged(QByteArray(46, 'a')) + QByteArray(50, '\0') + tagged("-W"));
-    QCOMPARE(readFlagFile(m_path, FlagLayout::Tagged), QStringList({fits, "-W"}));
+    QCOMPARE(flagsIn(m_path, FlagLayout::Tagged), QStringList({fits, "-W"}));
 }
 
 void tst_FlagFile::write_tooLong_cutsPaddedRecord()
 {
-    writeFlagFile(m_path, FlagLayout::Padded, {QString(60, u'a'), QStringLiteral("-W")});
+    QVERIFY(writeFlagFile(m_path, FlagLayout::Padded, {QString(60, u'a'), QStringLiteral("-W")}));
     QCOMPARE(bytes(), QByteArray(50, 'a') + padded("-W"));
-    QCOMPARE(readFlagFile(m_path, FlagLayout::Padded), QStringList({QString(50, u'a'), "-W"}));
+    QCOMPARE(flagsIn(m_path, FlagLayout::Padded), QStringList({QString(50, u'a'), "-W"}));
     // No character is torn.
     const QString notes = QStringLiteral(u"\U0001F3B5").repeated(20);
-    writeFlagFile(m_path, FlagLayout::Padded, {notes});
-    QCOMPARE(readFlagFile(m_path, FlagLayout::Padded), QStringList{notes.first(2 * 12)});
+    QVERIFY(writeFlagFile(m_path, FlagLayout::Padded, {notes}));
+    QCOMPARE(flagsIn(m_path, FlagLayout::Padded), QStringList{notes.first(2 * 12)});
 }
 
 void tst_FlagFile::write_shorterList_leavesNoOldRecords()
 {
-    writeFlagFile(m_path, FlagLayout::Padded, {QStringLiteral("a"), QStringLiteral("b")});
-    writeFlagFile(m_path, FlagLayout::Padded, {QStringLiteral("c")});
+    QVERIFY(writeFlagFile(m_path, FlagLayout::Padded, {QStringLiteral("a"), QStringLiteral("b")}));
+    QVERIFY(writeFlagFile(m_path, FlagLayout::Padded, {QStringLiteral("c")}));
     QCOMPARE(bytes(), padded("c"));
 }
 
 void tst_FlagFile::write_cannotDelete_writesOver()
 {
-    writeFlagFile(m_path, FlagLayout::Padded, {QStringLiteral("a"), QStringLiteral("b")});
+    QVERIFY(writeFlagFile(m_path, FlagLayout::Padded, {QStringLiteral("a"), QStringLiteral("b")}));
     const QByteArray folder = QFile::encodeName(m_folder->path());
     QVERIFY(::chmod(folder.constData(), 0555) == 0);
     QVERIFY(::chmod(QFile::encodeName(m_path).constData(), 0666) == 0);
@@ -139,12 +145,12 @@ void tst_FlagFile::write_cannotDelete_writesOver()
         // The superuser deletes whatever he wants, and becomes somebody else.
         if (::geteuid() == 0 && ::setuid(12345) != 0)
             ::_exit(1);
-        FileFailure why;
         if (!writeFlagFile(m_path, FlagLayout::Padded, {QStringLiteral("c")}))
             ::_exit(2);
-        if (writeFlagFile(m_path, FlagLayout::Padded, {}, &why))
+        const auto removed = writeFlagFile(m_path, FlagLayout::Padded, {});
+        if (removed)
             ::_exit(3);
-        ::_exit(why.kind == FileFailure::Kind::NoPermission ? 0 : 4);
+        ::_exit(removed.failure().kind == FileFailure::Kind::NoPermission ? 0 : 4);
     }
     int status = 0;
     QCOMPARE(::waitpid(child, &status, 0), child);
@@ -155,39 +161,39 @@ void tst_FlagFile::write_cannotDelete_writesOver()
 
 void tst_FlagFile::write_failing_keepsTheOldFlagsAndSaysWhy()
 {
-    FileFailure why;
     const QString gone = m_folder->filePath(QStringLiteral("gone/CSFlags.dat"));
-    QVERIFY(!writeFlagFile(gone, FlagLayout::Tagged, {QStringLiteral("-W")}, &why));
-    QCOMPARE(why.kind, FileFailure::Kind::NotThere);
+    const auto nowhere = writeFlagFile(gone, FlagLayout::Tagged, {QStringLiteral("-W")});
+    QVERIFY(!nowhere);
+    QCOMPARE(nowhere.failure().kind, FileFailure::Kind::NotThere);
     QVERIFY(writeFlagFile(gone, FlagLayout::Tagged, {}));
 
-    writeFlagFile(m_path, FlagLayout::Tagged, {QStringLiteral("-W")});
+    QVERIFY(writeFlagFile(m_path, FlagLayout::Tagged, {QStringLiteral("-W")}));
     const QByteArray before = bytes();
     const rlimit none{0, RLIM_INFINITY};
     rlimit usual{};
     ::getrlimit(RLIMIT_FSIZE, &usual);
     ::signal(SIGXFSZ, SIG_IGN);
     ::setrlimit(RLIMIT_FSIZE, &none);
-    const bool written = writeFlagFile(m_path, FlagLayout::Tagged, {QStringLiteral("-A")}, &why);
+    const auto written = writeFlagFile(m_path, FlagLayout::Tagged, {QStringLiteral("-A")});
     ::setrlimit(RLIMIT_FSIZE, &usual);
     QVERIFY(!written);
-    QCOMPARE(why.kind, FileFailure::Kind::SizeLimit);
+    QCOMPARE(written.failure().kind, FileFailure::Kind::SizeLimit);
     QCOMPARE(bytes(), before);
 }
 
 void tst_FlagFile::write_noRegularFile_isRefused()
 {
     Fifo fifo(m_path);
-    FileFailure why;
-    QVERIFY(!writeFlagFile(m_path, FlagLayout::Tagged, {QStringLiteral("-W")}, &why));
-    QCOMPARE(why.kind, FileFailure::Kind::NoRegularFile);
+    const auto written = writeFlagFile(m_path, FlagLayout::Tagged, {QStringLiteral("-W")});
+    QVERIFY(!written);
+    QCOMPARE(written.failure().kind, FileFailure::Kind::NoRegularFile);
     QVERIFY(!fifo.wasWaitedFor());
 }
 
 void tst_FlagFile::read_fifo_isNotWaitedFor()
 {
     Fifo fifo(m_path);
-    QCOMPARE(readFlagFile(m_path, FlagLayout::Tagged), QStringList());
+    QCOMPARE(flagsIn(m_path, FlagLayout::Tagged), QStringList());
     QVERIFY(!fifo.wasWaitedFor());
 }
 
@@ -196,7 +202,7 @@ void tst_FlagFile::write_sameFlags_leavesTheBytesAlone()
 {
     const QByteArray foreign = tagged("-W", 8, 'x') + tagged("", 0, 'y') + tagged("-\xe8 ", 8, 'z');
     setBytes(foreign);
-    writeFlagFile(m_path, FlagLayout::Tagged, readFlagFile(m_path, FlagLayout::Tagged));
+    QVERIFY(writeFlagFile(m_path, FlagLayout::Tagged, flagsIn(m_path, FlagLayout::Tagged)));
     QCOMPARE(bytes(), foreign);
 }
 
@@ -214,11 +220,11 @@ void tst_FlagFile::read_written_comesBack()
 {
     QFETCH(QStringList, flags);
     for (const FlagLayout layout : {FlagLayout::Tagged, FlagLayout::Padded}) {
-        writeFlagFile(m_path, layout, flags);
-        QCOMPARE(readFlagFile(m_path, layout), flags);
+        QVERIFY(writeFlagFile(m_path, layout, flags));
+        QCOMPARE(flagsIn(m_path, layout), flags);
         const QByteArray written = bytes();
         QFile::remove(m_path);
-        writeFlagFile(m_path, layout, flags);
+        QVERIFY(writeFlagFile(m_path, layout, flags));
         QCOMPARE(bytes(), written);
     }
 }
@@ -226,25 +232,25 @@ void tst_FlagFile::read_written_comesBack()
 void tst_FlagFile::read_blanks_areCut()
 {
     setBytes(tagged(" -W  "));
-    QCOMPARE(readFlagFile(m_path, FlagLayout::Tagged), QStringList{" -W"});
+    QCOMPARE(flagsIn(m_path, FlagLayout::Tagged), QStringList{" -W"});
     setBytes(padded(" -W"));
-    QCOMPARE(readFlagFile(m_path, FlagLayout::Padded), QStringList{" -W"});
+    QCOMPARE(flagsIn(m_path, FlagLayout::Padded), QStringList{" -W"});
 }
 
 void tst_FlagFile::read_emptyRecords_areFlagsOnlyWhenPadded()
 {
     setBytes(tagged("") + tagged("x", 0) + tagged("  ") + tagged("-W"));
-    QCOMPARE(readFlagFile(m_path, FlagLayout::Tagged), QStringList({"", "-W"})); // of the blanks
+    QCOMPARE(flagsIn(m_path, FlagLayout::Tagged), QStringList({"", "-W"})); // of the blanks
     setBytes(padded("") + padded("-W"));
-    QCOMPARE(readFlagFile(m_path, FlagLayout::Padded), QStringList({"", "-W"}));
+    QCOMPARE(flagsIn(m_path, FlagLayout::Padded), QStringList({"", "-W"}));
 }
 
 void tst_FlagFile::read_tornRecord_isLeftOut()
 {
     setBytes(padded("-W") + QByteArray(49, 'x'));
-    QCOMPARE(readFlagFile(m_path, FlagLayout::Padded), QStringList{"-W"});
+    QCOMPARE(flagsIn(m_path, FlagLayout::Padded), QStringList{"-W"});
     setBytes(tagged("-W") + tagged("-w").chopped(1));
-    QCOMPARE(readFlagFile(m_path, FlagLayout::Tagged), QStringList{"-W"});
+    QCOMPARE(flagsIn(m_path, FlagLayout::Tagged), QStringList{"-W"});
 }
 
 void tst_FlagFile::read_nonsense_isLeftOut_data()
@@ -261,18 +267,18 @@ void tst_FlagFile::read_nonsense_isLeftOut()
 {
     QFETCH(QByteArray, record);
     setBytes(record + tagged("-W"));
-    QCOMPARE(readFlagFile(m_path, FlagLayout::Tagged), QStringList{"-W"});
+    QCOMPARE(flagsIn(m_path, FlagLayout::Tagged), QStringList{"-W"});
 }
 
 void tst_FlagFile::read_noFile_nothing()
 {
     for (const FlagLayout layout : {FlagLayout::Tagged, FlagLayout::Padded}) {
-        QCOMPARE(readFlagFile(m_path, layout), QStringList());
-        QCOMPARE(readFlagFile(m_folder->path(), layout), QStringList());
+        QCOMPARE(flagsIn(m_path, layout), QStringList());
+        QCOMPARE(flagsIn(m_folder->path(), layout), QStringList());
     }
     QVERIFY(::mkfifo(QFile::encodeName(m_path).constData(), 0600) == 0);
     const TimeLimit limit; // nobody will ever write into it
-    QCOMPARE(readFlagFile(m_path, FlagLayout::Tagged), QStringList());
+    QCOMPARE(flagsIn(m_path, FlagLayout::Tagged), QStringList());
 }
 
 void tst_FlagFile::read_endless_isBounded()
@@ -280,7 +286,7 @@ void tst_FlagFile::read_endless_isBounded()
     setBytes(padded("-W"));
     QVERIFY(QFile::resize(m_path, 10'000'000'000)); // takes no room on the disk
     const TimeLimit limit;
-    QCOMPARE(readFlagFile(m_path, FlagLayout::Padded).size(), 5000);
+    QCOMPARE(flagsIn(m_path, FlagLayout::Padded).size(), 5000);
 }
 
 ARDIPHON_TEST(tst_FlagFile, QCoreApplication)

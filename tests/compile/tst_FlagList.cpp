@@ -61,8 +61,8 @@ void tst_FlagList::opening_noFile_defaultText()
 void tst_FlagList::opening_file_selectsTheFirst()
 {
     ProjectDialog dialog;
-    writeFlagFile(dialog.path("own/CSFlags.dat"), FlagLayout::Tagged, {"-A", "-d -m7"});
-    writeFlagFile(dialog.path("own/DSFlags.dat"), FlagLayout::Padded, {"", "-a"});
+    QVERIFY(writeFlagFile(dialog.path("own/CSFlags.dat"), FlagLayout::Tagged, {"-A", "-d -m7"}));
+    QVERIFY(writeFlagFile(dialog.path("own/DSFlags.dat"), FlagLayout::Padded, {"", "-a"}));
     dialog.open<FormWinsound>();
     QCOMPARE(flags(dialog).items(), QStringList({"-A", "-d -m7"}));
     QCOMPARE(flags(dialog).currentText(), QStringLiteral("-A"));
@@ -136,7 +136,7 @@ void tst_FlagList::add_otherCaseOrBlanks_isAnother()
 void tst_FlagList::remove_selected_keepsTheText()
 {
     ProjectDialog dialog;
-    writeFlagFile(dialog.path("own/CSFlags.dat"), FlagLayout::Tagged, {"-A", "-B", "-C"});
+    QVERIFY(writeFlagFile(dialog.path("own/CSFlags.dat"), FlagLayout::Tagged, {"-A", "-B", "-C"}));
     dialog.open<FormWinsound>();
     QTest::keyClick(&flags(dialog), Qt::Key_Down);
     QCOMPARE(flags(dialog).currentText(), QStringLiteral("-B"));
@@ -151,7 +151,7 @@ void tst_FlagList::remove_selected_keepsTheText()
 void tst_FlagList::remove_typedText_removesNothing()
 {
     ProjectDialog dialog;
-    writeFlagFile(dialog.path("own/CSFlags.dat"), FlagLayout::Tagged, {"-A", "-B"});
+    QVERIFY(writeFlagFile(dialog.path("own/CSFlags.dat"), FlagLayout::Tagged, {"-A", "-B"}));
     dialog.open<FormWinsound>();
     type(dialog, QStringLiteral("-B"));
     QTest::keyClick(flags(dialog).lineEdit(), Qt::Key_Return);
@@ -162,7 +162,7 @@ void tst_FlagList::remove_typedText_removesNothing()
 void tst_FlagList::typing_isNeitherCompletedNorSelected()
 {
     ProjectDialog dialog;
-    writeFlagFile(dialog.path("own/CSFlags.dat"), FlagLayout::Tagged, {"-Wave", "-x"});
+    QVERIFY(writeFlagFile(dialog.path("own/CSFlags.dat"), FlagLayout::Tagged, {"-Wave", "-x"}));
     dialog.open<FormWinsound>();
     type(dialog, QStringLiteral("-w"));
     QTest::keyClick(flags(dialog).lineEdit(), Qt::Key_Tab);
@@ -203,7 +203,7 @@ void tst_FlagList::closing_typed_isNotKept()
 void tst_FlagList::closing_emptied_removesTheFile()
 {
     ProjectDialog dialog;
-    writeFlagFile(dialog.path("own/CSFlags.dat"), FlagLayout::Tagged, {"-A"});
+    QVERIFY(writeFlagFile(dialog.path("own/CSFlags.dat"), FlagLayout::Tagged, {"-A"}));
     dialog.open<FormWinsound>();
     dialog.click("Command3");
     dialog.click("Command1");

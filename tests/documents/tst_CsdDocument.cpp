@@ -117,8 +117,7 @@ void tst_CsdDocument::save_untitled_asksForAName()
 
 void tst_CsdDocument::save_otherUntitledName_asksForAName()
 {
-    open();
-    m_program->config.CSDFileName = QStringLiteral("[Untitled.CSD]");
+    open(QStringLiteral("[Untitled.CSD]"));
     type(QStringLiteral("e"));
     m_program->dialogs.expectSave(QStringLiteral("Save File As ..."), std::nullopt);
     trigger("menuFileSalvaOrchestra");

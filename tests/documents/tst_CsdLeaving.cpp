@@ -1,6 +1,7 @@
 #include "app/RecentFiles.h"
 #include "documents/CsdDocumentFixture.h"
 #include "documents/DocumentTexts.h"
+#include "documents/ui/CsdDocument.h"
 #include "support/FileDrop.h"
 #include "support/ShownToolTip.h"
 #include "support/TestMain.h"
@@ -284,7 +285,8 @@ void tst_CsdLeaving::import_cancelledQuestion_changesNothing()
 void tst_CsdLeaving::properties_noName_saysSo()
 {
     open();
-    m_program->config.CSDFileName.clear();
+    m_window->findChild<CsdDocument *>()->rename(QString());
+    QCOMPARE(m_program->config.CSDFileName, QString());
     m_program->dialogs.expect({QStringLiteral("Cannot find File!"), ProgramTitle,
                                MessageIcon::Exclamation, MessageButtons::Ok});
     trigger("menuFileProprieta");

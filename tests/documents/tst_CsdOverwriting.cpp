@@ -33,7 +33,7 @@ private slots:
     void save_otherName_isWrittenThere();
     void save_otherNameCancelled_writesNothing();
     void saveAs_failedOverAFile_asksNoMore();
-    void saveAs_failedWhereNoFileIs_tellsOfTheFileThatIsThereLater();
+    void saveAs_failedWhereNoFileIs_leavesTheFileThatIsThereLater();
 
     // A pair.
     void export_newOrchestraOverAScore_asksFirst_data();
@@ -185,7 +185,7 @@ void tst_CsdOverwriting::save_otherNameCancelled_writesNothing()
     QVERIFY(m_editor->GetState(2));
 }
 
-/// The dialog has asked for that file, which no other program has touched since.
+/// What was not written there is not the document's file, and the next save goes to its own.
 void tst_CsdOverwriting::saveAs_failedOverAFile_asksNoMore()
 {
     if (geteuid() == 0)
@@ -200,11 +200,12 @@ void tst_CsdOverwriting::saveAs_failedOverAFile_asksNoMore()
     QVERIFY(m_editor->GetState(2));
     QVERIFY(QFile::setPermissions(other, QFile::ReadOwner | QFile::WriteOwner));
     trigger("menuFileSalvaOrchestra");
-    QCOMPARE(m_program->read(QStringLiteral("other.csd")), QByteArray("xmine"));
+    QCOMPARE(m_program->read(QStringLiteral("piece.csd")), QByteArray("xmine"));
+    QCOMPARE(m_program->read(QStringLiteral("other.csd")), QByteArray("protected"));
 }
 
 /// A folder that comes and goes, such as one on another machine.
-void tst_CsdOverwriting::saveAs_failedWhereNoFileIs_tellsOfTheFileThatIsThereLater()
+void tst_CsdOverwriting::saveAs_failedWhereNoFileIs_leavesTheFileThatIsThereLater()
 {
     open(m_program->write(QStringLiteral("piece.csd"), "mine"));
     type(QStringLiteral("x"));
@@ -215,8 +216,9 @@ void tst_CsdOverwriting::saveAs_failedWhereNoFileIs_tellsOfTheFileThatIsThereLat
     QVERIFY(m_editor->GetState(2));
     QVERIFY(QDir(m_program->folder.path()).mkdir(QStringLiteral("away")));
     m_program->write(QStringLiteral("away/other.csd"), "of long ago");
-    expectOverwrite(Answer::No, AlreadyExists);
     trigger("menuFileSalvaOrchestra");
+    QCOMPARE(m_program->config.CSDFileName, m_program->path(QStringLiteral("piece.csd")));
+    QCOMPARE(m_program->read(QStringLiteral("piece.csd")), QByteArray("xmine"));
     QCOMPARE(m_program->read(QStringLiteral("away/other.csd")), QByteArray("of long ago"));
 }
 

@@ -55,12 +55,17 @@ private slots:
 
     void csd_save_folderGone_saysWhyAndKeepsTheStar();
     void csd_saveAs_folderInItsPlace_saysWhy();
+    void csd_saveAs_failing_keepsNameBookmarksAndFile();
+    void csd_saveAs_untitledFailing_staysUntitled();
+    void csd_saveOnLeaving_untitledFailing_asksForAnotherName();
     void csd_saveOnLeaving_saysWhyAndAsksAgain();
     void csd_export_saysWhyOfEachFile();
     void csd_bookmarks_saysWhyOnce();
     void csd_bookmarksOfAFailedSave_sayNothingMore();
     void csd_sideFileThatIsAFifo_isNotWaitedFor();
     void csd_tooLarge_saysSoAndStaysUntouched();
+    void csd_readOnlyFileThatCannotBeRead_staysReadOnly();
+    void csd_import_leavesReadOnlyFilesAlone();
     void csd_overwriteThatFails_isNotAskedForAgain();
     void csd_importTooLarge_saysSo();
     void csd_nameThatIsNoText_opensNothing_data();
@@ -69,6 +74,8 @@ private slots:
 
     void project_save_saysWhyOfEachHalf();
     void project_oneHalf_saysWhy();
+    void project_saveAs_oneHalfFails_onlyTheOtherTakesItsName();
+    void project_export_saysWhyOnce();
     void project_importTooLarge_saysSo();
     void project_tooLarge_saysSo();
     void project_nameThatIsNoText_opensNothing();
@@ -119,6 +126,66 @@ void tst_FailedFiles::csd_saveAs_folderInItsPlace_saysWhy()
     trigger("menuFileSalvaOrchestraNome");
     QVERIFY(m_editor->GetState(2));
     QCOMPARE(m_program->read(QStringLiteral("piece.csd")), "text\n");
+}
+
+/// The new name counts once the bytes are there; until then nothing has happened.
+void tst_FailedFiles::csd_saveAs_failing_keepsNameBookmarksAndFile()
+{
+    const QString path = m_program->write(QStringLiteral("piece.csd"), "text\n");
+    open(path);
+    trigger("menuToolsBookmark");
+    type(QStringLiteral("x"));
+    const QString gone = m_program->path(QStringLiteral("gone/other.csd"));
+    m_program->dialogs.expectSave(QStringLiteral("Save File As ..."), gone);
+    expect(notSaved(gone, FolderGone));
+    trigger("menuFileSalvaOrchestraNome");
+    QCOMPARE(m_program->dialogs.verify(), QString());
+    QCOMPARE(m_program->config.CSDFileName, path);
+    QTRY_COMPARE(m_window->windowTitle(), path + TitleEnd + u'*');
+    QVERIFY(m_program->config.CSDModified);
+    QVERIFY(!QFile::exists(m_program->path(QStringLiteral("piece.bkm"))));
+
+    // The file is still the document's own: it is saved there, and nothing is asked.
+    trigger("menuFileSalvaOrchestra");
+    QCOMPARE(m_program->read(QStringLiteral("piece.csd")), "xtext\n");
+    QCOMPARE(m_program->read(QStringLiteral("piece.bkm")).size(), 600);
+    QVERIFY(!m_program->config.CSDModified);
+    QCOMPARE(m_window->windowTitle(), path + TitleEnd);
+}
+
+void tst_FailedFiles::csd_saveAs_untitledFailing_staysUntitled()
+{
+    open();
+    type(QStringLiteral("x"));
+    const QString gone = m_program->path(QStringLiteral("gone/new.csd"));
+    m_program->dialogs.expectSave(QStringLiteral("Save File As ..."), gone);
+    expect(notSaved(gone, FolderGone));
+    trigger("menuFileSalvaOrchestra");
+    QCOMPARE(m_program->dialogs.verify(), QString());
+    QCOMPARE(m_program->config.CSDFileName, QStringLiteral("[Untitled]"));
+    QTRY_COMPARE(m_window->windowTitle(), QStringLiteral("[Untitled]") + TitleEnd + u'*');
+
+    const QString path = m_program->path(QStringLiteral("new.csd"));
+    m_program->dialogs.expectSave(QStringLiteral("Save File As ..."), path);
+    trigger("menuFileSalvaOrchestra");
+    QCOMPARE(m_program->config.CSDFileName, path);
+    QCOMPARE(m_program->read(QStringLiteral("new.csd")), "x");
+}
+
+void tst_FailedFiles::csd_saveOnLeaving_untitledFailing_asksForAnotherName()
+{
+    open();
+    type(QStringLiteral("x"));
+    const QString gone = m_program->path(QStringLiteral("gone/new.csd"));
+    expectQuestion(QStringLiteral("Exit Program"), Answer::Yes, LeaveQuestion);
+    m_program->dialogs.expectSave(QStringLiteral("Save File As ..."), gone);
+    expect(notSaved(gone, FolderGone));
+    expectQuestion(QStringLiteral("Exit Program"), Answer::Yes, LeaveQuestion);
+    m_program->dialogs.expectSave(QStringLiteral("Save File As ..."),
+                                  m_program->path(QStringLiteral("new.csd")));
+    m_window->close();
+    QTRY_VERIFY(!m_window);
+    QCOMPARE(m_program->read(QStringLiteral("new.csd")), "x");
 }
 
 void tst_FailedFiles::csd_saveOnLeaving_saysWhyAndAsksAgain()
@@ -202,6 +269,33 @@ void tst_FailedFiles::csd_tooLarge_saysSoAndStaysUntouched()
     trigger("menuFileSalvaOrchestra");
     QVERIFY(m_editor->GetState(2));
     QCOMPARE(QFileInfo(path).size(), qint64(LargestDocument) + 1);
+}
+
+/// Only a file that was read becomes writable.
+void tst_FailedFiles::csd_readOnlyFileThatCannotBeRead_staysReadOnly()
+{
+    const QString path = makeLarge(m_program->path(QStringLiteral("large.csd")));
+    QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadGroup));
+    const QFile::Permissions before = QFile::permissions(path);
+    expect(notOpened(path, TooLarge));
+    open(path);
+    QCOMPARE(QFile::permissions(path), before);
+}
+
+void tst_FailedFiles::csd_import_leavesReadOnlyFilesAlone()
+{
+    open(m_program->write(QStringLiteral("piece.csd"), "text\n"));
+    const QString orchestra = m_program->write(QStringLiteral("a.orc"), "o");
+    const QString score = m_program->write(QStringLiteral("a.sco"), "s");
+    for (const QString &file : {orchestra, score})
+        QVERIFY(QFile::setPermissions(file, QFile::ReadOwner));
+    const QFile::Permissions before = QFile::permissions(orchestra);
+    m_program->dialogs.expectOpen(ImportPairTitle, orchestra);
+    trigger("menuFileImportaORCSCO");
+    QVERIFY(m_editor->Text().contains(QStringLiteral("\r\no\r\n")));
+    QCOMPARE(QFile::permissions(orchestra), before);
+    QCOMPARE(QFile::permissions(score), before);
+    m_editor->ClearState(2); // nothing is to be asked when the window goes
 }
 
 /// Who gave the other program's file up is told why the save failed, and not asked once more.
@@ -309,6 +403,47 @@ void tst_FailedFiles::project_oneHalf_saysWhy()
     project.trigger("menuFileSalvaScoreNome");
     QCOMPARE(project.dialogs.verify(), QString());
     QVERIFY(project.score->GetState(2));
+}
+
+/// What was written bears the new name, what was not keeps its own.
+void tst_FailedFiles::project_saveAs_oneHalfFails_onlyTheOtherTakesItsName()
+{
+    ProjectWindow project;
+    project.showPair("o\n", "s\n");
+    project.type(project.orchestra, QStringLiteral("x"));
+    project.type(project.score, QStringLiteral("y"));
+    const QString orchestra = project.path(QStringLiteral("new.orc"));
+    QVERIFY(QDir().mkdir(orchestra));
+    project.dialogs.expectSave(SaveProjectAsTitle, orchestra);
+    project.dialogs.expect({notSaved(orchestra, IsFolder)}, Answer::Ok);
+    project.trigger("menuFileSalvaProgettoNome");
+    QCOMPARE(project.dialogs.verify(), QString());
+    QCOMPARE(project.config.OrchestraFileName, project.path(QStringLiteral("piece.orc")));
+    QCOMPARE(project.config.ScoreFileName, project.path(QStringLiteral("new.sco")));
+    QVERIFY(project.orchestra->GetState(2));
+    QVERIFY(!project.score->GetState(2));
+    QCOMPARE(project.read(QStringLiteral("piece.orc")), "o\n");
+    QCOMPARE(project.read(QStringLiteral("piece.sco")), "s\n");
+    QCOMPARE(project.read(QStringLiteral("new.sco")), "ys\n");
+    QTRY_COMPARE(project.label("LabelOrchestra"),
+                 QStringLiteral("File Orchestra: %1*").arg(project.config.OrchestraFileName));
+    QCOMPARE(project.label("LabelScore"),
+             QStringLiteral("File Score: %1").arg(project.config.ScoreFileName));
+    project.orchestra->ClearState(2); // nothing is to be asked when the window goes
+}
+
+void tst_FailedFiles::project_export_saysWhyOnce()
+{
+    ProjectWindow project;
+    project.showPair();
+    const QString gone = project.path(QStringLiteral("gone/out.csd"));
+    project.dialogs.expectSave(ExportCsdTitle, gone);
+    project.expectMessage(notSaved(gone, FolderGone));
+    project.score->setFocus();
+    project.trigger("menuFileConvertToCSD");
+    QCOMPARE(project.dialogs.verify(), QString());
+    QVERIFY(project.orchestra->hasFocus());
+    QCOMPARE(project.config.CSDFileName, QString());
 }
 
 void tst_FailedFiles::project_importTooLarge_saysSo()

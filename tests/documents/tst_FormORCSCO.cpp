@@ -50,6 +50,7 @@ private slots:
     void definition_inTheScore_isNotOffered();
     void instrumentPanel_movesInTheOrchestra();
     void properties_ofTheFocusedHalf();
+    void properties_ofALonelyScore();
 };
 
 // Commands. ---------------------------------------------------------------------------------------
@@ -469,12 +470,21 @@ void tst_FormORCSCO::properties_ofTheFocusedHalf()
     m->score->setFocus();
     m->expectMessage(QStringLiteral("Cannot find File Score!"));
     m->trigger("menuFileProprieta");
-    m->config.OrchestraFileName.clear();
+    QVERIFY(!m->window->findChild<QDialog *>(QStringLiteral("FileProperties")));
+    m->orchestra->setFocus();
+    m->trigger("menuFileProprieta");
+    QTRY_VERIFY(m->window->findChild<QDialog *>(QStringLiteral("FileProperties")));
+}
+
+void tst_FormORCSCO::properties_ofALonelyScore()
+{
+    m->config.ScoreFileName = m->write(QStringLiteral("piece.sco"), "e");
+    m->show();
     m->orchestra->setFocus();
     m->expectMessage(QStringLiteral("Cannot find File Orchestra"));
     m->trigger("menuFileProprieta");
     QVERIFY(!m->window->findChild<QDialog *>(QStringLiteral("FileProperties")));
-    m->config.OrchestraFileName = m->path(QStringLiteral("piece.orc"));
+    m->score->setFocus();
     m->trigger("menuFileProprieta");
     QTRY_VERIFY(m->window->findChild<QDialog *>(QStringLiteral("FileProperties")));
 }

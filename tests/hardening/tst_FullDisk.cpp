@@ -220,7 +220,7 @@ void tst_FullDisk::leave_settingsStayWhole()
     for (const int length : {10, 20'000}) {
         WriteRegistryString(settings, registry::SettingsKey, "WaveEditor", QString(length, u'w'));
         QCOMPARE(bytesOf(path("settings.ini")), before);
-        QCOMPARE(settings.writeFailure().kind, FileFailure::Kind::DiskFull);
+        QCOMPARE(settings.lastWrite().failure().kind, FileFailure::Kind::DiskFull);
     }
     SettingsStore again(path("settings.ini"));
     QCOMPARE(ReadRegistryString(again, registry::SettingsKey, "FileCSound"), "/usr/bin/csound");

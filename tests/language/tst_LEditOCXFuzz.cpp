@@ -207,10 +207,11 @@ void tst_LEditOCXFuzz::callDocument()
         m_editor->ClearDocument();
         break;
     case 2:
-        m_editor->LoadFile(below(2) ? m_file : m_folder.path());
+        std::ignore = m_editor->LoadFile(below(2) ? m_file : m_folder.path()); // a folder too
         break;
     case 3:
-        m_editor->SaveFile(below(2) ? m_file : m_folder.filePath(anyText().replace('/', '|')));
+        std::ignore =
+            m_editor->SaveFile(below(2) ? m_file : m_folder.filePath(anyText().replace('/', '|')));
         break;
     case 4:
         m_editor->GetState(anyNumber());

@@ -99,7 +99,7 @@ void tst_BookmarkFile::write_usedSlots_givesTheseBytes()
     BookmarkSet set;
     set[0] = {QStringLiteral("-> instr 1"), 7};
     set[14] = {QStringLiteral("-> e"), 123456};
-    QVERIFY(writeBookmarkFile(path(), set));
+    QVERIFY(*writeBookmarkFile(path(), set));
 
     const QByteArray none = QByteArray("[NONE]").leftJustified(20);
     QByteArray expected =
@@ -115,7 +115,7 @@ void tst_BookmarkFile::write_longText_isCutAtTwentyCharacters()
 {
     BookmarkSet set;
     set[0] = {QStringLiteral("-> 0123456789abcdefgh"), 1};
-    QVERIFY(writeBookmarkFile(path(), set));
+    QVERIFY(*writeBookmarkFile(path(), set));
     QCOMPARE(bytes().mid(20, 20), QByteArray("-> 0123456789abcdefg"));
 }
 
@@ -124,7 +124,8 @@ void tst_BookmarkFile::write_allFree_removesTheFile()
     QFile file(path());
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.close();
-    QVERIFY(!writeBookmarkFile(path(), {}));
+    const auto written = writeBookmarkFile(path(), {});
+    QVERIFY(written && !*written);
     QVERIFY(!QFile::exists(path()));
 }
 
@@ -135,7 +136,8 @@ void tst_BookmarkFile::write_folderInItsPlace_harmsNothing()
     BookmarkSet set;
     set[0] = {QStringLiteral("-> a"), 1};
     QVERIFY(!writeBookmarkFile(folder, set));
-    QVERIFY(!writeBookmarkFile(folder, {}));
+    const auto removed = writeBookmarkFile(folder, {});
+    QVERIFY(removed && !*removed);
     QVERIFY(QFileInfo(folder).isDir());
     QVERIFY(!readBookmarkFile(folder));
 }
@@ -158,13 +160,13 @@ void tst_BookmarkFile::write_failing_saysWhy()
 {
     BookmarkSet set;
     set[0] = {QStringLiteral("-> a"), 1};
-    FileFailure why;
     const QString gone = m_folder.filePath(QStringLiteral("gone/piece.bkm"));
-    QVERIFY(!writeBookmarkFile(gone, set, &why));
-    QCOMPARE(why.kind, FileFailure::Kind::NotThere);
-    why = {};
-    QVERIFY(!writeBookmarkFile(gone, {}, &why)); // nothing to write, nothing to remove
-    QCOMPARE(why, FileFailure());
+    const auto written = writeBookmarkFile(gone, set);
+    QVERIFY(!written);
+    QCOMPARE(written.failure().kind, FileFailure::Kind::NotThere);
+    const auto removed = writeBookmarkFile(gone, {}); // nothing to write, nothing to remove
+    QVERIFY(removed && !*removed);
+    QCOMPARE(removed.failure(), FileFailure());
 }
 
 void tst_BookmarkFile::read_whatWasWritten_givesItBack()
@@ -172,7 +174,7 @@ void tst_BookmarkFile::read_whatWasWritten_givesItBack()
     BookmarkSet set;
     for (int i = 0; i < BookmarkSlots; i += 2)
         set[std::size_t(i)] = {QStringLiteral("-> line %1").arg(i), i + 1};
-    QVERIFY(writeBookmarkFile(path(), set));
+    QVERIFY(*writeBookmarkFile(path(), set));
     auto read = readBookmarkFile(path());
     QVERIFY(read);
     for (Bookmark &bookmark : *read)

@@ -369,20 +369,24 @@ void tst_SearchWindows::owner_handOver_newWindowsServeTheNewEditors()
     search.setParent(nullptr);
 }
 
+/// A window serves the editor that it was opened for; the configuration only mirrors its caller.
 void tst_SearchWindows::caller_changes_servesTheOtherEditor()
 {
     EditorPair project(QStringLiteral("same"), QStringLiteral("same"));
     project.search->open(SearchKind::Find, OrchestraCaller);
+    project.search->open(SearchKind::Find, ScoreCaller);
+    QCOMPARE(project.config.FindCaller, QStringLiteral("SCORE"));
+    project.config.FindCaller = OrchestraCaller;
+    QTRY_COMPARE(visibleWindows(), 1);
     const Opened search(project.window, SearchKind::Find);
     search.type(QStringLiteral("same"));
-    project.config.FindCaller = ScoreCaller;
     search.click("Command1");
     QCOMPARE(project.first->SelText(), QString());
     QCOMPARE(project.second->SelText(), QStringLiteral("same"));
-    project.config.FindCaller = CsdCaller; // an editor that this owner does not have
-    search.click("Command1");
     search.click("Command4");
     QTRY_VERIFY(!search.window);
+    project.search->open(SearchKind::Find, CsdCaller); // an editor that this owner does not have
+    QCOMPARE(visibleWindows(), 0);
 }
 
 namespace {

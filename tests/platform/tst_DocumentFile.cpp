@@ -217,9 +217,9 @@ void tst_DocumentFile::makeOldFile(bool inPlace)
 void tst_DocumentFile::read_file_givesAllBytes()
 {
     put(m_file, OldBytes);
-    QCOMPARE(readDocumentFile(m_file), OldBytes);
+    QCOMPARE(*readDocumentFile(m_file), OldBytes);
     put(m_file, {});
-    QCOMPARE(readDocumentFile(m_file), QByteArray());
+    QCOMPARE(*readDocumentFile(m_file), QByteArray());
 }
 
 void tst_DocumentFile::read_sizeUnknownBeforehand_givesAllBytes()
@@ -258,7 +258,7 @@ void tst_DocumentFile::read_tooLarge_givesNothing()
 void tst_DocumentFile::write_newFile_hasUsualMode()
 {
     const mode_t before = ::umask(027);
-    const bool written = writeDocumentFile(m_file, NewBytes);
+    const bool written = bool(writeDocumentFile(m_file, NewBytes));
     ::umask(before);
     QVERIFY(written);
     QCOMPARE(get(m_file), NewBytes);
@@ -367,10 +367,10 @@ void tst_DocumentFile::write_protectedFile_isRefused()
     QCOMPARE(inChild([&] {
                  if (!becomePlainUser())
                      return NotPossibleHere;
-                 FileFailure why;
-                 if (writeDocumentFile(m_file, NewBytes, &why))
+                 const auto written = writeDocumentFile(m_file, NewBytes);
+                 if (written)
                      return 1;
-                 return why.kind == FileFailure::Kind::NoPermission ? 0 : 2;
+                 return written.failure().kind == FileFailure::Kind::NoPermission ? 0 : 2;
              }),
              0);
     QCOMPARE(get(m_file), OldBytes);
@@ -446,7 +446,7 @@ void tst_DocumentFile::write_anySize_isWhole()
     const std::string folder = native(m_folder->path());
     const auto write = [&](const QByteArray &bytes) {
         if (way != "folder")
-            return writeDocumentFile(m_file, bytes);
+            return bool(writeDocumentFile(m_file, bytes));
         return inChild([&] {
                    ::setenv("TMPDIR", "/tmp", 1);
                    return becomePlainUser() && writeDocumentFile(m_file, bytes) ? 0 : 1;
@@ -471,7 +471,7 @@ void tst_DocumentFile::write_anySize_isWhole()
             const QByteArray found = get(m_file);
             QVERIFY2(written && found == bytesOf(size, 'a'),
                      qPrintable(QStringLiteral("%1 bytes over %2").arg(size).arg(oldSize)));
-            QCOMPARE(readDocumentFile(m_file), found);
+            QCOMPARE(*readDocumentFile(m_file), found);
             QCOMPARE(names().size(), way == "links" ? 2 : 1);
         }
     }
@@ -507,10 +507,11 @@ void tst_DocumentFile::read_refused_tellsWhy()
     QCOMPARE(::mkfifo(native(path("fifo")).c_str(), 0600), 0);
     QFile large(path("large"));
     QVERIFY(large.open(QIODevice::WriteOnly) && large.resize(LargestDocument + 1));
-    FileFailure why;
-    QVERIFY(!readDocumentFile(path(file), &why));
+    const auto read = readDocumentFile(path(file));
+    QVERIFY(!read);
     QFETCH(QString, reason);
-    QCOMPARE(notOpenedText("a.csd", why), "The file \"a.csd\" cannot be opened: " + reason + ".");
+    QCOMPARE(notOpenedText("a.csd", read.failure()),
+             "The file \"a.csd\" cannot be opened: " + reason + ".");
 }
 
 void tst_DocumentFile::write_refused_tellsWhy_data()
@@ -541,18 +542,19 @@ void tst_DocumentFile::write_refused_tellsWhy()
     QVERIFY(QDir(m_folder->path()).mkdir("sub"));
     QVERIFY(QFile::link("circle", path("circle")));
     QCOMPARE(::mkfifo(native(path("fifo")).c_str(), 0600), 0);
-    FileFailure why;
-    QVERIFY(!writeDocumentFile(path(file), NewBytes, &why));
+    const auto written = writeDocumentFile(path(file), NewBytes);
+    QVERIFY(!written);
     QFETCH(QString, reason);
-    QCOMPARE(notSavedText("a.csd", why), "The file \"a.csd\" was not saved: " + reason + ".");
+    QCOMPARE(notSavedText("a.csd", written.failure()),
+             "The file \"a.csd\" was not saved: " + reason + ".");
 }
 
 void tst_DocumentFile::write_done_leavesTheReasonAlone()
 {
-    FileFailure why;
     makeOldFile(true);
-    QVERIFY(writeDocumentFile(m_file, NewBytes, &why));
-    QCOMPARE(why, FileFailure());
+    const auto written = writeDocumentFile(m_file, NewBytes);
+    QVERIFY(written);
+    QCOMPARE(written.failure(), FileFailure());
 }
 
 void tst_DocumentFile::write_fullDisk_keepsOld_data()
@@ -573,10 +575,10 @@ void tst_DocumentFile::write_fullDisk_keepsOld()
         if (inPlace)
             QFile::exists(path("second")) ||
                 ::link(native(m_file).c_str(), native(path("second")).c_str());
-        FileFailure why;
-        if (writeDocumentFile(m_file, QByteArray(8'000'000, 'n'), &why))
+        const auto written = writeDocumentFile(m_file, QByteArray(8'000'000, 'n'));
+        if (written)
             return 1;
-        if (why.kind != FileFailure::Kind::DiskFull)
+        if (written.failure().kind != FileFailure::Kind::DiskFull)
             return 3;
         return get(m_file) == old && names().size() == (inPlace ? 2 : 1) ? 0 : 2;
     });
@@ -619,12 +621,12 @@ void tst_DocumentFile::write_fullDiskWithoutRoomForACopy_keepsOld()
         ::setenv("TMPDIR", native(m_folder->path()).c_str(), 1);
         put(m_file, OldBytes);
         fillDisk(path("ballast"));
-        FileFailure why;
-        if (writeDocumentFile(m_file, NewBytes, &why))
+        const auto written = writeDocumentFile(m_file, NewBytes);
+        if (written)
             return 1;
         if (get(m_file) != OldBytes || names().size() != 2)
             return 2;
-        return why.kind == FileFailure::Kind::DiskFull ? 0 : 3;
+        return written.failure().kind == FileFailure::Kind::DiskFull ? 0 : 3;
     });
     if (result == NotPossibleHere)
         QSKIP("no file system may be mounted here");
@@ -686,10 +688,8 @@ void tst_DocumentFile::write_readOnlyDisk_keepsOld()
         put(m_file, OldBytes);
         if (::mount(nullptr, folder, nullptr, MS_REMOUNT | MS_RDONLY, nullptr) != 0)
             return NotPossibleHere;
-        FileFailure why;
         for (const QString &file : {m_file, path("new.csd")})
-            if (writeDocumentFile(file, NewBytes, &why) ||
-                why.kind != FileFailure::Kind::ReadOnlyDisk)
+            if (writeDocumentFile(file, NewBytes).failure().kind != FileFailure::Kind::ReadOnlyDisk)
                 return 1;
         return get(m_file) == OldBytes ? 0 : 2;
     });
@@ -726,7 +726,7 @@ void tst_DocumentFile::write_killedAnywhere_holdsOldOrNew()
     bool newSeen = false;
     for (;; ++stops) {
         makeOldFile(inPlace);
-        if (!killedAt(stops, [&] { writeDocumentFile(m_file, NewBytes); }))
+        if (!killedAt(stops, [&] { std::ignore = writeDocumentFile(m_file, NewBytes); }))
             break;
         const QByteArray found = get(m_file);
         oldSeen |= found == OldBytes;

@@ -159,9 +159,10 @@ void tst_FailingDisk::makeOldFile(bool inPlace)
 bool tst_FailingDisk::save(decltype(fault) steps)
 {
     fault = std::move(steps);
-    const bool written = writeDocumentFile(m_file, NewBytes, &m_why);
+    const auto written = writeDocumentFile(m_file, NewBytes);
     fault = nullptr;
-    return written;
+    m_why = written.failure();
+    return bool(written);
 }
 
 /// Without both, a power cut may leave neither the old text nor the new one.

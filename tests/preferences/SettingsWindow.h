@@ -83,9 +83,8 @@ inline void SettingsWindow::end()
 
 inline void SettingsWindow::open(const QString &caller)
 {
-    m_program->config.SettingsCaller = caller;
     m_window = std::make_unique<ardiphon::FormImpostazioni>(
-        m_program->context, ardiphon::EditorViews{*LEDIT1, *LEDIT2}, m_host.get());
+        m_program->context, ardiphon::EditorViews{*LEDIT1, *LEDIT2}, caller, m_host.get());
     m_window->show();
     QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
 }

@@ -28,7 +28,7 @@ private slots:
     void keys_aloneOrWithAlt();
     void escape_cancels();
     void hover_lightsOnePictureAtATime();
-    void showModal_waitsForTheChoice();
+    void choose_waitsForTheChoice();
 
 private:
     PictureButton *picture(const char *name) const
@@ -169,7 +169,7 @@ void tst_FormNew::hover_lightsOnePictureAtATime()
     QCOMPARE(picture("picORCSCO")->state(), PictureState::Gray);
 }
 
-void tst_FormNew::showModal_waitsForTheChoice()
+void tst_FormNew::choose_waitsForTheChoice()
 {
     m_form.reset();
     m_config.NewDocumentChoice = "old";
@@ -178,7 +178,7 @@ void tst_FormNew::showModal_waitsForTheChoice()
         QVERIFY(chooser);
         QTest::keyClick(chooser, Qt::Key_O);
     });
-    FormNew::showModal(m_config, m_owner.get());
+    QCOMPARE(FormNew::choose(m_config, m_owner.get()), "NEWORCSCO");
     QCOMPARE(m_config.NewDocumentChoice, "NEWORCSCO");
 }
 

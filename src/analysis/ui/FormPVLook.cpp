@@ -2,7 +2,6 @@
 
 #include "app/ConfigurationBlock.h"
 #include "platform/DocumentFile.h"
-#include "platform/FileFailure.h"
 
 #include <QBoxLayout>
 #include <QFile>
@@ -69,10 +68,9 @@ void FormPVLook::saveListing()
     if (!path)
         return;
     DocumentForm form = m_form;
-    FileFailure why;
-    if (!writeDocumentFile(*path, encodeDocument(withLineEnds(text.toUtf8(), form.lineEnd), form),
-                           &why))
-        context().dialogs.message({notSavedText(*path, why)});
+    const QByteArray bytes = encodeDocument(withLineEnds(text.toUtf8(), form.lineEnd), form);
+    if (const auto written = writeDocumentFile(*path, bytes); !written)
+        context().dialogs.message({notSavedText(*path, written.failure())});
 }
 
 } // namespace ardiphon

@@ -4,7 +4,6 @@
 #include "compile/ui/CompileContext.h"
 #include "compile/ui/FlagCombo.h"
 #include "language/HelpWord.h"
-#include "platform/FileFailure.h"
 
 #include <QPushButton>
 
@@ -74,18 +73,17 @@ QString FlagList::text() const { return Flags->currentText(); }
 void FlagList::load()
 {
     Flags->setEditText(m_kind.firstText);
-    const QStringList flags = readFlagFile(m_path, m_kind.layout);
-    if (flags.isEmpty())
+    const auto flags = readFlagFile(m_path, m_kind.layout);
+    if (!flags || flags->isEmpty()) // a file that cannot be read leaves the list empty
         return;
-    Flags->addItems(flags);
+    Flags->addItems(*flags);
     Flags->setCurrentIndex(0);
 }
 
 void FlagList::save() const
 {
-    FileFailure why;
-    if (!writeFlagFile(m_path, m_kind.layout, Flags->items(), &why))
-        m_dialogs.message({notSavedText(m_path, why)});
+    if (const auto written = writeFlagFile(m_path, m_kind.layout, Flags->items()); !written)
+        m_dialogs.message({notSavedText(m_path, written.failure())});
 }
 
 void FlagList::addFlag()

@@ -14,6 +14,7 @@
 #include <QTimer>
 
 #include <chrono>
+#include <tuple>
 #include <utility>
 
 namespace ardiphon {
@@ -191,7 +192,8 @@ bool RunConsoleProcess(RunOwner &owner, const QString &executable, const QString
     if (RunConsole *console = owner.console()) {
         console->enableStop();
         owner.CompileStartTick = owner.system().tickCount();
-        restoreRunFolder(QFileInfo(owner.compileLogFile).path());
+        // Where that fails the run leaves no log, which the user is told at its end.
+        std::ignore = restoreRunFolder(QFileInfo(owner.compileLogFile).path());
         QFile::remove(owner.compileLogFile);
     }
     ProgramCommand command = commandOf(executable, parameters, directory);

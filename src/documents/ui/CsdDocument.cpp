@@ -30,8 +30,8 @@ const QString ChangedLine = QStringLiteral("File has changed!");
 } // namespace
 
 CsdDocument::CsdDocument(LEditOCX &editor, Bookmarks &bookmarks, ProgramContext &program,
-                         FileChooser &files, std::function<void()> chooseNew, QObject *parent)
-    : EditedFile(editor, bookmarks, program.config.CSDFileName,
+                         FileChooser &files, std::function<QString()> chooseNew, QObject *parent)
+    : EditedFile(DocumentRole::Csd, editor, bookmarks,
                  {QStringLiteral("Save File"), QStringLiteral("Save File As ..."), SaveFilter,
                   QStringLiteral("Cannot find File!")},
                  program, files, parent),
@@ -44,12 +44,11 @@ void CsdDocument::New()
     if (!mayDropText(QStringLiteral("New File")))
         return;
     saveBookmarksIfChanged();
-    config().NewDocumentChoice.clear();
-    m_chooseNew();
-    if (config().NewDocumentChoice == QLatin1String("NEWCSD")) {
+    const QString choice = m_chooseNew();
+    if (choice == QLatin1String("NEWCSD")) {
         beginEmpty(Untitled);
         editor().setFocus();
-    } else if (config().NewDocumentChoice == QLatin1String("NEWORCSCO")) {
+    } else if (choice == QLatin1String("NEWORCSCO")) {
         config().OrchestraFileName.clear();
         config().ScoreFileName.clear();
         editor().ClearDocument();
@@ -63,7 +62,7 @@ void CsdDocument::Open()
         return;
     saveBookmarksIfChanged();
     if (const auto path = files().open(QStringLiteral("Open File"), OpenFilter)) {
-        config().CSDFileName = *path;
+        take(document().renamed(*path)); // also where it is an orchestra or a score
         openPath(*path);
     }
 }
@@ -83,7 +82,7 @@ void CsdDocument::OpenRecent(const QString &path)
     if (!mayDropText(QStringLiteral("Save File")))
         return;
     saveBookmarksIfChanged();
-    config().CSDFileName = path;
+    take(document().renamed(path));
     files().beginIn(QDir::currentPath());
     if (openPath(path))
         emit programFirstTitleDue();
@@ -93,12 +92,13 @@ bool CsdDocument::openPath(const QString &path)
 {
     config().OrchestraFileName.clear();
     config().ScoreFileName.clear();
-    if (nameDocument(config(), path) == StartWindow::FormORCSCO) {
-        handOverToProject();
-        return false;
+    if (kindOfDocument(path) == DocumentKind::Csd) {
+        open(path);
+        return true;
     }
-    open(path);
-    return true;
+    nameDocument(config(), path); // there the project's window looks
+    handOverToProject();
+    return false;
 }
 
 void CsdDocument::OpenNamedOnLoad(const QString &path)
@@ -138,13 +138,15 @@ void CsdDocument::ExportToProject()
                    proposedName(fileName(), QStringLiteral(".orc")));
     if (!pair.isMade())
         return;
-    writeTextFile(pair.orchestra, *orchestra, program().dialogs);
-    writeTextFile(pair.score, *score, program().dialogs);
+    // Where one of them fails, the other is of use all the same.
+    for (const auto &[path, text] : {std::pair(pair.orchestra, *orchestra), {pair.score, *score}})
+        if (const auto written = writeTextFile(path, text); !written)
+            program().dialogs.message({notSavedText(path, written.failure())});
 }
 
 void CsdDocument::ImportProject()
 {
-    if (askToSave(QStringLiteral("Import Orc/Sco Files"), ChangedLine) == Answer::Cancel)
+    if (askToSave(QStringLiteral("Import Orc/Sco Files"), ChangedLine, editor()) == Answer::Cancel)
         return;
     const auto path = files().open(QStringLiteral("Open Project (Orchestra & Score)"),
                                    QStringLiteral("Csound files (orc & sco)|*.orc"));
@@ -156,36 +158,27 @@ void CsdDocument::ImportProject()
         program().dialogs.message({missingScoreText(scorePath)});
         return;
     }
-    const auto orchestra = readTextFile(*path, program().dialogs);
-    const auto score = orchestra ? readTextFile(*partner, program().dialogs) : std::nullopt;
-    if (!score)
+    const auto orchestra = readTextFile(*path);
+    const auto score = orchestra ? readTextFile(*partner) : orchestra.failure();
+    if (!score) {
+        program().dialogs.message({notOpenedText(orchestra ? *partner : *path, score.failure())});
         return;
+    }
     editor().SetText(csdText(*orchestra, *score));
     rename(Untitled);
     emit programFirstTitleDue();
     emit loaded();
 }
 
-/// A Cancel leads back to the text.
-Answer CsdDocument::askToSave(const QString &title, const QString &firstLine)
-{
-    const Answer answer = ardiphon::askToSave(
-        program().dialogs, saveQuestion(title, firstLine), [this] { return isModified(); },
-        [this] { return save(); });
-    if (answer == Answer::Cancel)
-        editor().setFocus();
-    return answer;
-}
-
 bool CsdDocument::mayDropText(const QString &title)
 {
-    return askToSave(title, ChangedLine) != Answer::Cancel;
+    return askToSave(title, ChangedLine, editor()) != Answer::Cancel;
 }
 
 bool CsdDocument::mayLeave(bool &saved)
 {
-    const Answer answer =
-        askToSave(QStringLiteral("Exit Program"), QStringLiteral("File CSD has changed!"));
+    const Answer answer = askToSave(QStringLiteral("Exit Program"),
+                                    QStringLiteral("File CSD has changed!"), editor());
     saved = answer != Answer::No;
     return answer != Answer::Cancel;
 }

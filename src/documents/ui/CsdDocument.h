@@ -14,10 +14,9 @@ class CsdDocument : public EditedFile
     Q_OBJECT
 
 public:
-    /// \a chooseNew asks what kind of document to begin and leaves the answer in
-    /// `NewDocumentChoice`.
+    /// \a chooseNew asks what kind of document to begin, and gives what FormNew::choose gives.
     CsdDocument(LEditOCX &editor, Bookmarks &bookmarks, ProgramContext &program, FileChooser &files,
-                std::function<void()> chooseNew, QObject *parent);
+                std::function<QString()> chooseNew, QObject *parent);
 
     void New();
     void Open();
@@ -45,14 +44,13 @@ signals:
     void programFirstTitleDue();
 
 private:
-    Answer askToSave(const QString &title, const QString &firstLine);
     bool mayDropText(const QString &title);
     /// False when the file is one for the project's window, which takes over.
     bool openPath(const QString &path);
     void open(const QString &path);
     void handOverToProject();
 
-    std::function<void()> m_chooseNew;
+    std::function<QString()> m_chooseNew;
 };
 
 } // namespace ardiphon

@@ -3,30 +3,38 @@
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
 #include "app/RecentFiles.h"
-#include "documents/DocumentRules.h"
+#include "documents/DocumentMirror.h"
 #include "documents/FileChooser.h"
 #include "language/editor/LEditOCX.h"
 #include "navigation/ui/Bookmarks.h"
 #include "platform/FileAttributes.h"
-#include "platform/FileFailure.h"
 
 namespace ardiphon {
 
-EditedFile::EditedFile(LEditOCX &editor, Bookmarks &bookmarks, QString &fileName, FileTexts texts,
+EditedFile::EditedFile(DocumentRole role, LEditOCX &editor, Bookmarks &bookmarks, FileTexts texts,
                        ProgramContext &program, FileChooser &files, QObject *parent)
     : QObject(parent),
       m_editor(editor),
       m_bookmarks(bookmarks),
-      m_fileName(fileName),
+      m_document(role),
       m_texts(std::move(texts)),
       m_program(program),
       m_files(files)
 {
+    const auto mirror = [this](bool changed) {
+        mirrorBookmarks(config(), m_document.role(), changed);
+    };
+    connect(&bookmarks, &Bookmarks::changed, this, mirror);
+    mirror(bookmarks.areChanged());
 }
 
 ConfigurationBlock &EditedFile::config() const { return m_program.config; }
 
-bool EditedFile::hasFile() const { return !m_fileName.isEmpty() && !isUntitled(m_fileName); }
+void EditedFile::take(const Document &document)
+{
+    m_document = document;
+    mirrorDocument(config(), m_document);
+}
 
 bool EditedFile::isModified() const { return m_editor.GetState(TextState); }
 
@@ -34,11 +42,11 @@ void EditedFile::clearModified() { m_editor.ClearState(TextState); }
 
 SaveResult EditedFile::save()
 {
-    if (!hasFile())
+    if (!m_document.hasFile())
         return saveAs();
     switch (askToOverwrite()) {
     case Answer::Yes:
-        return write();
+        return saveTo(m_document.name());
     case Answer::SaveAs: // whoever gives no other name then still wanted the text saved
         return saveAs() == SaveResult::Saved ? SaveResult::Saved : SaveResult::Refused;
     default:
@@ -46,12 +54,24 @@ SaveResult EditedFile::save()
     }
 }
 
+Answer EditedFile::askToSave(const QString &title, const QString &firstLine,
+                             LEditOCX &focusedOnCancel)
+{
+    const Answer answer = ardiphon::askToSave(
+        m_program.dialogs, saveQuestion(title, firstLine), [this] { return isModified(); },
+        [this] { return save(); });
+    if (answer == Answer::Cancel)
+        focusedOnCancel.setFocus();
+    return answer;
+}
+
 /// Yes where there is nothing to lose.
 Answer EditedFile::askToOverwrite()
 {
-    if (!m_stamp.isOutdated(m_fileName))
+    const SaveConflict conflict = m_document.conflict();
+    if (conflict == SaveConflict::None)
         return Answer::Yes;
-    const QString what = m_isOverAnother
+    const QString what = conflict == SaveConflict::AnotherFile
                              ? QStringLiteral("File already exists!")
                              : QStringLiteral("File has been changed by another program!");
     return m_program.dialogs.message({what + QStringLiteral("\r\nDo you want to overwrite it?"),
@@ -69,32 +89,22 @@ SaveResult EditedFile::saveAs()
     return result;
 }
 
+/// A save that failed says why, and leaves the text modified, so that no later question forgets it.
+/// Under a new name nothing has happened then; but a file of the document's own name that was given
+/// up is not asked for again.
 SaveResult EditedFile::saveTo(const QString &path)
 {
-    if (path != m_fileName) {
-        m_fileName = path;
-        m_stamp = {};
-        m_isOverAnother = true;
-    }
-    return write();
-}
-
-/// A save that failed says why, and leaves the text modified, so that no later question forgets it;
-/// but the file that it met was given up, so it is not asked for again.
-SaveResult EditedFile::write()
-{
-    FileFailure why;
-    const bool written = m_editor.SaveFile(m_fileName, &why);
-    m_bookmarks.saveIfChanged(m_fileName,
-                              written ? SideFileFailure::IsTold : SideFileFailure::GoesWithTheFile);
-    if (written)
+    const auto written = m_editor.SaveFile(path);
+    if (written) {
+        take(m_document.saved(path, *written));
+        m_bookmarks.saveIfChanged(path);
         clearModified();
-    else
-        m_program.dialogs.message({notSavedText(m_fileName, why)});
-    const FileStamp stamp = FileStamp::of(m_fileName);
-    if (written || stamp.isOfAFile()) {
-        m_stamp = stamp;
-        m_isOverAnother = false;
+    } else {
+        if (path == m_document.name()) {
+            m_bookmarks.saveIfChanged(path, SideFileFailure::GoesWithTheFile);
+            take(m_document.withFileGivenUp());
+        }
+        m_program.dialogs.message({notSavedText(path, written.failure())});
     }
     emit titleDue();
     return written ? SaveResult::Saved : SaveResult::Failed;
@@ -103,23 +113,22 @@ SaveResult EditedFile::write()
 /// The marker of an untitled document is a name here.
 void EditedFile::Properties()
 {
-    if (m_fileName.isEmpty())
+    if (m_document.name().isEmpty())
         m_program.dialogs.message({m_texts.missingFile});
     else
-        emit propertiesDue(m_fileName);
+        emit propertiesDue(m_document.name());
 }
 
 void EditedFile::load(const QString &path)
 {
-    m_fileName = path;
     m_editor.ClearDocument();
-    FileFailure why;
+    const auto form = m_editor.LoadFile(path);
+    if (form)
+        ClearFileAttributes(path);
+    take(Document::loaded(m_document.role(), path, form ? *form : DocumentForm()));
     // A name without a file is that of a document to be.
-    if (!m_editor.LoadFile(path, &why) && why.kind != FileFailure::Kind::NotThere)
-        m_program.dialogs.message({notOpenedText(path, why)});
-    ClearFileAttributes(path);
-    m_stamp = FileStamp::of(path);
-    m_isOverAnother = false;
+    if (!form && form.failure().kind != FileFailure::Kind::NotThere)
+        m_program.dialogs.message({notOpenedText(path, form.failure())});
     m_bookmarks.clear();
     clearModified();
     m_editor.ResetUndo();
@@ -135,23 +144,28 @@ void EditedFile::beginEmpty(const QString &name)
     m_bookmarks.clear();
     m_editor.ClearDocument();
     clearModified();
+    take(Document(m_document.role()));
     rename(name);
     emit begun();
 }
 
 void EditedFile::rename(const QString &name)
 {
-    m_fileName = name;
-    m_stamp = {};
-    m_isOverAnother = FileStamp::of(name).isOfAFile();
+    take(m_document.renamed(name));
     emit titleDue();
 }
 
-void EditedFile::saveBookmarksIfChanged() { m_bookmarks.saveIfChanged(m_fileName); }
+void EditedFile::giveUp()
+{
+    clearModified();
+    take(Document(m_document.role()));
+}
+
+void EditedFile::saveBookmarksIfChanged() { m_bookmarks.saveIfChanged(m_document.name()); }
 
 void EditedFile::noteOpened()
 {
-    UpdateRecentFiles(config(), m_program.settings, m_fileName);
+    UpdateRecentFiles(config(), m_program.settings, m_document.name());
     emit opened();
 }
 

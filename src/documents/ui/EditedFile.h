@@ -1,10 +1,12 @@
 #pragma once
 
-#include "documents/FileStamp.h"
+#include "documents/Document.h"
 #include "documents/SaveQuestion.h"
 
 #include <QObject>
 #include <QString>
+
+#include <tuple>
 
 namespace ardiphon {
 
@@ -23,41 +25,48 @@ struct FileTexts
     QString missingFile; ///< what is said where properties are asked for and there is no name
 };
 
-/// One text and its file: an editor, its bookmarks, and the name under which the configuration
-/// keeps it. What every document of the editor windows does: load, save, begin afresh.
+/// One text and its file: an editor, its bookmarks, and the record of the document, which the
+/// configuration mirrors. What every document of the editor windows does: load, save, begin afresh.
+/// Each failure is told once, with its reason.
 class EditedFile : public QObject
 {
     Q_OBJECT
 
 public:
-    /// \a fileName: the field of the configuration that names the document.
-    EditedFile(LEditOCX &editor, Bookmarks &bookmarks, QString &fileName, FileTexts texts,
+    /// A document of no name, which the configuration does not mirror yet.
+    EditedFile(DocumentRole role, LEditOCX &editor, Bookmarks &bookmarks, FileTexts texts,
                ProgramContext &program, FileChooser &files, QObject *parent);
 
     LEditOCX &editor() const { return m_editor; }
     Bookmarks &bookmarks() const { return m_bookmarks; }
-    const QString &fileName() const { return m_fileName; }
-    bool hasFile() const;
+    const Document &document() const { return m_document; }
+    const QString &fileName() const { return m_document.name(); }
+    bool hasFile() const { return m_document.hasFile(); }
     bool isModified() const;
     void clearModified();
 
-    void Save() { save(); }
-    void SaveAs() { saveAs(); }
+    // The commands. Whether they saved is seen at the mark of the modified text.
+    void Save() { std::ignore = save(); }
+    void SaveAs() { std::ignore = saveAs(); }
     /// Writes the file; a document without one asks for its name.
-    SaveResult save();
-    SaveResult saveAs();
-    /// Writes the document to \a path, which becomes its name.
-    SaveResult saveTo(const QString &path);
+    [[nodiscard]] SaveResult save();
+    [[nodiscard]] SaveResult saveAs();
+    /// Writes the document to \a path, which becomes its name once it is written.
+    [[nodiscard]] SaveResult saveTo(const QString &path);
 
     /// Has the properties of the file shown.
     void Properties();
 
-    /// Takes text and bookmarks from the file at \a path, which becomes its name.
+    /// Takes text and bookmarks from the file at \a path, which becomes its name whether it can be
+    /// read or not. A read-only file that was read becomes writable for its owner, unasked.
     void load(const QString &path);
     /// Empties the document, which goes by \a name from now on.
     void beginEmpty(const QString &name);
     /// Gives the document a name whose file, if there is one, was neither read nor written here.
     void rename(const QString &name);
+    /// Leaves the text to nobody: it counts as unmodified, and has no name any more. What shows the
+    /// name stays as it is, as its window is about to close.
+    void giveUp();
     void saveBookmarksIfChanged();
 
 signals:
@@ -76,23 +85,24 @@ protected:
     ProgramContext &program() const { return m_program; }
     ConfigurationBlock &config() const;
     FileChooser &files() const { return m_files; }
+    /// The save question of a modified text. A Cancel gives the focus to \a focusedOnCancel.
+    Answer askToSave(const QString &title, const QString &firstLine, LEditOCX &focusedOnCancel);
+    /// Makes \a document the record, which the configuration mirrors from now on.
+    void take(const Document &document);
     /// Puts the document on the recent list.
     void noteOpened();
     /// Takes the bookmarks of the document at \a path from its side file, if it has one.
     virtual void loadBookmarks(const QString &path);
 
 private:
-    SaveResult write();
     Answer askToOverwrite();
 
     LEditOCX &m_editor;
     Bookmarks &m_bookmarks;
-    QString &m_fileName;
+    Document m_document;
     const FileTexts m_texts;
     ProgramContext &m_program;
     FileChooser &m_files;
-    FileStamp m_stamp;            ///< of the file as it was loaded or saved here
-    bool m_isOverAnother = false; ///< a file may have had this name before the document
 };
 
 } // namespace ardiphon

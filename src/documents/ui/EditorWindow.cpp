@@ -2,6 +2,7 @@
 
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
+#include "compile/CompileRules.h"
 #include "documents/Commands.h"
 #include "documents/ui/DeferredClose.h"
 #include "documents/ui/EditorArea.h"
@@ -155,7 +156,7 @@ void EditorWindow::endClosing(QCloseEvent &event, bool leaves)
 {
     if (m_closing->takeByUser(event) || config().FormCSDClosing)
         config().Words.CloseOpcodeFile();
-    QFile::remove(config().RootPath + QStringLiteral("tmp.txt"));
+    QFile::remove(CompileLogFile(config().RootPath));
     event.setAccepted(leaves);
 }
 

@@ -63,9 +63,8 @@ FormCSD::FormCSD(ProgramContext &program)
 void FormCSD::buildDocument()
 {
     LEditOCX &first = *m_area->LEDIT1;
-    m_bookmarks = new Bookmarks(first, *m_area->Tree2, config().CSDModified, QStringLiteral("bkm"),
-                                dialogs());
-    const auto chooseNew = [this] { FormNew::showModal(config(), this); };
+    m_bookmarks = new Bookmarks(first, *m_area->Tree2, QStringLiteral("bkm"), dialogs());
+    const auto chooseNew = [this] { return FormNew::choose(config(), this); };
     m_document = new CsdDocument(first, *m_bookmarks, program(), files(), chooseNew, this);
     m_tags = new TagPanel(first, *m_area->Tree, *m_area->List1, config().Words.CsdWords);
     m_mirror = new SplitMirror(first, *m_area->LEDIT2, this);
@@ -83,7 +82,7 @@ void FormCSD::buildTools()
 void FormCSD::openNamedDocument()
 {
     if (config().CSDFileName.isEmpty())
-        config().CSDFileName = Untitled;
+        m_document->rename(Untitled);
     else
         m_document->OpenNamedOnLoad(config().CSDFileName);
     writeTitle();

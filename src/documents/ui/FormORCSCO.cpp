@@ -65,18 +65,15 @@ FormORCSCO::FormORCSCO(ProgramContext &program)
 
 void FormORCSCO::buildDocuments()
 {
-    auto *orchestraMarks =
-        new Bookmarks(*m_area->LEDIT1, *m_area->Tree1, config().OrchestraModified,
-                      QStringLiteral("bko"), dialogs());
-    auto *scoreMarks = new Bookmarks(*m_area->LEDIT2, *m_area->Tree2, config().ScoreModified,
-                                     QStringLiteral("bks"), dialogs());
+    LEditOCX &first = *m_area->LEDIT1;
+    LEditOCX &second = *m_area->LEDIT2;
+    auto *orchestraMarks = new Bookmarks(first, *m_area->Tree1, QStringLiteral("bko"), dialogs());
+    auto *scoreMarks = new Bookmarks(second, *m_area->Tree2, QStringLiteral("bks"), dialogs());
     m_orchestra =
-        new HalfDocument(OrchestraHalf, *m_area->LEDIT1, *orchestraMarks,
-                         config().OrchestraFileName, *m_area->LEDIT1, program(), files(), this);
-    m_score = new HalfDocument(ScoreHalf, *m_area->LEDIT2, *scoreMarks, config().ScoreFileName,
-                               *m_area->LEDIT1, program(), files(), this);
+        new HalfDocument(OrchestraHalf, first, *orchestraMarks, first, program(), files(), this);
+    m_score = new HalfDocument(ScoreHalf, second, *scoreMarks, first, program(), files(), this);
     m_area->setDocuments(*m_orchestra, *m_score);
-    const auto chooseNew = [this] { FormNew::showModal(config(), this); };
+    const auto chooseNew = [this] { return FormNew::choose(config(), this); };
     m_project = new ProjectDocument(*m_orchestra, *m_score, program(), files(), chooseNew, this);
 }
 

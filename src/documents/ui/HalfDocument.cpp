@@ -10,9 +10,9 @@
 namespace ardiphon {
 
 HalfDocument::HalfDocument(const ProjectHalf &half, LEditOCX &editor, Bookmarks &bookmarks,
-                           QString &fileName, LEditOCX &focusedOnCancel, ProgramContext &program,
-                           FileChooser &files, QObject *parent)
-    : EditedFile(editor, bookmarks, fileName,
+                           LEditOCX &focusedOnCancel, ProgramContext &program, FileChooser &files,
+                           QObject *parent)
+    : EditedFile(half.role, editor, bookmarks,
                  {QStringLiteral("Save ") + half.name, half.saveTitle(), half.saveFilter(),
                   half.missingText},
                  program, files, parent),
@@ -61,12 +61,7 @@ void HalfDocument::loadBookmarks(const QString &path)
 
 Answer HalfDocument::askToSave(const QString &title)
 {
-    const Answer answer = ardiphon::askToSave(
-        program().dialogs, saveQuestion(title, m_half.changedLine()),
-        [this] { return isModified(); }, [this] { return save(); });
-    if (answer == Answer::Cancel)
-        m_focusedOnCancel.setFocus();
-    return answer;
+    return EditedFile::askToSave(title, m_half.changedLine(), m_focusedOnCancel);
 }
 
 bool HalfDocument::mayDropText(const QString &title) { return askToSave(title) != Answer::Cancel; }

@@ -12,7 +12,7 @@ class HalfDocument : public EditedFile
 
 public:
     /// \a focusedOnCancel: the editor that a Cancel at the save question leads to.
-    HalfDocument(const ProjectHalf &half, LEditOCX &editor, Bookmarks &bookmarks, QString &fileName,
+    HalfDocument(const ProjectHalf &half, LEditOCX &editor, Bookmarks &bookmarks,
                  LEditOCX &focusedOnCancel, ProgramContext &program, FileChooser &files,
                  QObject *parent);
 

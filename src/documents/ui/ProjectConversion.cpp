@@ -37,7 +37,8 @@ void ProjectDocument::ExportToCsd()
                                    proposedName(m_orchestra.fileName(), QStringLiteral(".csd")));
     if (!path)
         return;
-    writeTextFile(*path, csdText(orchestra, score), m_program.dialogs);
+    if (const auto written = writeTextFile(*path, csdText(orchestra, score)); !written)
+        m_program.dialogs.message({notSavedText(*path, written.failure())});
     m_orchestra.editor().setFocus();
 }
 
@@ -52,7 +53,10 @@ void ProjectDocument::ImportCsd()
         m_files.open(QStringLiteral("Open CSound Unified File Format (*.CSD)"), CsdFilter);
     if (!path)
         return;
-    const QString csd = readTextFile(*path, m_program.dialogs).value_or(QString());
+    const auto read = readTextFile(*path);
+    if (!read)
+        m_program.dialogs.message({notOpenedText(*path, read.failure())});
+    const QString csd = read ? *read : QString();
     const auto orchestra = orchestraOfCsd(csd);
     if (orchestra)
         replaceText(m_orchestra, *orchestra, *path, config().FontSize);

@@ -41,7 +41,7 @@ SaveResult resultOf(SaveResult first, SaveResult second)
 
 ProjectDocument::ProjectDocument(HalfDocument &orchestra, HalfDocument &score,
                                  ProgramContext &program, FileChooser &files,
-                                 std::function<void()> chooseNew, QObject *parent)
+                                 std::function<QString()> chooseNew, QObject *parent)
     : QObject(parent),
       m_orchestra(orchestra),
       m_score(score),
@@ -58,12 +58,6 @@ ConfigurationBlock &ProjectDocument::config() const { return m_program.config; }
 bool ProjectDocument::isModified() const
 {
     return m_orchestra.isModified() || m_score.isModified();
-}
-
-void ProjectDocument::clearModified()
-{
-    m_orchestra.clearModified();
-    m_score.clearModified();
 }
 
 void ProjectDocument::saveBookmarksIfChanged()
@@ -94,9 +88,7 @@ void ProjectDocument::New()
     if (!mayDropTexts(QStringLiteral("New Project"), ProjectChanged))
         return;
     saveBookmarksIfChanged();
-    config().NewDocumentChoice.clear();
-    m_chooseNew();
-    const QString choice = config().NewDocumentChoice;
+    const QString choice = m_chooseNew();
     if (choice == QLatin1String("NEWORCSCO")) {
         beginEmpty();
     } else if (choice == QLatin1String("NEWCSD") || choice == QLatin1String("NEWGENERIC")) {
@@ -145,10 +137,9 @@ void ProjectDocument::noteOpened(const QString &path)
 
 void ProjectDocument::openInCsdWindow(const QString &path)
 {
-    config().CSDFileName = path;
-    config().OrchestraFileName.clear();
-    config().ScoreFileName.clear();
-    clearModified();
+    m_orchestra.giveUp();
+    m_score.giveUp();
+    config().CSDFileName = path; // there the CSD window looks
     emit csdWindowDue();
 }
 

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <functional>
+#include <tuple>
 
 namespace ardiphon {
 
@@ -21,15 +22,15 @@ class ProjectDocument : public QObject
     Q_OBJECT
 
 public:
-    /// \a chooseNew asks what kind of document to begin and leaves the answer in
-    /// `NewDocumentChoice`.
+    /// \a chooseNew asks what kind of document to begin, and gives what FormNew::choose gives.
     ProjectDocument(HalfDocument &orchestra, HalfDocument &score, ProgramContext &program,
-                    FileChooser &files, std::function<void()> chooseNew, QObject *parent);
+                    FileChooser &files, std::function<QString()> chooseNew, QObject *parent);
 
     void New();
     void Open();
-    void Save() { save(); }
-    void SaveAs() { saveAs(); }
+    // Whether they saved is seen at the marks of the modified texts.
+    void Save() { std::ignore = save(); }
+    void SaveAs() { std::ignore = saveAs(); }
 
     /// Opens what the configuration names, or begins with two untitled documents.
     void OpenNamedOnLoad();
@@ -60,11 +61,10 @@ signals:
 private:
     bool mayDropTexts(const QString &title, const QString &firstLine);
     bool isModified() const;
-    SaveResult save();
-    SaveResult saveAs();
+    [[nodiscard]] SaveResult save();
+    [[nodiscard]] SaveResult saveAs();
     void saveBookmarksIfChanged();
     void beginEmpty();
-    void clearModified();
     void openPair(const QString &orchestraPath);
     void loadWithPartner(const QString &path, HalfDocument &half, HalfDocument &partner);
     void noteOpened(const QString &path);
@@ -77,7 +77,7 @@ private:
     HalfDocument &m_score;
     ProgramContext &m_program;
     FileChooser &m_files;
-    std::function<void()> m_chooseNew;
+    std::function<QString()> m_chooseNew;
 };
 
 } // namespace ardiphon

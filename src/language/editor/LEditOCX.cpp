@@ -4,7 +4,6 @@
 #include "language/Utf8.h"
 #include "language/editor/LEditOCXPrivate.h"
 #include "platform/DocumentFile.h"
-#include "platform/FileFailure.h"
 
 #include <QFileInfo>
 #include <QVBoxLayout>
@@ -169,30 +168,27 @@ int LEditOCX::LineLength(int line) const
 
 void LEditOCX::ClearDocument() { d->replaceDocument({}); }
 
-bool LEditOCX::LoadFile(const QString &path, FileFailure *why)
+Result<DocumentForm> LEditOCX::LoadFile(const QString &path)
 {
     const Operation operation(*d);
-    auto bytes = readDocumentFile(path, why);
-    const bool read = bytes.has_value();
-    d->replaceDocument(read ? decodeDocument(*std::move(bytes)) : DocumentText());
-    if (!read)
-        d->unreadFile = canonical(path);
-    return read;
+    Result<QByteArray> bytes = readDocumentFile(path);
+    d->replaceDocument(bytes ? decodeDocument(*std::move(bytes)) : DocumentText());
+    if (bytes)
+        return d->form;
+    d->unreadFile = canonical(path);
+    return bytes.failure();
 }
 
-bool LEditOCX::SaveFile(const QString &path, FileFailure *why)
+Result<DocumentForm> LEditOCX::SaveFile(const QString &path)
 {
-    if (!d->unreadFile.isEmpty() && canonical(path) == d->unreadFile) {
-        if (why)
-            *why = {FileFailure::Kind::NotRead};
-        return false;
-    }
+    if (!d->unreadFile.isEmpty() && canonical(path) == d->unreadFile)
+        return FileFailure{FileFailure::Kind::NotRead};
     DocumentForm form = d->form;
     const QByteArray utf8 = d->text.bytes(0, d->text.size()).toByteArray();
-    if (!writeDocumentFile(path, encodeDocument(utf8, form), why))
-        return false;
+    if (const auto written = writeDocumentFile(path, encodeDocument(utf8, form)); !written)
+        return written.failure();
     d->form = form;
-    return true;
+    return form;
 }
 
 bool LEditOCX::GetState(int flag) const

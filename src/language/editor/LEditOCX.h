@@ -1,8 +1,10 @@
 #pragma once
 
+#include "language/DocumentText.h"
 #include "language/TextChange.h"
 #include "language/TokenColors.h"
 #include "platform/Color.h"
+#include "platform/Result.h"
 
 #include <QPoint>
 #include <QWidget>
@@ -11,8 +13,6 @@
 #include <memory>
 
 namespace ardiphon {
-
-struct FileFailure;
 
 /// A key going down in the editor. A handler may set `KeyCode` to 0 to swallow the key.
 struct EditorKey
@@ -77,14 +77,13 @@ public:
     /// Empties the document; it has no file, no history and is not modified. No bookmark slot
     /// moves.
     void ClearDocument();
-    /// Reads \a path into the document. False, with the reason in \a why, when it could not be
-    /// read: the document is empty then, and a SaveFile to that same path is refused as long as the
-    /// file exists.
-    bool LoadFile(const QString &path, FileFailure *why = nullptr);
-    /// Writes the document to \a path, wholly or not at all. A file that was loaded and not changed
-    /// is written byte for byte as it was. False, with the reason in \a why, when nothing was
-    /// written.
-    bool SaveFile(const QString &path, FileFailure *why = nullptr);
+    /// Reads \a path into the document, and tells how its bytes are read. When it could not be read
+    /// the document is empty, and a SaveFile to that same path is refused as long as the file
+    /// exists.
+    Result<DocumentForm> LoadFile(const QString &path);
+    /// Writes the document to \a path, wholly or not at all, and tells how its bytes are written. A
+    /// file that was loaded and not changed is written byte for byte as it was.
+    Result<DocumentForm> SaveFile(const QString &path);
 
     /// \a flag TextState: whether the text was modified since the state was last cleared. Else
     /// false.

@@ -22,8 +22,8 @@ void KeywordHelp::keyHelp(LEditOCX &view, ViewLanguage language)
     if (!hasManualForView())
         return;
     view.UpdateCurrentWord();
-    m_config.HelpWord = keyHelpWord(m_config.Words, language, view.CurrentWord());
-    ShowHelp(m_config.HelpWord);
+    setHelpWord(keyHelpWord(m_config.Words, language, view.CurrentWord()));
+    ShowHelp(m_helpWord);
 }
 
 void KeywordHelp::keyIndex()
@@ -36,14 +36,14 @@ QString KeywordHelp::prepareMenu(LEditOCX &view, ViewLanguage language)
 {
     view.UpdateCurrentWord();
     const PopupHelpWord found = popupHelpWord(m_config.Words, language, view.CurrentWord());
-    m_config.HelpWord = found.HelpWord;
+    setHelpWord(found.HelpWord);
     return found.caption();
 }
 
 void KeywordHelp::menuPopupOpcodeHelp()
 {
     if (hasManualForView())
-        ShowHelp(m_config.HelpWord);
+        ShowHelp(m_helpWord);
 }
 
 void KeywordHelp::helpIndex()
@@ -75,8 +75,8 @@ void KeywordHelp::opcodeHelp()
 {
     if (!hasManualForEntry())
         return;
-    m_config.HelpWord.clear();
-    ShowHelp(m_config.HelpWord);
+    setHelpWord(QString());
+    ShowHelp(m_helpWord);
 }
 
 bool KeywordHelp::hasManual(const QString &firstLine, const QString &secondLine)
@@ -97,6 +97,12 @@ bool KeywordHelp::hasManualForEntry()
 {
     return hasManual(QStringLiteral("No File defined for CSound Help"),
                      QStringLiteral("Please set: File->Settings->CSound Help"));
+}
+
+void KeywordHelp::setHelpWord(const QString &keyword)
+{
+    m_helpWord = keyword;
+    m_config.HelpWord = keyword;
 }
 
 void KeywordHelp::ShowHelp(const QString &keyword)

@@ -54,6 +54,8 @@ private:
     bool hasManualForView();
     bool hasManualForEntry();
 
+    /// Keeps the keyword that the popup's entry asks for; the configuration mirrors it.
+    void setHelpWord(const QString &keyword);
     /// Opens the manual at \a keyword; at its start page when the keyword is "" or has no page.
     void ShowHelp(const QString &keyword);
     void ShowHelpIndex();
@@ -62,6 +64,7 @@ private:
     Dialogs &m_dialogs;
     HelpViewer m_viewer;
     ManualIndex m_index;
+    QString m_helpWord;
 };
 
 } // namespace ardiphon

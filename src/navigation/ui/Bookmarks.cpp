@@ -2,7 +2,6 @@
 
 #include "language/editor/LEditOCX.h"
 #include "platform/Dialogs.h"
-#include "platform/FileFailure.h"
 
 #include <QTreeWidget>
 
@@ -16,22 +15,22 @@ constexpr int NoSlot = 0; // slots count from 1
 
 } // namespace
 
-Bookmarks::Bookmarks(LEditOCX &editor, QTreeWidget &tree, bool &changed, const QString &extension,
+Bookmarks::Bookmarks(LEditOCX &editor, QTreeWidget &tree, const QString &extension,
                      Dialogs &dialogs)
-    : QObject(&editor),
-      m_editor(editor),
-      m_tree(tree),
-      m_changed(changed),
-      m_extension(extension),
-      m_dialogs(dialogs)
+    : QObject(&editor), m_editor(editor), m_tree(tree), m_extension(extension), m_dialogs(dialogs)
 {
     for (int slot = 1; slot <= BookmarkSlots; ++slot) {
         auto *node = new QTreeWidgetItem(&m_tree, {FreeSlotText});
         node->setForeground(0, QColor(0, 0, 255));
     }
-    m_changed = false;
     connect(&m_tree, &QTreeWidget::itemClicked, this,
             [this](QTreeWidgetItem *node) { visit(m_tree.indexOfTopLevelItem(node) + 1); });
+}
+
+void Bookmarks::setChanged(bool changed)
+{
+    if (std::exchange(m_changed, changed) != changed)
+        emit this->changed(changed);
 }
 
 QString Bookmarks::textOf(int slot) const { return m_tree.topLevelItem(slot - 1)->text(0); }
@@ -90,7 +89,7 @@ void Bookmarks::InsertBookmark()
         return;
     }
     occupy(slot, line, bookmarkText(m_editor.LineText(line)));
-    m_changed = true;
+    setChanged(true);
 }
 
 void Bookmarks::RemoveBookmark()
@@ -99,14 +98,14 @@ void Bookmarks::RemoveBookmark()
     const int line = m_editor.SelStartLine;
     for (int slot = slotOnLine(line); slot != NoSlot; slot = slotOnLine(line)) {
         release(slot);
-        m_changed = true;
+        setChanged(true);
     }
 }
 
 void Bookmarks::RemoveAllBookmarks()
 {
     clear();
-    m_changed = true;
+    setChanged(true);
 }
 
 void Bookmarks::clear()
@@ -132,14 +131,14 @@ void Bookmarks::save(const QString &documentName, SideFileFailure failure)
     BookmarkSet bookmarks;
     for (int slot = 1; slot <= BookmarkSlots; ++slot)
         bookmarks[std::size_t(slot - 1)] = {textOf(slot), m_editor.GetBookmarkLine(slot)};
-    FileFailure why;
-    if (writeBookmarkFile(path, bookmarks, &why))
-        m_changed = false;
-    if (why.kind == FileFailure::Kind::None)
+    const Result<bool> written = writeBookmarkFile(path, bookmarks);
+    if (written && *written)
+        setChanged(false);
+    if (written)
         m_toldOf.clear();
     else if (m_changed && failure == SideFileFailure::IsTold &&
              std::exchange(m_toldOf, path) != path)
-        m_dialogs.message({notSavedText(path, why)});
+        m_dialogs.message({notSavedText(path, written.failure())});
 }
 
 void Bookmarks::saveIfChanged(const QString &documentName, SideFileFailure failure)
@@ -151,15 +150,17 @@ void Bookmarks::saveIfChanged(const QString &documentName, SideFileFailure failu
 void Bookmarks::load(const QString &documentName)
 {
     const QString path = sideFileOf(documentName);
-    const auto bookmarks = path.isEmpty() ? std::nullopt : readBookmarkFile(path);
-    if (!bookmarks)
+    if (path.isEmpty())
+        return;
+    const auto bookmarks = readBookmarkFile(path);
+    if (!bookmarks) // a document without one has no bookmarks
         return;
     for (int slot = 1; slot <= BookmarkSlots; ++slot) {
         const Bookmark &bookmark = (*bookmarks)[std::size_t(slot - 1)];
         if (!bookmark.isFree())
             occupy(slot, bookmark.line, bookmark.text);
     }
-    m_changed = false;
+    setChanged(false);
 }
 
 void Bookmarks::visit(int slot)

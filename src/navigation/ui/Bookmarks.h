@@ -22,10 +22,8 @@ class Bookmarks : public QObject
     Q_OBJECT
 
 public:
-    /// Fills \a tree with a node for each slot. \a changed is set when the side file is due and
-    /// cleared when it agrees. \a extension: that of the side file.
-    Bookmarks(LEditOCX &editor, QTreeWidget &tree, bool &changed, const QString &extension,
-              Dialogs &dialogs);
+    /// Fills \a tree with a node for each slot. \a extension: that of the side file.
+    Bookmarks(LEditOCX &editor, QTreeWidget &tree, const QString &extension, Dialogs &dialogs);
 
     /// Puts a bookmark on the caret's line, or takes the one away that is there.
     void InsertBookmark();
@@ -40,12 +38,16 @@ public:
     void save(const QString &documentName, SideFileFailure failure = SideFileFailure::IsTold);
     void saveIfChanged(const QString &documentName,
                        SideFileFailure failure = SideFileFailure::IsTold);
+    /// Whether the side file is due.
+    bool areChanged() const { return m_changed; }
     /// Clears the changed flag: the side file is not due.
-    void countAsUnchanged() { m_changed = false; }
+    void countAsUnchanged() { setChanged(false); }
     /// Takes the slots from the side file, if there is one, and then clears the changed flag.
     void load(const QString &documentName);
 
 signals:
+    /// The changed flag changed.
+    void changed(bool now);
     /// A node was clicked, and the caret stands on its line if it has one.
     void visited();
 
@@ -57,13 +59,14 @@ private:
     void occupy(int slot, int line, const QString &text);
     void release(int slot);
     void visit(int slot);
+    void setChanged(bool changed);
     QString sideFileOf(const QString &documentName) const;
 
     LEditOCX &m_editor;
     QTreeWidget &m_tree;
-    bool &m_changed;
     const QString m_extension;
     Dialogs &m_dialogs;
+    bool m_changed = false;
     QString m_toldOf; ///< the side file that could not be written, as the user was told
 };
 

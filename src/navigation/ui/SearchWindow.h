@@ -17,7 +17,7 @@ class LEditOCX;
 /// What a search window is opened with.
 struct SearchContext
 {
-    const QString &caller; ///< the caller word in the configuration, read anew by every handler
+    QString caller; ///< the caller word that the window is opened for
     /// The editor that a caller word names, or null for a word that names none.
     std::function<LEditOCX *(const QString &caller)> editorOf;
     Dialogs &dialogs;

@@ -33,23 +33,19 @@ LEditOCX *SearchWindows::editorOf(const QString &caller) const
     return nullptr;
 }
 
-QString &SearchWindows::callerWord(SearchKind kind) const
+void SearchWindows::mirrorCaller(SearchKind kind, const QString &caller)
 {
-    switch (kind) {
-    case SearchKind::Find:
-        return m_config.FindCaller;
-    case SearchKind::Replace:
-        return m_config.ReplaceCaller;
-    case SearchKind::FindLine:
-        break;
-    }
-    return m_config.FindLineCaller;
+    if (kind == SearchKind::Find)
+        m_config.FindCaller = caller;
+    else if (kind == SearchKind::Replace)
+        m_config.ReplaceCaller = caller;
+    else
+        m_config.FindLineCaller = caller;
 }
 
-SearchWindow *SearchWindows::newWindow(SearchKind kind)
+SearchWindow *SearchWindows::newWindow(SearchKind kind, const QString &caller)
 {
-    const SearchContext context{callerWord(kind),
-                                [this](const QString &caller) { return editorOf(caller); },
+    const SearchContext context{caller, [this](const QString &word) { return editorOf(word); },
                                 m_dialogs, &m_owner};
     if (kind == SearchKind::Find)
         return new formTrova(context);
@@ -78,8 +74,8 @@ void SearchWindows::open(SearchKind kind, const QString &caller, const LEditOCX 
     QPointer<SearchWindow> &window = m_windows[std::size_t(kind)];
     if (window)
         window->close();
-    callerWord(kind) = caller;
-    window = newWindow(kind);
+    mirrorCaller(kind, caller);
+    window = newWindow(kind, caller);
     connect(window, &SearchWindow::matchShown, this,
             [this](LEditOCX *editor) { makeRoom(*editor); });
     window->show();

@@ -55,8 +55,9 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    QString &callerWord(SearchKind kind) const;
-    SearchWindow *newWindow(SearchKind kind);
+    /// Leaves the caller word where the configuration mirrors it.
+    void mirrorCaller(SearchKind kind, const QString &caller);
+    SearchWindow *newWindow(SearchKind kind, const QString &caller);
     void makeRoom(LEditOCX &editor) const;
     void closeAll();
 

@@ -6,7 +6,6 @@
 #include "language/editor/LEditOCX.h"
 #include "language/ui/EditorSettings.h"
 #include "platform/Dialogs.h"
-#include "platform/FileFailure.h"
 #include "preferences/SettingsValues.h"
 #include "preferences/ui/AssociationSheet.h"
 #include "preferences/ui/ColorSheet.h"
@@ -49,12 +48,10 @@ QString buttonStyle(bool chosen)
 } // namespace
 
 FormImpostazioni::FormImpostazioni(ProgramContext &program, const EditorViews &views,
-                                   QWidget *owner)
-    : QDialog(owner),
-      m_program(program),
-      m_views(views),
-      m_editors(openEditors(views, program.config.SettingsCaller))
+                                   const QString &caller, QWidget *owner)
+    : QDialog(owner), m_program(program), m_views(views), m_editors(openEditors(views, caller))
 {
+    program.config.SettingsCaller = caller;
     setObjectName(QStringLiteral("FormImpostazioni"));
     setWindowTitle(QStringLiteral("Settings"));
     setModal(true);
@@ -120,9 +117,8 @@ void FormImpostazioni::save()
     m_views.LEDIT1.SetAutoIndent(m_general->autoIndent());
     m_views.LEDIT2.SetAutoIndent(m_general->autoIndent());
     SaveSettings(m_program.config, m_program.settings);
-    const FileFailure why = m_program.settings.writeFailure();
-    if (why.kind != FileFailure::Kind::None)
-        m_program.dialogs.message({notSavedText(m_program.settings.path(), why)});
+    if (const auto written = m_program.settings.lastWrite(); !written)
+        m_program.dialogs.message({notSavedText(m_program.settings.path(), written.failure())});
     for (LEditOCX *editor : m_editors)
         editor->Redraw();
     close();

@@ -21,8 +21,10 @@ class FormImpostazioni : public QDialog
     Q_OBJECT
 
 public:
-    /// \a views: those of the open editor window, the one that `SettingsCaller` names.
-    FormImpostazioni(ProgramContext &program, const EditorViews &views, QWidget *owner);
+    /// \a views: those of the open editor window. \a caller tells which it is; `SettingsCaller`
+    /// mirrors that.
+    FormImpostazioni(ProgramContext &program, const EditorViews &views, const QString &caller,
+                     QWidget *owner);
 
 private:
     QList<QWidget *> makeSheets();

@@ -51,9 +51,8 @@ void resetFont(FeatureHost &host)
 void showSettings(FeatureHost &host)
 {
     const QList<EditorView> views = host.views();
-    host.config().SettingsCaller = host.editor(ViewLanguage::Csd) ? CsdSettings : ProjectSettings;
     FormImpostazioni(host.program(), {*views.constFirst().editor, *views.constLast().editor},
-                     &host.owner())
+                     host.editor(ViewLanguage::Csd) ? CsdSettings : ProjectSettings, &host.owner())
         .exec();
 }
 

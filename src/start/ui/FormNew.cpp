@@ -13,12 +13,12 @@ FormNew::FormNew(ConfigurationBlock &config, QWidget *owner)
 {
     setObjectName(QStringLiteral("FormNew"));
     setModal(true);
-    m_config.NewDocumentChoice.clear();
+    setChoice(QString());
 
     auto *const body = new QHBoxLayout;
     body->setContentsMargins(16, 18, 16, 18);
-    body->addLayout(addDocumentPictures([this] { choose(QStringLiteral("NEWCSD")); },
-                                        [this] { choose(QStringLiteral("NEWORCSCO")); }));
+    body->addLayout(addDocumentPictures([this] { closeWith(QStringLiteral("NEWCSD")); },
+                                        [this] { closeWith(QStringLiteral("NEWORCSCO")); }));
 
     PictureButton *const picChiudi = addPicture(Picture::Close, QStringLiteral("picChiudi"),
                                                 QStringLiteral("Exit"), [this] { close(); });
@@ -29,15 +29,22 @@ FormNew::FormNew(ConfigurationBlock &config, QWidget *owner)
         centerIn(owner->window()->frameGeometry());
 }
 
-void FormNew::showModal(ConfigurationBlock &config, QWidget *owner)
+QString FormNew::choose(ConfigurationBlock &config, QWidget *owner)
 {
     FormNew chooser(config, owner);
     chooser.exec();
+    return chooser.m_choice;
 }
 
-void FormNew::choose(const QString &choice)
+void FormNew::setChoice(const QString &choice)
 {
+    m_choice = choice;
     m_config.NewDocumentChoice = choice;
+}
+
+void FormNew::closeWith(const QString &choice)
+{
+    setChoice(choice);
     close();
 }
 

@@ -6,8 +6,8 @@ namespace ardiphon {
 
 struct ConfigurationBlock;
 
-/// The chooser for a new document, shown over an editor window. It leaves "NEWCSD", "NEWORCSCO"
-/// or, for a cancel, "" in `NewDocumentChoice`.
+/// The chooser for a new document, shown over an editor window. `NewDocumentChoice` mirrors what is
+/// chosen.
 class FormNew : public ChooserWindow
 {
     Q_OBJECT
@@ -15,13 +15,16 @@ class FormNew : public ChooserWindow
 public:
     FormNew(ConfigurationBlock &config, QWidget *owner);
 
-    /// Shows the chooser over \a owner and waits for the choice.
-    static void showModal(ConfigurationBlock &config, QWidget *owner);
+    /// Shows the chooser over \a owner and waits for the choice: "NEWCSD", "NEWORCSCO" or, for a
+    /// cancel, "".
+    static QString choose(ConfigurationBlock &config, QWidget *owner);
 
 private:
-    void choose(const QString &choice);
+    void setChoice(const QString &choice);
+    void closeWith(const QString &choice);
 
     ConfigurationBlock &m_config;
+    QString m_choice;
 };
 
 } // namespace ardiphon

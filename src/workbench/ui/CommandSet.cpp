@@ -64,8 +64,12 @@ void CommandSet::addGroup(const char *name, const QList<QAction *> &actions)
 QAction *CommandSet::action(const char *name) const
 {
     const auto found = m_actions.find(name);
-    Q_ASSERT_X(found != m_actions.end(), "CommandSet", name);
-    return found->front();
+    if (found != m_actions.end() && !found->isEmpty())
+        return found->front();
+    qCritical("There is no command \"%s\".", name);
+    auto *const nothing = new QAction(m_window);
+    nothing->setEnabled(false);
+    return nothing;
 }
 
 void CommandSet::bindTo(const char *name, const char *other)

@@ -27,7 +27,8 @@ public:
     void addGroup(const char *name, const QList<QAction *> &actions);
 
     bool has(const char *name) const { return m_actions.contains(name); }
-    /// The action of that name, which must be in the tables.
+    /// The action of that name, the first of a group. For a name that is not in the tables, which
+    /// is a mistake and reported as one, an action that does nothing.
     QAction *action(const char *name) const;
 
     /// Has \a handler of \a receiver carry the command out.

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "documents/FileStamp.h"
+#include "language/DocumentText.h"
+
+#include <QString>
+
+namespace ardiphon {
+
+/// The place that a document has in the editor windows, whatever its path ends in.
+enum class DocumentRole { Csd, Orchestra, Score };
+
+/// What a save would meet under a document's name.
+enum class SaveConflict {
+    None,
+    ChangedFile, ///< the document's own file, which another program has changed meanwhile
+    AnotherFile  ///< a file that was there before the document had this name
+};
+
+/// What is known of one document besides its text: its role, its name, how its bytes are read and
+/// written, and its file as it was when it was last read or written here. It is a value: a step in
+/// the life of a document gives another one.
+class Document
+{
+public:
+    /// A document of no name.
+    explicit Document(DocumentRole role) : m_role(role) {}
+
+    /// The document of \a path, whose text has just been read from there in \a form. Also one whose
+    /// file could not be read or is not there.
+    [[nodiscard]] static Document loaded(DocumentRole role, const QString &path,
+                                         const DocumentForm &form);
+    /// This document when its text has just been written to \a path in \a form.
+    [[nodiscard]] Document saved(const QString &path, const DocumentForm &form) const;
+    /// This document under a name whose file, if there is one, it has neither read nor written.
+    [[nodiscard]] Document renamed(const QString &name) const;
+    /// This document when the user has given up the file that stands under its name: there is no
+    /// conflict with that file any more.
+    [[nodiscard]] Document withFileGivenUp() const;
+
+    DocumentRole role() const { return m_role; }
+    /// A path, the marker of a document without a file, or "" where none has been given yet.
+    const QString &name() const { return m_name; }
+    /// Whether the name is a path. There need not be a file yet.
+    bool hasFile() const;
+    const DocumentForm &form() const { return m_form; }
+    const FileStamp &stamp() const { return m_stamp; }
+    /// Asks the disk.
+    SaveConflict conflict() const;
+
+    friend bool operator==(const Document &, const Document &) = default;
+
+private:
+    DocumentRole m_role;
+    QString m_name;
+    DocumentForm m_form;
+    FileStamp m_stamp;
+    bool m_isOverAnother = false; ///< a file may have had this name before the document
+};
+
+} // namespace ardiphon
