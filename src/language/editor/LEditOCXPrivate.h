@@ -1,7 +1,7 @@
 #pragma once
 
 #include "language/TextPresence.h"
-#include "language/editor/Bookmarks.h"
+#include "language/editor/BookmarkMarkers.h"
 #include "language/editor/ChangeRecorder.h"
 #include "language/editor/LEditOCX.h"
 #include "language/editor/Styling.h"
@@ -39,7 +39,7 @@ public:
     TextView &view;
     TextBuffer text;
     Styling styling;
-    Bookmarks bookmarks;
+    BookmarkMarkers bookmarks;
 
     DocumentForm form;
     QString unreadFile;          ///< a file that is there but could not be read

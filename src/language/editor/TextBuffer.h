@@ -34,7 +34,8 @@ public:
     qsizetype lineEnd(int line) const;
     int lineOf(qsizetype offset) const;
 
-    /// Bytes of the document itself; valid until the next call of a routine that is not const.
+    /// Bytes of the document itself, which the document may move: valid until the next call of this
+    /// routine, lineBytes() or text(), or until the text changes.
     QByteArrayView bytes(qsizetype start, qsizetype end) const override;
     QByteArrayView lineBytes(int line) const { return bytes(lineStart(line), lineEnd(line)); }
     qsizetype gap() const override;

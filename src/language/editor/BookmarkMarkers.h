@@ -11,12 +11,12 @@ namespace ardiphon {
 /// The bookmark slots of the control. Each is a marker of the view, which follows the edits. Where
 /// a deletion takes the line of a slot away, the line is kept with that step of the history, and an
 /// undo puts the slot back; a redo that brings text back does the same.
-class Bookmarks
+class BookmarkMarkers
 {
 public:
     static constexpr int SlotCount = 32; ///< as many kinds of marker as the view has
 
-    Bookmarks(QsciScintillaBase &view, const TextBuffer &text);
+    BookmarkMarkers(QsciScintillaBase &view, const TextBuffer &text);
 
     /// As the contract's; an index or a line that does not exist changes nothing.
     void setLine(int index, int line);

@@ -1,4 +1,4 @@
-#include "language/editor/Bookmarks.h"
+#include "language/editor/BookmarkMarkers.h"
 
 #include "language/DocumentText.h"
 
@@ -10,7 +10,8 @@ namespace ardiphon {
 
 using Sci = QsciScintillaBase;
 
-Bookmarks::Bookmarks(QsciScintillaBase &view, const TextBuffer &text) : m_view(view), m_text(text)
+BookmarkMarkers::BookmarkMarkers(QsciScintillaBase &view, const TextBuffer &text)
+    : m_view(view), m_text(text)
 {
     QObject::connect(&view, &Sci::SCN_MODIFIED, &view,
                      [this](int start, int type, const char *, int length) {
@@ -18,7 +19,7 @@ Bookmarks::Bookmarks(QsciScintillaBase &view, const TextBuffer &text) : m_view(v
                      });
 }
 
-void Bookmarks::setLine(int index, int line)
+void BookmarkMarkers::setLine(int index, int line)
 {
     if (!isSlot(index) || (line != -1 && !m_text.hasLine(line)))
         return;
@@ -33,7 +34,7 @@ void Bookmarks::setLine(int index, int line)
 }
 
 /// Deletes the markers of these kinds, a bit for each slot, in one pass over the lines.
-void Bookmarks::takeAway(unsigned marks)
+void BookmarkMarkers::takeAway(unsigned marks)
 {
     const auto next = [&](long from) {
         return m_view.SendScintilla(Sci::SCI_MARKERNEXT, ulong(from), long(marks));
@@ -47,13 +48,13 @@ void Bookmarks::takeAway(unsigned marks)
     }
 }
 
-void Bookmarks::place(int index, int line)
+void BookmarkMarkers::place(int index, int line)
 {
     m_slots[index].handle =
         int(m_view.SendScintilla(Sci::SCI_MARKERADD, ulong(line - 1), long(index)));
 }
 
-int Bookmarks::line(int index)
+int BookmarkMarkers::line(int index)
 {
     if (!isSlot(index))
         return -1;
@@ -66,7 +67,7 @@ int Bookmarks::line(int index)
     return std::max(line, 1);
 }
 
-void Bookmarks::setColors(int index, const LineColors &colors)
+void BookmarkMarkers::setColors(int index, const LineColors &colors)
 {
     if (!isSlot(index))
         return;
@@ -78,12 +79,12 @@ void Bookmarks::setColors(int index, const LineColors &colors)
     m_view.viewport()->update();
 }
 
-LineColors Bookmarks::colors(int index) const
+LineColors BookmarkMarkers::colors(int index) const
 {
     return isSlot(index) ? m_slots[index].colors : LineColors{};
 }
 
-LineColors Bookmarks::colorsOf(int line)
+LineColors BookmarkMarkers::colorsOf(int line)
 {
     settle();
     LineColors result;
@@ -99,7 +100,7 @@ LineColors Bookmarks::colorsOf(int line)
 }
 
 /// The view tells of a change before it is made, each as one step of the history.
-void Bookmarks::aboutToChange(int type, TextRange range)
+void BookmarkMarkers::aboutToChange(int type, TextRange range)
 {
     settle();
     if (type & Sci::SC_PERFORMED_USER)
@@ -112,7 +113,7 @@ void Bookmarks::aboutToChange(int type, TextRange range)
         aboutToInsert(step);
 }
 
-void Bookmarks::aboutToDelete(int step, TextRange range)
+void BookmarkMarkers::aboutToDelete(int step, TextRange range)
 {
     const int firstLine = m_text.lineOf(range.start);
     const int lastLine = m_text.lineOf(range.end);
@@ -127,7 +128,7 @@ void Bookmarks::aboutToDelete(int step, TextRange range)
         makeDueOnLineOne();
 }
 
-void Bookmarks::aboutToInsert(int step)
+void BookmarkMarkers::aboutToInsert(int step)
 {
     // The only line of an empty document has nothing that could be moved.
     if (m_text.size() == 0)
@@ -138,7 +139,7 @@ void Bookmarks::aboutToInsert(int step)
     }
 }
 
-void Bookmarks::makeDueOnLineOne()
+void BookmarkMarkers::makeDueOnLineOne()
 {
     for (int index = 0; index < SlotCount; ++index) {
         if (m_slots[index].handle != -1)
@@ -146,7 +147,7 @@ void Bookmarks::makeDueOnLineOne()
     }
 }
 
-std::vector<Bookmarks::Place> Bookmarks::placesOn(int firstLine, int lastLine) const
+std::vector<BookmarkMarkers::Place> BookmarkMarkers::placesOn(int firstLine, int lastLine) const
 {
     std::vector<Place> places;
     if (std::none_of(m_slots.begin(), m_slots.end(), [](const Slot &s) { return s.handle != -1; }))
@@ -162,12 +163,12 @@ std::vector<Bookmarks::Place> Bookmarks::placesOn(int firstLine, int lastLine) c
 }
 
 /// The same for the same text, whatever its line ends.
-std::size_t Bookmarks::hashOf(TextRange range) const
+std::size_t BookmarkMarkers::hashOf(TextRange range) const
 {
     return qHash(withLineEnds(m_text.bytes(range.start, range.end), LineEnd::Lf));
 }
 
-void Bookmarks::inserted(TextRange range)
+void BookmarkMarkers::inserted(TextRange range)
 {
     if (m_deletions.empty())
         return;
@@ -185,7 +186,7 @@ void Bookmarks::inserted(TextRange range)
 
 /// Puts the slots where they are due, once the text is there. Of several places of a slot the last
 /// counts.
-void Bookmarks::settle()
+void BookmarkMarkers::settle()
 {
     if (m_due.empty())
         return;
@@ -202,13 +203,13 @@ void Bookmarks::settle()
         place(index, line);
 }
 
-void Bookmarks::forgetHistory()
+void BookmarkMarkers::forgetHistory()
 {
     settle();
     m_deletions.clear();
 }
 
-void Bookmarks::detach()
+void BookmarkMarkers::detach()
 {
     settle();
     for (int index = 0; index < SlotCount; ++index) {
@@ -218,7 +219,7 @@ void Bookmarks::detach()
     m_view.SendScintilla(Sci::SCI_MARKERDELETEALL, -1);
 }
 
-void Bookmarks::attach()
+void BookmarkMarkers::attach()
 {
     forgetHistory();
     for (int index = 0; index < SlotCount; ++index) {
