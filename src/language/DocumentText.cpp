@@ -116,7 +116,7 @@ QByteArrayView bytesOf(LineEnd lineEnd)
 DocumentText decodeDocument(QByteArray bytes)
 {
     DocumentText document;
-    document.form.utf8 = isValidUtf8(bytes);
+    document.form.utf8 = QByteArrayView(bytes).isValidUtf8();
     if (!document.form.utf8) {
         document.utf8 = utf8FromLatin1(bytes);
     } else {
@@ -132,7 +132,7 @@ QByteArray encodeDocument(const QByteArray &utf8, DocumentForm &form)
 {
     if (!form.utf8) {
         QByteArray bytes;
-        if (latin1FromUtf8(utf8, bytes) && (isAscii(bytes) || !isValidUtf8(bytes)))
+        if (latin1FromUtf8(utf8, bytes) && (isAscii(bytes) || !QByteArrayView(bytes).isValidUtf8()))
             return bytes;
         form.utf8 = true;
     }

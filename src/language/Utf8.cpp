@@ -66,18 +66,6 @@ qsizetype characterBefore(QByteArrayView text, qsizetype at)
     return at - 1;
 }
 
-bool isValidUtf8(QByteArrayView text)
-{
-    for (qsizetype at = asciiPrefix(text); at < text.size();) {
-        const Utf8Character character = characterAt(text, at);
-        if (character.length == 1)
-            return false;
-        at += character.length;
-        at += asciiPrefix(text.sliced(at));
-    }
-    return true;
-}
-
 QString stringOf(QByteArrayView text)
 {
     if (!text.startsWith("\xEF\xBB\xBF"))

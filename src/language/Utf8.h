@@ -18,11 +18,12 @@ Utf8Character characterAt(QByteArrayView text, qsizetype at);
 /// The start of the character that ends before byte \a at, which is above 0.
 qsizetype characterBefore(QByteArrayView text, qsizetype at);
 
-/// Whether \a text is well-formed UTF-8: no overlong form, no surrogate, nothing above U+10FFFF.
-bool isValidUtf8(QByteArrayView text);
-
 /// \a text as it is; unlike QString::fromUtf8, a U+FEFF at its start is a character too.
 QString stringOf(QByteArrayView text);
+
+// The view counts QChars too (SCI_COUNTCODEUNITS, SCI_POSITIONRELATIVECODEUNITS), but character by
+// character: 85 ms for the columns of a line of 5 MB, where this takes 0.3 ms; and a count that
+// ends inside a surrogate pair takes it to the start of the document.
 
 /// The length of \a text in QChars.
 qsizetype utf16Length(QByteArrayView text);
