@@ -35,7 +35,7 @@ private:
     QSettings m_file;
 };
 
-/// The keys of the store. Key names and value names are told apart without regard to case.
+/// The keys of the store. Names of keys and of values that differ only in case are the same.
 namespace registry {
 inline const QString SettingsKey = QStringLiteral("Software\\Ardiphon\\Settings\\");
 inline const QString ColorsKey = QStringLiteral("Software\\Ardiphon\\Colors\\");
