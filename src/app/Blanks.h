@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QStringView>
+#include <QString>
 
 namespace ardiphon {
 
@@ -9,6 +9,14 @@ inline QStringView withoutBlanksAround(QStringView text)
 {
     while (text.startsWith(u' '))
         text = text.mid(1);
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text;
+}
+
+/// \a text without the blanks at its end.
+inline QString withoutTrailingBlanks(QString text)
+{
     while (text.endsWith(u' '))
         text.chop(1);
     return text;

@@ -1,5 +1,6 @@
 #include "app/WordTables.h"
 
+#include "app/Blanks.h"
 #include "platform/RegularFile.h"
 
 #include <tuple>
@@ -91,14 +92,6 @@ QStringList readScoreWords(const QString &path)
         words.append(word);
     }
     return words;
-}
-
-QString withoutTrailingBlanks(const QString &text)
-{
-    qsizetype length = text.size();
-    while (length > 0 && text[length - 1] == u' ')
-        --length;
-    return text.left(length);
 }
 
 /// The single-byte code of a character; one that has none counts as a question mark.

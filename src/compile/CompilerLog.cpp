@@ -1,5 +1,6 @@
 #include "compile/CompilerLog.h"
 
+#include "language/LineEnds.h"
 #include "platform/DocumentFile.h"
 #include "platform/RegularFile.h"
 
@@ -14,8 +15,6 @@ namespace {
 
 constexpr qsizetype LongestLine = 4000;
 constexpr QLatin1String LineEnd("\r\n");
-
-bool isLineEnd(char c) { return c == '\n' || c == '\r'; }
 
 bool isBetween(char c, char first, char last) { return c >= first && c <= last; }
 
@@ -148,7 +147,7 @@ std::optional<QString> readCompilerLog(const QString &path, const LogPortion &po
     if (size > 2 * portion.bytes) {
         file.seek(size - portion.bytes);
         tail = file.read(portion.bytes);
-    } else if (std::count_if(head.cbegin(), head.cend(), isLineEnd) <= 2 * portion.lines) {
+    } else if (std::count_if(head.cbegin(), head.cend(), isLineEnd<char>) <= 2 * portion.lines) {
         return cleanLog(head);
     }
     head.truncate(headLength(head, portion));

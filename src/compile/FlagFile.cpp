@@ -1,6 +1,6 @@
 #include "compile/FlagFile.h"
 
-#include "compile/ProjectParameters.h"
+#include "app/Blanks.h"
 #include "platform/DocumentFile.h"
 #include "platform/RegularFile.h"
 

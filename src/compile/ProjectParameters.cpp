@@ -1,5 +1,6 @@
 #include "compile/ProjectParameters.h"
 
+#include "app/Blanks.h"
 #include "compile/CompileRules.h"
 #include "platform/CommandText.h"
 
@@ -14,13 +15,6 @@ namespace {
 const QString LoneFlags = QStringLiteral("3468acdefghlnsuvwAGIJKNRSVWZ");
 
 } // namespace
-
-QString withoutTrailingBlanks(QString text)
-{
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text;
-}
 
 QString defaultWaveName(const QString &orchestra)
 {

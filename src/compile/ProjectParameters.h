@@ -4,9 +4,6 @@
 
 namespace ardiphon {
 
-/// \a text without the blanks at its end.
-QString withoutTrailingBlanks(QString text);
-
 /// The wave file of an orchestra: its path less the last four characters, whatever they are, and
 /// ".wav"; "" for an orchestra without a path.
 QString defaultWaveName(const QString &orchestra);

@@ -1,5 +1,7 @@
 #include "language/TextDifference.h"
 
+#include "language/LineEnds.h"
+
 #include <cstdint>
 #include <cstring>
 
@@ -16,8 +18,6 @@ Block blockAt(QByteArrayView text, qsizetype at)
     std::memcpy(&block, text.data() + at, BlockSize);
     return block;
 }
-
-bool isLineEnd(char byte) { return byte == '\r' || byte == '\n'; }
 
 bool isInsideCharacter(QByteArrayView text, qsizetype at)
 {

@@ -1,7 +1,7 @@
 #include "navigation/BookmarkFile.h"
 
+#include "app/Blanks.h"
 #include "app/Numbers.h"
-#include "navigation/BlanksAround.h"
 #include "platform/DocumentFile.h"
 #include "platform/RegularFile.h"
 

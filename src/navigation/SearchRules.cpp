@@ -1,7 +1,7 @@
 #include "navigation/SearchRules.h"
 
+#include "app/Blanks.h"
 #include "app/Numbers.h"
-#include "navigation/BlanksAround.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,5 +1,6 @@
 #include "audio/ui/WavePlayer.h"
 
+#include "app/Blanks.h"
 #include "app/ConfigurationBlock.h"
 #include "app/ui/Icons.h"
 #include "audio/WaveTexts.h"
@@ -23,13 +24,6 @@ namespace {
 const QString ReadyCaption = QStringLiteral("Wave Player - Ready");
 const QString PlayingCaption = QStringLiteral("Wave Player - Playing");
 const QString NoDeviceCaption = QStringLiteral("Wave Player - No sound device");
-
-QString withoutTrailingBlanks(QString text)
-{
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text;
-}
 
 } // namespace
 

@@ -1,5 +1,6 @@
 #include "compile/ui/WaveCompileDialog.h"
 
+#include "app/Blanks.h"
 #include "app/ConfigurationBlock.h"
 #include "audio/ui/WavePlayer.h"
 #include "compile/CompilerEnvironment.h"

@@ -1,5 +1,7 @@
 #include "printing/ui/PageFormatter.h"
 
+#include "language/LineEnds.h"
+
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QPainter>
@@ -12,8 +14,6 @@ namespace {
 
 // What is laid out at once of a line without end.
 constexpr qsizetype PieceLength = 1 << 13;
-
-bool isLineEnd(QChar character) { return character == u'\r' || character == u'\n'; }
 
 qsizetype lineEnd(const QString &text, qsizetype from, qsizetype limit)
 {
