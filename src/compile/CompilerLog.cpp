@@ -136,6 +136,12 @@ QString missingLogText(const QString &path)
            u'.';
 }
 
+QString logGapText(qint64 bytes)
+{
+    return QStringLiteral("\r\n[... %1 bytes of the log are not shown here ...]\r\n\r\n")
+        .arg(bytes);
+}
+
 std::optional<QString> readCompilerLog(const QString &path, const LogPortion &portion)
 {
     QFile file(path);
@@ -152,10 +158,7 @@ std::optional<QString> readCompilerLog(const QString &path, const LogPortion &po
     }
     head.truncate(headLength(head, portion));
     tail = tail.last(tailLength(tail, portion));
-    return cleanLog(head) +
-           QStringLiteral("\r\n[... %1 bytes of the log are not shown here ...]\r\n\r\n")
-               .arg(size - head.size() - tail.size()) +
-           cleanLog(tail);
+    return cleanLog(head) + logGapText(size - head.size() - tail.size()) + cleanLog(tail);
 }
 
 } // namespace ardiphon

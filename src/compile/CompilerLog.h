@@ -23,6 +23,9 @@ QString cleanLog(QByteArrayView log);
 /// the reason, as far as the disk tells one.
 QString missingLogText(const QString &path);
 
+/// What stands in a log in the place of \a bytes that are left out.
+QString logGapText(qint64 bytes);
+
 /// Reads and cleans the log at \a path. Of a log that is longer than both portions the middle is
 /// not read, and one line says how much that is. Nothing when there is no regular file to read.
 std::optional<QString> readCompilerLog(const QString &path, const LogPortion &portion = {});

@@ -72,6 +72,7 @@ private slots:
     void close_anyWayDuringRun_leavesNothing_data();
     void close_anyWayDuringRun_leavesNothing();
     void close_duringNestedRuns_leavesNothing();
+    void reentered_secondStartThenClose_innerFirstThenAll();
     void quit_duringRun_endsIt();
     void silentRun_end_showsAndDeletesNothing();
     void silentRun_stopAskedBefore_isNotTakenBack();
@@ -424,6 +425,37 @@ void tst_RunConsoleProcess::close_duringNestedRuns_leavesNothing()
     QVERIFY(!isAlive(console.pids(QStringLiteral("forks")).leader));
     QTRY_VERIFY(!isAlive(console.pids(QStringLiteral("forks")).child));
     QVERIFY(!QFile::exists(console.logFile()));
+}
+
+void tst_RunConsoleProcess::reentered_secondStartThenClose_innerFirstThenAll()
+{
+    CsdConsole console(QStringLiteral("slow"));
+    const auto running = [&](const char *piece) {
+        return isAlive(console.pids(QLatin1String(piece)).leader);
+    };
+    QStringList order;
+    console.whenRunning(QStringLiteral("slow"), [&] {
+        console.choose(QStringLiteral("forks"));
+        console.whenRunning(QStringLiteral("forks"), [&] {
+            order.append(QStringLiteral("close"));
+            QVERIFY(console.form->close());
+            QVERIFY(running("slow") && running("forks")); // neither call has control yet
+        });
+        console.click("Command2");
+        order.append(QStringLiteral("inner"));
+        QVERIFY(running("slow") && !running("forks"));
+        console.choose(QStringLiteral("logged")); // the closed window starts nothing more
+        console.click("Command2");
+        QVERIFY(!console.pids(QStringLiteral("logged")).leader);
+    });
+    console.click("Command2");
+    order.append(QStringLiteral("outer"));
+    QCOMPARE(order, QStringList({"close", "inner", "outer"}));
+    QVERIFY(!running("slow"));
+    QVERIFY(!QFile::exists(console.logFile()));
+    QCOMPARE(console.text(), StoppedText);
+    QCOMPARE(console.beeps, 0);
+    QCOMPARE(console.dialogs.verify(), QString());
 }
 
 void tst_RunConsoleProcess::quit_duringRun_endsIt()

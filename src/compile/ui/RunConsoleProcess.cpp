@@ -1,20 +1,16 @@
 #include "compile/ui/RunConsoleProcess.h"
 
 #include "compile/CompileRules.h"
-#include "compile/CompilerEnvironment.h"
+#include "compile/CompileSession.h"
 #include "platform/CommandText.h"
 #include "platform/Dialogs.h"
-#include "platform/RunFolder.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QEventLoop>
-#include <QFile>
-#include <QFileInfo>
 #include <QTimer>
 
 #include <chrono>
-#include <tuple>
 #include <utility>
 
 namespace ardiphon {
@@ -31,10 +27,10 @@ class WaitingRun
 public:
     explicit WaitingRun(RunOwner &owner);
 
-    bool run(const ProcessStart &start);
+    bool run(const CompileRequest &request);
 
 private:
-    bool start(const ProcessStart &start);
+    bool start(const CompileRequest &request);
     bool hasFailed() const;
     void reportFailedStart();
     void stop();
@@ -45,7 +41,7 @@ private:
 
     RunOwner &m_owner;
     RunConsole *const m_console;
-    ChildProcess m_process;
+    CompileSession m_session;
     QEventLoop m_loop;
     QTimer m_timer;
     qint64 m_lastSecond = 0;
@@ -60,14 +56,14 @@ WaitingRun::WaitingRun(RunOwner &owner) : m_owner(owner), m_console(owner.consol
     };
     m_timer.setSingleShot(true);
     QObject::connect(&m_timer, &QTimer::timeout, &m_loop, wake);
-    QObject::connect(&m_process, &ChildProcess::started, &m_loop, wake);
-    QObject::connect(&m_process, &ChildProcess::ended, &m_loop, wake);
+    QObject::connect(&m_session, &CompileSession::started, &m_loop, wake);
+    QObject::connect(&m_session, &CompileSession::ended, &m_loop, wake);
     QObject::connect(&m_owner, &RunOwner::stopRequested, &m_loop, wake);
 }
 
-bool WaitingRun::run(const ProcessStart &startRecord)
+bool WaitingRun::run(const CompileRequest &request)
 {
-    if (!start(startRecord)) {
+    if (!start(request)) {
         reportFailedStart();
         return false;
     }
@@ -76,7 +72,7 @@ bool WaitingRun::run(const ProcessStart &startRecord)
         m_console->setConsoleText(FirstProgressText);
     }
     for (bool finished = false; !finished;) {
-        finished = m_process.end().has_value();
+        finished = m_session.end().has_value();
         if (m_owner.StopRequested) {
             stop();
             return false;
@@ -99,11 +95,11 @@ bool WaitingRun::run(const ProcessStart &startRecord)
 
 /// Waits, as short as it takes, until the program runs or could not start. What the user does
 /// meanwhile is handled afterwards.
-bool WaitingRun::start(const ProcessStart &startRecord)
+bool WaitingRun::start(const CompileRequest &request)
 {
     const bool asked = m_console && std::exchange(m_owner.StopRequested, false);
-    m_process.start(startRecord);
-    waitUntil([this] { return m_process.isStarted(); });
+    m_session.start(request);
+    waitUntil([this] { return m_session.isStarted(); });
     const bool started = !hasFailed();
     if (!started && asked) // that request was meant for the run around this one
         m_owner.StopRequested = true;
@@ -112,13 +108,13 @@ bool WaitingRun::start(const ProcessStart &startRecord)
 
 bool WaitingRun::hasFailed() const
 {
-    const auto end = m_process.end();
+    const auto end = m_session.end();
     return end == ProcessEnd::NotFound || end == ProcessEnd::StartFailed;
 }
 
 void WaitingRun::reportFailedStart()
 {
-    const QString text = m_process.end() == ProcessEnd::NotFound
+    const QString text = m_session.end() == ProcessEnd::NotFound
                              ? QStringLiteral("File was not found.")
                              : QStringLiteral("An unexpected error occured.");
     m_owner.dialogs().message({text, ProgramTitle, MessageIcon::None});
@@ -126,8 +122,8 @@ void WaitingRun::reportFailedStart()
 
 void WaitingRun::stop()
 {
-    m_process.stop();
-    waitUntil([this] { return m_process.end().has_value(); }, QDeadlineTimer(DeathLimit));
+    m_session.stop();
+    waitUntil([this] { return m_session.end().has_value(); }, QDeadlineTimer(DeathLimit));
     if (m_console)
         m_console->setConsoleText(StoppedText);
 }
@@ -189,16 +185,15 @@ void RunOwner::requestStop()
 bool RunConsoleProcess(RunOwner &owner, const QString &executable, const QString &parameters,
                        const QString &directory, ShowCommand showCommand)
 {
+    CompileRequest request{commandOf(executable, parameters, directory), owner.documentFolder};
+    request.show = showCommand;
+    request.programFolder = owner.system().programFolder;
     if (RunConsole *console = owner.console()) {
         console->enableStop();
         owner.CompileStartTick = owner.system().tickCount();
-        // Where that fails the run leaves no log, which the user is told at its end.
-        std::ignore = restoreRunFolder(QFileInfo(owner.compileLogFile).path());
-        QFile::remove(owner.compileLogFile);
+        request.logFile = owner.compileLogFile;
     }
-    ProgramCommand command = commandOf(executable, parameters, directory);
-    command.environment = compilerEnvironment(owner.documentFolder);
-    return WaitingRun(owner).run({command, showCommand, owner.system().programFolder});
+    return WaitingRun(owner).run(request);
 }
 
 } // namespace ardiphon

@@ -65,10 +65,14 @@ private:
     RunConsole *m_console;
 };
 
-/// Starts a program and returns when it has ended, was stopped or could not start; events are
-/// handled meanwhile, so another run of the same window may nest inside. True when it ended by
-/// itself, whatever its exit code: only then the window's closing steps are due. A failed start
-/// is told to the user here. \a parameters are the text of the arguments, as commandOf takes it.
+/// Runs a CompileSession and returns when that has ended, was stopped or could not start; events
+/// are handled meanwhile. True when it ended by itself, whatever its exit code: only then the
+/// window's closing steps are due. A failed start is told to the user here. \a parameters are the
+/// text of the arguments, as commandOf takes it.
+///
+/// While a call waits, the window may start another, which returns before this one goes on, and may
+/// close, which stops every run of it, the inner ones first; but \a owner has to live until the
+/// outermost call has returned.
 [[nodiscard]] bool RunConsoleProcess(RunOwner &owner, const QString &executable,
                                      const QString &parameters, const QString &directory,
                                      ShowCommand showCommand);
