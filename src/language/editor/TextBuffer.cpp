@@ -10,6 +10,13 @@ namespace ardiphon {
 
 using Sci = QsciScintillaBase;
 
+TextBuffer::TextBuffer(QsciScintillaBase &view)
+    : m_view(view),
+      m_ask(reinterpret_cast<Ask>(view.SendScintillaPtrResult(Sci::SCI_GETDIRECTFUNCTION))),
+      m_asked(reinterpret_cast<qintptr>(view.SendScintillaPtrResult(Sci::SCI_GETDIRECTPOINTER)))
+{
+}
+
 long TextBuffer::send(unsigned message, qsizetype first, qsizetype second) const
 {
     return m_view.SendScintilla(message, static_cast<unsigned long>(first),
@@ -39,8 +46,7 @@ QByteArrayView TextBuffer::bytes(qsizetype start, qsizetype end) const
 {
     if (end <= start)
         return {};
-    // The widget hands a pointer over as a number.
-    const auto address = send(Sci::SCI_GETRANGEPOINTER, start, end - start);
+    const qintptr address = m_ask(m_asked, Sci::SCI_GETRANGEPOINTER, quintptr(start), end - start);
     return {reinterpret_cast<const char *>(address), // NOLINT(performance-no-int-to-ptr)
             end - start};
 }

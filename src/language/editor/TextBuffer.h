@@ -23,7 +23,7 @@ struct TextPosition
 class TextBuffer final : public GappedText
 {
 public:
-    explicit TextBuffer(QsciScintillaBase &view) : m_view(view) {}
+    explicit TextBuffer(QsciScintillaBase &view);
 
     qsizetype size() const override;
     int lineCount() const;
@@ -65,6 +65,11 @@ private:
     long send(unsigned message, qsizetype first = 0, qsizetype second = 0) const;
 
     QsciScintillaBase &m_view;
+    // The routine that the view itself asks, with what it is asked for: the view gives every answer
+    // as a long, which does not hold a pointer everywhere.
+    using Ask = qintptr (*)(qintptr, unsigned, quintptr, qintptr);
+    Ask m_ask;
+    qintptr m_asked;
     LineEnd m_lineEnd = LineEnd::CrLf;
 };
 
