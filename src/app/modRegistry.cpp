@@ -1,6 +1,7 @@
 #include "app/modRegistry.h"
 
 #include "platform/DocumentFile.h"
+#include "platform/RunFolder.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -41,8 +42,7 @@ bool isFileOrNothing(const QString &path)
     return file.isFile() || !file.exists();
 }
 
-/// Below what is no folder there can never be a file.
-const QString NoPlace = QStringLiteral("/dev/null/settings.ini");
+const QString NoPlace = impossibleFolder() + QLatin1String("settings.ini");
 
 } // namespace
 

@@ -16,8 +16,9 @@ void makeWayForLog(const QString &logFile)
 {
     if (logFile.isEmpty())
         return;
-    restoreRunFolder(QFileInfo(logFile).path());
-    QFile::remove(logFile);
+    // Whether it can be made or removed is seen when the log is read.
+    (void)restoreRunFolder(QFileInfo(logFile).path());
+    (void)QFile::remove(logFile);
 }
 
 } // namespace

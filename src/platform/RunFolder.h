@@ -25,6 +25,9 @@ private:
     QTemporaryDir m_folder;
 };
 
+/// A folder, with its closing "/", that does not exist and can never exist, nor anything below it.
+QString impossibleFolder();
+
 /// Sees to it that the private folder at \a path, as a RunFolder named it, is there: those who
 /// clear away old files may have taken it. False where it cannot be made, or something that is not
 /// this user's own stands in its place.

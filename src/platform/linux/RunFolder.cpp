@@ -62,9 +62,11 @@ RunFolder::~RunFolder() { m_folder.setAutoRemove(isOwnFolder(m_folder.path())); 
 
 QString RunFolder::path() const
 {
-    // Below what is no folder nothing exists on any machine.
-    return m_folder.isValid() ? m_folder.path() + u'/' : QStringLiteral("/dev/null/");
+    return m_folder.isValid() ? m_folder.path() + u'/' : impossibleFolder();
 }
+
+/// What is there is no folder, on any machine.
+QString impossibleFolder() { return QStringLiteral("/dev/null/"); }
 
 bool restoreRunFolder(const QString &path)
 {
