@@ -133,7 +133,7 @@ int main(int argc, char **argv)
     measure::Program program;
     LEditOCX editor;
     editor.SetGetTokenColors([&](TokenKind kind, const QString &text) {
-        return GetTokenColors(program.config, ViewLanguage::Score, kind, text);
+        return GetTokenColors(program.config, DocumentRole::Score, kind, text);
     });
     editor.resize(1000, 800);
     editor.show();

@@ -140,7 +140,7 @@ int main(int argc, char **argv)
     SilentDialogs dialogs;
     LEditOCX editor;
     editor.SetGetTokenColors([&](TokenKind kind, const QString &text) {
-        return GetTokenColors(config, ViewLanguage::Csd, kind, text);
+        return GetTokenColors(config, DocumentRole::Csd, kind, text);
     });
     editor.resize(1000, 800);
     editor.show();

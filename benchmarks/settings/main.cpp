@@ -79,7 +79,7 @@ public:
         LEditOCX second;
         applySettings(first, m_config);
         first.SetGetTokenColors([this](TokenKind kind, const QString &text) {
-            return GetTokenColors(m_config, ViewLanguage::Csd, kind, text);
+            return GetTokenColors(m_config, DocumentRole::Csd, kind, text);
         });
         first.SetText(
             QStringLiteral("aOut oscili 0.5, 440, \"file\" ; comment\r\n").repeated(lines));

@@ -1,7 +1,7 @@
 #include "documents/DocumentMirror.h"
 
 #include "app/ConfigurationBlock.h"
-#include "documents/Document.h"
+#include "workbench/Document.h"
 
 namespace ardiphon {
 

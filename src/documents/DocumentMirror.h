@@ -1,10 +1,11 @@
 #pragma once
 
+#include "app/DocumentRole.h"
+
 namespace ardiphon {
 
 struct ConfigurationBlock;
 class Document;
-enum class DocumentRole;
 
 // The configuration names the open documents for those who read them there: the compilers, the
 // printing, the window that is opened next. The documents themselves do not.

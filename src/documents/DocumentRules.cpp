@@ -4,11 +4,6 @@
 
 namespace ardiphon {
 
-bool isUntitled(const QString &name)
-{
-    return name == Untitled || name == QLatin1String("[Untitled.CSD]");
-}
-
 QString csdTitle(const QString &csdFileName)
 {
     return csdFileName + QStringLiteral(" - ") + WindowTitle;

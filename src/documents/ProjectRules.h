@@ -1,6 +1,7 @@
 #pragma once
 
-#include "documents/Document.h"
+#include "app/DocumentRole.h"
+#include "workbench/Document.h"
 
 #include <QString>
 

@@ -4,16 +4,16 @@
 
 namespace ardiphon {
 
-QString keyHelpWord(const WordTables &words, ViewLanguage language, const QString &word)
+QString keyHelpWord(const WordTables &words, DocumentRole role, const QString &word)
 {
-    if (language == ViewLanguage::Score)
+    if (role == DocumentRole::Score)
         return GenRoutinesKeyword;
     return words.FindInTable(word) > 0 || words.IsCsdWord(word) ? word : QString();
 }
 
-PopupHelpWord popupHelpWord(WordTables &words, ViewLanguage language, const QString &word)
+PopupHelpWord popupHelpWord(WordTables &words, DocumentRole role, const QString &word)
 {
-    if (language == ViewLanguage::Score) {
+    if (role == DocumentRole::Score) {
         if (!words.IsScoreWord(word))
             return {};
         const QString keyword = word + ScoreStatementSuffix;

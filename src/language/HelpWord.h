@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/DocumentRole.h"
 #include "language/TokenColors.h"
 
 #include <QString>
@@ -17,10 +18,10 @@ inline const QString FlagsKeyword = QStringLiteral("csound, command line flags")
 /// What follows a score statement in its keyword.
 inline const QString ScoreStatementSuffix = QStringLiteral(" (score statement)");
 
-/// The keyword that the help key asks for with the caret on \a word in a view of \a language: the
+/// The keyword that the help key asks for with the caret on \a word in a view of \a role: the
 /// word itself when it is an opcode or a word of a CSD, else "". In a score it is always the
 /// function tables.
-QString keyHelpWord(const WordTables &words, ViewLanguage language, const QString &word);
+QString keyHelpWord(const WordTables &words, DocumentRole role, const QString &word);
 
 /// What the popup offers for the word at the caret.
 struct PopupHelpWord
@@ -34,6 +35,6 @@ struct PopupHelpWord
 
 /// As keyHelpWord, but for the popup: opcodes are sought by first letter, which sets the look-up
 /// range, and in a score the statements are what counts.
-PopupHelpWord popupHelpWord(WordTables &words, ViewLanguage language, const QString &word);
+PopupHelpWord popupHelpWord(WordTables &words, DocumentRole role, const QString &word);
 
 } // namespace ardiphon

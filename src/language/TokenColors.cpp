@@ -6,12 +6,12 @@ namespace ardiphon {
 
 namespace {
 
-TokenColors colorsOfWord(ConfigurationBlock &config, ViewLanguage language, const QString &word,
+TokenColors colorsOfWord(ConfigurationBlock &config, DocumentRole role, const QString &word,
                          TokenColors plain)
 {
     WordTables &words = config.Words;
     TokenColors colors = plain;
-    if (language == ViewLanguage::Score) {
+    if (role == DocumentRole::Score) {
         // A score statement looks here as a CSD word does in a CSD.
         if (words.IsScoreWord(word))
             colors = {config.ColorCSDBK, config.ColorCSD};
@@ -20,7 +20,7 @@ TokenColors colorsOfWord(ConfigurationBlock &config, ViewLanguage language, cons
     words.FindOpcodeRange(word);
     if (words.FindInRange(word) > 0)
         colors = {config.ColorOrchestraBK, config.ColorOrchestra};
-    if (language == ViewLanguage::Csd) {
+    if (role == DocumentRole::Csd) {
         if (words.IsCsdWord(word))
             colors = {config.ColorCSDBK, config.ColorCSD};
         if (words.IsScoreWord(word))
@@ -35,15 +35,15 @@ TokenColors colorsOfWord(ConfigurationBlock &config, ViewLanguage language, cons
 
 } // namespace
 
-TokenColors GetTokenColors(ConfigurationBlock &config, ViewLanguage language, TokenKind kind,
+TokenColors GetTokenColors(ConfigurationBlock &config, DocumentRole role, TokenKind kind,
                            const QString &text)
 {
     const TokenColors plain{config.ColorBackground, config.ColorText};
     if (kind == TokenKind::Quoted)
         return {config.ColorFilesBK, config.ColorFiles};
     if (kind == TokenKind::Word)
-        return colorsOfWord(config, language, text, plain);
-    if (language == ViewLanguage::Score)
+        return colorsOfWord(config, role, text, plain);
+    if (role == DocumentRole::Score)
         return plain;
     if (kind == TokenKind::Operator)
         // The plain back, unlike the opcodes': an operator does not stand out as a word does.

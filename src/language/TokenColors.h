@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/DocumentRole.h"
 #include "language/Token.h"
 #include "platform/Color.h"
 
@@ -8,9 +9,6 @@
 namespace ardiphon {
 
 struct ConfigurationBlock;
-
-/// The texts that a view may hold; each has its own rule of colours.
-enum class ViewLanguage { Csd, Orchestra, Score };
 
 /// How one token is drawn.
 struct TokenColors
@@ -24,7 +22,7 @@ struct TokenColors
 
 /// The colours of a token in a view of that language. Of the tests on a word the last that hits
 /// wins. Sets the look-up range of the opcode table.
-TokenColors GetTokenColors(ConfigurationBlock &config, ViewLanguage language, TokenKind kind,
+TokenColors GetTokenColors(ConfigurationBlock &config, DocumentRole role, TokenKind kind,
                            const QString &text);
 
 } // namespace ardiphon

@@ -7,14 +7,14 @@
 
 namespace ardiphon {
 
-DocumentKind kindOfDocument(const QString &path)
+DocumentRole roleOfPath(const QString &path)
 {
     const QString ending = path.right(3).toUpper();
     if (ending == QLatin1String("ORC"))
-        return DocumentKind::Orchestra;
+        return DocumentRole::Orchestra;
     if (ending == QLatin1String("SCO"))
-        return DocumentKind::Score;
-    return DocumentKind::Csd;
+        return DocumentRole::Score;
+    return DocumentRole::Csd;
 }
 
 QString LongPathName(const QString &path)
@@ -39,14 +39,14 @@ QString pathOfCommandText(const QString &commandText)
 
 StartWindow nameDocument(ConfigurationBlock &config, const QString &path)
 {
-    switch (kindOfDocument(path)) {
-    case DocumentKind::Orchestra:
+    switch (roleOfPath(path)) {
+    case DocumentRole::Orchestra:
         config.OrchestraFileName = path;
         return StartWindow::FormORCSCO;
-    case DocumentKind::Score:
+    case DocumentRole::Score:
         config.ScoreFileName = path;
         return StartWindow::FormORCSCO;
-    case DocumentKind::Csd:
+    case DocumentRole::Csd:
         break;
     }
     config.CSDFileName = path;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/DocumentRole.h"
 #include "app/EditorWindows.h"
 
 #include <QString>
@@ -10,8 +11,7 @@ struct ConfigurationBlock;
 
 /// What a document is, by the last three characters of its path in whatever case; no dot is looked
 /// for, and what is neither an orchestra nor a score is a CSD.
-enum class DocumentKind { Csd, Orchestra, Score };
-DocumentKind kindOfDocument(const QString &path);
+DocumentRole roleOfPath(const QString &path);
 
 /// \a path made absolute against the current directory, its spelling left alone. "." and ".." go
 /// where the path means the same file without them.

@@ -25,7 +25,7 @@ struct PieceWindow : TestProgram
         config.ColorInstrEndinBK = ardiphon::Color::rgb(200, 255, 255);
         file = copyOf(piece.path);
         const QString other =
-            piece.kind() == ardiphon::DocumentKind::Csd ? QString() : Pieces::partnerOf(piece);
+            piece.kind() == ardiphon::DocumentRole::Csd ? QString() : Pieces::partnerOf(piece);
         if (!other.isEmpty())
             partner = copyOf(other);
         show(piece.kind());
@@ -56,19 +56,19 @@ private:
         return write(QFileInfo(source).fileName(), bytesOf(source));
     }
 
-    void show(ardiphon::DocumentKind kind)
+    void show(ardiphon::DocumentRole kind)
     {
         using namespace ardiphon;
         switch (kind) {
-        case DocumentKind::Csd:
+        case DocumentRole::Csd:
             config.CSDFileName = file;
             window = new FormCSD(context);
             break;
-        case DocumentKind::Orchestra:
+        case DocumentRole::Orchestra:
             config.OrchestraFileName = file;
             window = new FormORCSCO(context);
             break;
-        case DocumentKind::Score:
+        case DocumentRole::Score:
             config.ScoreFileName = file;
             window = new FormORCSCO(context);
             break;
@@ -76,6 +76,6 @@ private:
         window->show();
         if (!QTest::qWaitForWindowExposed(window))
             qFatal("the window does not show");
-        editor = half(kind == DocumentKind::Score ? "LEDIT2" : "LEDIT1");
+        editor = half(kind == DocumentRole::Score ? "LEDIT2" : "LEDIT1");
     }
 };

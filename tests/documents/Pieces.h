@@ -25,7 +25,7 @@ struct Piece
     QString verdict; ///< of the compiler: "compiles", "fails" or "-" for a piece not compiled
     QList<Word> words;
 
-    ardiphon::DocumentKind kind() const { return ardiphon::kindOfDocument(name); }
+    ardiphon::DocumentRole kind() const { return ardiphon::roleOfPath(name); }
 };
 
 inline QStringList folders()
@@ -68,7 +68,7 @@ inline QList<Piece> all()
 inline QString partnerOf(const Piece &piece)
 {
     const QString stem = QFileInfo(piece.path).fileName().chopped(3);
-    const QString ending = piece.kind() == ardiphon::DocumentKind::Score ? QStringLiteral("orc")
+    const QString ending = piece.kind() == ardiphon::DocumentRole::Score ? QStringLiteral("orc")
                                                                          : QStringLiteral("sco");
     for (const QFileInfo &file : QFileInfo(piece.path).dir().entryInfoList(QDir::Files))
         if (file.fileName().compare(stem + ending, Qt::CaseInsensitive) == 0)

@@ -1,4 +1,5 @@
 #include "documents/CsdDocumentFixture.h"
+#include "documents/ui/CsdDocument.h"
 #include "support/EditorInput.h"
 #include "support/TestMain.h"
 
@@ -31,6 +32,8 @@ private slots:
     void save_changedByAnotherProgram_asksFirst();
     void save_madeByAnotherProgram_asksFirst();
     void saveAs_nameWithoutExtension_getsNone();
+
+    void record_followsTheDocument();
 
     // Opening.
     void open_modified_asksWithItsTitle_data();
@@ -192,6 +195,35 @@ void tst_CsdDocument::saveAs_nameWithoutExtension_getsNone()
                                   m_program->path(QStringLiteral("bare")));
     trigger("menuFileSalvaOrchestraNome");
     QCOMPARE(m_program->read(QStringLiteral("bare")), QByteArray("e"));
+}
+
+/// Role, name, encoding and stamp after each step; the configuration mirrors the name.
+void tst_CsdDocument::record_followsTheDocument()
+{
+    const QString path = m_program->write(QStringLiteral("piece.csd"), "caf\xe9\n");
+    open(path);
+    const auto *document = m_window->findChild<CsdDocument *>();
+    QVERIFY(document);
+    const Document loaded = document->document();
+    QCOMPARE(loaded.role(), DocumentRole::Csd);
+    QCOMPARE(loaded.name(), path);
+    QCOMPARE(loaded.form(), (DocumentForm{false, false, LineEnd::Lf}));
+    QCOMPARE(loaded.stamp(), FileStamp::of(path));
+
+    m_editor->SetSelText(QStringLiteral("\u6f22")); // which Latin-1 does not have
+    QCOMPARE(document->document(), loaded);
+    const QString other = m_program->path(QStringLiteral("other.csd"));
+    m_program->dialogs.expectSave(QStringLiteral("Save File As ..."), other);
+    trigger("menuFileSalvaOrchestraNome");
+    QCOMPARE(document->document(),
+             Document::loaded(DocumentRole::Csd, other, {true, false, LineEnd::Lf}));
+    QCOMPARE(m_program->config.CSDFileName, other);
+
+    chooseInFormNew(Qt::Key_C);
+    trigger("menuFileNuovaOrchestra");
+    QCOMPARE(document->document(), Document(DocumentRole::Csd).renamed("[Untitled]"));
+    QCOMPARE(m_program->config.CSDFileName, "[Untitled]");
+    QCOMPARE(loaded.name(), path); // what was kept of the document stays as it was
 }
 
 // Opening. ----------------------------------------------------------------------------------------

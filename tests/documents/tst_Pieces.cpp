@@ -121,13 +121,13 @@ private slots:
     void words_haveTheirColors();
     void save_afterAnUndoneEdit_writesTheSameBytes_data() { addPieces(); }
     void save_afterAnUndoneEdit_writesTheSameBytes();
-    void convert_csd_losesNoPart_data() { addPieces(DocumentKind::Csd); }
+    void convert_csd_losesNoPart_data() { addPieces(DocumentRole::Csd); }
     void convert_csd_losesNoPart();
-    void convert_project_losesNoText_data() { addPieces(DocumentKind::Orchestra); }
+    void convert_project_losesNoText_data() { addPieces(DocumentRole::Orchestra); }
     void convert_project_losesNoText();
 
 private:
-    static void addPieces(std::optional<DocumentKind> kind = {});
+    static void addPieces(std::optional<DocumentRole> kind = {});
     /// The piece of the current row.
     static Piece piece()
     {
@@ -140,7 +140,7 @@ private:
     static void importBack(PieceWindow &csd, const QString &orchestra, const QString &score);
 };
 
-void tst_Pieces::addPieces(std::optional<DocumentKind> kind)
+void tst_Pieces::addPieces(std::optional<DocumentRole> kind)
 {
     QTest::addColumn<bool>("byItsName");
     for (const Piece &each : Pieces::all())

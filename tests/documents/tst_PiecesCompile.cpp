@@ -25,7 +25,7 @@ void tst_PiecesCompile::compile_givesItsVerdict_data()
         if (piece.verdict == QLatin1String("-"))
             continue;
         QStringList files(piece.path);
-        if (piece.kind() != ardiphon::DocumentKind::Csd)
+        if (piece.kind() != ardiphon::DocumentRole::Csd)
             files.append(Pieces::partnerOf(piece));
         QTest::newRow(qPrintable(piece.name)) << files << piece.verdict;
     }

@@ -68,14 +68,14 @@ void tst_HelpWord::key_asksForTheWord()
 {
     QFETCH(QString, word);
     QFETCH(QString, keyword);
-    QCOMPARE(keyHelpWord(m_words, ViewLanguage::Csd, word), keyword);
-    QCOMPARE(keyHelpWord(m_words, ViewLanguage::Orchestra, word), keyword);
+    QCOMPARE(keyHelpWord(m_words, DocumentRole::Csd, word), keyword);
+    QCOMPARE(keyHelpWord(m_words, DocumentRole::Orchestra, word), keyword);
 }
 
 void tst_HelpWord::keyInScore_asksForTheFunctionTables()
 {
     for (const char *word : {"bb", "i", ""})
-        QCOMPARE(keyHelpWord(m_words, ViewLanguage::Score, QLatin1String(word)),
+        QCOMPARE(keyHelpWord(m_words, DocumentRole::Score, QLatin1String(word)),
                  QStringLiteral("Gen Routines"));
 }
 
@@ -83,38 +83,38 @@ void tst_HelpWord::keyAndPopup_differOutsideTheFirstLettersRange()
 {
     // The second group of "a" overwrote the entry, so the range of "a" begins at "ab" and "aa" is
     // in the table but out of reach of the look-up.
-    QCOMPARE(keyHelpWord(m_words, ViewLanguage::Csd, QStringLiteral("aa")), QStringLiteral("aa"));
-    QCOMPARE(popupHelpWord(m_words, ViewLanguage::Csd, QStringLiteral("aa")).HelpWord, QString());
+    QCOMPARE(keyHelpWord(m_words, DocumentRole::Csd, QStringLiteral("aa")), QStringLiteral("aa"));
+    QCOMPARE(popupHelpWord(m_words, DocumentRole::Csd, QStringLiteral("aa")).HelpWord, QString());
 }
 
 void tst_HelpWord::popup_offersTheWord_data()
 {
-    QTest::addColumn<ViewLanguage>("language");
+    QTest::addColumn<DocumentRole>("language");
     QTest::addColumn<QString>("word");
     QTest::addColumn<QString>("keyword");
     QTest::addColumn<QString>("caption");
-    const auto add = [](const char *name, ViewLanguage language, const char *word,
+    const auto add = [](const char *name, DocumentRole language, const char *word,
                         const char *keyword, const char *caption) {
         QTest::newRow(name) << language << QString::fromLatin1(word) << QString::fromLatin1(keyword)
                             << QString::fromLatin1(caption);
     };
-    add("opcode", ViewLanguage::Csd, "bc", "bc", "bc -> Help");
-    add("opcode in orchestra", ViewLanguage::Orchestra, "instr", "instr", "instr -> Help");
-    add("tag", ViewLanguage::Csd, "<CsScore>", "<CsScore>", "<CsScore> -> Help");
-    add("unknown", ViewLanguage::Csd, "zz", "", "Opcode -> Help");
-    add("other case", ViewLanguage::Csd, "Bc", "", "Opcode -> Help");
-    add("none", ViewLanguage::Csd, "", "", "Opcode -> Help");
-    add("statement in a CSD", ViewLanguage::Csd, "f", "", "Opcode -> Help");
-    add("statement", ViewLanguage::Score, "f", "f (score statement)",
+    add("opcode", DocumentRole::Csd, "bc", "bc", "bc -> Help");
+    add("opcode in orchestra", DocumentRole::Orchestra, "instr", "instr", "instr -> Help");
+    add("tag", DocumentRole::Csd, "<CsScore>", "<CsScore>", "<CsScore> -> Help");
+    add("unknown", DocumentRole::Csd, "zz", "", "Opcode -> Help");
+    add("other case", DocumentRole::Csd, "Bc", "", "Opcode -> Help");
+    add("none", DocumentRole::Csd, "", "", "Opcode -> Help");
+    add("statement in a CSD", DocumentRole::Csd, "f", "", "Opcode -> Help");
+    add("statement", DocumentRole::Score, "f", "f (score statement)",
         "f (score statement) -> Help");
-    add("word left out of the table", ViewLanguage::Score, "last", "", "Opcode -> Help");
-    add("opcode in score", ViewLanguage::Score, "bc", "", "Opcode -> Help");
-    add("none in score", ViewLanguage::Score, "", "", "Opcode -> Help");
+    add("word left out of the table", DocumentRole::Score, "last", "", "Opcode -> Help");
+    add("opcode in score", DocumentRole::Score, "bc", "", "Opcode -> Help");
+    add("none in score", DocumentRole::Score, "", "", "Opcode -> Help");
 }
 
 void tst_HelpWord::popup_offersTheWord()
 {
-    QFETCH(ViewLanguage, language);
+    QFETCH(DocumentRole, language);
     QFETCH(QString, word);
     const PopupHelpWord offered = popupHelpWord(m_words, language, word);
     QTEST(offered.HelpWord, "keyword");
@@ -124,10 +124,10 @@ void tst_HelpWord::popup_offersTheWord()
 void tst_HelpWord::popupWithoutTables_offersNothing()
 {
     WordTables none;
-    for (const ViewLanguage language : {ViewLanguage::Csd, ViewLanguage::Score})
+    for (const DocumentRole language : {DocumentRole::Csd, DocumentRole::Score})
         QCOMPARE(popupHelpWord(none, language, QStringLiteral("bb")).caption(),
                  QStringLiteral("Opcode -> Help"));
-    QCOMPARE(keyHelpWord(none, ViewLanguage::Csd, QStringLiteral("bb")), QString());
+    QCOMPARE(keyHelpWord(none, DocumentRole::Csd, QStringLiteral("bb")), QString());
 }
 
 ARDIPHON_TEST(tst_HelpWord, QCoreApplication)

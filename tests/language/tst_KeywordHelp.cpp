@@ -67,7 +67,7 @@ private:
     std::unique_ptr<KeywordHelp> m_help;
     std::unique_ptr<LEditOCX> m_editor;
     std::unique_ptr<QMenu> m_menu;
-    ViewLanguage m_language = ViewLanguage::Csd;
+    DocumentRole m_language = DocumentRole::Csd;
     QStringList m_asked;
 };
 
@@ -104,7 +104,7 @@ void tst_KeywordHelp::init()
     m_editor = std::make_unique<LEditOCX>();
     m_editor->resize(500, 200);
     m_editor->SetText(QStringLiteral("oscil rand Oscil <CsScore> f i\r\n\r\nunexplained other"));
-    m_language = ViewLanguage::Csd;
+    m_language = DocumentRole::Csd;
     connect(m_editor.get(), &LEditOCX::KeyDown, this, [this](EditorKey &key) {
         if (key.KeyCode == Qt::Key_F1)
             m_help->keyHelp(*m_editor, m_language);
@@ -181,7 +181,7 @@ void tst_KeywordHelp::f1_onWord_opensItsPage()
 
 void tst_KeywordHelp::f1_inScore_opensTheFunctionTables()
 {
-    m_language = ViewLanguage::Score;
+    m_language = DocumentRole::Score;
     EditorInput::goTo(*m_editor, 1, 2);
     EditorInput::press(*m_editor, Qt::Key_F1);
     QCOMPARE(m_config.HelpWord, QStringLiteral("Gen Routines"));
@@ -244,7 +244,7 @@ void tst_KeywordHelp::popup_overWord_namesItAndOpensItsPage()
 
 void tst_KeywordHelp::popup_inScore_namesTheStatement()
 {
-    m_language = ViewLanguage::Score;
+    m_language = DocumentRole::Score;
     QCOMPARE(openPopup(1, 27), QStringLiteral("f (score statement) -> Help"));
     m_menu->actions().constFirst()->trigger();
     QCOMPARE(taken(), QStringLiteral("f.html"));

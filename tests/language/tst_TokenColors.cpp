@@ -8,7 +8,7 @@
 
 using namespace ardiphon;
 
-Q_DECLARE_METATYPE(ardiphon::ViewLanguage)
+Q_DECLARE_METATYPE(ardiphon::DocumentRole)
 Q_DECLARE_METATYPE(ardiphon::TokenKind)
 
 namespace {
@@ -16,9 +16,9 @@ namespace {
 /// The pairs of colours, each named by what it is for.
 enum class Look { Plain, Quoted, Opcode, Csd, Macro, Instr, Equals };
 
-constexpr auto Csd = ViewLanguage::Csd;
-constexpr auto Orchestra = ViewLanguage::Orchestra;
-constexpr auto Score = ViewLanguage::Score;
+constexpr auto Csd = DocumentRole::Csd;
+constexpr auto Orchestra = DocumentRole::Orchestra;
+constexpr auto Score = DocumentRole::Score;
 
 constexpr TokenKind AllKinds[] = {TokenKind::Word, TokenKind::Quoted, TokenKind::Operator,
                                   TokenKind::Other};
@@ -165,7 +165,7 @@ void tst_TokenColors::colors()
 
 void tst_TokenColors::style_isAlwaysThree()
 {
-    for (const ViewLanguage language : {Csd, Orchestra, Score})
+    for (const DocumentRole language : {Csd, Orchestra, Score})
         for (const TokenKind kind : AllKinds)
             for (const char *text : {"oscil", "=", "0dbfs", "$A", "instr", "i", "none"})
                 QCOMPARE(GetTokenColors(m_config, language, kind, text).style, 3);

@@ -61,7 +61,7 @@ inline void SettingsWindow::begin()
         auto *made = new ardiphon::LEditOCX(m_host.get());
         made->setGeometry(left, 0, 300, 300);
         made->SetGetTokenColors([this](ardiphon::TokenKind kind, const QString &text) {
-            return ardiphon::GetTokenColors(m_program->config, ardiphon::ViewLanguage::Csd, kind,
+            return ardiphon::GetTokenColors(m_program->config, ardiphon::DocumentRole::Csd, kind,
                                             text);
         });
         made->SetText("plain oscili <CsScore> \"file\" $macro instr\n; comment\nplain");

@@ -11,15 +11,15 @@
 using namespace ardiphon;
 
 Q_DECLARE_METATYPE(ardiphon::StartWindow)
-Q_DECLARE_METATYPE(ardiphon::DocumentKind)
+Q_DECLARE_METATYPE(ardiphon::DocumentRole)
 
 class tst_StartRules : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void kindOfDocument_data();
-    void kindOfDocument();
+    void roleOfPath_data();
+    void roleOfPath();
     void longPathName_relative_isMadeAbsolute();
     void longPathName_spelling_isLeftAlone();
     void longPathName_missingFile_isLeftAlone();
@@ -40,27 +40,27 @@ private slots:
     void show_opensTheWindowAsked();
 };
 
-void tst_StartRules::kindOfDocument_data()
+void tst_StartRules::roleOfPath_data()
 {
     QTest::addColumn<QString>("path");
-    QTest::addColumn<DocumentKind>("kind");
+    QTest::addColumn<DocumentRole>("kind");
 
-    QTest::newRow("orc") << "/m/piece.orc" << DocumentKind::Orchestra;
-    QTest::newRow("ORC") << "/m/PIECE.ORC" << DocumentKind::Orchestra;
-    QTest::newRow("sco in mixed case") << "/m/piece.ScO" << DocumentKind::Score;
-    QTest::newRow("csd") << "/m/piece.csd" << DocumentKind::Csd;
-    QTest::newRow("txt") << "/m/piece.txt" << DocumentKind::Csd;
-    QTest::newRow("no extension") << "/m/piece" << DocumentKind::Csd;
-    QTest::newRow("no dot but the letters") << "/m/torc" << DocumentKind::Orchestra;
-    QTest::newRow("folder ends so, not the name") << "/m.orc/a" << DocumentKind::Csd;
-    QTest::newRow("two letters") << "rc" << DocumentKind::Csd;
-    QTest::newRow("empty") << "" << DocumentKind::Csd;
+    QTest::newRow("orc") << "/m/piece.orc" << DocumentRole::Orchestra;
+    QTest::newRow("ORC") << "/m/PIECE.ORC" << DocumentRole::Orchestra;
+    QTest::newRow("sco in mixed case") << "/m/piece.ScO" << DocumentRole::Score;
+    QTest::newRow("csd") << "/m/piece.csd" << DocumentRole::Csd;
+    QTest::newRow("txt") << "/m/piece.txt" << DocumentRole::Csd;
+    QTest::newRow("no extension") << "/m/piece" << DocumentRole::Csd;
+    QTest::newRow("no dot but the letters") << "/m/torc" << DocumentRole::Orchestra;
+    QTest::newRow("folder ends so, not the name") << "/m.orc/a" << DocumentRole::Csd;
+    QTest::newRow("two letters") << "rc" << DocumentRole::Csd;
+    QTest::newRow("empty") << "" << DocumentRole::Csd;
 }
 
-void tst_StartRules::kindOfDocument()
+void tst_StartRules::roleOfPath()
 {
     QFETCH(QString, path);
-    QTEST(ardiphon::kindOfDocument(path), "kind");
+    QTEST(ardiphon::roleOfPath(path), "kind");
 }
 
 void tst_StartRules::longPathName_relative_isMadeAbsolute()

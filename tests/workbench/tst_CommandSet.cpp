@@ -1,5 +1,5 @@
-#include "workbench/ui/CommandSet.h"
 #include "support/TestMain.h"
+#include "workbench/ui/CommandSet.h"
 
 #include <QMainWindow>
 #include <QMenu>

@@ -27,7 +27,7 @@ HintPanel::HintPanel(QWidget *form)
     Text1->setMinimumHeight(2 * fontMetrics().lineSpacing());
     Command5->setObjectName(QStringLiteral("Command5"));
     Command5->setAutoDefault(false);
-    connect(Command5, &QPushButton::clicked, this, &HintPanel::closeWanted);
+    connect(Command5, &QPushButton::clicked, this, &HintPanel::closeRequested);
 
     auto *const all = new QVBoxLayout(this);
     all->addWidget(Text1);

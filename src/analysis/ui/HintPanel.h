@@ -23,7 +23,7 @@ public:
 
 signals:
     /// Its button was pressed.
-    void closeWanted();
+    void closeRequested();
 
 protected:
     void paintEvent(QPaintEvent *event) override;

@@ -271,7 +271,7 @@ void ToolForm::connectControls()
     connect(CommandRevert, &QPushButton::clicked, this, [this] { revert(); });
     connect(CommandAnalyze, &QPushButton::clicked, this, &ToolForm::analyze);
     connect(CommandExit, &QPushButton::clicked, this, &QWidget::close);
-    connect(Frame1, &HintPanel::closeWanted, this, &ToolForm::closeHint);
+    connect(Frame1, &HintPanel::closeRequested, this, &ToolForm::closeHint);
     if (Combo1) // choosing the item that is chosen counts too
         connect(Combo1, &QComboBox::activated, this, &ToolForm::writeChoice);
 }

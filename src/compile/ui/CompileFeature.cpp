@@ -42,11 +42,11 @@ void installForProject(FeatureHost &host, const ProjectEditors &editors)
 
 void CompileFeature::install(FeatureHost &host)
 {
-    if (LEditOCX *const csd = host.editor(ViewLanguage::Csd))
+    if (LEditOCX *const csd = host.editor(DocumentRole::Csd))
         installForCsd(host, *csd);
     else
         installForProject(
-            host, {*host.editor(ViewLanguage::Orchestra), *host.editor(ViewLanguage::Score)});
+            host, {*host.editor(DocumentRole::Orchestra), *host.editor(DocumentRole::Score)});
 }
 
 } // namespace ardiphon

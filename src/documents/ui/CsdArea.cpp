@@ -43,8 +43,8 @@ CsdArea::CsdArea(ConfigurationBlock &config) : EditorArea(config)
 
 void CsdArea::buildViews()
 {
-    LEDIT1 = newEditor(QStringLiteral("LEDIT1"), ViewLanguage::Csd, config(), this);
-    LEDIT2 = newEditor(QStringLiteral("LEDIT2"), ViewLanguage::Csd, config(), this);
+    LEDIT1 = newEditor(QStringLiteral("LEDIT1"), DocumentRole::Csd, config(), this);
+    LEDIT2 = newEditor(QStringLiteral("LEDIT2"), DocumentRole::Csd, config(), this);
     LEDIT2->hide();
     PicNumeri = newGutter(QStringLiteral("PicNumeri"), *LEDIT1);
     PicNumeri2 = newGutter(QStringLiteral("PicNumeri2"), *LEDIT2);
@@ -82,8 +82,8 @@ void CsdArea::groupTools(ToolToggles &tools)
 
 QList<EditorView> CsdArea::views() const
 {
-    return {{LEDIT1, ViewLanguage::Csd, ViewPosition::First},
-            {LEDIT2, ViewLanguage::Csd, ViewPosition::Second}};
+    return {{LEDIT1, DocumentRole::Csd, ViewPosition::First},
+            {LEDIT2, DocumentRole::Csd, ViewPosition::Second}};
 }
 
 bool CsdArea::isSplit() const { return !LEDIT2->isHidden(); }

@@ -85,14 +85,14 @@ void CsdDocument::OpenRecent(const QString &path)
     take(document().renamed(path));
     files().beginIn(QDir::currentPath());
     if (openPath(path))
-        emit programFirstTitleDue();
+        emit programFirstTitleRequested();
 }
 
 bool CsdDocument::openPath(const QString &path)
 {
     config().OrchestraFileName.clear();
     config().ScoreFileName.clear();
-    if (kindOfDocument(path) == DocumentKind::Csd) {
+    if (roleOfPath(path) == DocumentRole::Csd) {
         open(path);
         return true;
     }
@@ -116,7 +116,7 @@ void CsdDocument::open(const QString &path)
 void CsdDocument::handOverToProject()
 {
     clearModified();
-    emit projectWindowDue();
+    emit projectWindowRequested();
 }
 
 void CsdDocument::ExportToProject()
@@ -166,7 +166,7 @@ void CsdDocument::ImportProject()
     }
     editor().SetText(csdText(*orchestra, *score));
     rename(Untitled);
-    emit programFirstTitleDue();
+    emit programFirstTitleRequested();
     emit loaded();
 }
 

@@ -39,9 +39,9 @@ public:
 
 signals:
     /// The configuration names an orchestra or a score to open: its window takes over.
-    void projectWindowDue();
+    void projectWindowRequested();
     /// The title names the program first, as long as no other is due.
-    void programFirstTitleDue();
+    void programFirstTitleRequested();
 
 private:
     bool mayDropText(const QString &title);

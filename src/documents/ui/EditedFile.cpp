@@ -106,7 +106,7 @@ SaveResult EditedFile::saveTo(const QString &path)
         }
         m_program.dialogs.message({notSavedText(path, written.failure())});
     }
-    emit titleDue();
+    emit titleChanged();
     return written ? SaveResult::Saved : SaveResult::Failed;
 }
 
@@ -116,7 +116,7 @@ void EditedFile::Properties()
     if (m_document.name().isEmpty())
         m_program.dialogs.message({m_texts.missingFile});
     else
-        emit propertiesDue(m_document.name());
+        emit propertiesRequested(m_document.name());
 }
 
 void EditedFile::load(const QString &path)
@@ -132,7 +132,7 @@ void EditedFile::load(const QString &path)
     m_bookmarks.clear();
     clearModified();
     m_editor.ResetUndo();
-    emit titleDue();
+    emit titleChanged();
     loadBookmarks(path);
     emit loaded();
 }
@@ -152,7 +152,7 @@ void EditedFile::beginEmpty(const QString &name)
 void EditedFile::rename(const QString &name)
 {
     take(m_document.renamed(name));
-    emit titleDue();
+    emit titleChanged();
 }
 
 void EditedFile::giveUp()

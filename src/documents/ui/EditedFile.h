@@ -1,7 +1,7 @@
 #pragma once
 
-#include "documents/Document.h"
 #include "documents/SaveQuestion.h"
+#include "workbench/Document.h"
 
 #include <QObject>
 #include <QString>
@@ -71,13 +71,13 @@ public:
 
 signals:
     /// The name is to be shown afresh: it changed, or the text is as it was saved.
-    void titleDue();
+    void titleChanged();
     /// An empty document stands in the editor.
     void begun();
     /// Another document's text stands in the editor.
     void loaded();
     /// The properties of that file are to be shown.
-    void propertiesDue(const QString &path);
+    void propertiesRequested(const QString &path);
     /// A file was opened: the recent list may have changed.
     void opened();
 

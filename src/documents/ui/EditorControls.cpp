@@ -9,15 +9,15 @@
 
 namespace ardiphon {
 
-LEditOCX *newEditor(const QString &name, ViewLanguage language, ConfigurationBlock &config,
+LEditOCX *newEditor(const QString &name, DocumentRole role, ConfigurationBlock &config,
                     QWidget *area)
 {
     auto *editor = new LEditOCX(area);
     editor->setObjectName(name);
     editor->ClearState(TextState);
     applySettings(*editor, config);
-    editor->SetGetTokenColors([&config, language](TokenKind kind, const QString &text) {
-        return GetTokenColors(config, language, kind, text);
+    editor->SetGetTokenColors([&config, role](TokenKind kind, const QString &text) {
+        return GetTokenColors(config, role, kind, text);
     });
     return editor;
 }

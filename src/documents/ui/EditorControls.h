@@ -17,7 +17,7 @@ struct ConfigurationBlock;
 // \a name.
 
 /// An editor with the settings of \a config, coloured by the rule of \a language.
-LEditOCX *newEditor(const QString &name, ViewLanguage language, ConfigurationBlock &config,
+LEditOCX *newEditor(const QString &name, DocumentRole role, ConfigurationBlock &config,
                     QWidget *area);
 /// On a light ground, as its nodes are blue.
 QTreeWidget *newTree(const QString &name, QWidget *area);

@@ -107,7 +107,7 @@ void EditorWindow::fillMenus(std::span<const Menu> menus)
 void EditorWindow::bindTools(ToolToggles &toggles)
 {
     toggles.bindTo(m_commands, *findChild<QMenu *>(QStringLiteral("menuWindow")));
-    connect(&toggles, &ToolToggles::arrangeDue, m_centre, &EditorArea::arrange);
+    connect(&toggles, &ToolToggles::toolsChanged, m_centre, &EditorArea::arrange);
 }
 
 // What features are offered. ---------------------------------------------------------------------

@@ -104,12 +104,12 @@ void FormCSD::bindDocument()
 
 void FormCSD::followDocument()
 {
-    connect(m_document, &CsdDocument::propertiesDue, this,
+    connect(m_document, &CsdDocument::propertiesRequested, this,
             [this](const QString &path) { ShowFileProperties(this, path); });
-    connect(m_document, &CsdDocument::titleDue, this, &FormCSD::writeTitle);
-    connect(m_document, &CsdDocument::programFirstTitleDue, this,
+    connect(m_document, &CsdDocument::titleChanged, this, &FormCSD::writeTitle);
+    connect(m_document, &CsdDocument::programFirstTitleRequested, this,
             [this] { setWindowTitle(titleText(programFirstTitle(config().CSDFileName))); });
-    connect(m_document, &CsdDocument::projectWindowDue, this,
+    connect(m_document, &CsdDocument::projectWindowRequested, this,
             [this] { handOver(program().windows.showFormORCSCO); });
     connect(m_document, &CsdDocument::begun, this, [this] { setSplit(false); });
     connect(m_document, &CsdDocument::begun, m_tags, &TagPanel::clear);
@@ -168,6 +168,11 @@ void FormCSD::insertText(const QString &text)
 {
     EditorWindow::insertText(text);
     m_mirror->copyFirstToSecond();
+}
+
+const Document *FormCSD::document(DocumentRole role) const
+{
+    return role == DocumentRole::Csd ? &m_document->document() : nullptr;
 }
 
 void FormCSD::setSplit(bool on)

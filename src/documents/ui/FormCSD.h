@@ -22,6 +22,7 @@ public:
     explicit FormCSD(ProgramContext &program);
 
     void insertText(const QString &text) override;
+    const Document *document(DocumentRole role) const override;
 
 protected:
     void openDroppedFile(const QString &path) override;

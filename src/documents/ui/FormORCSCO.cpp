@@ -105,7 +105,7 @@ void FormORCSCO::bindProject()
     set.bind("menuFileImportaCSD", m_project, &ProjectDocument::ImportCsd);
     set.bind("menuFileConvertToCSD", m_project, &ProjectDocument::ExportToCsd);
     connect(m_project, &ProjectDocument::opened, &recent(), &RecentMenu::refresh);
-    connect(m_project, &ProjectDocument::csdWindowDue, this,
+    connect(m_project, &ProjectDocument::csdWindowRequested, this,
             [this] { handOver(program().windows.showFormCSD); });
     connect(&recent(), &RecentMenu::chosen, m_project, &ProjectDocument::OpenRecent);
 }
@@ -126,7 +126,7 @@ void FormORCSCO::bindHalves()
             half->document().Properties();
     });
     for (HalfDocument *half : {m_orchestra, m_score}) {
-        connect(half, &HalfDocument::propertiesDue, this,
+        connect(half, &HalfDocument::propertiesRequested, this,
                 [this](const QString &path) { ShowFileProperties(this, path); });
         connect(half, &HalfDocument::begun, m_area->panels, &HelpPanels::clear);
     }
@@ -188,6 +188,14 @@ void FormORCSCO::checkArrangement(Arrangement chosen)
 }
 
 // What the window does itself. -------------------------------------------------------------------
+
+const Document *FormORCSCO::document(DocumentRole role) const
+{
+    for (const HalfDocument *half : {m_orchestra, m_score})
+        if (half->document().role() == role)
+            return &half->document();
+    return nullptr;
+}
 
 void FormORCSCO::openDroppedFile(const QString &path) { m_project->OpenDroppedFile(path); }
 

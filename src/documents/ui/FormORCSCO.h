@@ -23,6 +23,8 @@ public:
     /// empty documents when it names neither.
     explicit FormORCSCO(ProgramContext &program);
 
+    const Document *document(DocumentRole role) const override;
+
 protected:
     void openDroppedFile(const QString &path) override;
     void closeEvent(QCloseEvent *event) override;

@@ -16,7 +16,7 @@ HalfView::HalfView(HalfDocument &document, Gutter &gutter, QLabel &label, QToolB
                    QObject *parent)
     : QObject(parent), m_document(document), m_gutter(gutter), m_label(label), m_toolbar(toolbar)
 {
-    connect(&document, &HalfDocument::titleDue, this, &HalfView::writeLabel);
+    connect(&document, &HalfDocument::titleChanged, this, &HalfView::writeLabel);
     connect(&editor(), &LEditOCX::modifiedChanged, this, &HalfView::refreshRequested);
 }
 

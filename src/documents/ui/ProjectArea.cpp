@@ -49,8 +49,8 @@ ProjectArea::ProjectArea(ConfigurationBlock &config) : EditorArea(config)
     panels = new HelpPanels(config.Words, this);
     Toolbar1 = newToolbar(QStringLiteral("Toolbar1"), ToolIconSize, this);
     makeCompact(*Toolbar1);
-    LEDIT1 = newEditor(QStringLiteral("LEDIT1"), ViewLanguage::Orchestra, config, this);
-    LEDIT2 = newEditor(QStringLiteral("LEDIT2"), ViewLanguage::Score, config, this);
+    LEDIT1 = newEditor(QStringLiteral("LEDIT1"), DocumentRole::Orchestra, config, this);
+    LEDIT2 = newEditor(QStringLiteral("LEDIT2"), DocumentRole::Score, config, this);
     panels->follow(LEDIT1);
     buildPanels();
 }
@@ -129,8 +129,8 @@ void ProjectArea::groupTools(ToolToggles &tools)
 
 QList<EditorView> ProjectArea::views() const
 {
-    return {{LEDIT1, ViewLanguage::Orchestra, ViewPosition::First},
-            {LEDIT2, ViewLanguage::Score, ViewPosition::Second}};
+    return {{LEDIT1, DocumentRole::Orchestra, ViewPosition::First},
+            {LEDIT2, DocumentRole::Score, ViewPosition::Second}};
 }
 
 HalfView *ProjectArea::focusedHalf() const

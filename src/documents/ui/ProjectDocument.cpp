@@ -106,7 +106,7 @@ void ProjectDocument::Open()
     const auto path = m_files.open(QStringLiteral("Open Project"), OpenFilter);
     if (!path)
         return;
-    if (kindOfDocument(*path) == DocumentKind::Orchestra)
+    if (roleOfPath(*path) == DocumentRole::Orchestra)
         openPair(*path);
     else
         openInCsdWindow(*path);
@@ -140,7 +140,7 @@ void ProjectDocument::openInCsdWindow(const QString &path)
     m_orchestra.giveUp();
     m_score.giveUp();
     config().CSDFileName = path; // there the CSD window looks
-    emit csdWindowDue();
+    emit csdWindowRequested();
 }
 
 SaveResult ProjectDocument::save()
@@ -181,7 +181,7 @@ void ProjectDocument::OpenProjectFile(const QString &path)
 {
     config().LastFileName = path;
     noteOpened(path);
-    if (kindOfDocument(path) == DocumentKind::Score)
+    if (roleOfPath(path) == DocumentRole::Score)
         loadWithPartner(path, m_score, m_orchestra);
     else
         loadWithPartner(path, m_orchestra, m_score);
@@ -206,7 +206,7 @@ void ProjectDocument::OpenDroppedFile(const QString &path)
         return;
     saveBookmarksIfChanged();
     config().LastFileName = path;
-    if (kindOfDocument(path) == DocumentKind::Csd)
+    if (roleOfPath(path) == DocumentRole::Csd)
         openInCsdWindow(path);
     else
         OpenProjectFile(path);

@@ -56,7 +56,7 @@ signals:
     /// A file was opened: the recent list may have changed.
     void opened();
     /// The configuration names a document for the CSD window, which takes over.
-    void csdWindowDue();
+    void csdWindowRequested();
 
 private:
     bool mayDropTexts(const QString &title, const QString &firstLine);

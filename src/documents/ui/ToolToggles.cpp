@@ -80,7 +80,7 @@ void ToolToggles::toggle(const Tool &tool)
     bool &visible = m_program.config.*tool.visible;
     visible = !visible;
     show(tool, visible);
-    emit arrangeDue();
+    emit toolsChanged();
 }
 
 void ToolToggles::show(const Tool &tool, bool visible)
@@ -100,14 +100,14 @@ void ToolToggles::hideOrRestoreAll()
     }
     for (const Tool *tool : m_tools)
         show(*tool, false);
-    emit arrangeDue();
+    emit toolsChanged();
 }
 
 void ToolToggles::restoreAll()
 {
     for (const Tool *tool : m_tools)
         show(*tool, true);
-    emit arrangeDue();
+    emit toolsChanged();
 }
 
 } // namespace ardiphon

@@ -58,7 +58,7 @@ public:
     void restoreAll();
 
 signals:
-    void arrangeDue();
+    void toolsChanged();
 
 private:
     struct Control

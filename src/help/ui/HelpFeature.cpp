@@ -45,14 +45,13 @@ void HelpFeature::bindManual(FeatureHost &host)
 
 void HelpFeature::bindViews(FeatureHost &host)
 {
-    host.keys().bind(ViewKey::KeywordHelp, [this](const EditorView &view) {
-        m_help->keyHelp(*view.editor, view.language);
-    });
+    host.keys().bind(ViewKey::KeywordHelp,
+                     [this](const EditorView &view) { m_help->keyHelp(*view.editor, view.role); });
     host.keys().bind(ViewKey::HelpIndex, [this](const EditorView &) { m_help->keyIndex(); });
     host.beforePopup([this, &host](const EditorView &view) {
         host.commands()
             .action("menuPopupOpcodeHelp")
-            ->setText(m_help->prepareMenu(*view.editor, view.language));
+            ->setText(m_help->prepareMenu(*view.editor, view.role));
     });
 }
 

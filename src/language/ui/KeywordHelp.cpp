@@ -17,12 +17,12 @@ KeywordHelp::KeywordHelp(ConfigurationBlock &config, Dialogs &dialogs, HelpViewe
 {
 }
 
-void KeywordHelp::keyHelp(LEditOCX &view, ViewLanguage language)
+void KeywordHelp::keyHelp(LEditOCX &view, DocumentRole role)
 {
     if (!hasManualForView())
         return;
     view.UpdateCurrentWord();
-    setHelpWord(keyHelpWord(m_config.Words, language, view.CurrentWord()));
+    setHelpWord(keyHelpWord(m_config.Words, role, view.CurrentWord()));
     ShowHelp(m_helpWord);
 }
 
@@ -32,10 +32,10 @@ void KeywordHelp::keyIndex()
         ShowHelpIndex();
 }
 
-QString KeywordHelp::prepareMenu(LEditOCX &view, ViewLanguage language)
+QString KeywordHelp::prepareMenu(LEditOCX &view, DocumentRole role)
 {
     view.UpdateCurrentWord();
-    const PopupHelpWord found = popupHelpWord(m_config.Words, language, view.CurrentWord());
+    const PopupHelpWord found = popupHelpWord(m_config.Words, role, view.CurrentWord());
     setHelpWord(found.HelpWord);
     return found.caption();
 }

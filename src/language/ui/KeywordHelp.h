@@ -31,12 +31,12 @@ public:
     KeywordHelp(ConfigurationBlock &config, Dialogs &dialogs, HelpViewer viewer);
 
     /// The help key in a view of \a language.
-    void keyHelp(LEditOCX &view, ViewLanguage language);
+    void keyHelp(LEditOCX &view, DocumentRole role);
     /// The index key in a view.
     void keyIndex();
 
     /// Takes the word at the caret of \a view for the popup. Gives the caption of its entry.
-    QString prepareMenu(LEditOCX &view, ViewLanguage language);
+    QString prepareMenu(LEditOCX &view, DocumentRole role);
     /// The popup entry: help at the word that was prepared.
     void menuPopupOpcodeHelp();
 

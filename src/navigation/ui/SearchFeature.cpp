@@ -14,14 +14,14 @@ namespace ardiphon {
 
 namespace {
 
-const QString &callerOf(ViewLanguage language)
+const QString &callerOf(DocumentRole role)
 {
-    switch (language) {
-    case ViewLanguage::Orchestra:
+    switch (role) {
+    case DocumentRole::Orchestra:
         return OrchestraCaller;
-    case ViewLanguage::Score:
+    case DocumentRole::Score:
         return ScoreCaller;
-    case ViewLanguage::Csd:
+    case DocumentRole::Csd:
         break;
     }
     return CsdCaller;
@@ -30,8 +30,8 @@ const QString &callerOf(ViewLanguage language)
 QList<ServedEditor> servedEditors(const FeatureHost &host)
 {
     QList<ServedEditor> served;
-    for (const ViewLanguage each :
-         {ViewLanguage::Csd, ViewLanguage::Orchestra, ViewLanguage::Score})
+    for (const DocumentRole each :
+         {DocumentRole::Csd, DocumentRole::Orchestra, DocumentRole::Score})
         if (LEditOCX *const editor = host.editor(each))
             served.append({callerOf(each), editor});
     return served;
@@ -68,7 +68,7 @@ void SearchFeature::bindMenu(FeatureHost &host)
 /// Those of a half's toolbar go to its own editor.
 void SearchFeature::bindButtons(FeatureHost &host)
 {
-    if (host.editor(ViewLanguage::Csd))
+    if (host.editor(DocumentRole::Csd))
         return;
     const auto bind = [this, &host](const char *name, SearchKind kind, const QString &caller) {
         host.commands().bind(name, m_windows,
@@ -88,8 +88,7 @@ void SearchFeature::bindKeys(FeatureHost &host)
     LEditOCX *const first = host.editors().size() > 1 ? host.editors().constFirst() : nullptr;
     const auto bind = [this, &host, first](ViewKey key, SearchKind kind) {
         host.keys().bind(key, [this, kind, first](const EditorView &view) {
-            m_windows->open(kind, callerOf(view.language), *view.editor,
-                            first ? *first : *view.editor);
+            m_windows->open(kind, callerOf(view.role), *view.editor, first ? *first : *view.editor);
         });
     };
     bind(ViewKey::Find, SearchKind::Find);
@@ -108,7 +107,7 @@ void SearchFeature::bindDefinitions(FeatureHost &host)
     if (commands.has("menuPopupLastPosition")) // no position is kept to go back to
         commands.bind("menuPopupLastPosition", m_definitions, [] {});
     host.beforePopup([this](const EditorView &view) {
-        m_definitions->prepareEntries(*view.editor, view.language != ViewLanguage::Score);
+        m_definitions->prepareEntries(*view.editor, view.role != DocumentRole::Score);
     });
 }
 

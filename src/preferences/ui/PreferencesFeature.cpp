@@ -52,7 +52,7 @@ void showSettings(FeatureHost &host)
 {
     const QList<EditorView> views = host.views();
     FormImpostazioni(host.program(), {*views.constFirst().editor, *views.constLast().editor},
-                     host.editor(ViewLanguage::Csd) ? CsdSettings : ProjectSettings, &host.owner())
+                     host.editor(DocumentRole::Csd) ? CsdSettings : ProjectSettings, &host.owner())
         .exec();
 }
 

@@ -1,17 +1,18 @@
 #pragma once
 
+#include "app/DocumentRole.h"
 #include "language/EditorKeyRules.h"
-#include "language/TokenColors.h"
 
 namespace ardiphon {
 
 class LEditOCX;
 
-/// One view of an editor window: the editor, what its text is, and which of the two it is.
+/// One view of an editor window: the editor, the document that it shows, and which of the two
+/// views it is.
 struct EditorView
 {
     LEditOCX *editor = nullptr;
-    ViewLanguage language = ViewLanguage::Csd;
+    DocumentRole role = DocumentRole::Csd;
     ViewPosition position = ViewPosition::First;
 };
 

@@ -20,10 +20,10 @@ LEditOCX *FeatureHost::focusedEditor() const
     return nullptr;
 }
 
-LEditOCX *FeatureHost::editor(ViewLanguage language) const
+LEditOCX *FeatureHost::editor(DocumentRole role) const
 {
     for (const EditorView &view : views())
-        if (view.language == language)
+        if (view.role == role)
             return view.editor;
     return nullptr;
 }
@@ -31,24 +31,11 @@ LEditOCX *FeatureHost::editor(ViewLanguage language) const
 QList<LEditOCX *> FeatureHost::editors() const
 {
     QList<LEditOCX *> found;
-    for (const ViewLanguage each :
-         {ViewLanguage::Csd, ViewLanguage::Orchestra, ViewLanguage::Score})
+    for (const DocumentRole each :
+         {DocumentRole::Csd, DocumentRole::Orchestra, DocumentRole::Score})
         if (LEditOCX *const holder = editor(each))
             found.append(holder);
     return found;
-}
-
-const QString &FeatureHost::documentPath(ViewLanguage language) const
-{
-    switch (language) {
-    case ViewLanguage::Orchestra:
-        return config().OrchestraFileName;
-    case ViewLanguage::Score:
-        return config().ScoreFileName;
-    case ViewLanguage::Csd:
-        break;
-    }
-    return config().CSDFileName;
 }
 
 } // namespace ardiphon

@@ -15,6 +15,7 @@ namespace ardiphon {
 
 class CommandSet;
 class Dialogs;
+class Document;
 class ViewKeys;
 struct ConfigurationBlock;
 struct ProgramContext;
@@ -55,13 +56,14 @@ public:
     virtual QList<EditorView> views() const = 0;
     /// The view that has the focus and is shown, or null.
     LEditOCX *focusedEditor() const;
-    /// The editor that holds the text of that language; null where the window has no such text. The
+    /// The editor that holds the text of that role; null where the window has no such text. The
     /// second view of a split shows a copy and is none.
-    LEditOCX *editor(ViewLanguage language) const;
+    LEditOCX *editor(DocumentRole role) const;
     /// Those of all languages that the window has.
     QList<LEditOCX *> editors() const;
-    /// The path of the document of that language as the configuration names it.
-    const QString &documentPath(ViewLanguage language) const;
+    /// What is known of the document of that role besides its text, as long as nothing happens to
+    /// it; null where the window has none.
+    virtual const Document *document(DocumentRole role) const = 0;
 
     /// Puts \a text in the place of the selection of the first editor, which gets the focus.
     virtual void insertText(const QString &text) = 0;

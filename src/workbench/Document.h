@@ -1,14 +1,18 @@
 #pragma once
 
-#include "documents/FileStamp.h"
+#include "app/DocumentRole.h"
 #include "language/DocumentText.h"
+#include "workbench/FileStamp.h"
 
 #include <QString>
 
 namespace ardiphon {
 
-/// The place that a document has in the editor windows, whatever its path ends in.
-enum class DocumentRole { Csd, Orchestra, Score };
+/// The name of a document without a file.
+inline const QString Untitled = QStringLiteral("[Untitled]");
+
+/// Whether \a name is that of a document that has no file yet.
+bool isUntitled(const QString &name);
 
 /// What a save would meet under a document's name.
 enum class SaveConflict {

@@ -1,8 +1,11 @@
-#include "documents/Document.h"
-
-#include "documents/DocumentRules.h"
+#include "workbench/Document.h"
 
 namespace ardiphon {
+
+bool isUntitled(const QString &name)
+{
+    return name == Untitled || name == QLatin1String("[Untitled.CSD]");
+}
 
 Document Document::loaded(DocumentRole role, const QString &path, const DocumentForm &form)
 {

@@ -1,4 +1,4 @@
-#include "documents/FileStamp.h"
+#include "workbench/FileStamp.h"
 
 #include <QFileInfo>
 

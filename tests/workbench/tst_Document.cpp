@@ -1,8 +1,8 @@
 #include "app/ConfigurationBlock.h"
-#include "documents/Document.h"
 #include "documents/DocumentMirror.h"
 #include "documents/DocumentRules.h"
 #include "support/TestMain.h"
+#include "workbench/Document.h"
 
 #include <QDir>
 #include <QFile>
