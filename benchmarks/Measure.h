@@ -1,6 +1,6 @@
 #pragma once
 
-// What the programs that measure share: clocks, medians, and the form of the rows they print, which
+// What the benchmarks share: clocks, medians, and the form of the rows they print, which
 // benchmarks/run gathers into one table.
 
 #include <QApplication>
@@ -17,6 +17,21 @@
 #include <vector>
 
 namespace measure {
+
+/// A benchmark, which the program runs as if it were a program of its own (main.cpp).
+class Benchmark
+{
+public:
+    using Run = int (*)(int argc, char **argv);
+    Benchmark(const char *name, Run run);
+};
+
+/// BENCHMARK(subject) { ... }: the benchmark of that name, with the arguments and the result of a
+/// main(). It stands in the namespace measure::subject with all that belongs to it.
+#define BENCHMARK(name)                                                                            \
+    int run(int argc, char **argv);                                                                \
+    const Benchmark registered(#name, run);                                                        \
+    int run(int argc, char **argv)
 
 /// The sizes of the documents, in lines.
 inline constexpr int Sizes[] = {1'000, 10'000, 100'000, 1'000'000};

@@ -22,7 +22,7 @@
 
 using namespace ardiphon;
 
-namespace {
+namespace measure::settings {
 
 constexpr int Runs = 21;
 
@@ -157,9 +157,7 @@ private:
     ProgramContext m_program{m_config, m_settings, m_dialogs, {}};
 };
 
-} // namespace
-
-int main(int argc, char *argv[])
+BENCHMARK(settings)
 {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
@@ -170,3 +168,5 @@ int main(int argc, char *argv[])
         bench.measurePicks(lines);
     return 0;
 }
+
+} // namespace measure::settings

@@ -10,7 +10,7 @@
 
 using namespace ardiphon;
 
-namespace {
+namespace measure::editor {
 
 void open(LEditOCX &editor, const QString &path)
 {
@@ -125,9 +125,7 @@ void measureLongLine(LEditOCX &editor, const QString &path)
                  "ms", 20);
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+BENCHMARK(editor)
 {
     QApplication application(argc, argv);
     measure::Program program;
@@ -151,3 +149,5 @@ int main(int argc, char **argv)
                     measure::write(program.folder, "line.sco", measure::score(100) + longLine));
     return 0;
 }
+
+} // namespace measure::editor

@@ -16,7 +16,7 @@
 
 using namespace ardiphon;
 
-namespace {
+namespace measure::player {
 
 using measure::NoSize;
 
@@ -106,9 +106,7 @@ void measureCost(Bench &bench)
     bench.media.SetCommand(QStringLiteral("Stop"));
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+BENCHMARK(player)
 {
     QApplication application(argc, argv);
     Bench bench;
@@ -121,3 +119,5 @@ int main(int argc, char **argv)
     measureCost(bench);
     return 0;
 }
+
+} // namespace measure::player

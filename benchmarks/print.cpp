@@ -11,7 +11,7 @@
 
 using namespace ardiphon;
 
-namespace {
+namespace measure::print {
 
 PrintText scoreToPrint(int lines)
 {
@@ -33,9 +33,7 @@ double print(int lines)
     });
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+BENCHMARK(print)
 {
     QApplication application(argc, argv);
     measure::row("print 5,000 lines", measure::NoSize, print(5'000), "ms", 2000);
@@ -43,3 +41,5 @@ int main(int argc, char **argv)
         measure::row("print", lines, print(lines), "ms");
     return 0;
 }
+
+} // namespace measure::print

@@ -10,7 +10,7 @@
 
 using namespace ardiphon;
 
-namespace {
+namespace measure::project {
 
 class Bench
 {
@@ -70,9 +70,7 @@ private:
     FormORCSCO *m_window = nullptr;
 };
 
-} // namespace
-
-int main(int argc, char *argv[])
+BENCHMARK(project)
 {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
@@ -81,3 +79,5 @@ int main(int argc, char *argv[])
         bench.measureAt(lines);
     return 0;
 }
+
+} // namespace measure::project

@@ -10,7 +10,7 @@
 
 using namespace ardiphon;
 
-namespace {
+namespace measure::log {
 
 QByteArray log(int lines)
 {
@@ -38,9 +38,7 @@ void measureLog(CompilerOutput &output, int lines, const QString &path)
     measure::row("log load, memory", lines, measure::ownMegabytes() - before, "MB");
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+BENCHMARK(log)
 {
     QApplication application(argc, argv);
     const QTemporaryDir folder;
@@ -52,3 +50,5 @@ int main(int argc, char **argv)
     }
     return 0;
 }
+
+} // namespace measure::log

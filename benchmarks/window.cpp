@@ -11,7 +11,7 @@
 
 using namespace ardiphon;
 
-namespace {
+namespace measure::window {
 
 class Bench
 {
@@ -93,9 +93,7 @@ private:
     FormCSD *m_window = nullptr;
 };
 
-} // namespace
-
-int main(int argc, char *argv[])
+BENCHMARK(window)
 {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
@@ -104,3 +102,5 @@ int main(int argc, char *argv[])
         bench.measureAt(lines);
     return 0;
 }
+
+} // namespace measure::window

@@ -18,7 +18,7 @@
 
 using namespace ardiphon;
 
-namespace {
+namespace measure::compile {
 
 constexpr int Runs = 21;
 
@@ -54,9 +54,7 @@ struct Bench
     }
 };
 
-} // namespace
-
-int main(int argc, char **argv)
+BENCHMARK(compile)
 {
     QApplication application(argc, argv);
     Bench bench;
@@ -89,3 +87,5 @@ int main(int argc, char **argv)
     measure::row("compile overhead", measure::NoSize, shown - alone, "ms", 100);
     return failures;
 }
+
+} // namespace measure::compile

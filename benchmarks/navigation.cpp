@@ -17,7 +17,7 @@
 
 using namespace ardiphon;
 
-namespace {
+namespace measure::navigation {
 
 /// Takes every message without showing it.
 struct SilentDialogs : QtDialogs
@@ -131,9 +131,7 @@ void measureReplace(LEditOCX &editor, SearchWindows &search, int lines)
     close(window);
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+BENCHMARK(navigation)
 {
     QApplication application(argc, argv);
     ConfigurationBlock config;
@@ -155,3 +153,5 @@ int main(int argc, char **argv)
     }
     return 0;
 }
+
+} // namespace measure::navigation
