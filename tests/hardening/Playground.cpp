@@ -1,5 +1,6 @@
 #include "hardening/Playground.h"
 
+#include "support/FileBytes.h"
 #include "support/WaveBytes.h"
 
 #include <QDir>
@@ -68,12 +69,6 @@ case $way in
 esac
 exit 0
 )";
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 } // namespace
 

@@ -7,6 +7,7 @@
 
 #include "documents/ui/FormCSD.h"
 #include "language/editor/LEditOCX.h"
+#include "support/TestMain.h"
 #include "support/TestProgram.h"
 
 #include <QAction>
@@ -23,9 +24,7 @@ struct QuietDialogs : ScriptedDialogs
     Answer message(const Message &) override { return Answer::Yes; }
 };
 
-} // namespace
-
-int main(int argc, char *argv[])
+[[noreturn]] int saveEndlessly(int argc, char **argv)
 {
     QApplication application(argc, argv);
     const QString folder = QApplication::arguments().value(1);
@@ -47,3 +46,7 @@ int main(int argc, char *argv[])
         QApplication::processEvents();
     }
 }
+
+} // namespace
+
+ARDIPHON_TEST_RUN_BY(endless_saver, saveEndlessly)

@@ -6,6 +6,7 @@
 
 #include "hardening/ProcessWatch.h"
 #include "hardening/Session.h"
+#include "support/TestMain.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -80,9 +81,7 @@ private:
     int m_mostHandles = 0;
 };
 
-} // namespace
-
-int main(int argc, char *argv[])
+int runSessions(int argc, char **argv)
 {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
@@ -133,4 +132,7 @@ int main(int argc, char *argv[])
     return failure.isEmpty() ? 0 : 1;
 }
 
+} // namespace
+
+ARDIPHON_TEST_RUN_BY(soak, runSessions)
 #include "soak.moc"

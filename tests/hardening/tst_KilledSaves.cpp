@@ -89,7 +89,8 @@ void tst_KilledSaves::saveAndKill(const QString &folder, int microseconds)
 {
     const SaveWatch watch(folder);
     QProcess saver;
-    saver.start(QStringLiteral(SAVER), {folder});
+    saver.start(QCoreApplication::applicationDirPath() + QStringLiteral("/endless_saver"),
+                {folder});
     QVERIFY(saver.waitForStarted());
     while (!saver.canReadLine())
         QVERIFY2(saver.waitForReadyRead(60'000), saver.readAllStandardError().constData());
