@@ -1,8 +1,11 @@
 # Sources that are compiled in one go.
 #
-# Nearly all of the time of a compilation goes into the toolkit's headers. Where CMAKE_UNITY_BUILD is
-# on (the preset release) the sources of one folder are therefore compiled together, up to eight at
-# once; elsewhere, as for tools that read the sources, each one stands by its own includes.
+# Nearly all of the time of a compilation goes into the toolkit's headers, and into the same templates
+# for each source. Where CMAKE_UNITY_BUILD is on (the preset release) the sources of one folder are
+# therefore compiled together, up to sixteen at once; elsewhere, as for tools that read the sources,
+# each one stands by its own includes.
+
+set(MOST_COMPILED_TOGETHER 16)
 
 # compile_together(TARGET [ACROSS_FOLDERS] [ALONE SOURCE...])
 #   TARGET          all its sources so far are put together by their folders
@@ -15,7 +18,7 @@ function(compile_together target)
   get_target_property(sources ${target} SOURCES)
   list(FILTER sources INCLUDE REGEX "\\.cpp$")
   list(SORT sources)
-  set(folder_before "")
+  set(folders "")
   foreach(source IN LISTS sources)
     get_filename_component(name ${source} NAME)
     get_filename_component(folder ${source} DIRECTORY)
@@ -25,14 +28,23 @@ function(compile_together target)
     if(ARG_ACROSS_FOLDERS)
       set(folder ${PROJECT_SOURCE_DIR}/all)
     endif()
-    if(NOT folder STREQUAL folder_before)
-      set(folder_before ${folder})
-      set(count 0)
-    endif()
-    math(EXPR batch "${count} / 8")
-    math(EXPR count "${count} + 1")
+    list(APPEND folders ${folder})
+    list(APPEND sources_of_${folder} ${source})
+  endforeach()
+
+  list(REMOVE_DUPLICATES folders)
+  foreach(folder IN LISTS folders)
     file(RELATIVE_PATH group ${PROJECT_SOURCE_DIR} ${folder})
-    string(REPLACE "/" "_" group "${group}_${batch}")
-    set_source_files_properties(${source} TARGET_DIRECTORY ${target} PROPERTIES UNITY_GROUP ${group})
+    string(REPLACE "/" "_" group ${group})
+    # As few groups as can be, and of one size.
+    list(LENGTH sources_of_${folder} count)
+    math(EXPR groups "(${count} + ${MOST_COMPILED_TOGETHER} - 1) / ${MOST_COMPILED_TOGETHER}")
+    set(place 0)
+    foreach(source IN LISTS sources_of_${folder})
+      math(EXPR number "${place} * ${groups} / ${count}")
+      math(EXPR place "${place} + 1")
+      set_source_files_properties(${source} TARGET_DIRECTORY ${target}
+                                  PROPERTIES UNITY_GROUP ${group}_${number})
+    endforeach()
   endforeach()
 endfunction()

@@ -4,7 +4,7 @@ namespace ardiphon {
 
 namespace {
 
-constexpr LauncherRow rows[] = {
+constexpr LauncherRow launchers[] = {
     {"CommandHETRO", "&HETRO", "hetro", &Hetro,
      "Hetro takes an input soundfile, decomposes it into component sinusoids, and outputs a "
      "description of the components in the form of breakpoint amplitude and frequency tracks. "
@@ -41,6 +41,6 @@ constexpr LauncherRow rows[] = {
 
 } // namespace
 
-std::span<const LauncherRow> launcherRows() { return rows; }
+std::span<const LauncherRow> launcherRows() { return launchers; }
 
 } // namespace ardiphon

@@ -4,9 +4,9 @@ namespace ardiphon {
 
 namespace {
 
-constexpr OutputFormat formats[] = {{"", "", "cv"}};
+constexpr OutputFormat cvFormats[] = {{"", "", "cv"}};
 
-constexpr ToolRow rows[] = {
+constexpr ToolRow cvRows[] = {
     always("Begin (-b):", "-b", "TextFlags(0)", "0.0", 0),
     always("Duration (-d):", "-d", "TextFlags(1)", "0.0", 1),
     {.label = "Channel (-c):",
@@ -19,9 +19,9 @@ constexpr ToolRow rows[] = {
     when(Rule::Not10000, "Sample rate override (-s):", "-s", "TextFlags(3)", "10000", 3),
 };
 
-constexpr ToolGroup groups[] = {{"", rows}};
+constexpr ToolGroup cvGroups[] = {{"", cvRows}};
 
-constexpr Hint hints[] = {
+constexpr Hint cvHints[] = {
     BeginHint,
     DurationHint,
     {"Channel:",
@@ -38,9 +38,9 @@ const AnalysisTool CVAnal = {
     .form = "FormCVAnal",
     .caption = "CVANAL - Impulse Response Soundfile Analysis",
     .keyword = "cvanal",
-    .formats = formats,
-    .groups = groups,
-    .hints = hints,
+    .formats = cvFormats,
+    .groups = cvGroups,
+    .hints = cvHints,
     .moreFlags = false,
 };
 

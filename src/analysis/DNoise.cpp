@@ -4,7 +4,7 @@ namespace ardiphon {
 
 namespace {
 
-constexpr OutputFormat formats[] = {{"", "", "den"}};
+constexpr OutputFormat noiseFormats[] = {{"", "", "den"}};
 
 constexpr Choice overlapOrLength[] = {
     {"Filter Overlap (-w):", "-w", "-1"},
@@ -51,13 +51,13 @@ constexpr ToolRow additionalRows[] = {
     check("CheckVerbose", "Verbose (-V)", "-V", 14),
 };
 
-constexpr ToolGroup groups[] = {
+constexpr ToolGroup noiseGroups[] = {
     {"DNoise specific flags", noiseRows},
     {"Soundfile format options", soundfileRows},
     {"Additional Options", additionalRows},
 };
 
-constexpr Hint hints[] = {
+constexpr Hint noiseHints[] = {
     {"Bandpass Filters:", "# of bandpass filters (Default: 1024)"},
     {"Filter Overlap Factor or Analysis Window Length:",
      "Filter overlap factor:\r\n{0,1,(2),3} DON'T USE BOTH -w AND -M\r\nAnalysis window "
@@ -83,9 +83,9 @@ const AnalysisTool DNoise = {
     .form = "FormDNoise",
     .caption = "DNOISE - Denoise Soundfile",
     .keyword = "dnoise",
-    .formats = formats,
-    .groups = groups,
-    .hints = hints,
+    .formats = noiseFormats,
+    .groups = noiseGroups,
+    .hints = noiseHints,
     .inputLabel = "Input Soundfile:",
     .noiseLabel = "Input Noise Soundfile:",
     .outputLabel = "Output Soundfile:",

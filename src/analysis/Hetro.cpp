@@ -4,9 +4,9 @@ namespace ardiphon {
 
 namespace {
 
-constexpr OutputFormat formats[] = {{"", "", "het"}};
+constexpr OutputFormat hetroFormats[] = {{"", "", "het"}};
 
-constexpr ToolRow rows[] = {
+constexpr ToolRow hetroRows[] = {
     always("Begin (-b):", "-b", "TextFlags(0)", "0.0", 0),
     always("Duration (-d):", "-d", "TextFlags(1)", "0.0", 1),
     always("Max amp (-M):", "-M", "TextFlags(2)", "32767", 2),
@@ -18,9 +18,9 @@ constexpr ToolRow rows[] = {
     when(Rule::Not10000, "Sample rate override (-s):", "-s", "TextFlags(8)", "10000", 8),
 };
 
-constexpr ToolGroup groups[] = {{"", rows}};
+constexpr ToolGroup hetroGroups[] = {{"", hetroRows}};
 
-constexpr Hint hints[] = {
+constexpr Hint hetroHints[] = {
     BeginHint,
     DurationHint,
     {"MaxAmp:", "Maximum amplitude summed across all concurrent tracks.  The default is 32767."},
@@ -48,9 +48,9 @@ const AnalysisTool Hetro = {
     .form = "FormHetro",
     .caption = "HETRO - Hetrodyne Soundfile Analysis",
     .keyword = "hetro",
-    .formats = formats,
-    .groups = groups,
-    .hints = hints,
+    .formats = hetroFormats,
+    .groups = hetroGroups,
+    .hints = hetroHints,
 };
 
 } // namespace ardiphon

@@ -4,12 +4,12 @@ namespace ardiphon {
 
 namespace {
 
-constexpr OutputFormat formats[] = {{"", "", "lp"}};
+constexpr OutputFormat lpFormats[] = {{"", "", "lp"}};
 
 constexpr Choice verbosity[] = {{"0"}, {"1"}, {"2"}};
 
 // The help marks are numbered otherwise than the fields.
-constexpr ToolRow rows[] = {
+constexpr ToolRow lpRows[] = {
     always("Begin (-b):", "-b", "TextFlags(0)", "0.0", 0),
     always("Duration (-d):", "-d", "TextFlags(1)", "0.0", 1),
     always("Poles (-p):", "-p", "TextFlags(2)", "34", 2),
@@ -29,9 +29,9 @@ constexpr ToolRow rows[] = {
     check("CheckPoles", "Write filter poles (-a)", "-a", 11),
 };
 
-constexpr ToolGroup groups[] = {{"", rows}};
+constexpr ToolGroup lpGroups[] = {{"", lpRows}};
 
-constexpr Hint hints[] = {
+constexpr Hint lpHints[] = {
     BeginHint,
     DurationHint,
     {"Poles:", "Number of poles for analysis.  The default is 34, the maximum 50."},
@@ -63,9 +63,9 @@ const AnalysisTool LPAnal = {
     .form = "FormLPAnal",
     .caption = "LPANAL - Linear Predictive Soundfile Analysis",
     .keyword = "lpanal",
-    .formats = formats,
-    .groups = groups,
-    .hints = hints,
+    .formats = lpFormats,
+    .groups = lpGroups,
+    .hints = lpHints,
 };
 
 } // namespace ardiphon

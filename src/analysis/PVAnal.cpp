@@ -4,14 +4,14 @@ namespace ardiphon {
 
 namespace {
 
-constexpr OutputFormat formats[] = {{"OptionPV", ".pv", "pv"}, {"OptionPVX", ".pvx", "pvx"}};
+constexpr OutputFormat pvFormats[] = {{"OptionPV", ".pv", "pv"}, {"OptionPVX", ".pvx", "pvx"}};
 
 constexpr Choice overlapOrHopsize[] = {
     {"Window Overlap (-w):", "-w", "4"},
     {"Hopsize (-h):", "-h", "200"},
 };
 
-constexpr ToolRow rows[] = {
+constexpr ToolRow pvRows[] = {
     always("Begin (-b):", "-b", "TextFlags(0)", "0.0", 0),
     always("Duration (-d):", "-d", "TextFlags(1)", "0.0", 1),
     always("Channel (-c):", "-c", "TextFlags(2)", "1", 2),
@@ -38,9 +38,9 @@ constexpr ToolRow rows[] = {
     check("CheckVerbose", "Use verbose mode (-v)", "-v"),
 };
 
-constexpr ToolGroup groups[] = {{"", rows}};
+constexpr ToolGroup pvGroups[] = {{"", pvRows}};
 
-constexpr Hint hints[] = {
+constexpr Hint pvHints[] = {
     BeginHint,
     DurationHint,
     ChannelHint,
@@ -73,9 +73,9 @@ const AnalysisTool PVAnal = {
     .form = "FormPVAnal",
     .caption = "PVANAL - Phase Vocoder Soundfile Analysis",
     .keyword = "pvanal",
-    .formats = formats,
-    .groups = groups,
-    .hints = hints,
+    .formats = pvFormats,
+    .groups = pvGroups,
+    .hints = pvHints,
 };
 
 } // namespace ardiphon

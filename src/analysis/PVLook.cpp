@@ -5,7 +5,7 @@ namespace ardiphon {
 namespace {
 
 // Only the labels name the flags: this form starts no tool.
-constexpr ToolRow rows[] = {
+constexpr ToolRow lookRows[] = {
     always("Begin Bin (-bb):", "", "TextFlags(0)", "1", 0),
     always("End Bin (-eb):", "", "TextFlags(1)", "-1", 1),
     always("Begin Frame (-bf):", "", "TextFlags(2)", "1", 2),
@@ -13,9 +13,9 @@ constexpr ToolRow rows[] = {
     check("CheckInt", "Print values as integers (-i)", "", 4),
 };
 
-constexpr ToolGroup groups[] = {{"", rows}};
+constexpr ToolGroup lookGroups[] = {{"", lookRows}};
 
-constexpr Hint hints[] = {
+constexpr Hint lookHints[] = {
     {"Begin Bin:", "Begin at anaysis bin N. Numbered from 1 [defaults to 1]"},
     {"End Bin:", "End at anaysis bin N [defaults to highest]"},
     {"Begin Frame:", "Begin at anaysis frame N. Numbered from 1 [defaults to 1]"},
@@ -28,8 +28,8 @@ constexpr Hint hints[] = {
 const AnalysisTool PVLook = {
     .form = "FormPVLook",
     .caption = "PVLOOK - Read PVANAL Files",
-    .groups = groups,
-    .hints = hints,
+    .groups = lookGroups,
+    .hints = lookHints,
     .inputFilter = "PVAnal files (*.pv)|*.pv|All Files (*.*)|*.*",
     .moreFlags = false,
 };

@@ -9,7 +9,7 @@ using namespace StandInCompiler;
 
 namespace {
 
-const QString ConsoleLog = QStringLiteral("this is the log\r\n");
+const QString StandInLog = QStringLiteral("this is the log\r\n");
 
 } // namespace
 
@@ -61,7 +61,7 @@ void tst_FormCSoundCSD::opened_stopClicked_onlyDisablesIt()
     QVERIFY(!console.button("btnStop")->isEnabled());
     QCOMPARE(console.text(), QString());
     console.click("Command2"); // the run takes the request back
-    QCOMPARE(console.text(), finishedText(ConsoleLog));
+    QCOMPARE(console.text(), finishedText(StandInLog));
 }
 
 void tst_FormCSoundCSD::run_state_isRunning()
@@ -86,7 +86,7 @@ void tst_FormCSoundCSD::run_end_showsBannerAndLog()
 {
     CsdConsole console(QStringLiteral("logged"));
     console.click("Command2");
-    QCOMPARE(console.text(), finishedText(ConsoleLog));
+    QCOMPARE(console.text(), finishedText(StandInLog));
     QVERIFY(!console.button("btnStop")->isEnabled());
     QVERIFY(console.button("Command2")->isEnabled());
     QCOMPARE(console.form->focusWidget(), console.output);
@@ -212,7 +212,7 @@ void tst_FormCSoundCSD::keys_mnemonics_pressButtons()
     console.form->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(console.form.get()));
     QTest::keyClick(console.form.get(), Qt::Key_C, Qt::AltModifier);
-    QTRY_COMPARE(console.text(), finishedText(ConsoleLog));
+    QTRY_COMPARE(console.text(), finishedText(StandInLog));
     QTest::keyClick(console.form.get(), Qt::Key_X, Qt::AltModifier);
     QTRY_VERIFY(!console.form->isVisible());
 }

@@ -9,14 +9,14 @@ namespace ardiphon {
 
 namespace {
 
-constexpr qsizetype LongestLine = 100; ///< of a tool tip, in characters
-constexpr int SideGap = 2;             ///< the toolkit's own, beside the text of a field
+constexpr qsizetype LongestTipLine = 100; ///< of a tool tip, in characters
+constexpr int SideGap = 2;                ///< the toolkit's own, beside the text of a field
 
 /// How much of \a path goes into the first line: up to a separator where there is one.
 qsizetype lineLength(QStringView path)
 {
-    const qsizetype separator = path.lastIndexOf(u'/', LongestLine - 1);
-    return separator > 0 ? separator + 1 : LongestLine;
+    const qsizetype separator = path.lastIndexOf(u'/', LongestTipLine - 1);
+    return separator > 0 ? separator + 1 : LongestTipLine;
 }
 
 } // namespace
@@ -71,7 +71,7 @@ QString pathToolTip(const QString &path)
 {
     QStringList lines;
     QStringView rest = path;
-    while (rest.size() > LongestLine) {
+    while (rest.size() > LongestTipLine) {
         const qsizetype length = lineLength(rest);
         lines.append(rest.first(length).toString());
         rest = rest.sliced(length);
