@@ -30,8 +30,8 @@ using namespace ardiphon;
 
 namespace {
 
-int caseCount = 1000;
-unsigned seed = 1;
+int damagedFileCount = 1000;
+unsigned fileSeed = 1;
 
 } // namespace
 
@@ -62,13 +62,13 @@ private:
     QTemporaryDir m_folder{memoryFolder()};
     QString m_file = path("file");
     QByteArray m_bytes; ///< what it holds
-    Dice m_dice{seed};
+    Dice m_dice{fileSeed};
 };
 
 void tst_FilesFuzz::forEach(const QByteArrayList &samples, const std::function<void()> &check)
 {
     const DamagedFiles files(samples);
-    for (int i = 0; i < caseCount; ++i) {
+    for (int i = 0; i < damagedFileCount; ++i) {
         m_bytes = files.next(m_dice);
         QFile file(m_file);
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(m_bytes) == m_bytes.size());
@@ -263,7 +263,7 @@ void tst_FilesFuzz::read_desktopFiles_takesItsDefaultBack()
 }
 
 ARDIPHON_TEST_RUN_BY(tst_FilesFuzz, [](int argc, char **argv) {
-    readNumbers(argc, argv, caseCount, seed);
+    readNumbers(argc, argv, damagedFileCount, fileSeed);
     return runTest<tst_FilesFuzz, QCoreApplication>(argc, argv);
 })
 

@@ -6,14 +6,14 @@ namespace ardiphon {
 
 namespace {
 
-constexpr qsizetype LongestTipLine = 120; // characters
+constexpr qsizetype LongestLine = 120; // characters
 
 } // namespace
 
 // The toolkit guesses whether a tip is markup, and breaks lines only where it is.
 QString plainToolTip(const QString &text)
 {
-    if (text.size() <= LongestTipLine && !Qt::mightBeRichText(text))
+    if (text.size() <= LongestLine && !Qt::mightBeRichText(text))
         return text;
     return QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(text.toHtmlEscaped());
 }
