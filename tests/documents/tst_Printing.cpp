@@ -147,10 +147,14 @@ void tst_Printing::document_blank_isPrinted()
 
 void tst_Printing::document_untitled_hasThePlaceholderInTheHeader()
 {
-    showCsd("text");
-    m->config.CSDFileName = QStringLiteral("[Untitled]");
+    m_csd = new FormCSD(m->context); // the configuration names no document
+    m_csd->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_csd));
+    csd()->setFocus();
+    csd()->SetText(QStringLiteral("text"));
     printCsd();
     QCOMPARE(m_pdf->headers(), QStringList{QStringLiteral("[Untitled] - Page 1")});
+    csd()->ClearState(TextState); // has the window close without a question
 }
 
 void tst_Printing::document_ctrlP_prints()
