@@ -9,7 +9,8 @@ namespace ardiphon {
 
 namespace {
 
-/// Walks over the line ends of a text; each byte is looked at once for either kind.
+/// Finds the line ends of a text one after the other; looks at each byte once for CR and once for
+/// LF.
 class LineEndFinder
 {
 public:

@@ -11,7 +11,7 @@ namespace {
 constexpr int Ctrl = 2;
 constexpr int Alt = 4;
 
-/// Ctrl, with or without others, or Shift and Alt together.
+/// Whether Ctrl is held, with or without other keys, or Shift and Alt together.
 bool opensSearch(int shift) { return shift == Ctrl || shift == 3 || shift >= 5; }
 
 std::optional<ViewKey> searchKey(int keyCode)

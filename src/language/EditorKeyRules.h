@@ -2,7 +2,7 @@
 
 namespace ardiphon {
 
-/// What a view asks of its window when a key goes down in it.
+/// What a view asks its window to do when a key is pressed in it.
 enum class ViewKey {
     PassOn,  ///< nothing: the key goes to the control
     Swallow, ///< nothing, and the key goes nowhere
@@ -21,7 +21,7 @@ enum class ViewKey {
     FocusFirstView,
 };
 
-/// The view in which the key went down.
+/// The view in which the key was pressed.
 enum class ViewPosition { First, Second };
 
 /// What the key with that code (a Qt::Key) and shift state (1 Shift, 2 Ctrl, 4 Alt, added up) means

@@ -14,7 +14,7 @@ struct GutterNumbers
 GutterNumbers gutterNumbers(int topLine, int height, int lineHeight);
 
 /// How many digits a gutter has room for beside a text of so many lines: six, and more where a
-/// number needs them. Behind the text one more number may be seen.
+/// number needs them. The number after the last line may be visible too.
 int gutterDigits(int lineCount);
 
 /// The line at \a y, in pixels from the gutter's top.

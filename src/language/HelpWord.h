@@ -33,8 +33,8 @@ struct PopupHelpWord
     QString caption() const { return MenuWord + QStringLiteral(" -> Help"); }
 };
 
-/// As keyHelpWord, but for the popup: opcodes are sought by first letter, which sets the look-up
-/// range, and in a score the statements are what counts.
+/// As keyHelpWord, but for the popup: opcodes are searched by their first letter, which sets the
+/// look-up range, and in a score the statements are what counts.
 PopupHelpWord popupHelpWord(WordTables &words, DocumentRole role, const QString &word);
 
 } // namespace ardiphon

@@ -9,7 +9,7 @@ namespace ardiphon {
 
 namespace {
 
-/// What needs no end, or ends by itself where the next one begins.
+/// Whether an element of that name needs no end tag, or ends where the next one begins.
 bool isOpenEnded(const QString &name)
 {
     static const QSet<QString> names{"a",  "area", "base",  "br",    "col",   "dd",   "dt", "embed",
@@ -31,7 +31,7 @@ bool isList(const QString &name)
            name == QLatin1String("dl");
 }
 
-/// What stands within a line, so that a word can go on behind it.
+/// Whether the element is part of a line, so that a word can go on after it.
 bool isInLine(const QString &name)
 {
     static const QSet<QString> names{"a",      "b",   "big", "code", "em",    "font",
@@ -40,7 +40,7 @@ bool isInLine(const QString &name)
     return names.contains(name);
 }
 
-/// Whether a cell is to stand over a hundred rows or columns.
+/// Whether a cell is to span more than a hundred rows or columns.
 bool spansTooMuch(QStringView tag)
 {
     for (qsizetype at = tag.indexOf(u"span", 0, Qt::CaseInsensitive); at >= 0;
@@ -128,7 +128,7 @@ private:
             m_out += text;
     }
 
-    /// One ends where the next one begins, also for those who read it.
+    /// An anchor ends where the next one begins; the widget that shows the page reads it so too.
     void closeAnchor(const Tag &tag)
     {
         if (m_inAnchor && !tag.closes)
@@ -136,7 +136,7 @@ private:
         m_inAnchor = !tag.closes && !tag.closesItself;
     }
 
-    /// Keeps the account of what is open. The elements that were left out are the innermost ones.
+    /// Keeps count of the open elements. The elements that were left out are the innermost ones.
     bool isKept(const Tag &tag)
     {
         if (tag.name == QLatin1String("li"))
@@ -167,7 +167,7 @@ private:
         return true;
     }
 
-    /// Up to the next "<", or to where a word is to be broken.
+    /// Copies the text up to the next "<", or up to where a word is to be broken.
     void takeText()
     {
         const qsizetype begin = m_at;

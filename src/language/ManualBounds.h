@@ -4,9 +4,9 @@
 
 namespace ardiphon {
 
-/// What of a page can be laid out while the user waits. Time grows with the depth of what stands in
-/// each other (for tables by the power of two), with the cells of tables and the items of a list,
-/// and with the length of a word.
+/// How much of a page can be laid out while the user waits. Time grows with the depth of nested
+/// elements (it doubles with each level of tables), with the cells of tables and the items of a
+/// list, and with the length of a word.
 struct ManualBounds
 {
     int tables = 4;           ///< in each other
@@ -25,9 +25,9 @@ struct BoundedPage
     bool whole = true; ///< else it ends before the page does
 };
 
-/// \a html within \a bounds: what stands too deep loses its tags but no text, a longer word may be
-/// broken anywhere, and the page ends where one of the other bounds is reached. A page that keeps
-/// them all is given back as it is.
+/// \a html within \a bounds: what is nested too deep loses its tags but no text, a longer word may
+/// be broken anywhere, and the page ends where one of the other bounds is reached. A page that
+/// keeps them all is given back as it is.
 BoundedPage boundedManualPage(const QString &html, const ManualBounds &bounds = {});
 
 } // namespace ardiphon

@@ -19,7 +19,7 @@ struct NamedPage
     QLatin1String title; ///< in the manual's contents
 };
 
-// Far more than a manual has; a start page may lie in a folder of anything.
+// Far more than a manual has; the folder of a start page may hold any other files too.
 constexpr qint64 mostBytesOfPages = qint64{128} * 1024 * 1024;
 
 const QLatin1String tagChapter("Unified File Format for Orchestras and Scores");
@@ -118,7 +118,7 @@ void ManualIndex::readSynopses()
         return;
     m_synopsesRead = true;
     QStringList files(m_files.begin(), m_files.end());
-    files.sort(); // of two pages that tell the same syntax always the same one answers
+    files.sort(); // of two pages with the same syntax always the same one is found
     qint64 bytesRead = 0;
     for (const QString &file : files) {
         const QByteArray page = readManualPage(m_folder + u'/' + file);

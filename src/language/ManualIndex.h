@@ -14,12 +14,12 @@ namespace ardiphon {
 /// The manual is a folder of HTML pages with a start page whose contents link to them all. Nothing
 /// is read before the first keyword is asked for; what was read is remembered. First come the
 /// contents and the names of the pages; the pages themselves are read, for the commands that they
-/// explain, when a keyword is in neither. An answer always is a page that lies in the folder.
+/// explain, when a keyword is in neither. The answer is always a page in that folder.
 class ManualIndex
 {
 public:
-    /// \a startPage: the path of the start page. It may be anything: what is no HTML page that can
-    /// be read makes a manual without keywords.
+    /// \a startPage: the path of the start page. Any path is accepted: where it is not an HTML page
+    /// that can be read, the manual has no keywords.
     explicit ManualIndex(const QString &startPage);
 
     const QString &startPage() const { return m_startPage; }

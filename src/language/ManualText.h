@@ -26,10 +26,10 @@ QString plainManualText(const QByteArray &html);
 /// The links of a page that lead somewhere, in their order.
 QList<ManualLink> manualLinks(const QByteArray &page);
 
-/// The names of the commands whose syntax the page tells, in their order.
+/// The names of the commands whose syntax the page shows, in their order.
 QStringList manualSynopses(const QByteArray &page);
 
-/// The anchor of the heading that speaks of "<tag>", or "".
+/// The anchor of the heading that contains "<tag>", or "".
 QString manualTagAnchor(const QByteArray &page, const QString &tag);
 
 } // namespace ardiphon

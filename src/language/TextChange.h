@@ -11,8 +11,8 @@ struct TextChange
     int linesRemoved = 0;
     int linesAdded = 0;
 
-    /// Makes this change one that does what it does and then what \a next does, for a follower that
-    /// reads the lines only after several changes. What is between the two counts as changed.
+    /// Adds \a next, which happened after this change, so that this is both in one, for a follower
+    /// that reads the lines only after several changes. What is between the two counts as changed.
     void join(const TextChange &next);
 
     friend bool operator==(const TextChange &, const TextChange &) = default;

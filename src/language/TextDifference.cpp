@@ -41,7 +41,7 @@ struct Places
     qsizetype b;
 };
 
-/// Passes bytes that are the same in both texts in great strides, but never half a CR LF.
+/// Skips bytes that are the same in both texts, many at a time, but never half a CR LF.
 Places behindSameBytes(QByteArrayView a, QByteArrayView b, Places from)
 {
     Places at = from;

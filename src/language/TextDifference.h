@@ -6,8 +6,8 @@
 
 namespace ardiphon {
 
-/// Where two texts differ: the stretch of the one and the stretch of the other between their
-/// common head and their common tail. Both empty when the texts are alike.
+/// Where two texts differ: the range of each between their common beginning and their common end.
+/// Both are empty when the texts are the same.
 struct TextDifference
 {
     TextRange present;
@@ -16,13 +16,13 @@ struct TextDifference
     bool isNone() const { return present.start == present.end && wanted.start == wanted.end; }
 };
 
-/// Compares two UTF-8 texts; any line end equals any other. The stretches begin and end between
-/// whole characters and whole line ends.
+/// Compares two UTF-8 texts; any line end equals any other. The ranges begin and end between whole
+/// characters and whole line ends.
 TextDifference differenceOf(QByteArrayView present, QByteArrayView wanted);
 
-/// The same for a change of which one knows where it ends in \a wanted, as a caret tells. Where a
-/// text repeats itself several stretches give the same result; this takes the one that ends there,
-/// or the next behind it.
+/// The same for a change that is known to end at \a changeEnd in \a wanted, as where the caret is.
+/// Where a text repeats itself several ranges give the same result; this takes the one that ends
+/// there, or the next one after it.
 TextDifference differenceOf(QByteArrayView present, QByteArrayView wanted, qsizetype changeEnd);
 
 } // namespace ardiphon

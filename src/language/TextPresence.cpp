@@ -44,7 +44,7 @@ std::optional<qsizetype> TextPresence::placeNow(const Known &known, const QByteA
     if (const auto place = keptPlace(known, wanted.size()))
         return place;
     const qsizetype size = m_text.size();
-    const qsizetype reach = wanted.size() - 1; // it may stand partly in what was kept
+    const qsizetype reach = wanted.size() - 1; // it may be partly in what was kept
     const auto place = find(wanted, std::max<qsizetype>(known.keptStart - reach, 0),
                             std::min(size - known.keptEnd + reach, size));
     return place || !known.place ? place : find(wanted, 0, size);
@@ -59,7 +59,7 @@ std::optional<qsizetype> TextPresence::keptPlace(const Known &known, qsizetype l
     return std::nullopt;
 }
 
-// Before the gap, across it in a copy, and behind it.
+// Looks before the gap, then in a copy across it, then after it.
 std::optional<qsizetype> TextPresence::find(const QByteArray &wanted, qsizetype from,
                                             qsizetype to) const
 {

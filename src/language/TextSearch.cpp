@@ -76,12 +76,12 @@ std::optional<TextRange> TextSearch::matchAt(QByteArrayView text, qsizetype at) 
         end += unit.length;
     }
     const TextRange match{at, end};
-    if (m_wholeWord && !standsAlone(text, match))
+    if (m_wholeWord && !isWholeWord(text, match))
         return std::nullopt;
     return match;
 }
 
-bool TextSearch::standsAlone(QByteArrayView text, TextRange match) const
+bool TextSearch::isWholeWord(QByteArrayView text, TextRange match) const
 {
     if (isWordCharacter(m_find.front()) && match.start > 0) {
         const qsizetype before = characterBefore(text, match.start);

@@ -9,7 +9,7 @@
 
 namespace ardiphon {
 
-/// A stretch of UTF-8 text, in bytes.
+/// A range of UTF-8 text, in bytes.
 struct TextRange
 {
     qsizetype start = 0;
@@ -18,8 +18,8 @@ struct TextRange
 };
 
 /// Searches UTF-8 text without regard to case. A line end in the text to find matches any of CR LF,
-/// LF and CR. With `wholeWord` a match may not stand against a further word character (a letter, a
-/// digit or `_`) at an end where it has one itself.
+/// LF and CR. With `wholeWord` a match that begins or ends with a word character (a letter, a digit
+/// or `_`) may have no other one next to it there.
 class TextSearch
 {
 public:
@@ -34,12 +34,12 @@ public:
 private:
     qsizetype nextCandidate(QByteArrayView text, qsizetype from) const;
     std::optional<TextRange> matchAt(QByteArrayView text, qsizetype at) const;
-    bool standsAlone(QByteArrayView text, TextRange match) const;
+    bool isWholeWord(QByteArrayView text, TextRange match) const;
 
     std::vector<char32_t> m_find; ///< folded; a line end is one U+000A
     bool m_wholeWord;
     std::array<bool, 256> m_firstBytes{}; ///< the bytes with which a match may begin
-    std::optional<char> m_onlyFirstByte;  ///< where there is but one
+    std::optional<char> m_onlyFirstByte;  ///< where there is only one
 };
 
 } // namespace ardiphon

@@ -2,7 +2,7 @@
 
 namespace ardiphon {
 
-/// The kinds of token that the editor tells apart.
+/// The kinds of token that the editor distinguishes.
 enum class TokenKind : int {
     Other = 0,         ///< anything else, numbers among them
     Word = 1,          ///< a name, a macro or a tag

@@ -12,7 +12,7 @@ TokenColors colorsOfWord(ConfigurationBlock &config, DocumentRole role, const QS
     WordTables &words = config.Words;
     TokenColors colors = plain;
     if (role == DocumentRole::Score) {
-        // A score statement looks here as a CSD word does in a CSD.
+        // A score statement gets the colours that a word of a CSD has in a CSD.
         if (words.IsScoreWord(word))
             colors = {config.ColorCSDBK, config.ColorCSD};
         return colors;
@@ -46,7 +46,7 @@ TokenColors GetTokenColors(ConfigurationBlock &config, DocumentRole role, TokenK
     if (role == DocumentRole::Score)
         return plain;
     if (kind == TokenKind::Operator)
-        // The plain back, unlike the opcodes': an operator does not stand out as a word does.
+        // On the plain background, unlike the opcodes: an operator is not highlighted as a word is.
         return text == u'=' ? TokenColors{config.ColorBackground, config.ColorOrchestra} : plain;
     if (text == QLatin1String("0dbfs"))
         return {config.ColorOrchestraBK, config.ColorOrchestra};

@@ -20,8 +20,8 @@ struct TokenColors
     friend bool operator==(const TokenColors &, const TokenColors &) = default;
 };
 
-/// The colours of a token in a view of that language. Of the tests on a word the last that hits
-/// wins. Sets the look-up range of the opcode table.
+/// The colours of a token in a view of \a role. Of the tests on a word the last one that matches
+/// decides. Sets the look-up range of the opcode table.
 TokenColors GetTokenColors(ConfigurationBlock &config, DocumentRole role, TokenKind kind,
                            const QString &text);
 

@@ -43,7 +43,7 @@ public:
             m_at += peek().length;
     }
 
-    // What the line began in, up to where that ends.
+    // The token that goes on from the line before, up to where it ends.
     Token rest(LineState &state)
     {
         const qsizetype start = m_at;
@@ -81,7 +81,8 @@ public:
 private:
     Utf8Character peek() const { return characterAt(m_line, m_at); }
 
-    // Reads up to and with these characters, or to the line's end: whether they were there.
+    // Reads up to and including these characters, else to the line's end. True when they were
+    // found.
     bool readTo(QByteArrayView what)
     {
         const qsizetype found = m_line.sliced(m_at).indexOf(what);
@@ -164,7 +165,7 @@ const char *lineEnd(const char *at, const char *end)
     return at;
 }
 
-// Behind the "*/" that closes a comment, or null when there is none.
+// The place after the "*/" that closes a comment, or null when there is none.
 const char *commentEnd(const char *at, const char *end)
 {
     while (at < end) {
@@ -178,7 +179,7 @@ const char *commentEnd(const char *at, const char *end)
     return nullptr;
 }
 
-// Behind the end of what `state` is, or null when it has none here.
+// The place after the end of what `state` says, or null when that does not end here.
 const char *behindRest(const char *at, const char *end, LineState state)
 {
     if (state == LineState::BlockComment)
@@ -242,7 +243,7 @@ LineState stateBehind(QByteArrayView text, LineState state)
 
 qsizetype boundaryInside(QByteArrayView line, qsizetype from)
 {
-    constexpr QByteArrayView ends(" \t,=()+-^"); // none of which is part of a comment's mark
+    constexpr QByteArrayView ends(" \t,=()+-^"); // none of them is part of a comment's mark
     constexpr qsizetype longestToken = 1024;
     const qsizetype last = std::min(from + longestToken, line.size());
     for (qsizetype at = from; at < last; ++at)

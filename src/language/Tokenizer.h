@@ -8,8 +8,8 @@
 
 namespace ardiphon {
 
-/// What a line begins in; a block comment is the only thing that goes on over a line's end. What
-/// stands inside a line may also begin in quoted text or in a comment to the line's end.
+/// What a line begins in; a block comment is the only thing that goes on over a line's end. A text
+/// from inside a line may also begin in quoted text or in a comment to the line's end.
 enum class LineState : char { Text, BlockComment, Quoted, LineComment };
 
 /// A token, or a comment, within a line of UTF-8 text. Blanks belong to none.
@@ -29,21 +29,20 @@ struct Token
 ///
 /// Blanks separate. `"` opens quoted text up to the next `"` or the line's end, `;` a comment to
 /// the line's end, `/*` one up to the next `*/`. A word is a tag (`<`, perhaps a `/`, letters, `>`)
-/// or a name: a letter, `_`, `#` or `$`, then letters, digits and `_`, and behind a name that began
-/// with
-/// `$` one `.`. Digits with what follows them of letters, digits and `_` are one other token.
+/// or a name: a letter, `_`, `#` or `$`, then letters, digits and `_`, and after a name that began
+/// with `$` one `.`. Digits with what follows them of letters, digits and `_` are one other token.
 QList<Token> tokenizeLine(QByteArrayView line, LineState &state);
 
-/// What the line behind \a text begins in, where \a text is any number of whole lines of which the
-/// first begins in \a state. As tokenizing them all would tell, but fast.
+/// What the line after \a text begins in, where \a text is any number of whole lines of which the
+/// first begins in \a state. The same as by tokenizing them all, but fast.
 LineState stateBehind(QByteArrayView text, LineState state);
 
-/// What the rest of a line begins in behind \a text, where \a text begins in \a state and ends
+/// What the rest of a line begins in after \a text, where \a text begins in \a state and ends
 /// neither inside a token nor inside the mark that opens or closes a comment.
 LineState stateInside(QByteArrayView text, LineState state);
 
-/// A place in \a line, at \a from or not much further, where stateInside() may end a text; the
-/// line's end at the latest. Inside a token when that is longer than any that has a meaning.
+/// A place in \a line, at \a from or a little after it, where a text for stateInside() may end; the
+/// line's end at the latest. It may be inside a token that is longer than any that has a meaning.
 qsizetype boundaryInside(QByteArrayView line, qsizetype from);
 
 /// The word at byte \a column of a line: the one that holds the column, else the one that ends

@@ -12,7 +12,7 @@ struct Utf8Character
     int length = 1; ///< in bytes
 };
 
-/// The character that begins at \a at. Bytes that are no UTF-8 count as one character each.
+/// The character that begins at \a at. Bytes that are not UTF-8 count as one character each.
 Utf8Character characterAt(QByteArrayView text, qsizetype at);
 
 /// The start of the character that ends before byte \a at, which is above 0.

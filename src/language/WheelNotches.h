@@ -2,8 +2,8 @@
 
 namespace ardiphon {
 
-/// Counts the notches of a wheel. Touchpads and fine wheels tell a notch in many small turns, which
-/// add up here; a turn the other way begins anew.
+/// Counts the notches of a wheel. Touchpads and fine wheels report a notch as many small turns,
+/// which are added up here; a turn the other way starts again from zero.
 class WheelNotches
 {
 public:
@@ -12,7 +12,7 @@ public:
     int turn(int delta);
 
 private:
-    int m_rest = 0; ///< what no notch was given for yet
+    int m_rest = 0; ///< the part of a notch that is turned so far
 };
 
 } // namespace ardiphon

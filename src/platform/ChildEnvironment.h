@@ -9,7 +9,8 @@
 
 namespace ardiphon {
 
-/// A variable that a child sees otherwise than this process; without a value it sees none.
+/// A variable that has another value for a child than for this process; without a value the child
+/// does not have it.
 struct EnvironmentChange
 {
     QString name;
@@ -20,7 +21,7 @@ struct EnvironmentChange
 
 /// The environment of this process with \a changes.
 QProcessEnvironment changedEnvironment(const QList<EnvironmentChange> &changes);
-/// The same, each variable as "NAME=value", to the byte.
+/// The same, each variable as "NAME=value", byte for byte.
 QByteArrayList changedVariables(const QList<EnvironmentChange> &changes);
 
 } // namespace ardiphon

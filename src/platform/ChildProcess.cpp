@@ -14,7 +14,7 @@ namespace ardiphon {
 
 namespace {
 
-/// The executable as an absolute path, for the child is in another directory when it looks for it.
+/// The executable as an absolute path, as the child is in another directory when it is looked for.
 /// A bare name that is not in the search path stays as it is.
 QString locate(const QString &executable)
 {
@@ -24,7 +24,7 @@ QString locate(const QString &executable)
     return found.isEmpty() ? executable : found;
 }
 
-/// Whether there is hope for the start; the rest is found out by trying.
+/// False when the start would certainly fail; the rest is found out by trying.
 bool canStart(const QString &executable, const QString &directory)
 {
     const QFileInfo file(executable);
@@ -35,7 +35,7 @@ bool canStart(const QString &executable, const QString &directory)
 GuardedStreams streamsOf(const ProcessStart &start)
 {
     using Output = GuardedStreams::Output;
-    if (start.show == ShowCommand::Normal) // in a terminal that there isn't
+    if (start.show == ShowCommand::Normal) // there is no terminal
         return {Output::Ours, false};
     switch (start.output) {
     case OutputUse::Lines:
@@ -71,7 +71,7 @@ bool ChildProcess::startInWindow(const ProcessStart &start)
     connect(terminal.get(), &TerminalRun::ended, this,
             [this] { finish(m_stopping ? ProcessEnd::Stopped : ProcessEnd::Ended); });
     connect(terminal.get(), &TerminalRun::failed, this, &ChildProcess::finishUnstarted);
-    connect(terminal.get(), &TerminalRun::missed, this, [this, start] {
+    connect(terminal.get(), &TerminalRun::windowNotOpened, this, [this, start] {
         if (m_stopping)
             finish(ProcessEnd::Stopped);
         else
@@ -94,7 +94,7 @@ void ChildProcess::startHere(const ProcessStart &start)
     connect(m_run.get(), &GuardedRun::started, this, &ChildProcess::noteStart);
     connect(m_run.get(), &GuardedRun::failed, this, &ChildProcess::finishUnstarted);
     connect(m_run.get(), &GuardedRun::printed, this, &ChildProcess::takeOutput);
-    connect(m_run.get(), &GuardedRun::inputTaken, this, &ChildProcess::inputTaken);
+    connect(m_run.get(), &GuardedRun::inputWritten, this, &ChildProcess::inputWritten);
     connect(m_run.get(), &GuardedRun::ended, this, &ChildProcess::finishRun);
     ProgramCommand command = start.command;
     command.executable = m_executable;
@@ -112,11 +112,12 @@ void ChildProcess::takeOutput(OutputChannel channel, const QByteArray &bytes)
 {
     LineSplitter &lines = m_lines[int(channel)];
     lines.add(bytes);
-    tellLines(lines);
+    emitLines(lines);
 }
 
-/// A slot may wait in an event loop, in which more lines come and go, and may destroy this object.
-void ChildProcess::tellLines(LineSplitter &lines)
+/// A slot may wait in an event loop, in which more lines are read and emitted, and may destroy this
+/// object.
+void ChildProcess::emitLines(LineSplitter &lines)
 {
     const QPointer<ChildProcess> here(this);
     while (here && !m_stopping) {
@@ -131,7 +132,7 @@ void ChildProcess::finishRun()
 {
     const QPointer<ChildProcess> here(this);
     for (LineSplitter &lines : m_lines) {
-        tellLines(lines);
+        emitLines(lines);
         while (here && !m_stopping) {
             const auto rest = lines.rest();
             if (!rest)

@@ -9,13 +9,13 @@ namespace ardiphon {
 QString quoted(const QString &text);
 
 /// The arguments of a command text, with no shell involved: blanks, tabs and line ends separate
-/// them, double quotes hold them together, and two double quotes within quotes stand for one. All
-/// other characters mean themselves. A quote that is never closed reaches to the end.
+/// them, double quotes hold them together, and two double quotes within quotes mean one. All other
+/// characters are taken as they are. A quote that is never closed goes on to the end.
 QStringList splitCommandText(const QString &commandText);
 
-/// The command of those who keep its arguments as a text, \a parameters, to show it or to add what
-/// a user has typed. Nothing else in the program splits a text: all that starts a program takes the
-/// list.
+/// The command for a caller that has its arguments as one text, \a parameters, to show it or to add
+/// what a user has typed. Nothing else in the program splits a text: everything that starts a
+/// program takes the list.
 ProgramCommand commandOf(const QString &executable, const QString &parameters,
                          const QString &directory);
 

@@ -4,8 +4,8 @@
 
 namespace ardiphon {
 
-/// Makes a read-only file writable for its owner; nothing else of its mode changes. What is no
-/// plain file, or belongs to someone else, is left alone.
+/// Makes a read-only file writable for its owner; nothing else of its mode changes. Anything but a
+/// regular file, and a file of someone else, is left as it is.
 void ClearFileAttributes(const QString &path);
 
 } // namespace ardiphon

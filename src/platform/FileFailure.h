@@ -4,7 +4,8 @@
 
 namespace ardiphon {
 
-/// Why a file could not be read or written. `Result` carries it to whoever can tell the user.
+/// Why a file could not be read or written. `Result` carries it to the code that can show it to the
+/// user.
 struct FileFailure
 {
     enum class Kind {
@@ -21,13 +22,13 @@ struct FileFailure
         NoRegularFile, ///< a device, a FIFO or a socket
         TooLarge,      ///< larger than a document may be
         NameNotUtf8,   ///< the name cannot be kept as a text
-        NotRead,       ///< it could not be read, so it would be overwritten unseen
-        System         ///< what the system says of its error number
+        NotRead,       ///< it could not be read, so a save would overwrite what nobody has seen
+        System         ///< the system's text for `error`
     };
 
     Kind kind = Kind::None;
     int error = 0;           ///< the system's number
-    QString oldContent = {}; ///< the file that holds what the failed save could not put back, or ""
+    QString oldContent = {}; ///< a file with the old content that could not be put back
 
     [[nodiscard]] static FileFailure ofSystem(int error);
     bool isNone() const { return kind == Kind::None; }
@@ -40,8 +41,8 @@ struct FileFailure
 /// One sentence each, for the user.
 QString notSavedText(const QString &path, const FileFailure &failure);
 QString notOpenedText(const QString &path, const FileFailure &failure);
-/// The reason alone, as the end of a sentence and without its full stop. \a missing: what is not
-/// there where something is missing.
+/// The reason alone, as the end of a sentence and without its full stop. \a missing: the words for
+/// what is not there, used where something is missing.
 QString reasonText(const FileFailure &failure, const QString &missing);
 
 } // namespace ardiphon

@@ -14,7 +14,7 @@ struct Entry
     bool asksForPrograms = false;
 };
 
-/// What stands for \a pattern on this system.
+/// The pattern that has the meaning of \a pattern on this system.
 QString patternHere(const QString &pattern)
 {
     if (pattern == QLatin1String("*.*") || pattern == Programs)

@@ -7,13 +7,13 @@ namespace ardiphon {
 /// Turns \a filter, pairs "description|patterns" joined by "|" with the patterns joined by ";",
 /// into name filters "description (pattern pattern)". A description without patterns is left out.
 /// Some patterns mean here what has other names on this system:
-///   "*.*"    every file, the ones without a dot too
-///   "*.exe"  every file, of which programFilters tells to show the programs only
+///   "*.*"    every file, also one without a dot
+///   "*.exe"  every file; in filters that programFilters() returns only programs are shown
 ///   "*.hlp"  manuals, which are HTML pages too
-///   "*.htm"  HTML pages, whichever way their ending is spelled
+///   "*.htm"  HTML pages with any spelling of their extension
 QStringList nameFilters(const QString &filter);
 
-/// Those of the name filters that ask for programs. What makes a file one is not its name.
+/// The name filters that ask for programs: here a name does not show whether a file is one.
 QStringList programFilters(const QString &filter);
 
 } // namespace ardiphon

@@ -8,12 +8,12 @@
 
 namespace ardiphon {
 
-/// An open file of the system, closed with the object. Every call goes on after an interruption;
-/// one that fails leaves the reason in errno.
+/// An open file of the system, closed with the object. Every call is repeated after an
+/// interruption; one that fails leaves the reason in errno.
 class FileHandle
 {
 public:
-    /// As open(2), closed for programs that are started; not valid when that fails.
+    /// As open(2), and closed in programs that are started; not valid when that fails.
     [[nodiscard]] static FileHandle open(const QByteArray &path, int flags, mode_t mode = 0);
     /// A new file for this user alone, under an unused name that begins with \a prefix; \a path
     /// becomes that name.
@@ -33,13 +33,14 @@ public:
     [[nodiscard]] int release();
     [[nodiscard]] bool status(struct stat &status) const;
 
-    /// Reads to the end, but no more than \a limit bytes; false when there is more or it fails.
+    /// Reads to the end, but no more than \a limit bytes; false when there is more or reading
+    /// fails.
     [[nodiscard]] bool readAll(QByteArray &bytes, qsizetype limit) const;
-    /// Writes them all at the current place; false when a single one could not be written.
+    /// Writes all \a bytes at the current place; false when any of them could not be written.
     [[nodiscard]] bool writeAll(const QByteArray &bytes) const;
     /// Waits until what was written is on the disk.
     [[nodiscard]] bool flush() const;
-    /// False when the system tells now that a write failed.
+    /// False when the system reports only now that a write failed.
     [[nodiscard]] bool close();
 
 private:

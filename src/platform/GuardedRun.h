@@ -16,12 +16,12 @@ struct GuardedStreams
 {
     enum class Output {
         Discarded,
-        Ours, ///< it prints where this program does
-        Read, ///< each channel is told by itself
+        Ours, ///< it prints where this program prints
+        Read, ///< each channel is reported separately
         ReadTogether
     };
     Output output = Output::Discarded;
-    bool input = false; ///< whether write() has a reader; else there is nothing to read
+    bool input = false; ///< whether write() will be used; else the input is empty
 };
 
 /// A program without a window, with all that it starts in turn. Nothing of that outlives this
@@ -36,28 +36,29 @@ public:
     ~GuardedRun() override;
 
     /// Starts \a command, whose executable is an absolute path, once for each object. False when
-    /// the system has no room for that; otherwise either failed() or ended() follows.
+    /// the system has no resources for that; otherwise either failed() or ended() follows.
     bool start(const ProgramCommand &command, const GuardedStreams &streams);
 
-    /// Kills all of it; ended() follows when that is dead, and nothing is printed any more.
+    /// Kills the program and all that it has started; ended() follows when all is dead, and
+    /// printed() is not emitted any more.
     void stop();
 
-    /// Hands \a bytes to the program's standard input, which takes them when it can. False when it
-    /// has none, or none any more.
+    /// Writes \a bytes to the program's standard input, from the event loop, as it is read. False
+    /// when the program has no input, or its input is closed.
     [[nodiscard]] bool write(const QByteArray &bytes);
-    /// The input ends behind what was written.
+    /// Closes the input after what was written.
     void closeInput();
-    /// How many bytes were written and not taken yet.
+    /// How many bytes were written and are still kept here.
     qint64 unwritten() const;
 
 signals:
     void started();
     void failed();
-    /// Of what the program prints no more is read than is told here.
+    /// What the program has printed; nothing more is read before the slots return.
     void printed(ardiphon::OutputChannel channel, const QByteArray &bytes);
-    /// All that was written has been taken.
-    void inputTaken();
-    /// All is dead, and all that it has printed was told.
+    /// The program's input has taken all that was written.
+    void inputWritten();
+    /// The program and all that it has started are dead, and all that they printed was reported.
     void ended();
 
 private:
@@ -66,7 +67,7 @@ private:
     void listen(OutputChannel channel, Pipe &pipe);
     void readNews();
     void readOutput(OutputChannel channel);
-    void tellStarted();
+    void reportStarted();
     void finish();
 
     std::unique_ptr<Pipes> m_pipes;

@@ -23,7 +23,7 @@ std::optional<OutputLine> LineSplitter::next()
     m_searched = end < 0 ? m_bytes.size() : end;
     const bool endsInTwo = end > m_start && m_bytes[end - 1] == '\r';
     const qsizetype length = m_searched - m_start - (endsInTwo ? 1 : 0);
-    // A CR at the end may belong to a line end that is still to come.
+    // A CR at the end may belong to a line end whose LF is still to come.
     if (length > m_longest + (end < 0 ? 1 : 0))
         return take(m_longest, 0);
     if (end < 0)

@@ -7,7 +7,7 @@
 
 namespace ardiphon {
 
-/// A program that is to be started, with what it is given. No shell is involved.
+/// A program to start, with its arguments and environment. No shell is involved.
 struct ProgramCommand
 {
     QString executable;    ///< a path, or a bare name that is looked for in the search path

@@ -4,9 +4,9 @@
 
 namespace ardiphon {
 
-/// Where the program writes files of its own: \a programFolder, the executable's, or where that
-/// is read-only the program's folder among the user's data, which is made if need be. Without a
-/// closing "/".
+/// The folder for files that the program writes: \a programFolder, the executable's, or where that
+/// is read-only the program's folder in the user's data folder, which is made if necessary. Without
+/// a closing "/".
 QString writableProgramFolder(const QString &programFolder);
 
 } // namespace ardiphon

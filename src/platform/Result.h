@@ -9,8 +9,8 @@
 namespace ardiphon {
 
 /// What a step that can fail gives: a value, or the reason why there is none, which can be shown
-/// (`notSavedText`, `notOpenedText`). Nobody drops one by accident; where nothing is to be done
-/// about a failure, it goes to std::ignore with a comment that says why.
+/// (`notSavedText`, `notOpenedText`). The compiler reports one that is dropped; where nothing is to
+/// be done about a failure, it is assigned to std::ignore with a comment that says why.
 template <typename Value = void>
 class [[nodiscard]] Result
 {
@@ -37,7 +37,7 @@ private:
     FileFailure m_failure;
 };
 
-/// The same for a step that has nothing to give but that it is done.
+/// The same for a step that gives no value.
 template <>
 class [[nodiscard]] Result<void>
 {

@@ -6,13 +6,13 @@
 namespace ardiphon {
 
 /// The private folder of one run of the program: readable by its user alone, under a name that no
-/// one can guess, with no blank in its path. It goes with this object; what an earlier run left
-/// behind because it was killed goes when the next one begins.
+/// one can guess, with no blank in its path. It is removed with this object; what an earlier run
+/// left because it was killed is removed when the next one begins.
 class RunFolder
 {
 public:
-    /// \a parent: where the folder is made. Where it has a blank in its path or takes no folder,
-    /// \a otherwise is used.
+    /// Makes the folder in \a parent, or in \a otherwise where the path of \a parent has a blank or
+    /// no folder can be made there.
     explicit RunFolder(const QString &parent, const QString &otherwise = QStringLiteral("/tmp"));
 
     ~RunFolder();
@@ -28,9 +28,9 @@ private:
 /// A folder, with its closing "/", that does not exist and can never exist, nor anything below it.
 QString impossibleFolder();
 
-/// Sees to it that the private folder at \a path, as a RunFolder named it, is there: those who
-/// clear away old files may have taken it. False where it cannot be made, or something that is not
-/// this user's own stands in its place.
+/// Makes the private folder at \a path, the path() of a RunFolder, again if it is missing: a
+/// program that removes old files may have removed it. False where it cannot be made, or something
+/// that does not belong to this user is in its place.
 [[nodiscard]] bool restoreRunFolder(const QString &path);
 
 } // namespace ardiphon

@@ -2,7 +2,7 @@
 
 namespace ardiphon {
 
-/// Whether the sound server of this session can be talked to. True too where that cannot be told
+/// Whether the sound server of this session can be reached. Also true where that cannot be known
 /// without asking it, as for a server elsewhere in the network.
 bool isSoundServerThere();
 

@@ -12,8 +12,8 @@ class QSocketNotifier;
 
 namespace ardiphon {
 
-/// A program that runs in a terminal window of its own and that somebody waits for. It is ended
-/// with all that it has started when this object or this process is gone, or when the window is
+/// A program that runs in a terminal window of its own and whose end is reported. It is ended with
+/// all that it has started when this object is destroyed, this process ends, or the window is
 /// closed. The window of a program that has ended by itself stays open until a key is pressed.
 class TerminalRun : public QObject
 {
@@ -24,8 +24,8 @@ public:
     ~TerminalRun() override;
 
     /// Starts \a command, once for each object, by the `ArdiphonConsole` in \a programFolder, with
-    /// \a limit for the terminal to open its window. False when there is no terminal: nothing was
-    /// started then.
+    /// at most \a limit for the terminal to open its window. False when there is no terminal; then
+    /// nothing was started.
     bool start(const ProgramCommand &command, const QString &programFolder,
                std::chrono::milliseconds limit);
 
@@ -34,10 +34,10 @@ public:
 
 signals:
     void ended();
-    /// The program is not one that can run.
+    /// The program could not be started.
     void failed();
-    /// The terminal did not open its window in time, or not before the stop; nothing runs.
-    void missed();
+    /// The terminal did not open its window in time, or not before stop(); nothing is running.
+    void windowNotOpened();
 
 private:
     bool listen();

@@ -11,7 +11,7 @@ constexpr int toPixels(int twips) { return twips / TwipsPerPixel; }
 constexpr int toTwips(int pixels) { return pixels * TwipsPerPixel; }
 
 constexpr QPoint toPixels(QPoint twips) { return {toPixels(twips.x()), toPixels(twips.y())}; }
-/// Edges that fall together in twips do so in pixels.
+/// Edges that are the same in twips are the same in pixels.
 constexpr QRect toPixels(const QRect &twips)
 {
     const int left = toPixels(twips.x());

@@ -328,7 +328,7 @@ void tst_ProcessStreams::input_ofAnySize_reachesASlowReader()
     for (int i = 0; i < size; ++i)
         bytes[i] = char(i * 7 + i / 251);
     ChildProcess process;
-    QSignalSpy taken(&process, &ChildProcess::inputTaken);
+    QSignalSpy taken(&process, &ChildProcess::inputWritten);
     ProcessStart start = script(waitFor("go") + "cat >got~\nmv got~ got\n");
     start.input = true;
     process.start(start);
@@ -585,7 +585,7 @@ void tst_ProcessStreams::destroyed_inAnySignal_isSilent()
     if (when == QLatin1String("started"))
         connect(process.get(), &ChildProcess::started, this, destroy);
     else if (when == QLatin1String("taken"))
-        connect(process.get(), &ChildProcess::inputTaken, this, destroy);
+        connect(process.get(), &ChildProcess::inputWritten, this, destroy);
     else if (when == QLatin1String("ended"))
         connect(process.get(), &ChildProcess::ended, this, destroy);
     else if (when != QLatin1String("running"))

@@ -101,7 +101,7 @@ SaveResult EditedFile::saveTo(const QString &path)
         clearModified();
     } else {
         if (path == m_document.name()) {
-            m_bookmarks.saveIfChanged(path, SideFileFailure::GoesWithTheFile);
+            m_bookmarks.saveIfChanged(path, SideFileFailure::Silent);
             take(m_document.withFileGivenUp());
         }
         m_program.dialogs.message({notSavedText(path, written.failure())});

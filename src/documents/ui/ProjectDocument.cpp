@@ -23,7 +23,7 @@ const QString OpenFilter =
 
 /// Saves a half that may have nothing to save: one that has no name for want of a partner is only
 /// asked about once something stands in it.
-SaveResult saveIfDue(HalfDocument &half)
+SaveResult saveIfNeeded(HalfDocument &half)
 {
     const bool nothingThere = half.fileName().isEmpty() && !half.isModified();
     return nothingThere ? SaveResult::Saved : half.save();
@@ -147,8 +147,8 @@ SaveResult ProjectDocument::save()
 {
     if (m_orchestra.fileName() == Untitled || m_score.fileName() == Untitled)
         return saveAs();
-    const SaveResult orchestra = saveIfDue(m_orchestra);
-    return resultOf(orchestra, saveIfDue(m_score));
+    const SaveResult orchestra = saveIfNeeded(m_orchestra);
+    return resultOf(orchestra, saveIfNeeded(m_score));
 }
 
 SaveResult ProjectDocument::saveAs()

@@ -25,7 +25,7 @@ void BookmarkMarkers::setLine(int index, int line)
         return;
     settle();
     ++m_slots[index].setting;
-    takeAway(1U << index);
+    removeMarkers(1U << index);
     m_slots[index].handle = -1;
     m_slots[index].line = -1;
     if (line != -1)
@@ -34,7 +34,7 @@ void BookmarkMarkers::setLine(int index, int line)
 }
 
 /// Deletes the markers of these kinds, a bit for each slot, in one pass over the lines.
-void BookmarkMarkers::takeAway(unsigned marks)
+void BookmarkMarkers::removeMarkers(unsigned marks)
 {
     const auto next = [&](long from) {
         return m_view.SendScintilla(Sci::SCI_MARKERNEXT, ulong(from), long(marks));
@@ -99,7 +99,7 @@ LineColors BookmarkMarkers::colorsOf(int line)
     return result;
 }
 
-/// The view tells of a change before it is made, each as one step of the history.
+/// The view reports a change before it is made, each as one step of the history.
 void BookmarkMarkers::aboutToChange(int type, TextRange range)
 {
     settle();
@@ -184,7 +184,7 @@ void BookmarkMarkers::inserted(TextRange range)
         m_due.push_back({place.index, place.line - found->second.firstLine + line, place.setting});
 }
 
-/// Puts the slots where they are due, once the text is there. Of several places of a slot the last
+/// Sets the slots that are due, once the text is in place. If a slot has several places, the last
 /// counts.
 void BookmarkMarkers::settle()
 {
@@ -198,7 +198,7 @@ void BookmarkMarkers::settle()
             marks |= 1U << due.index;
         }
     }
-    takeAway(marks);
+    removeMarkers(marks);
     for (const auto &[index, line] : lines)
         place(index, line);
 }

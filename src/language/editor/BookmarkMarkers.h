@@ -8,9 +8,9 @@
 
 namespace ardiphon {
 
-/// The bookmark slots of the control. Each is a marker of the view, which follows the edits. Where
-/// a deletion takes the line of a slot away, the line is kept with that step of the history, and an
-/// undo puts the slot back; a redo that brings text back does the same.
+/// The bookmark slots of the control. Each is a marker of the view, which follows the edits. When a
+/// deletion removes the line of a slot, the line is remembered with that step of the history, and
+/// an undo puts the slot back; a redo that brings text back does the same.
 class BookmarkMarkers
 {
 public:
@@ -18,20 +18,20 @@ public:
 
     BookmarkMarkers(QsciScintillaBase &view, const TextBuffer &text);
 
-    /// As the contract's; an index or a line that does not exist changes nothing.
+    /// As LEditOCX::SetBookmarkLine; an index or a line that does not exist changes nothing.
     void setLine(int index, int line);
     int line(int index);
     void setColors(int index, const LineColors &colors);
     LineColors colors(int index) const;
 
-    /// The colours of a line with bookmarks; of several the highest slot wins.
+    /// The colours of a line with bookmarks; of several slots the highest one decides.
     LineColors colorsOf(int line);
 
-    /// Tells that \a range was inserted as a copy of another view. Slots that were on these lines
-    /// when the very same text was deleted there are put back.
+    /// To be called when \a range was inserted as a copy of another view's text. Slots that were on
+    /// these lines when exactly this text was deleted there are put back.
     void inserted(TextRange range);
 
-    /// The history was forgotten: no step of it comes back.
+    /// To be called when the history was cleared: no step of it can be undone any more.
     void forgetHistory();
 
     /// For a document that is replaced as a whole: the slots keep their line numbers.
@@ -46,14 +46,14 @@ private:
         int line = -1;   ///< while there is no marker
         int setting = 0; ///< how often the slot was set
     };
-    /// Where a slot was, or is to be; it counts only until the slot is set anew.
+    /// Where a slot was, or is to be; it counts only until the slot is set again.
     struct Place
     {
         int index;
         int line;
         int setting;
     };
-    /// What a deletion took away.
+    /// What a deletion removed.
     struct Deletion
     {
         qsizetype start;
@@ -63,7 +63,7 @@ private:
     };
 
     static bool isSlot(int index) { return index >= 0 && index < SlotCount; }
-    void takeAway(unsigned marks);
+    void removeMarkers(unsigned marks);
     void place(int index, int line);
     void aboutToChange(int type, TextRange range);
     void aboutToDelete(int step, TextRange range);

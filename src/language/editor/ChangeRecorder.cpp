@@ -18,7 +18,7 @@ void ChangeRecorder::documentReplaced()
         m_change = TextChange{1, 1, 1};
 }
 
-/// Where a CR and an LF meet, a change may leave fewer lines than it touched, down to none.
+/// Where a CR and an LF become one line end, fewer lines may be left than were touched, even none.
 void ChangeRecorder::close()
 {
     if (!m_open)

@@ -7,25 +7,26 @@
 
 namespace ardiphon {
 
-/// Turns the stretches that the view is about to change into lines that have changed. The view
-/// tells only before a change, so what a change added is counted when the next one comes, or when
-/// it is asked for. Takes a few calls of the view for each change, whatever the size of the text.
+/// Turns the ranges that the view is about to change into lines that have changed. The view reports
+/// a change only before it makes it, so the lines that were added are counted when the next change
+/// comes, or when a caller asks. Takes a few calls of the view for each change, whatever the size
+/// of the text.
 class ChangeRecorder
 {
 public:
     explicit ChangeRecorder(const TextBuffer &text) : m_text(text) {}
 
-    /// \a removed bytes at \a at are about to go, or others are about to come there.
+    /// To be called before \a removed bytes at \a at are removed, or others are inserted there.
     void aboutToChange(qsizetype at, qsizetype removed);
-    /// Another document is in the view now. What it changed was told as changes; this makes it one
-    /// change even where both are empty.
+    /// To be called when another document is in the view. Its changes were reported like any
+    /// others; this makes it a change even where both documents are empty.
     void documentReplaced();
 
-    /// Whether there is a change that was not taken yet.
+    /// Whether there is a change that take() has not returned yet.
     bool isPending() const { return m_change.has_value() || m_open.has_value(); }
     /// All changes since the last call as one, and a revision more; none when there was no change.
     std::optional<TextChange> take();
-    /// The revision of the text as it is now, with what was not taken yet.
+    /// The revision of the text as it is now, with the changes that take() has not returned yet.
     quint64 revision() const { return m_taken + (isPending() ? 1 : 0); }
 
 private:

@@ -4,7 +4,7 @@
 
 namespace ardiphon {
 
-/// Things that a key does besides Scintilla's own commands, whose numbers are above these.
+/// Commands of a key besides Scintilla's own, whose numbers are above these.
 enum EditorCommand : unsigned {
     NoCommand,
     GoToVisibleStart,
@@ -22,7 +22,7 @@ unsigned commandOfKey(int key, Qt::KeyboardModifiers modifiers);
 /// The character that a key types as such: 13 Enter, 9 Tab, 8 Backspace, 127 Delete; else 0.
 int controlCharacterOfKey(int key, Qt::KeyboardModifiers modifiers);
 
-/// Whether it is Shift, Ctrl or another key that only changes what others do.
+/// Whether \a key is Shift, Ctrl or another one that only changes what other keys do.
 bool isModifierKey(int key);
 
 /// Whether the key puts its text into the document.

@@ -46,20 +46,20 @@ void LEditOCX::Private::aboutToChange(int at, int type, int length)
     recorder.aboutToChange(at, removed);
 }
 
-void LEditOCX::Private::tellChanges()
+void LEditOCX::Private::reportChanges()
 {
-    if (isTelling)
+    if (isReporting)
         return;
-    isTelling = true;
+    isReporting = true;
     for (;;) {
         if (const auto change = recorder.take())
             emit control.textChanged(*change, recorder.revision());
-        else if (const bool modified = control.GetState(TextState); modified != toldModified)
-            emit control.modifiedChanged(toldModified = modified);
+        else if (const bool modified = control.GetState(TextState); modified != reportedModified)
+            emit control.modifiedChanged(reportedModified = modified);
         else
             break;
     }
-    isTelling = false;
+    isReporting = false;
 }
 
 void LEditOCX::Private::aboutToDraw(int first, int last)
@@ -79,12 +79,12 @@ void LEditOCX::Private::mouseButton(EditorMouseButton button) { emit control.Mou
 
 void LEditOCX::Private::click() { emit control.Click(); }
 
-// An assistive tool changes the text by calls of the library, and nothing tells when they are done.
+// An assistive tool changes the text by calls of the library, and nothing reports their end.
 void LEditOCX::Private::viewChanged()
 {
     if (recorder.isPending())
         QMetaObject::invokeMethod(
-            &control, [this] { tellChanges(); }, Qt::QueuedConnection);
+            &control, [this] { reportChanges(); }, Qt::QueuedConnection);
     emit control.Repaint();
 }
 
@@ -123,10 +123,10 @@ LEditOCX::LEditOCX(QWidget *parent) : QWidget(parent), d(std::make_unique<Privat
     setFocusProxy(&d->view);
 }
 
-// The view calls back while it goes, so it goes while the rest is still there.
+// The view calls back while it is destroyed, so it is destroyed while the rest still exists.
 LEditOCX::~LEditOCX() { delete &d->view; }
 
-// The toolkit gives the focus to a widget that nobody sees, but not to one that is disabled.
+// The toolkit gives the focus to a widget that is hidden, but not to one that is disabled.
 void LEditOCX::setVisible(bool visible)
 {
     QWidget::setVisible(visible);

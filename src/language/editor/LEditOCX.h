@@ -14,14 +14,14 @@
 
 namespace ardiphon {
 
-/// A key going down in the editor. A handler may set `KeyCode` to 0 to swallow the key.
+/// A key that is pressed in the editor. A handler may set `KeyCode` to 0 to swallow the key.
 struct EditorKey
 {
     int KeyCode; ///< a Qt::Key
     int Shift;   ///< 1 Shift, 2 Ctrl, 4 Alt, added up
 };
 
-/// A mouse button going down in the editor.
+/// A mouse button that is pressed in the editor.
 struct EditorMouseButton
 {
     int Button; ///< 1 left, 2 right, 4 middle
@@ -30,18 +30,18 @@ struct EditorMouseButton
     int Y;      ///< twips from the control's top edge
 };
 
-/// The flag of GetState and ClearState that stands for the text.
+/// The flag of GetState and ClearState that means the text.
 inline constexpr int TextState = 2;
 
 /// The editor control: one document with its typing, caret and selection, history, clipboard, file
 /// load and save, search, bookmarks, and the tokens that colouring asks for.
 ///
-/// Lines count from 1 and columns, in characters (QChars), from 0. `Text` has CR LF line ends
-/// whatever the file has. A call that cannot be carried out changes nothing.
+/// Lines are counted from 1, columns, in characters (QChars), from 0. `Text` has CR LF line ends,
+/// whichever the file has. A call that cannot be carried out changes nothing.
 ///
-/// What is not the control's own goes on to the window: files that are dropped, the wheel, and the
-/// keys that neither type nor edit. The view inside is the focus proxy, so keys are sent to that.
-/// A control that was hidden takes no focus: a setFocus leaves the focus where it is.
+/// What the control does not handle is passed to the window: files that are dropped, the wheel, and
+/// the keys that neither type nor edit. The view inside is the focus proxy, so keys are sent to
+/// that. A control that was hidden takes no focus: a setFocus leaves the focus where it is.
 class LEditOCX : public QWidget
 {
     Q_OBJECT
@@ -52,7 +52,7 @@ public:
 
     void setVisible(bool visible) override;
 
-    /// Answers how a token is drawn; asked for what comes into view, never for a comment.
+    /// Returns how a token is drawn; called for what comes into view, never for a comment.
     using TokenColorsCallback = std::function<TokenColors(TokenKind kind, const QString &text)>;
     void SetGetTokenColors(TokenColorsCallback callback);
 
@@ -61,12 +61,12 @@ public:
     QString Text() const;
     /// Replaces the text as one step of history, touching only what differs.
     void SetText(const QString &text);
-    /// The same with the text of another control, without a copy of it on the way. Where the change
-    /// may be in one of several places, its caret tells in which.
+    /// The same with the text of another control, without an intermediate copy. Where the change
+    /// may be in one of several places, the caret of \a other decides.
     void SetTextOf(const LEditOCX &other);
     bool IsEmpty() const;
-    /// Whether \a text, which has no line end in it, stands anywhere with exactly these letters.
-    /// Asked again for the same text it reads only what has changed meanwhile.
+    /// Whether \a text, which has no line end in it, is anywhere in the document, in the same case.
+    /// Asked again for the same text it reads only what has changed since.
     bool Contains(const QString &text) const;
     int LineCount() const;
     /// Without its line end; "" for a line that does not exist.
@@ -77,26 +77,26 @@ public:
     /// Empties the document; it has no file, no history and is not modified. No bookmark slot
     /// moves.
     void ClearDocument();
-    /// Reads \a path into the document, and tells how its bytes are read. When it could not be read
-    /// the document is empty, and a SaveFile to that same path is refused as long as the file
+    /// Reads \a path into the document, and returns how its bytes were read. When it could not be
+    /// read the document is empty, and a SaveFile to that same path is refused as long as the file
     /// exists.
     Result<DocumentForm> LoadFile(const QString &path);
-    /// Writes the document to \a path, wholly or not at all, and tells how its bytes are written. A
-    /// file that was loaded and not changed is written byte for byte as it was.
+    /// Writes the document to \a path, wholly or not at all, and returns how its bytes were
+    /// written. A file that was loaded and not changed is written byte for byte as it was.
     Result<DocumentForm> SaveFile(const QString &path);
 
-    /// \a flag TextState: whether the text was modified since the state was last cleared. Else
-    /// false.
+    /// For \a flag TextState: whether the text was modified since the state was last cleared. False
+    /// for any other flag.
     bool GetState(int flag) const;
-    /// \a flag TextState clears the modified state.
+    /// For \a flag TextState: the text counts as not modified. Any other flag changes nothing.
     void ClearState(int flag);
 
     void Undo();
     void Redo();
     void ResetUndo();
 
-    /// How often the text has changed so far: the revision that textChanged() told last. A follower
-    /// that reads later than it is told compares it with the one that it knows.
+    /// How often the text has changed so far: the last revision that textChanged() gave. A follower
+    /// that reads the text later compares it with the revision that it knows.
     quint64 TextRevision() const;
 
     // Caret and selection. -----------------------------------------------------------------------
@@ -120,7 +120,7 @@ public:
     void Cut();
     void Paste();
 
-    /// Finds the word at the caret, "" when it stands on none.
+    /// Finds the word at the caret for CurrentWord(); "" when there is none.
     void UpdateCurrentWord();
     QString CurrentWord() const;
 
@@ -152,7 +152,7 @@ public:
     void SetForeColor(Color color); ///< of comments
     void SetSelectionBackColor(Color color);
     void SetSelectionForeColor(Color color);
-    /// Draws the view anew, its tokens in the colours that the callback has for them now.
+    /// Draws the view again, its tokens in the colours that the callback gives for them now.
     void Redraw();
 
     QString FontName() const;
@@ -182,40 +182,41 @@ public:
     void ClearBookmarkForeColor(int index);
 
 signals:
-    /// The left button went up; the caret is where it went down.
+    /// The left button was released; the caret is where it was pressed.
     void Click();
-    /// What is on screen changed: text, scroll position, size or font.
+    /// What is visible changed: text, scroll position, size or font.
     void Repaint();
     void KeyDown(ardiphon::EditorKey &key);
     /// A character is about to be typed; a handler may set it to 0 to swallow it. Enter is 13, Tab
-    /// 9, Backspace 8 and Delete 127. Text that the mouse brought in or took away is told
+    /// 9, Backspace 8 and Delete 127. Text that the mouse inserted or removed is reported
     /// afterwards, as 22 and 24, the codes of Ctrl+V and Ctrl+X.
     void KeyPress(int &character);
     void MouseButton(ardiphon::EditorMouseButton &button);
 
-    // What follows the text. ---------------------------------------------------------------------
+    // For followers of the text.
+    // ---------------------------------------------------------------------
 
     /// The text changed, by whatever way: keys, mouse, an input method, an assistive tool, or a
     /// call of the contract. \a revision grows by one each time.
     ///
-    /// Told once for each operation, when it is complete and the text can be read: a character that
-    /// is typed, also over a selection; a paste; a ReplaceAll, from its first match to its last; an
-    /// Undo or a Redo of a whole step. Text = tells the lines that differ, and nothing where none
-    /// does. A document that is replaced, by LoadFile (also one that failed) or ClearDocument, is
-    /// always told as line 1, with all lines of the old text removed and all of the new one added;
-    /// an empty text has one line. Of two views that mirror each other each tells its own changes,
-    /// when they reach it.
+    /// Emitted once for each operation, when it is complete and the text can be read: a character
+    /// that is typed, also over a selection; a paste; a ReplaceAll, from its first match to its
+    /// last; an Undo or a Redo of a whole step. SetText reports the lines that differ, and nothing
+    /// where none does. A document that is replaced, by LoadFile (also one that failed) or
+    /// ClearDocument, is always reported as line 1, with all lines of the old text removed and all
+    /// of the new one added; an empty text has one line. Each of two views that mirror each other
+    /// reports its own changes, when they reach it.
     ///
-    /// Told from within the call, before it returns; for a key behind its KeyPress, for the mouse
-    /// before that, for an assistive tool soon afterwards. What only moves the caret, draws, or
-    /// clears the modified state is not told.
+    /// Emitted within the call, before it returns; for a key after its KeyPress, for the mouse
+    /// before it, for an assistive tool soon afterwards. What only moves the caret, draws, or
+    /// clears the modified state is not reported.
     ///
-    /// A follower may read everything. One that changes the text has that told behind this change,
-    /// to all, with the next revision; so whoever may be told after it reads lines only where
-    /// \a revision is TextRevision(), and joins the changes until then (TextChange::join). No
-    /// follower may delete the control.
+    /// A follower may read everything. When one changes the text, that is reported to all after
+    /// this change, with the next revision; so a follower that may be called after it reads lines
+    /// only where \a revision is TextRevision(), and joins the changes until then
+    /// (TextChange::join). No follower may delete the control.
     void textChanged(const ardiphon::TextChange &change, quint64 revision);
-    /// GetState(TextState) is now \a modified, and was not before. Told behind the textChanged()
+    /// GetState(TextState) is now \a modified, and was not before. Emitted after the textChanged()
     /// of the same operation.
     void modifiedChanged(bool modified);
 

@@ -14,16 +14,16 @@
 
 namespace ardiphon {
 
-/// What stands behind the control: the view with the document in it, and what the contract adds.
+/// What is inside the control: the view with the document in it, and what the contract adds.
 class LEditOCX::Private final : public TextViewOwner
 {
 public:
     explicit Private(LEditOCX &control);
 
     void replaceDocument(const DocumentText &document);
-    /// Makes the text that one, as one step of history that touches only what differs. Where that
-    /// may be one of several places, it is the one that ends at \a changeEnd; -1 where that is not
-    /// known.
+    /// Makes \a wanted the text, as one step of history that touches only what differs. Where the
+    /// change may be in one of several places, it is the one that ends at \a changeEnd; -1 where
+    /// that is not known.
     void changeText(QByteArrayView wanted, qsizetype changeEnd);
     void select(TextRange range);
     void setRecord(TextRange range);
@@ -32,8 +32,8 @@ public:
     std::optional<TextRange> find(TextRange from) const;
     std::optional<TextRange> findBetween(qsizetype from, qsizetype to) const;
     void changeFont(const std::function<void(QFont &)> &change);
-    /// Tells the followers what has changed since the last time.
-    void tellChanges();
+    /// Reports to the followers what has changed since the last time.
+    void reportChanges();
 
     LEditOCX &control;
     TextView &view;
@@ -47,7 +47,7 @@ public:
     QString currentWord;
 
     quint64 changes = 0; ///< of the text so far
-    /// The control whose text was taken last, and how often both had changed then.
+    /// The control whose text was copied last, and how often both had changed then.
     QPointer<const LEditOCX> source;
     quint64 sourceChanges = 0;
     quint64 changesWithSource = 0;
@@ -56,14 +56,15 @@ public:
     QString replaceText;
     int findDirection = 1;
     bool findWholeWord = false;
-    TextSearch search{findText, findWholeWord}; ///< made anew when one of these changes
+    TextSearch search{findText, findWholeWord}; ///< made again when one of these changes
     std::optional<TextRange> match;             ///< of the last FindFirst, until the text changes
     TextPresence presence;
 
     ChangeRecorder recorder;
-    int operations = 0;     ///< of the contract, one inside the other
-    bool isTelling = false; ///< so that a follower's own change is told behind the one it is told
-    bool toldModified = false; ///< the modified state as the followers know it
+    int operations = 0; ///< of the contract, one inside the other
+    bool isReporting =
+        false; ///< a follower's own change is reported after the one it is called for
+    bool reportedModified = false; ///< the modified state as the followers know it
 
 private:
     void aboutToChange(int at, int type, int length);
@@ -73,11 +74,11 @@ private:
     void mouseButton(EditorMouseButton button) override;
     void click() override;
     void viewChanged() override;
-    void edited() override { tellChanges(); }
+    void edited() override { reportChanges(); }
 };
 
-/// One call of the contract that may change the text or its state. What it changed is told when it
-/// is complete; so it stands before everything else that is done at the end of the call.
+/// One call of the contract that may change the text or its state. What it changed is reported when
+/// it ends; so it is declared before everything else that acts at the end of the call.
 class LEditOCX::Operation
 {
 public:
@@ -85,7 +86,7 @@ public:
     ~Operation()
     {
         if (--m_editor.operations == 0)
-            m_editor.tellChanges();
+            m_editor.reportChanges();
     }
     Q_DISABLE_COPY_MOVE(Operation)
 

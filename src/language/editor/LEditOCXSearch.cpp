@@ -36,13 +36,13 @@ std::optional<TextRange> LEditOCX::Private::find(TextRange from) const
     return found || findDirection == 1 ? found : findBetween(0, from.end);
 }
 
-// The first match that begins at \a from or behind it, and before \a to. Asks for no more of the
-// text than that: all of it would close the buffer's gap, and after each replacement that costs as
-// much as the text is long. What seems to match at \a to or behind it may be cut off, so it counts
-// as none.
+// The first match that begins at \a from or after it, and before \a to. Reads no more of the text
+// than that: reading all of it would close the buffer's gap, which after each replacement takes
+// time in proportion to the text. What seems to match at \a to or after it may be cut off, so it
+// does not count.
 std::optional<TextRange> LEditOCX::Private::findBetween(qsizetype from, qsizetype to) const
 {
-    constexpr qsizetype longestCharacter = 4; // the ones before and behind a match decide too
+    constexpr qsizetype longestCharacter = 4; // the ones before and after a match decide too
     const qsizetype longestMatch = findText.size() * longestCharacter;
     const qsizetype start = std::max<qsizetype>(from - longestCharacter, 0);
     const qsizetype end = std::min(to + longestMatch + longestCharacter, text.size());

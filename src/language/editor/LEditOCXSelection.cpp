@@ -23,15 +23,15 @@ TextRange LEditOCX::Private::record() const
     return {std::min(start, end), std::max(start, end)};
 }
 
-// A long run of searches and replacements turns the updates off: to find out what to scroll to, the
-// library lays out a line at each of them, which takes far longer than they do.
+// A long series of searches and replacements turns the updates off; then nothing is scrolled, as
+// the library would lay out a line for each of them, which takes far longer than they do.
 void LEditOCX::Private::show(TextRange range)
 {
     text.select(range);
     if (!control.updatesEnabled())
         return;
-    // Said again in this way the library takes it for the user's: it draws it in the colours of a
-    // selection, and the middle button pastes it.
+    // Set again in this way the library treats it as the user's selection: it draws it in the
+    // colours of a selection, and the middle button pastes it.
     if (range.start < range.end)
         view.SendScintilla(Sci::SCI_SETANCHOR, ulong(range.start));
     view.SendScintilla(Sci::SCI_SCROLLRANGE, ulong(range.start), long(range.end));

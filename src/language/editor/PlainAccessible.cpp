@@ -41,7 +41,8 @@ const ToolWatcher &toolWatcher()
     return watcher;
 }
 
-// Asked first with a view's own class; without an answer the library is asked with its base class.
+// The toolkit asks here first with a view's own class; without an answer it asks the library with
+// the base class.
 QAccessibleInterface *plainInterface(const QString &className, QObject *object)
 {
     if (className != QLatin1String(TextView::staticMetaObject.className()) ||

@@ -29,9 +29,9 @@ constexpr long Opaque = 255;
 
 constexpr qsizetype CheckpointDistance = 1 << 14;
 
-// A line is styled up to here. Other styles behind it would have the whole line measured anew each
-// time that another part comes into view; so what is seen of it is coloured by indicators, which
-// change no measure.
+// A line is styled up to here. With styles behind it the whole line would be measured again each
+// time that another part comes into view; so the visible part is coloured by indicators, which do
+// not change the measures.
 constexpr qsizetype ColoredLength = 1 << 14;
 constexpr qsizetype LongestToken = 1 << 10; // that has a meaning
 
@@ -41,8 +41,8 @@ constexpr int KnownWidths = 1 << 14;
 QColor toQColor(Color color) { return QColor(color.red(), color.green(), color.blue()); }
 
 // The library measures a whole line before it draws any of it, and takes half a minute for one of
-// 5 MB: pieces of one style are measured anew each time, unless they are short and were seen
-// before. So the style changes here at every second character, between two that look alike.
+// 5 MB: pieces of one style are measured again each time, unless they are short and were seen
+// before. So the style changes here at every second character, between two that look the same.
 QByteArray stylesOfRest(QByteArrayView text)
 {
     QByteArray styles(text.size(), char(RestStyles[0]));
@@ -86,7 +86,7 @@ LineStates::Checkpoint LineStates::before(qsizetype offset)
     return *std::prev(behind);
 }
 
-// The next line's start, or a place inside a line that goes on for long.
+// The next line's start, or a place inside a very long line.
 qsizetype LineStates::nextPlace(qsizetype from) const
 {
     const int line = m_text.lineOf(from);
@@ -149,7 +149,7 @@ void Styling::setSelectionFore(Color color)
 void Styling::setFont(const QFont &font)
 {
     m_font = font;
-    // Lines are struck through as they are drawn; none is any more when that ends.
+    // Lines are struck through when they are drawn; the marks of the old font are removed here.
     m_view.SendScintilla(Sci::SCI_SETINDICATORCURRENT, ulong(StrikeIndicator));
     m_view.SendScintilla(Sci::SCI_INDICATORCLEARRANGE, 0UL, long(m_text.size()));
     applyFont();
@@ -168,7 +168,7 @@ void Styling::applyFont()
     applyBaseColors();
 }
 
-// Starts all styles anew; those of the tokens are asked for again as they come.
+// Resets all styles; those of the tokens are made again when they are drawn.
 void Styling::applyBaseColors()
 {
     const QColor back = toQColor(m_back);
@@ -285,7 +285,8 @@ void Styling::colorFarInView(int line, const LineColors &own)
     markBack(done, end, std::nullopt);
 }
 
-// Tokens that were styled stand here when something was put in before them.
+// Text inserted before them may have moved styled tokens into this range; it gets the styles of a
+// rest again.
 void Styling::restyleFar(qsizetype first, qsizetype last)
 {
     for (qsizetype at = first; at < last; ++at) {
@@ -297,7 +298,7 @@ void Styling::restyleFar(qsizetype first, qsizetype last)
     }
 }
 
-// None takes the colour away.
+// Without a \a color the one that is there is removed.
 void Styling::mark(unsigned indicator, qsizetype start, qsizetype end, std::optional<Color> color)
 {
     if (start >= end)
@@ -312,7 +313,7 @@ void Styling::mark(unsigned indicator, qsizetype start, qsizetype end, std::opti
     }
 }
 
-// Only where it is not the view's own, and never over the selection.
+// Only where it is not the view's own background, and never over the selection.
 void Styling::markBack(qsizetype start, qsizetype end, std::optional<Color> color)
 {
     if (color == m_back)
@@ -382,7 +383,7 @@ LineState Styling::stateAt(int line)
     const qsizetype kept = m_view.SendScintilla(Sci::SCI_GETENDSTYLED);
     m_states.textKeptUpTo(kept);
     const LineState state = m_states.at(line);
-    // Everything before the line was read now, so a mark there still tells every change of it.
+    // Everything before the line has been read, so a mark there still shows every change of it.
     const qsizetype start = m_text.lineStart(line);
     if (kept < start) {
         if (kept < m_readTo) // and that change is still to be seen by prepare()

@@ -12,16 +12,15 @@
 
 namespace ardiphon {
 
-/// The colours of a bookmarked line, which go over those of its tokens.
+/// The colours of a bookmarked line, which replace those of its tokens.
 struct LineColors
 {
     std::optional<Color> back;
     std::optional<Color> fore;
 };
 
-/// What each line begins in, and what stands far behind in a very long one, without reading the
-/// document again at each question: from checkpoints over the part of the text that was read so
-/// far.
+/// What each line begins in, and what a place far inside a very long line is in, without reading
+/// the document again each time: it keeps checkpoints in the part of the text that was read so far.
 class LineStates
 {
 public:
@@ -33,7 +32,7 @@ public:
 
     explicit LineStates(const TextBuffer &text) : m_text(text) {}
 
-    /// The text is still the one that was read up to \a offset, and perhaps no further.
+    /// To be called after a change: only the text before \a offset is still the one that was read.
     void textKeptUpTo(qsizetype offset);
     /// What an existing line begins in.
     LineState at(int line);
@@ -49,9 +48,9 @@ private:
 
 /// How the text is drawn: font, colours, and the styles of what comes into view.
 ///
-/// Lines are coloured when they are about to be drawn and not before, so that a document of any
-/// size costs what is seen of it. The view's own mark "styled up to", which falls back at each
-/// change of the text, tells how far the text is still the one that was looked at.
+/// Lines are coloured when they are about to be drawn and not before, so that the time depends on
+/// what is visible, not on the size of the document. The view's own mark "styled up to", which
+/// moves back at each change of the text, shows how far the text is still the one that was read.
 class Styling
 {
 public:
@@ -62,19 +61,19 @@ public:
     void setCommentFore(Color color);
     void setSelectionBack(Color color);
     void setSelectionFore(Color color);
-    /// Has everything in view drawn anew.
+    /// Draws everything in view again.
     void redraw();
 
     /// The font as it was asked for; where its family is missing another one is drawn.
     const QFont &font() const { return m_font; }
     void setFont(const QFont &font);
 
-    /// Colours lines \a first to \a last, and all that are seen when the text changed meanwhile.
-    /// \a lineColors tells the colours of a whole line.
+    /// Colours lines \a first to \a last, and all that are visible when the text has changed since.
+    /// \a lineColors gives the colours of a whole line.
     void prepare(int first, int last, const std::function<LineColors(int line)> &lineColors);
 
     /// Colours every very long line of a new document, which has to happen before the view measures
-    /// it; that it does wherever the caret goes.
+    /// it, as it does when the caret moves.
     void prepareLongLines();
 
     /// What an existing line begins in.
@@ -104,7 +103,7 @@ private:
     QHash<quint64, unsigned> m_styles; ///< the style of each pair of colours
     unsigned m_nextStyle = 0;
     qsizetype m_readTo = 0;     ///< where the view's mark was left
-    bool m_hasLongLine = false; ///< there was one so far, so indicators may be somewhere
+    bool m_hasLongLine = false; ///< there has been one, so there may be indicators
 };
 
 } // namespace ardiphon

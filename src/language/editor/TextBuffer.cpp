@@ -66,7 +66,7 @@ QString TextBuffer::text(TextRange range) const
 TextPosition TextBuffer::positionOf(qsizetype offset) const
 {
     const int line = lineOf(offset);
-    // A caret may stand between a CR and an LF that met when what was between them was deleted.
+    // A caret may be between a CR and an LF that met when the text between them was deleted.
     const qsizetype inLine = std::min(offset, lineEnd(line));
     return {line, int(utf16Length(bytes(lineStart(line), inLine)))};
 }
@@ -116,7 +116,7 @@ void TextBuffer::reset(const QByteArray &utf8)
 {
     send(Sci::SCI_SETUNDOCOLLECTION, false);
     send(Sci::SCI_CLEARALL);
-    // Room for what is typed too: text that leaves no gap at all makes the buffer twice as large.
+    // Room for what is typed too: without any gap the first character would double the buffer.
     send(Sci::SCI_ALLOCATE, utf8.size() + (1 << 16));
     m_view.SendScintilla(Sci::SCI_APPENDTEXT, uintptr_t(utf8.size()), utf8.constData());
     send(Sci::SCI_SETUNDOCOLLECTION, true);

@@ -11,7 +11,7 @@ class QsciScintillaBase;
 
 namespace ardiphon {
 
-/// A place in the text as the contract tells it.
+/// A place in the text as the contract of LEditOCX counts it.
 struct TextPosition
 {
     int line = 1;   ///< from 1
@@ -19,7 +19,7 @@ struct TextPosition
 };
 
 /// The document inside the view: UTF-8 bytes with the line ends of the file. Offsets are bytes,
-/// lines count from 1 as in the contract.
+/// lines are counted from 1, as in the contract.
 class TextBuffer final : public GappedText
 {
 public:
@@ -28,7 +28,7 @@ public:
     qsizetype size() const override;
     int lineCount() const;
     bool hasLine(int line) const { return line >= 1 && line <= lineCount(); }
-    /// The offset at which an existing line starts; size() for a line behind the last.
+    /// The offset at which an existing line starts; size() for a line after the last.
     qsizetype lineStart(int line) const;
     /// The offset at which its text ends, before its line end.
     qsizetype lineEnd(int line) const;
@@ -39,11 +39,11 @@ public:
     QByteArrayView bytes(qsizetype start, qsizetype end) const override;
     QByteArrayView lineBytes(int line) const { return bytes(lineStart(line), lineEnd(line)); }
     qsizetype gap() const override;
-    /// The text of a stretch with CR LF line ends.
+    /// The text of a range with CR LF line ends.
     QString text(TextRange range) const;
 
     TextPosition positionOf(qsizetype offset) const;
-    /// Clamped: a place behind a line's end is that end, one outside the text is the text's end.
+    /// Clamped: a column after a line's end is that end, a line outside the text is the text's end.
     qsizetype offsetOf(TextPosition position) const;
 
     TextRange selection() const;
@@ -54,8 +54,8 @@ public:
     LineEnd lineEndKind() const { return m_lineEnd; }
     void setLineEndKind(LineEnd kind);
 
-    /// Puts UTF-8 text in place of a stretch. Its line ends become those of the document. A CR and
-    /// an LF that would meet are kept two line ends. Gives where the new text ends.
+    /// Replaces a range by UTF-8 text. Its line ends become those of the document. A CR and an LF
+    /// that would meet stay two line ends. Returns where the new text ends.
     qsizetype replace(TextRange range, QByteArrayView utf8);
     /// Replaces the whole document without history; \a utf8 is taken as it is.
     void reset(const QByteArray &utf8);
@@ -65,8 +65,8 @@ private:
     long send(unsigned message, qsizetype first = 0, qsizetype second = 0) const;
 
     QsciScintillaBase &m_view;
-    // The routine that the view itself asks, with what it is asked for: the view gives every answer
-    // as a long, which does not hold a pointer everywhere.
+    // The library's own routine and its first argument. The view's call returns every answer as a
+    // long, which cannot hold a pointer on every system.
     using Ask = qintptr (*)(qintptr, unsigned, quintptr, qintptr);
     Ask m_ask;
     qintptr m_asked;

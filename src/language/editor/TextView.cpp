@@ -40,7 +40,7 @@ QMouseEvent streamEvent(const QMouseEvent &event)
                        event.modifiers() & Qt::ShiftModifier);
 }
 
-// The codes that Ctrl+X and Ctrl+V stand for.
+// The character codes of Ctrl+X and Ctrl+V.
 constexpr int MovedOut = 24;
 constexpr int MovedIn = 22;
 
@@ -69,8 +69,8 @@ void TextView::setUpScintilla()
 {
     SendScintilla(SCI_SETCODEPAGE, SC_CP_UTF8);
     SendScintilla(SCI_SETLEXER, SCLEX_CONTAINER);
-    // What is told behind a change the library also tells an accessible interface, for which it
-    // counts the characters from the document's start each time. Before a change it does not.
+    // What the library reports after a change it also reports to an accessible interface, for which
+    // it counts the characters from the document's start each time. Before a change it does not.
     SendScintilla(SCI_SETMODEVENTMASK, SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE);
     SendScintilla(SCI_CLEARALLCMDKEYS);
     SendScintilla(SCI_USEPOPUP, 0);
@@ -101,7 +101,7 @@ void TextView::resizeEvent(QResizeEvent *event)
 }
 
 // Runs a handler of the library for the mouse. When it changes the text, by a drag or by the middle
-// button, that is told as the key would be that does the same.
+// button, that is reported like the key that does the same.
 template <typename Handler>
 void TextView::withMouseEdits(Handler handler)
 {
@@ -113,7 +113,7 @@ void TextView::withMouseEdits(Handler handler)
         m_owner.keyPress(SendScintilla(SCI_GETLENGTH) < before ? MovedOut : MovedIn);
 }
 
-void TextView::tellMouseButton(const QMouseEvent *event)
+void TextView::reportMouseButton(const QMouseEvent *event)
 {
     const QPoint at = viewport()->mapTo(parentWidget(), event->position().toPoint());
     m_owner.mouseButton({buttonNumber(event->button()), shiftState(event->modifiers()),
@@ -123,7 +123,7 @@ void TextView::tellMouseButton(const QMouseEvent *event)
 void TextView::mousePressEvent(QMouseEvent *event)
 {
     QMouseEvent plain = streamEvent(*event);
-    tellMouseButton(event);
+    reportMouseButton(event);
     if (event->button() != Qt::RightButton)
         withMouseEdits([&] { QsciScintillaBase::mousePressEvent(&plain); });
 }
@@ -131,7 +131,7 @@ void TextView::mousePressEvent(QMouseEvent *event)
 void TextView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     QMouseEvent plain = streamEvent(*event);
-    tellMouseButton(event);
+    reportMouseButton(event);
     if (event->button() != Qt::RightButton)
         QsciScintillaBase::mouseDoubleClickEvent(&plain);
 }
@@ -180,7 +180,7 @@ bool TextView::eventFilter(QObject *watched, QEvent *event)
     return true;
 }
 
-// How many lines the wheel turns is the window's matter; sideways it scrolls as everywhere.
+// The window decides how many lines the wheel scrolls; sideways it scrolls as everywhere.
 void TextView::wheelEvent(QWheelEvent *event)
 {
     if (event->angleDelta().y() != 0)
@@ -189,7 +189,7 @@ void TextView::wheelEvent(QWheelEvent *event)
         QsciScintillaBase::wheelEvent(event);
 }
 
-// A file that is dropped is the window's to open.
+// A file that is dropped is opened by the window.
 void TextView::dragEnterEvent(QDragEnterEvent *event)
 {
     if (event->mimeData()->hasUrls())

@@ -6,7 +6,7 @@
 
 namespace ardiphon {
 
-/// What the view tells the control that holds it, and asks of it.
+/// What the view reports to the control that holds it, and asks it for.
 class TextViewOwner
 {
 public:
@@ -71,7 +71,7 @@ private:
 
     // Mouse.
     void openMenuAtCaret();
-    void tellMouseButton(const QMouseEvent *event);
+    void reportMouseButton(const QMouseEvent *event);
     template <typename Handler>
     void withMouseEdits(Handler handler);
 

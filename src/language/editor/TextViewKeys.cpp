@@ -9,8 +9,8 @@
 
 namespace ardiphon {
 
-// A key that the view itself answers is not taken for a shortcut of the window, and with Alt none
-// is taken for the access key of a menu. Alt alone is the menu bar's.
+// A key that the view itself handles is not a shortcut of the window, and a key with Alt is not the
+// access key of a menu. Alt alone belongs to the menu bar.
 bool TextView::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride) {
@@ -102,7 +102,8 @@ void TextView::typeControl(int character, bool back)
     m_owner.edited();
 }
 
-// The start of the first line that is seen, or the end of the last one that is seen whole.
+// Moves to the start of the first visible line, or to the end of the last line that is wholly
+// visible.
 void TextView::goToVisible(bool end, bool extend)
 {
     const long first = SendScintilla(SCI_GETFIRSTVISIBLELINE);
@@ -113,8 +114,8 @@ void TextView::goToVisible(bool end, bool extend)
               extend);
 }
 
-// Blank lines part the paragraphs. From the end of one it goes to the end of the next; the library
-// would go on to that one's beginning.
+// Blank lines separate the paragraphs. From the end of a paragraph this goes to the end of the
+// next; the library's command would go to the beginning of the next.
 void TextView::goToParagraphEnd(bool extend)
 {
     const long last = SendScintilla(SCI_GETLINECOUNT) - 1;
@@ -155,7 +156,7 @@ void TextView::insertNewLine()
             break;
         text.append(c);
     }
-    // A CR and an LF that meet are one line end, and no line would be made.
+    // A CR and an LF that meet are one line end, so there would be no new line.
     const long end = SendScintilla(SCI_GETSELECTIONEND);
     if (text == "\r" && SendScintilla(SCI_GETCHARAT, ulong(end)) == '\n')
         text = "\r\n";
@@ -166,7 +167,7 @@ void TextView::insertNewLine()
     SendScintilla(SCI_CHOOSECARETX);
 }
 
-// A character at a time, each told before it is typed and typed before the next is told.
+// One character at a time: each is reported, then typed, before the next one is reported.
 void TextView::typeText(const QString &text)
 {
     for (const char32_t code : text.toUcs4()) {
@@ -194,8 +195,8 @@ void TextView::typeCharacter(char32_t code)
     m_owner.edited();
 }
 
-// Overwriting replaces a selected character, so that whoever hears of the character finds in the
-// selection what it will replace.
+// Overwriting replaces a selected character, so that a handler of KeyPress finds in the selection
+// what will be replaced.
 bool TextView::selectCharacterToOverwrite()
 {
     const long caret = SendScintilla(SCI_GETCURRENTPOS);
@@ -216,7 +217,8 @@ void TextView::inputMethodEvent(QInputMethodEvent *event)
         m_owner.edited();
         return;
     }
-    // What was shown while composing goes first, then the text comes as if it were typed.
+    // First what was shown while composing is removed, then the text is inserted as if it were
+    // typed.
     QInputMethodEvent composed;
     QsciScintillaBase::inputMethodEvent(&composed);
     m_owner.edited();

@@ -13,10 +13,10 @@ namespace {
 
 constexpr int RightButton = 2;
 
-/// What a click of the left button at that place does: it moves the caret there.
+/// Does what a click of the left button at that place does: moves the caret there.
 void clickLeft(const LEditOCX &editor, QPoint at)
 {
-    QWidget *view = editor.childAt(at); // the visible part, which alone takes mouse events
+    QWidget *view = editor.childAt(at); // only the visible part takes mouse events
     if (!view)
         return;
     const QPointF local = view->mapFrom(&editor, at);

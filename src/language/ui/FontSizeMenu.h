@@ -9,8 +9,8 @@ namespace ardiphon {
 
 struct ConfigurationBlock;
 
-/// The fifteen sizes of the menu, `menuFontSize(0)` for 6 points to `menuFontSize(14)` for 20, and
-/// the steps of the two buttons.
+/// The menu's fifteen font sizes, from `menuFontSize(0)` for 6 points to `menuFontSize(14)` for 20,
+/// and the steps of the two buttons.
 class FontSizeMenu : public QObject
 {
     Q_OBJECT

@@ -17,7 +17,7 @@ namespace ardiphon {
 Gutter::Gutter(LEditOCX &editor, const ConfigurationBlock &config, QWidget *parent)
     : QWidget(parent), m_editor(editor), m_config(config)
 {
-    stackUnder(&editor); // which covers it where the layout leaves it no room
+    stackUnder(&editor); // the editor covers it where the layout leaves no room
     connect(&editor, &LEditOCX::Repaint, this, &Gutter::followView);
     followView();
 }

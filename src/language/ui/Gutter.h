@@ -24,7 +24,7 @@ public:
     int textWidth() const;
 
 signals:
-    /// The numbers have another count of digits than they had, so textWidth() is another.
+    /// The number of digits has changed, and with it textWidth().
     void textWidthChanged();
 
 protected:

@@ -62,7 +62,7 @@ void HelpPanels::follow(LEditOCX *view)
         m_pressed = {toPixels(button.X), toPixels(button.Y)};
     });
     connect(view, &LEditOCX::Click, this, [this, view] {
-        // Beside the text the caret comes to stand behind a word that was not clicked.
+        // A click beside the text puts the caret behind a word that was not clicked.
         if (isOnText(*view, m_pressed))
             UpdatePanelsForWord(*view);
     });
@@ -78,7 +78,7 @@ void HelpPanels::UpdatePanelsForWord(LEditOCX &view)
     const int record = m_words.FindInRange(word);
     if (record == 0)
         return;
-    // A failing read leaves the record of the last one, which is shown then.
+    // When reading fails, the previous record stays and is shown.
     static_cast<void>(m_words.ReadOpcodeRecord(record));
     show(*TextOpcode, u'[' + word + QStringLiteral("] - ") + m_words.OpcodeRecord.Description);
     show(*TextParametri, m_words.OpcodeRecord.Parameters);

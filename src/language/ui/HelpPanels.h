@@ -23,7 +23,7 @@ public:
     /// Shows the initial texts again.
     void clear();
 
-    /// From now on a click on the text of \a view brings the panels up to date.
+    /// From now on a click on the text of \a view updates the panels.
     void follow(LEditOCX *view);
 
     /// Shows the record of the word at the caret of \a view. The panels keep their text when there
@@ -36,7 +36,7 @@ public:
 
 private:
     WordTables &m_words;
-    QPoint m_pressed; ///< where the mouse last went down, in pixels from its view's corner
+    QPoint m_pressed; ///< where the mouse was last pressed, in pixels from its view's corner
 };
 
 } // namespace ardiphon

@@ -14,12 +14,12 @@ class Dialogs;
 class LEditOCX;
 struct ConfigurationBlock;
 
-/// Where help appears. The window that shows it is not known here.
+/// How help is shown. The window that shows it is not known here.
 struct HelpViewer
 {
-    /// Shows a page of the manual; one that cannot be shown is told there.
+    /// Shows a page of the manual; where it cannot be shown, a message says so.
     std::function<void(const QUrl &page, const QString &startPage)> showPage;
-    /// Hands a manual that is no HTML to the system.
+    /// Opens a manual that is not HTML with the system's program for it.
     std::function<void(const QString &file)> openFile;
 };
 
@@ -30,12 +30,12 @@ class KeywordHelp
 public:
     KeywordHelp(ConfigurationBlock &config, Dialogs &dialogs, HelpViewer viewer);
 
-    /// The help key in a view of \a language.
+    /// The help key in \a view, of that \a role.
     void keyHelp(LEditOCX &view, DocumentRole role);
-    /// The index key in a view.
+    /// The index key in any view.
     void keyIndex();
 
-    /// Takes the word at the caret of \a view for the popup. Gives the caption of its entry.
+    /// Takes the word at the caret of \a view for the popup. Returns the caption of its entry.
     QString prepareMenu(LEditOCX &view, DocumentRole role);
     /// The popup entry: help at the word that was prepared.
     void menuPopupOpcodeHelp();

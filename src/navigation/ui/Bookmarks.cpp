@@ -135,9 +135,9 @@ void Bookmarks::save(const QString &documentName, SideFileFailure failure)
     if (written && *written)
         setChanged(false);
     if (written)
-        m_toldOf.clear();
-    else if (m_changed && failure == SideFileFailure::IsTold &&
-             std::exchange(m_toldOf, path) != path)
+        m_reportedFile.clear();
+    else if (m_changed && failure == SideFileFailure::Reported &&
+             std::exchange(m_reportedFile, path) != path)
         m_dialogs.message({notSavedText(path, written.failure())});
 }
 

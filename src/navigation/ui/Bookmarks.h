@@ -13,7 +13,7 @@ class LEditOCX;
 
 /// Whether the user is told when the side file cannot be written: not where it fails with the file
 /// beside it, which tells already.
-enum class SideFileFailure { IsTold, GoesWithTheFile };
+enum class SideFileFailure { Reported, Silent };
 
 /// The bookmarks of one document: the editor holds and draws their lines, a tree shows their texts,
 /// one node a slot, and a side file keeps them.
@@ -35,9 +35,9 @@ public:
     void clear();
     /// Writes the side file of the document of that name. Nothing for one without a file. That it
     /// could not take changed bookmarks is told once for each document.
-    void save(const QString &documentName, SideFileFailure failure = SideFileFailure::IsTold);
+    void save(const QString &documentName, SideFileFailure failure = SideFileFailure::Reported);
     void saveIfChanged(const QString &documentName,
-                       SideFileFailure failure = SideFileFailure::IsTold);
+                       SideFileFailure failure = SideFileFailure::Reported);
     /// Whether the side file is due.
     bool areChanged() const { return m_changed; }
     /// Clears the changed flag: the side file is not due.
@@ -67,7 +67,7 @@ private:
     const QString m_extension;
     Dialogs &m_dialogs;
     bool m_changed = false;
-    QString m_toldOf; ///< the side file that could not be written, as the user was told
+    QString m_reportedFile; ///< the side file that could not be written, as the user was told
 };
 
 } // namespace ardiphon

@@ -68,7 +68,7 @@ void FormSostituisci::find()
     if (findInWholeText(*served))
         emit matchShown(served);
     else
-        tellMiss();
+        sayNotFound();
     Text1->setFocus();
 }
 
@@ -92,7 +92,7 @@ void FormSostituisci::replaceAll()
         served->ReplaceAll();
         emit replaced(served);
     } else {
-        tellMiss();
+        sayNotFound();
     }
     Text1->setFocus();
 }

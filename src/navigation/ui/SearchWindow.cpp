@@ -64,7 +64,7 @@ void SearchWindow::takeSelection(QLineEdit &field) const
     field.selectAll();
 }
 
-void SearchWindow::tellMiss() const
+void SearchWindow::sayNotFound() const
 {
     dialogs().message(
         {QStringLiteral("No matches found!"), ProgramTitle, MessageIcon::Information});

@@ -57,7 +57,7 @@ protected:
     /// Puts the editor's selection into the field, if there is one.
     void takeSelection(QLineEdit &field) const;
     /// "No matches found!"
-    void tellMiss() const;
+    void sayNotFound() const;
 
     /// Runs before the window closes; gives the focus to the editor.
     virtual void leave();

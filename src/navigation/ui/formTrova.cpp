@@ -78,7 +78,7 @@ void formTrova::find()
     if (findFirst(*served, Text1->text(), direction(), Check1->isChecked()))
         emit matchShown(served);
     else
-        tellMiss();
+        sayNotFound();
     Text1->setFocus();
 }
 

@@ -8,16 +8,16 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-/// For a process that sees to it that nothing of what it has started stays behind: whatever process
-/// group or session its descendants go to, they become its children when they lose their parents.
-/// Only system calls are made, so all of this may run between a fork and an exec. The process has
-/// one thread.
+/// For a process that must leave no descendant running: whatever process group or session its
+/// descendants join, they become its children when their parents end. Only system calls are made,
+/// so all of this may run between a fork and an exec. The process must have one thread.
 namespace ardiphon::descendants {
 
-/// Has this process become the parent of its descendants that lose theirs.
+/// Makes this process the parent of its descendants whose parents end. False when the system
+/// refuses.
 inline bool adoptOrphans() { return ::prctl(PR_SET_CHILD_SUBREAPER, 1) == 0; }
 
-/// Sends SIGKILL to each child. False when the system does not tell which there are.
+/// Sends SIGKILL to each child. False when the system does not list them.
 inline bool killChildren()
 {
     const int file = ::open("/proc/thread-self/children", O_RDONLY | O_CLOEXEC);
@@ -40,8 +40,8 @@ inline bool killChildren()
 }
 
 /// Kills every descendant and returns when all are dead. One that cannot be killed, as it is
-/// another user's or the system holds it, is left after two seconds in which nothing else died.
-/// After adoptOrphans(), or it ends the children alone.
+/// another user's or the system blocks it, is left after two seconds in which nothing else ended.
+/// To be called after adoptOrphans(); without that it ends the children only.
 inline void endAll()
 {
     constexpr int pause = 2; // milliseconds
@@ -50,7 +50,8 @@ inline void endAll()
         pid_t dead = 0;
         while ((dead = ::waitpid(-1, nullptr, WNOHANG)) > 0)
             idle = 0;
-        // The death of one may have brought in its children, so this is the only sign of the end.
+        // When one ends, its children may become ours, so having no child at all is the only sign
+        // of the end.
         if ((dead < 0 && errno == ECHILD) || !killChildren())
             return;
         ::poll(nullptr, 0, pause);

@@ -25,7 +25,7 @@ bool runToEnd(const QString &program, const QString &argument)
     return process.waitForFinished(LongestRun);
 }
 
-/// An icon cache that is older than its theme's folder is not believed.
+/// Makes the icon cache older than its theme's folder, so that it is not used.
 void outdateIconCache(const QString &theme)
 {
     std::error_code ignored;

@@ -18,7 +18,7 @@ namespace ardiphon {
 
 namespace {
 
-// The paths that one save deals with, in the system's own bytes.
+// The paths that one save uses, in the system's own bytes.
 struct Target
 {
     QByteArray path;   ///< of the file itself, behind every symbolic link
@@ -26,14 +26,14 @@ struct Target
     bool exists = false;
     struct stat status = {};
 
-    // New files lie beside the old one, hidden; the rest of their name nobody can guess.
+    // New files are beside the old one, hidden; nobody can guess the rest of their name.
     QByteArray besidePrefix() const { return folder + ".ardiphon-"; }
 };
 
-// Why the step of the system that has just failed did so.
+// Why the system call that has just failed did so.
 FileFailure failed() { return FileFailure::ofSystem(errno); }
 
-// Follows symbolic links also where the last one points to a file that is not there yet.
+// Follows symbolic links, also where the last one points to a file that does not exist yet.
 std::optional<QByteArray> behindLinks(QByteArray path)
 {
     constexpr int mostLinks = 40;
@@ -56,7 +56,7 @@ Result<> mayBeWritten(const Target &target)
         return FileFailure{FileFailure::Kind::Folder};
     if (!S_ISREG(target.status.st_mode))
         return FileFailure{FileFailure::Kind::NoRegularFile};
-    // Nobody expects a file that is protected to be changed, though its folder would let us.
+    // Nobody expects a write-protected file to be changed, though its folder would permit it.
     if (::faccessat(AT_FDCWD, target.path.constData(), W_OK, AT_EACCESS) != 0)
         return failed();
     return {};
@@ -102,7 +102,7 @@ bool copyAttributes(int from, int to)
     if (::flistxattr(from, names.data(), size_t(size)) != size)
         return false;
     for (const QByteArray &name : names.split('\0')) {
-        // The security label is the system's to give.
+        // The security label is given by the system.
         if (!name.isEmpty() && !name.startsWith("security.") &&
             !copyAttribute(from, to, name.constData()))
             return false;
@@ -110,7 +110,7 @@ bool copyAttributes(int from, int to)
     return true;
 }
 
-// The mode of a file that a program makes without a wish of its own.
+// The mode of a new file where a program asks for nothing special.
 mode_t usualMode()
 {
     const mode_t mask = ::umask(0);
@@ -118,7 +118,7 @@ mode_t usualMode()
     return 0666 & ~mask;
 }
 
-// Gives the new file what the old one has besides its bytes.
+// Gives the new file the group, attributes and mode of the old one, or the usual mode.
 bool takeOver(const Target &target, const FileHandle &file)
 {
     if (!target.exists)
@@ -138,7 +138,7 @@ void flushFolder(const QByteArray &folder)
 {
     const FileHandle handle = FileHandle::open(folder, O_RDONLY | O_DIRECTORY);
     if (handle.isValid())
-        std::ignore = handle.flush(); // not every disk can; the file itself is safe
+        std::ignore = handle.flush(); // not every disk can do that; the file itself is safe
 }
 
 bool holds(const QByteArray &path, const QByteArray &bytes)
@@ -153,7 +153,7 @@ bool hasSize(const FileHandle &file, qsizetype size)
     struct stat status = {};
     if (!file.status(status))
         return false;
-    errno = EIO; // the system has said nothing of a file that it cut
+    errno = EIO; // the system reported no error though it cut the file
     return status.st_size == size;
 }
 
@@ -174,7 +174,7 @@ Result<> replaceByRename(const Target &target, const QByteArray &bytes)
     return why;
 }
 
-// The content of the file that is about to be written in place.
+// Reads the file that is about to be written in place.
 Result<QByteArray> readBytes(const QByteArray &path)
 {
     const Result<FileHandle> file = openRegularFile(path);
@@ -190,7 +190,7 @@ Result<QByteArray> readBytes(const QByteArray &path)
     return failed();
 }
 
-// Puts the old bytes where they survive whatever happens, and gives that place.
+// Writes the old bytes to a file where they are safe, and returns its path.
 Result<QByteArray> setAside(const Target &target, const QByteArray &oldBytes)
 {
     const QByteArray temporary = QFile::encodeName(QDir::tempPath()) + "/ardiphon-";
@@ -204,7 +204,7 @@ Result<QByteArray> setAside(const Target &target, const QByteArray &oldBytes)
             flushFolder(path.first(path.lastIndexOf('/') + 1));
             return path;
         }
-        if (!why.isLackOfRoom()) // of the two places' reasons the one that the user can mend
+        if (!why.isLackOfRoom()) // of two reasons the one that the user can remove
             why = failed();
         if (made)
             ::unlink(path.constData());
@@ -212,11 +212,11 @@ Result<QByteArray> setAside(const Target &target, const QByteArray &oldBytes)
     return why;
 }
 
-// Whether the bytes will find their room, told before a single one of the old is gone.
+// Whether there is room for the bytes, checked before any of the old ones is overwritten.
 bool hasRoom(const FileHandle &file, qsizetype size)
 {
     return size == 0 || ::fallocate(file.descriptor(), FALLOC_FL_KEEP_SIZE, 0, off_t(size)) == 0 ||
-           (errno != ENOSPC && errno != EDQUOT); // not every disk can tell
+           (errno != ENOSPC && errno != EDQUOT); // not every disk can be asked
 }
 
 bool fill(const FileHandle &file, const QByteArray &bytes)
@@ -225,7 +225,7 @@ bool fill(const FileHandle &file, const QByteArray &bytes)
            ::ftruncate(file.descriptor(), off_t(bytes.size())) == 0 && file.flush();
 }
 
-// Nobody changed a file that was given back what it had.
+// A file that has its old content again counts as not changed.
 void restoreTimes(const FileHandle &file, const Target &target)
 {
     const timespec times[] = {target.status.st_atim, target.status.st_mtim};
@@ -265,7 +265,7 @@ Result<> writeInPlace(const Target &target, const QByteArray &bytes)
         return {};
     }
     FileFailure why = failed();
-    // The old bytes stay aside when they could not even be put back.
+    // The copy of the old bytes stays when they could not be put back either.
     if (putBack(target, *oldBytes))
         ::unlink(aside->constData());
     else
@@ -295,7 +295,7 @@ Result<> writeDocumentFile(const QString &path, const QByteArray &bytes)
         first = replaced.failure();
     }
     const Result<> written = writeInPlace(*target, bytes);
-    if (!written && first.isLackOfRoom()) // what came of the way around it tells less
+    if (!written && first.isLackOfRoom()) // the reason of the second attempt says less
         return FileFailure{first.kind, first.error, written.failure().oldContent};
     return written;
 }
@@ -304,7 +304,7 @@ Result<> removeDocumentFile(const QString &path)
 {
     const QByteArray name = QFile::encodeName(path);
     struct stat status = {};
-    // A disk that is read-only refuses also where there is nothing.
+    // A read-only disk also refuses to remove what does not exist.
     if (::lstat(name.constData(), &status) != 0 || S_ISDIR(status.st_mode) ||
         ::unlink(name.constData()) == 0)
         return {};

@@ -43,7 +43,7 @@ bool FileHandle::readAll(QByteArray &bytes, qsizetype limit) const
 {
     struct stat before = {};
     bytes.clear();
-    // One byte more than the file tells, so that its end is met without growing the buffer.
+    // One byte more than the file's size, so that its end is found without growing the buffer.
     if (status(before))
         bytes.resize(std::min<qsizetype>(before.st_size, limit) + 1);
     qsizetype size = 0;

@@ -11,7 +11,7 @@ namespace ardiphon {
 
 namespace {
 
-/// A program in the words of the system call, made before there is a process for it.
+/// A program as the system call takes it, made before there is a process for it.
 class Command
 {
 public:
@@ -27,7 +27,7 @@ public:
     {
         const int nothing = ::open("/dev/null", O_RDWR | O_CLOEXEC);
         int streams[] = {m_program.input, m_program.output, m_program.errors};
-        for (int &stream : streams) // out of the way of each other
+        for (int &stream : streams) // so that they do not overwrite each other
             stream = ::fcntl(stream < 0 ? nothing : stream, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
         for (int number = STDIN_FILENO; number <= STDERR_FILENO; ++number)
             ::dup2(streams[number], number);
@@ -51,7 +51,7 @@ private:
     const std::vector<char *> m_environment;
 };
 
-/// The guard's own process. Only system calls are made in it: it has but one of the threads that
+/// The guard's own process. Only system calls are made in it: it has only one of the threads that
 /// there were when it was made.
 class GuardProcess
 {
@@ -63,13 +63,13 @@ public:
 
     [[noreturn]] void run()
     {
-        ::setpgid(0, 0);                       // what is sent to our group is not meant for it
+        ::setpgid(0, 0);                       // signals to our group are not meant for it
         ::prctl(PR_SET_NAME, "ArdiphonGuard"); // nor is a "killall" of our name
         descendants::adoptOrphans();
         sigset_t all;
         ::sigfillset(&all);
         ::sigprocmask(SIG_BLOCK, &all, &m_signals);
-        std::signal(SIGCHLD, SIG_DFL); // or else the system might collect the dead by itself
+        std::signal(SIGCHLD, SIG_DFL); // else the system might collect ended processes by itself
         if (startProgram()) {
             tell(Guard::News::Started);
             watch();
@@ -93,8 +93,8 @@ private:
         m_program = ::_Fork();
         if (m_program == 0) {
             ::setpgid(0, 0);
-            ::prctl(PR_SET_PDEATHSIG, SIGKILL); // should somebody kill the guard
-            if (::getppid() == guard) {         // and not before the line above
+            ::prctl(PR_SET_PDEATHSIG, SIGKILL); // in case somebody kills the guard
+            if (::getppid() == guard) {         // it was not killed before the line above
                 ::sigprocmask(SIG_SETMASK, &m_signals, nullptr);
                 m_command.become();
             }
@@ -108,7 +108,7 @@ private:
 
     void tell(Guard::News news) const { (void)!::write(m_news, &news, 1); }
 
-    /// Until the program is dead or the other end of the pipe is closed.
+    /// Waits until the program is dead or the other end of the pipe is closed.
     void watch() const
     {
         keepOnlyPipes();
@@ -137,7 +137,8 @@ private:
             ::close(other);
     }
 
-    /// A dead program keeps its number, and that of its group, until it is collected.
+    /// Whether the program is dead. It is not collected yet, so it keeps its number and that of its
+    /// group.
     static bool isDead(pid_t program)
     {
         siginfo_t info{};
@@ -162,7 +163,7 @@ bool Guard::start(const GuardedProgram &program)
     Pipe news;
     pid_t between = -1;
     if (life.open() && news.open()) {
-        // The guard is made by a process that is gone at once, so nobody here has to collect it.
+        // The guard is made by a process that ends at once, so nobody here has to collect it.
         between = ::_Fork();
         if (between == 0) {
             ::close(life.write.number());

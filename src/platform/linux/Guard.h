@@ -15,24 +15,24 @@ struct GuardedProgram
     QByteArrayList arguments;   ///< the program's name is the first
     QByteArrayList environment; ///< each "NAME=value"
     QByteArray directory;       ///< where it starts; "" is the current one
-    // The descriptors of this process that become its standard streams; -1 for nothing to read,
-    // and for a place where all that is printed vanishes.
+    // The descriptors of this process that become its standard streams; -1 for an empty input, and
+    // for an output that is discarded.
     int input = -1;
     int output = -1;
     int errors = -1;
 };
 
-/// Starts a program and sees to it that nothing of it stays behind: a process between this one and
-/// the program waits for the program's end, or for this object to be gone, be it that our own
-/// process was killed. Then it kills all that descends from the program, whatever process group or
-/// session it went to, and ends when that is dead. It is no child of ours.
+/// Starts a program and leaves nothing of it running: a process between this one and the program
+/// waits for the program's end, or for the end of this object, also by the death of our own
+/// process. Then it kills all descendants of the program, whatever process group or session they
+/// joined, and ends when they are dead. It is not a child of this process.
 class Guard
 {
 public:
-    /// Starts \a program, once for each object. False when the system has no room for that.
+    /// Starts \a program, once for each object. False when the system has no resources for that.
     bool start(const GuardedProgram &program);
 
-    /// Has the guard end all that it watches over.
+    /// Makes the guard end all that it watches.
     void release();
 
     enum class News : char {
@@ -40,7 +40,7 @@ public:
         Failed = 'f',  ///< it could not be started; the end follows
         End = 'e'      ///< all is dead
     };
-    /// What became readable at newsDescriptor(); nothing when that was a mistake.
+    /// Reads from newsDescriptor() when it is readable; nothing when there was nothing to read.
     std::optional<News> readNews() const;
     /// -1 before a start.
     int newsDescriptor() const { return m_news.number(); }

@@ -50,7 +50,7 @@ struct GuardedRun::Pipes
             news.reset();
             end.close();
         }
-        /// Empty when there is nothing now, or nothing any more.
+        /// Empty when there is nothing to read now, or the pipe has ended.
         QByteArray read()
         {
             QByteArray block(BlockSize, Qt::Uninitialized);
@@ -66,7 +66,7 @@ struct GuardedRun::Pipes
     };
 
     Guard guard;
-    std::unique_ptr<QSocketNotifier> news; ///< of the guard
+    std::unique_ptr<QSocketNotifier> news; ///< from the guard
     InputPipe input;
     Output outputs[2]; ///< by channel
 
@@ -75,12 +75,12 @@ struct GuardedRun::Pipes
 
 GuardedRun::GuardedRun(QObject *parent) : QObject(parent), m_pipes(std::make_unique<Pipes>())
 {
-    connect(&m_pipes->input, &InputPipe::taken, this, &GuardedRun::inputTaken);
+    connect(&m_pipes->input, &InputPipe::allWritten, this, &GuardedRun::inputWritten);
 }
 
 GuardedRun::~GuardedRun() = default;
 
-/// The ends that the program is given are closed here as soon as it has them.
+/// The program's ends of the pipes are closed in this process as soon as the program has them.
 bool GuardedRun::start(const ProgramCommand &command, const GuardedStreams &streams)
 {
     using Output = GuardedStreams::Output;
@@ -125,7 +125,7 @@ void GuardedRun::readNews()
 {
     const auto news = m_pipes->guard.readNews();
     if (news == Guard::News::Started) {
-        tellStarted();
+        reportStarted();
     } else if (news == Guard::News::Failed) {
         m_pipes->news->setEnabled(false);
         stop();
@@ -135,26 +135,26 @@ void GuardedRun::readNews()
     }
 }
 
-void GuardedRun::tellStarted()
+void GuardedRun::reportStarted()
 {
     if (!std::exchange(m_started, true))
         emit started();
 }
 
-/// What a program has printed may be here before the guard tells that it runs.
+/// What a program has printed may be readable before the guard reports that it runs.
 void GuardedRun::readOutput(OutputChannel channel)
 {
     const QPointer<GuardedRun> here(this);
     const QByteArray block = m_pipes->of(channel).read();
     if (block.isEmpty())
         return;
-    tellStarted();
+    reportStarted();
     if (here && m_pipes->of(channel).end.isOpen()) // else it was stopped in the meantime
         emit printed(channel, block);
 }
 
-/// All is dead, so what is in the pipes is all; only a process that could not be killed might go
-/// on printing.
+/// All is dead, so nothing is added to the pipes any more; only a process that could not be killed
+/// might go on printing.
 void GuardedRun::finish()
 {
     const QPointer<GuardedRun> here(this);
@@ -184,7 +184,7 @@ void GuardedRun::stop()
 
 bool GuardedRun::write(const QByteArray &bytes) { return m_pipes->input.write(bytes); }
 
-void GuardedRun::closeInput() { m_pipes->input.closeWhenTaken(); }
+void GuardedRun::closeInput() { m_pipes->input.closeWhenWritten(); }
 
 qint64 GuardedRun::unwritten() const { return m_pipes->input.unwritten(); }
 

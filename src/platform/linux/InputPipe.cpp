@@ -12,7 +12,7 @@ namespace ardiphon {
 namespace {
 
 /// write(2), without the signal that a pipe without a reader sends, which would end this process.
-/// What the rest of the process does with that signal is left as it is.
+/// How the rest of the process handles that signal is left as it is.
 ssize_t writeQuietly(int pipe, const char *bytes, qsizetype size)
 {
     sigset_t brokenPipe;
@@ -61,7 +61,7 @@ bool InputPipe::write(const QByteArray &bytes)
     return true;
 }
 
-void InputPipe::closeWhenTaken()
+void InputPipe::closeWhenWritten()
 {
     m_closing = true;
     if (m_blocks.empty())
@@ -80,7 +80,7 @@ void InputPipe::closeNow()
 
 void InputPipe::feed()
 {
-    constexpr qsizetype blockSize = 65536; // what a pipe has room for
+    constexpr qsizetype blockSize = 65536; // what a pipe can hold
     if (m_blocks.empty())
         return;
     const QByteArray &block = m_blocks.front();
@@ -102,7 +102,7 @@ void InputPipe::feed()
     m_room->setEnabled(false);
     if (m_closing)
         closeNow();
-    emit taken();
+    emit allWritten();
 }
 
 } // namespace ardiphon

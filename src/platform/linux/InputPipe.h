@@ -12,8 +12,8 @@ class QSocketNotifier;
 
 namespace ardiphon {
 
-/// Our end of the pipe that a program reads. It is fed from the event loop, as far as it takes
-/// something. A reader that is dead or has closed its end is no harm: the rest is dropped.
+/// Our end of the pipe that a program reads. It is written from the event loop, as far as it has
+/// room. When the reader is dead or has closed its end, the rest is dropped.
 class InputPipe : public QObject
 {
     Q_OBJECT
@@ -23,16 +23,16 @@ public:
     ~InputPipe() override;
 
     void open(Descriptor end);
-    /// False when it is not open, or closes behind what was written before.
+    /// False when the pipe is not open, or closeWhenWritten() was called.
     [[nodiscard]] bool write(const QByteArray &bytes);
-    void closeWhenTaken();
-    /// Drops what was not taken.
+    void closeWhenWritten();
+    /// Drops what the pipe has not taken.
     void closeNow();
     qint64 unwritten() const { return m_unwritten; }
 
 signals:
-    /// All that was written has been taken.
-    void taken();
+    /// The pipe has taken all that was written.
+    void allWritten();
 
 private:
     void feed();

@@ -6,7 +6,7 @@ namespace ardiphon {
 
 namespace {
 
-/// A row of keys side by side, by the code that the display server has for the first of them.
+/// A row of keys side by side, by the display server's code of the first one.
 struct KeyRow
 {
     quint32 first;

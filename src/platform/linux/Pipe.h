@@ -32,7 +32,7 @@ public:
         if (m_number >= 0)
             ::close(std::exchange(m_number, -1));
     }
-    /// Has reading and writing here return at once. What it is joined to is not concerned.
+    /// Makes reading and writing here return at once. The other end of the pipe is not affected.
     void neverWait() const { ::fcntl(m_number, F_SETFL, O_NONBLOCK); }
 
 private:

@@ -21,7 +21,7 @@ Result<FileHandle> openRegularFile(const QByteArray &path)
 {
     if (path.contains('\0')) // the system would take the beginning for the name
         return FileFailure::ofSystem(EINVAL);
-    // It is looked at before it is opened, as a device may act on being opened, and afterwards, as
+    // It is checked before it is opened, as opening a device may have effects, and afterwards, as
     // something else may have taken its place.
     struct stat status = {};
     if (::stat(path.constData(), &status) != 0)

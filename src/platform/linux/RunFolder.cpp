@@ -31,7 +31,7 @@ bool isOwnFolder(const QString &path)
 
 bool isRunning(qint64 process) { return kill(pid_t(process), 0) == 0 || errno == EPERM; }
 
-/// Folders are named ardiphon-<process>-<random>, so one without its process is a dead run's.
+/// Folders are named ardiphon-<process>-<random>, so one whose process has ended is a leftover.
 void removeLeftovers(const QString &parent)
 {
     const auto folders = QDir(parent).entryInfoList({Prefix + u'*'}, QDir::Dirs | QDir::NoSymLinks);
@@ -57,7 +57,7 @@ RunFolder::RunFolder(const QString &parent, const QString &otherwise)
 {
 }
 
-/// What another user put in the place of a folder that was cleared away is not ours to remove.
+/// What another user has put in the place of a removed folder is not removed.
 RunFolder::~RunFolder() { m_folder.setAutoRemove(isOwnFolder(m_folder.path())); }
 
 QString RunFolder::path() const
@@ -65,7 +65,7 @@ QString RunFolder::path() const
     return m_folder.isValid() ? m_folder.path() + u'/' : impossibleFolder();
 }
 
-/// What is there is no folder, on any machine.
+/// This path is not a folder on any machine.
 QString impossibleFolder() { return QStringLiteral("/dev/null/"); }
 
 bool restoreRunFolder(const QString &path)

@@ -12,15 +12,15 @@ namespace ardiphon {
 
 namespace {
 
-/// A terminal and its option in front of a program with its arguments; none where it takes them
-/// in one text only, which a shell would have to read.
+/// A terminal and its option that precedes a program with its arguments; none where it takes them
+/// only as one text, which a shell would have to read.
 struct Terminal
 {
     const char *name;
     const char *option;
 };
 
-// The user's own choice comes first, then what desktops bring along, then what every X has.
+// The user's own choice comes first, then what desktops include, then what every X has.
 constexpr Terminal terminals[] = {
     {"x-terminal-emulator", "-e"},
     {"gnome-terminal", "--"},
@@ -70,7 +70,8 @@ bool startConsole(const ProgramCommand &command, const QString &programFolder,
     if (programFolder.isEmpty() || !QFileInfo(console).isExecutable())
         return false;
     // Some terminals open their windows from a process that was there before and is elsewhere, so
-    // directory and environment go to the console, which also tells when there is no such place.
+    // directory and environment are passed to the console, which also says when there is no such
+    // directory.
     const QStringList line = QStringList(console) + consoleArguments(command, reportTo);
     return std::any_of(std::begin(terminals), std::end(terminals), [&](const Terminal &terminal) {
         const QString path = QStandardPaths::findExecutable(QLatin1String(terminal.name));

@@ -63,7 +63,7 @@ void TerminalRun::accept()
     connect(m_news.get(), &QSocketNotifier::activated, this, &TerminalRun::readNews);
 }
 
-/// A connection that breaks tells that the terminal is gone, and with it the program.
+/// A connection that breaks means that the terminal was closed, and the program ended with it.
 void TerminalRun::readNews()
 {
     char news = 0;
@@ -79,7 +79,7 @@ void TerminalRun::readNews()
 
 void TerminalRun::stop()
 {
-    if (m_patience.isActive()) { // whoever comes now finds nobody
+    if (m_patience.isActive()) { // a console that connects now finds nobody
         giveUp();
         return;
     }
@@ -90,7 +90,7 @@ void TerminalRun::giveUp()
 {
     m_patience.stop();
     closeSocket();
-    emit missed();
+    emit windowNotOpened();
 }
 
 void TerminalRun::closeSocket()

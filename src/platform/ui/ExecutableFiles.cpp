@@ -9,7 +9,7 @@ namespace ardiphon {
 ExecutableFiles::ExecutableFiles(QFileDialog &dialog, const QStringList &programFilters)
     : QSortFilterProxyModel(&dialog)
 {
-    // The dialog tells the chosen one as it keeps it, or as it shows it: without its patterns.
+    // The dialog gives the chosen filter as it was set, or as it is shown, without its patterns.
     QStringList filters;
     for (const QString &filter : programFilters) {
         filters.append(filter.simplified());

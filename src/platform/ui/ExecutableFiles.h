@@ -7,12 +7,12 @@ class QFileDialog;
 
 namespace ardiphon {
 
-/// What a file dialog lists: all of it, or, while one of the filters for programs is chosen there,
-/// the folders and of the files those that can be executed.
+/// What a file dialog lists: everything, or, while one of the filters for programs is chosen there,
+/// the folders and the files that can be executed.
 class ExecutableFiles : public QSortFilterProxyModel
 {
 public:
-    /// To be made when \a dialog has its name filters. \a programFilters: those of them.
+    /// To be made when \a dialog has its name filters; \a programFilters are those for programs.
     ExecutableFiles(QFileDialog &dialog, const QStringList &programFilters);
 
     /// In the dialog's own order, folders first.

@@ -130,7 +130,7 @@ void MMControl::stop()
 
 void MMControl::startAt(qint64 frame)
 {
-    m_output.reset(); // what is handed over already must not be heard any more
+    m_output.reset(); // what was handed over already must not be heard any more
     m_from.reset();
     m_frame = frame;
     m_output = SoundOutput::start(*m_file, frame);
@@ -163,8 +163,8 @@ void MMControl::tick()
         emit StatusUpdate();
 }
 
-/// A button that would change nothing is not offered. One that has the focus hands it on to its
-/// counterpart, or the keyboard would be lost.
+/// A button that would change nothing is disabled. If it has the focus, the focus moves to its
+/// counterpart; else the keyboard would do nothing.
 void MMControl::enableButtons()
 {
     const bool hadFocus = m_play->hasFocus() || m_stop->hasFocus();

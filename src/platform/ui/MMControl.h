@@ -14,16 +14,16 @@ namespace ardiphon {
 class SoundFile;
 class SoundOutput;
 
-/// Plays a sound file: a panel of the buttons Prev, Play and Stop, which can be commanded by code
-/// too. Times are in milliseconds. A command that cannot be carried out does nothing.
+/// Plays a sound file: a panel of the buttons Prev, Play and Stop, which code can control too.
+/// Times are in milliseconds. A command that cannot be carried out does nothing.
 class MMControl : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// What Mode tells.
+    /// The values of Mode().
     enum : int { NotOpen = 524, Stopped = 525, Playing = 526 };
-    /// What Done tells.
+    /// The values of Done().
     enum : int { Successful = 1, Aborted = 4, Failed = 8 };
 
     struct Icons
@@ -36,12 +36,12 @@ public:
 
     /// The file that the next "Open" opens.
     void SetFileName(const QString &path) { m_fileName = path; }
-    /// Carries out one of these; other words mean nothing:
+    /// Carries out one of these commands; other words do nothing:
     ///   "Open"   the file, in place of the one that was open
     ///   "Close"
-    ///   "Play"   from the start point, or else from the position to the end; goes on if it plays
-    ///   "Prev"   goes to the beginning; playing goes on there
-    ///   "Stop"   and stays at the position
+    ///   "Play"   from the start point, else from the position, to the end; goes on if it is
+    ///   playing "Prev"   goes to the beginning; if it is playing it goes on from there "Stop"
+    ///   stops and stays at the position
     void SetCommand(const QString &command);
 
     int Mode() const;
@@ -49,20 +49,20 @@ public:
     const QString &ErrorMessage() const { return m_error; }
     int Length() const;   ///< 0 when no file is open
     int Position() const; ///< what is heard now
-    /// The start point of the next "Play" alone. Bounded by the file.
+    /// Sets the start point of the next "Play" only, limited to the length of the file.
     void SetFrom(int milliseconds);
 
 signals:
     /// A play ended: Successful at the end of the file, Aborted by a command, Failed when the
-    /// device went.
+    /// device was lost.
     void Done(int notifyCode);
-    /// The buttons were pressed; what they do happens afterwards.
+    /// A button was pressed; what it does happens afterwards.
     void PlayClick();
     void PrevClick();
     void StopClick();
-    /// Comes about 20 times a second while a file plays.
+    /// Emitted about 20 times a second while a file plays.
     void StatusUpdate();
-    /// A play was wanted or under way and there is no sound device for it.
+    /// "Play" was asked for or under way and there is no sound device for it.
     void DeviceMissing();
 
 private:

@@ -41,7 +41,7 @@ Printer::Printer(std::unique_ptr<QPrinter> printer) : m_printer(std::move(printe
     m_page = pageOf(*m_printer);
 }
 
-Printer::~Printer() = default; // ends the painter before the printer
+Printer::~Printer() = default; // destroys the painter before the printer
 
 QRectF Printer::toPixels(const QRect &twips) const
 {
@@ -51,7 +51,7 @@ QRectF Printer::toPixels(const QRect &twips) const
 
 bool Printer::startJob(const QString &name)
 {
-    if (m_painter.isActive()) // behind another job in the same file
+    if (m_painter.isActive()) // after another job in the same file
         return newPage();
     m_printer->setDocName(name);
     m_printer->setCreator(QCoreApplication::applicationName());

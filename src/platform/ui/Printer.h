@@ -13,11 +13,11 @@ namespace ardiphon {
 
 /// A printer that the user chose. What is drawn on it is drawn in its own pixels, from the corner
 /// of what it can reach. Where it prints into a file, all of its jobs follow each other in that
-/// file, which is whole once the printer is gone.
+/// file, which is complete once the printer is destroyed.
 class Printer
 {
 public:
-    /// Takes over the paper and the resolution of \a printer; margins are the caller's matter.
+    /// Takes over the paper and the resolution of \a printer; the caller sees to margins.
     explicit Printer(std::unique_ptr<QPrinter> printer);
     ~Printer();
 
@@ -34,7 +34,7 @@ public:
 
     /// Draws on the page; only between startJob and endJob.
     QPainter &painter() { return m_painter; }
-    /// Whose resolution fonts are measured at.
+    /// The device whose resolution is used to measure fonts.
     QPaintDevice *device() const;
 
 private:

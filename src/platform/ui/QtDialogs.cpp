@@ -53,7 +53,7 @@ QMessageBox::StandardButtons buttonsOf(MessageButtons buttons)
 {
     switch (buttons) {
     case MessageButtons::YesNo:
-    case MessageButtons::YesNoSaveAs: // whose third button is made by hand
+    case MessageButtons::YesNoSaveAs: // its third button is not a standard one
         return QMessageBox::Yes | QMessageBox::No;
     case MessageButtons::YesNoCancel:
         return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
@@ -65,7 +65,7 @@ QMessageBox::StandardButtons buttonsOf(MessageButtons buttons)
     return QMessageBox::Ok;
 }
 
-/// The button that stands for closing the box without a choice.
+/// The button that counts as chosen when the box is closed without a choice.
 QMessageBox::StandardButton escapeButtonOf(MessageButtons buttons)
 {
     switch (buttons) {
@@ -95,7 +95,7 @@ Answer answerOf(int button)
     }
 }
 
-/// Shows the texts of the boxes of a dialog as they stand: a file name in them may look like
+/// Shows the texts in the message boxes of a dialog literally: a file name in them may look like
 /// markup. A box is polished before it is first shown.
 class PlainBoxes : public QObject
 {
@@ -125,7 +125,7 @@ std::optional<QString> askForFile(const FileQuestion &question, QFileDialog::Acc
     if (const QStringList filters = nameFilters(question.filter); !filters.isEmpty())
         dialog.setNameFilters(filters);
     if (const QStringList programs = programFilters(question.filter); !programs.isEmpty()) {
-        dialog.setOption(QFileDialog::DontUseNativeDialog); // it knows files by their names alone
+        dialog.setOption(QFileDialog::DontUseNativeDialog); // the native one knows only names
         new ExecutableFiles(dialog, programs);
     }
     if (!question.directory.isEmpty())
@@ -147,13 +147,13 @@ void explain(QMessageBox &box, const QString &explanation)
         label->setTextFormat(Qt::PlainText);
 }
 
-/// Where a document of that name is printed into a file, unless the user says otherwise.
+/// The proposed file for printing a document of that \a name into a file.
 QString proposedFile(const QString &name)
 {
     return QDir::home().filePath(QFileInfo(name).completeBaseName() + QStringLiteral(".pdf"));
 }
 
-/// Shows what is folded away at first, the choice of the selection among it.
+/// Shows the options that are hidden at first, the choice of the selection among them.
 void unfoldOptions(const QPrintDialog &dialog)
 {
     const auto *box = dialog.findChild<QDialogButtonBox *>();
@@ -164,8 +164,8 @@ void unfoldOptions(const QPrintDialog &dialog)
             button->click();
 }
 
-/// Takes away the choices of pages, which the toolkit leaves there though the option is off. It
-/// shows them anew now and then, so they move into a part of the dialog that is hidden.
+/// Removes the choices of pages, which the toolkit leaves there though the option is off. It shows
+/// them again from time to time, so they are moved into a hidden part of the dialog.
 void hidePageRange(const QPrintDialog &dialog)
 {
     auto *const ranges = dialog.findChild<QGroupBox *>(QStringLiteral("gbPrintRange"));
@@ -232,8 +232,8 @@ std::optional<Color> QtDialogs::color(Color first)
                       std::uint32_t(chosen.blue()));
 }
 
-/// Every page is printed, so a range of pages is not offered. A file is, where there is no printer
-/// at all: it is the only way to print then.
+/// Every page is printed, so no range of pages is offered. Printing into a file is offered where
+/// there is no printer at all, as the only way to print.
 std::optional<PrintChoice> QtDialogs::choosePrinter(const PrintQuestion &question)
 {
     const bool intoFile = QPrinterInfo::availablePrinterNames().isEmpty();

@@ -15,8 +15,8 @@ public:
     std::optional<PrintChoice> choosePrinter(const PrintQuestion &question) override;
 
 private:
-    /// Tells of a file whose name is no text, as the desktop's own dialogs may give one; nothing
-    /// was chosen then.
+    /// Returns \a path, or nothing, with a message, where its name is not a text, as the desktop's
+    /// own dialogs may give one.
     std::optional<QString> namable(std::optional<QString> path);
 };
 

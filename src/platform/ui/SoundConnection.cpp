@@ -34,7 +34,7 @@ SoundConnection &SoundConnection::ofProgram()
 SoundConnection::SoundConnection(QObject *parent) : QObject(parent)
 {
     setObjectName(Name);
-    parent->installEventFilter(this); // the application's: it sees the events of all objects
+    parent->installEventFilter(this); // the application's: it sees every event
 }
 
 void SoundConnection::restore()
@@ -50,8 +50,8 @@ void SoundConnection::checkServer()
         m_lost = m_engines;
 }
 
-/// The server's end reaches an engine as a call from its thread, which has it set up a timer for
-/// its one attempt.
+/// The engine learns of the server's end by a call from its thread, and sets up a timer for its one
+/// attempt.
 bool SoundConnection::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::MetaCall || !watched->inherits("QPulseAudioEngine"))

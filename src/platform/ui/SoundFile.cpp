@@ -25,7 +25,7 @@ SoundFile::~SoundFile() = default;
 
 std::unique_ptr<SoundFile> SoundFile::open(const QString &path, QString *reason)
 {
-    if (!QFileInfo(path).isFile()) { // a pipe could be waited for in vain
+    if (!QFileInfo(path).isFile()) { // reading a pipe might never end
         if (reason)
             *reason = QStringLiteral("There is no such file.");
         return nullptr;
@@ -34,7 +34,7 @@ std::unique_ptr<SoundFile> SoundFile::open(const QString &path, QString *reason)
     handle->file = sf_open(QFile::encodeName(path).constData(), SFM_READ, &handle->info);
     const SF_INFO &info = handle->info;
     if (!handle->file || info.channels <= 0 || info.samplerate <= 0 || info.frames < 0) {
-        if (reason) // without a file the decoder tells of its last failure
+        if (reason) // without a file the decoder gives the reason of its last failure
             *reason = handle->file ? QStringLiteral("Its header makes no sense.")
                                    : QString::fromLocal8Bit(sf_strerror(nullptr));
         return nullptr;
@@ -57,7 +57,7 @@ qint64 SoundFile::frameAt(int milliseconds) const
 
 int SoundFile::millisecondsAt(qint64 frame) const
 {
-    // In two steps, for the number of frames may be as large as numbers get.
+    // In two steps, as the number of frames may be as large as its type allows.
     const qint64 inside = std::clamp<qint64>(frame, 0, frames());
     const qint64 seconds = inside / rate();
     constexpr qint64 longest = std::numeric_limits<int>::max();
@@ -75,7 +75,7 @@ qint64 SoundFile::read(float *samples, qint64 count)
 {
     const qint64 read = std::max<qint64>(0, sf_readf_float(m_handle->file, samples, count));
     std::for_each(samples, samples + read * channels(), [](float &sample) {
-        // Files of floating-point samples may hold anything.
+        // Files of floating-point samples may hold any value.
         sample = std::isnan(sample) ? 0.0F : std::clamp(sample, -1.0F, 1.0F);
     });
     return read;

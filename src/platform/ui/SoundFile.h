@@ -21,15 +21,15 @@ public:
     qint64 frames() const;
     int milliseconds() const; ///< length, at most what an int holds
 
-    /// The frame played at that time, and the other way round; neither leaves the file.
+    /// The frame played at that time, and the reverse; both are limited to the file.
     qint64 frameAt(int milliseconds) const;
     int millisecondsAt(qint64 frame) const;
 
-    /// Goes on from that frame. False when it cannot be reached.
+    /// Continues reading at \a frame. False when it cannot be reached.
     bool seek(qint64 frame);
     /// Reads up to \a count frames into \a samples, the channels of a frame together, each between
-    /// -1 and 1. Gives how many there were; fewer than asked for at the end, or where the file was
-    /// cut since it was opened.
+    /// -1 and 1. Returns how many there were; fewer than asked for at the end, or where the file
+    /// was shortened since it was opened.
     qint64 read(float *samples, qint64 count);
 
 private:

@@ -17,8 +17,8 @@ namespace {
 
 constexpr qint64 BlockFrames = 1024;
 
-/// The file's own, so that nothing is done to the samples, but no more channels than the device
-/// has: it would take more, and leave out some of them.
+/// The file's own format, so that the samples stay as they are, but no more channels than the
+/// device has: it would accept more and leave some of them out.
 QAudioFormat formatFor(const SoundFile &file, const QAudioDevice &device)
 {
     const int channels = std::max(1, device.preferredFormat().channelCount());
@@ -73,7 +73,7 @@ SoundOutput::SoundOutput(SoundFile &file, qint64 frame, const QAudioDevice &devi
 SoundOutput::~SoundOutput()
 {
     m_sink->stop();
-    // Its destructor handles events, which must not happen beneath whoever ends a sound.
+    // Its destructor handles events, which must not happen within the call that ends a sound.
     m_sink.release()->deleteLater();
 }
 
@@ -92,7 +92,7 @@ bool SoundOutput::feed()
     return true;
 }
 
-/// Behind the end comes silence, so that the device goes on until all was heard.
+/// After the end comes silence, so that the device goes on until everything was heard.
 void SoundOutput::write(qint64 count)
 {
     const qint64 wanted = std::clamp<qint64>(m_endFrame - m_nextFrame, 0, count);
@@ -106,7 +106,7 @@ void SoundOutput::write(qint64 count)
                    count * m_channels * qint64(sizeof(float)));
 }
 
-/// Where the device has fewer channels, the file's are dealt out to them in turn and averaged.
+/// Where the device has fewer channels, the file's are assigned to them in turn and averaged.
 void SoundOutput::mix(const float *from, float *to, qint64 count) const
 {
     const int channels = m_file.channels();
@@ -121,12 +121,12 @@ void SoundOutput::mix(const float *from, float *to, qint64 count) const
     }
 }
 
-/// The device's own count is nonsense just after the start, and forgotten when the device goes: it
-/// is believed as far as the clock allows it, and never goes back.
+/// The device's own count is wrong just after the start, and lost with the device: it is used as
+/// far as the clock permits, and never goes back.
 qint64 SoundOutput::heardFrame() const
 {
     const qint64 heard = std::min(m_sink->processedUSecs(), m_clock.nsecsElapsed() / 1000);
-    // In two steps: the number of microseconds is as large as an hour is long.
+    // In two steps, as the number of microseconds times the rate may be too large.
     const qint64 rate = m_file.rate();
     const qint64 frames = heard / 1'000'000 * rate + heard % 1'000'000 * rate / 1'000'000;
     return std::max(m_heardFrame, std::min(m_firstFrame + frames, m_endFrame));

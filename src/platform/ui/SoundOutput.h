@@ -25,9 +25,9 @@ public:
     ~SoundOutput();
 
     /// Gives the device what it has room for; to be called several times within BufferTime. False
-    /// when the device has gone.
+    /// when the device was lost.
     bool feed();
-    /// The frame that is heard now; the number of frames once the last one was.
+    /// The frame that is heard now; after the last one the number of frames.
     qint64 heardFrame() const;
     bool isOver() const;
 
@@ -43,9 +43,9 @@ private:
     SoundFile &m_file;
     const int m_channels; ///< of the device
     const qint64 m_firstFrame;
-    qint64 m_endFrame;     ///< where the file turned out to end
+    qint64 m_endFrame;     ///< where the file really ends
     qint64 m_nextFrame;    ///< to be read
-    qint64 m_heardFrame;   ///< when the device was last fed; a device that has gone forgets it
+    qint64 m_heardFrame;   ///< at the last feed(); a lost device does not know it any more
     QElapsedTimer m_clock; ///< since the start
     std::vector<float> m_read;
     std::vector<float> m_mixed;

@@ -4,8 +4,8 @@
 
 namespace ardiphon {
 
-/// \a title as `setWindowTitle` takes it to show every character: the toolkit keeps "[*]" for a
-/// mark of its own, and takes two of them for the characters themselves.
+/// \a title as `setWindowTitle` takes it to show every character: the toolkit uses "[*]" as a mark
+/// of its own, and two of them mean the characters themselves.
 inline QString titleText(const QString &title)
 {
     const QString mark = QStringLiteral("[*]");

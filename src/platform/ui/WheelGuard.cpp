@@ -10,7 +10,7 @@ namespace ardiphon {
 
 namespace {
 
-/// Whether a turn of the wheel changes the value of \a object.
+/// Whether turning the wheel changes the value of \a object.
 bool hasValue(const QObject *object)
 {
     return qobject_cast<const QComboBox *>(object) ||

@@ -1,13 +1,13 @@
 // ArdiphonConsole [--report NAME] [--set NAME=VALUE | --unset NAME]... DIRECTORY PROGRAM
 // ARGUMENT...
 //
-// Runs a program in the terminal that it stands in, and keeps the terminal open at the program's
-// end until a key is pressed. An empty directory is the current one. Nothing of the program stays
+// Runs a program in the terminal that it runs in, and keeps the terminal open at the program's end
+// until a key is pressed. An empty directory is the current one. Nothing of the program stays
 // behind when the terminal is closed.
 //
-// With --report the program belongs to whoever listens at the abstract socket of that name: it
-// is told of the end, and when it lets go of the connection the program is ended and the terminal
-// closes.
+// With --report the program belongs to the process that listens at the abstract socket of that
+// name: that process is informed of the end, and when it closes the connection the program is ended
+// and the terminal closes.
 
 #include "platform/linux/ConsoleReport.h"
 #include "platform/linux/Descendants.h"
@@ -28,8 +28,8 @@ namespace {
 using namespace ardiphon;
 
 enum class Outcome {
-    Ended,      ///< by itself; what it has printed is to be read
-    NotStarted, ///< which has been said
+    Ended,      ///< it ended by itself; what it has printed is to be read
+    NotStarted, ///< a message has said so
     Dismissed   ///< the terminal is closed, or nobody waits for it any more
 };
 
@@ -119,13 +119,13 @@ private:
     {
         sigprocmask(SIG_SETMASK, &m_before, nullptr);
         if (std::strchr(m_command[0], '/'))
-            execv(m_command[0], m_command); // the other one would try a shell
+            execv(m_command[0], m_command); // execvp would try a shell
         else
             execvp(m_command[0], m_command);
         std::fprintf(stderr, "%s: %s\n", m_command[0], std::strerror(errno));
     }
 
-    /// Collects the dead. What the program leaves behind goes on where nobody waits for the
+    /// Collects ended processes. What the program leaves running goes on where nobody waits for the
     /// program's end, but may be ended like the program.
     bool hasChildren()
     {
@@ -148,12 +148,12 @@ private:
 
     void takeSignal()
     {
-        signalfd_siginfo told{};
-        if (read(m_signals, &told, sizeof told) != sizeof told)
+        signalfd_siginfo received{};
+        if (read(m_signals, &received, sizeof received) != sizeof received)
             return;
-        if (told.ssi_signo == SIGHUP || told.ssi_signo == SIGTERM)
+        if (received.ssi_signo == SIGHUP || received.ssi_signo == SIGTERM)
             dismiss();
-        else if (told.ssi_signo != SIGCHLD && m_program == 0) // else the key was for the program
+        else if (received.ssi_signo != SIGCHLD && m_program == 0) // else the program gets the key
             descendants::endAll();
     }
 
@@ -164,7 +164,7 @@ private:
     }
 
     char **const m_command;
-    const int m_connection; ///< -1 when there is nobody to tell
+    const int m_connection; ///< -1 when nobody waits for a report
     int m_signals = -1;
     sigset_t m_before{};
     pid_t m_program = -1;
@@ -208,7 +208,7 @@ int main(int argc, char *argv[])
         if (std::strcmp(*rest, "--report") != 0)
             changeEnvironment(rest[0], rest[1]);
         else if ((connection = connectTo(rest[1])) < 0)
-            return 1; // it is gone, or has given up
+            return 1; // it has ended, or has given up
     }
     if (argc - (rest - argv) < leastArguments)
         return usage();
