@@ -12,18 +12,18 @@ QString CompileLogFile(const QString &rootPath);
 /// The parameters that compile the CSD at \a csdFileName.
 QString csdParameters(const QString &csdFileName, const QString &rootPath);
 
-/// What a console shows as soon as a run has started.
+/// The text that a console shows as soon as a run has started.
 inline const QString FirstProgressText = QStringLiteral("Compiling");
 /// The progress text that follows \a text; \a text itself when it is none.
 QString nextProgressText(const QString &text);
 
-/// What a console shows after a stop.
+/// The text that a console shows after a stop.
 inline const QString StoppedText = QStringLiteral("Stopped by user!!!");
 
 /// The block in front of the log of a run that took \a milliseconds: whole seconds, a half rounded
 /// to the even neighbour; minutes of 100 and more have three digits.
 QString bannerText(qint64 milliseconds);
-/// What stands between that block and the log.
+/// The text between that block and the log.
 QString logHeading();
 
 } // namespace ardiphon

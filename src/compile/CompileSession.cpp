@@ -16,7 +16,7 @@ void makeWayForLog(const QString &logFile)
 {
     if (logFile.isEmpty())
         return;
-    // Whether it can be made or removed is seen when the log is read.
+    // A failure here shows when the log is read.
     (void)restoreRunFolder(QFileInfo(logFile).path());
     (void)QFile::remove(logFile);
 }

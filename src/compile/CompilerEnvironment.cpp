@@ -12,7 +12,7 @@ namespace {
 
 const QString SoundFolder = QStringLiteral("SFDIR");
 
-/// All that `LC_ALL` overrides, apart from the messages.
+/// The categories that `LC_ALL` overrides, apart from the messages.
 constexpr const char *OtherCategories[] = {
     "LC_CTYPE", "LC_NUMERIC", "LC_TIME",      "LC_COLLATE",     "LC_MONETARY",      "LC_PAPER",
     "LC_NAME",  "LC_ADDRESS", "LC_TELEPHONE", "LC_MEASUREMENT", "LC_IDENTIFICATION"};
@@ -33,7 +33,8 @@ QList<EnvironmentChange> compilerEnvironment(const QString &documentFolder,
     QList<EnvironmentChange> changes{{QStringLiteral("LC_MESSAGES"), QStringLiteral("C")}};
     const QString all = lookup(QStringLiteral("LC_ALL")).value_or(QString());
     if (!all.isEmpty()) {
-        // LC_ALL would win over LC_MESSAGES, so its value moves to where it yields to it.
+        // LC_ALL would override LC_MESSAGES, so its value goes to the variables of the other
+        // categories.
         changes.append({QStringLiteral("LC_ALL"), std::nullopt});
         for (const char *category : OtherCategories)
             changes.append({QLatin1String(category), std::nullopt});
@@ -48,7 +49,7 @@ QString soundFolder(const QString &folder, const QString &rootPath)
 {
     if (!folder.contains(u':') && !folder.contains(u';'))
         return folder;
-    std::ignore = restoreRunFolder(rootPath); // without it the link fails, and the folder is given
+    std::ignore = restoreRunFolder(rootPath); // without it no link can be made
     const QString link = rootPath + QLatin1String("sounds");
     QFile::remove(link);
     return QFile::link(folder, link) ? link : folder;

@@ -6,23 +6,23 @@
 
 namespace ardiphon {
 
-/// Gives the value of an environment variable of this process, nothing when it is not set.
+/// Returns the value of an environment variable of this process, nothing when it is not set.
 using EnvironmentLookup = std::function<std::optional<QString>(const QString &name)>;
 
-/// The real one.
+/// The value in the real environment of this process.
 std::optional<QString> environmentVariable(const QString &name);
 
-/// What a compiler sees otherwise than this process: its messages are English, which is what the
-/// log is searched for, while all else of the locale stays; and a file that it writes by a relative
-/// name lands in \a documentFolder, unless the user has chosen another folder by `SFDIR`.
+/// The changes of the environment for a compiler: its messages are English, as the log is searched
+/// for English words, while the rest of the locale stays; and a file that it writes by a relative
+/// name goes to \a documentFolder, unless the user has chosen another folder by `SFDIR`.
 QList<EnvironmentChange> compilerEnvironment(const QString &documentFolder,
                                              const EnvironmentLookup &lookup = environmentVariable);
 
-/// \a folder, or where its path holds a ":" or ";", with which the compiler separates folders, a
-/// link to it below \a rootPath.
+/// \a folder; or a link to it below \a rootPath, where its path has a ":" or ";", with which the
+/// compiler separates folders, and the link can be made.
 QString soundFolder(const QString &folder, const QString &rootPath);
 
-/// The folder where a file with a relative name lands.
+/// The folder to which a file with a relative name goes.
 QString outputFolder(const QString &documentFolder,
                      const EnvironmentLookup &lookup = environmentVariable);
 

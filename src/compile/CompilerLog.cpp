@@ -18,7 +18,7 @@ constexpr QLatin1String LineEnd("\r\n");
 
 bool isBetween(char c, char first, char last) { return c >= first && c <= last; }
 
-/// The position behind the escape sequence that begins at \a at.
+/// The position after the escape sequence that begins at \a at.
 qsizetype endOfEscape(QByteArrayView log, qsizetype at)
 {
     const auto skip = [&](char first, char last) {
@@ -71,8 +71,8 @@ void appendLine(QString &text, QByteArrayView line)
     }
 }
 
-/// How much of the beginning of \a bytes fits into \a portion without tearing a line, where that
-/// can be had.
+/// How much of the beginning of \a bytes fits into \a portion, ending with a whole line where
+/// possible.
 qsizetype headLength(QByteArrayView bytes, const LogPortion &portion)
 {
     const qsizetype limit = std::min<qsizetype>(bytes.size(), portion.bytes);
@@ -125,11 +125,11 @@ QString cleanLog(QByteArrayView log)
 
 QString missingLogText(const QString &path)
 {
-    // Whether the compiler could have written it: the place is tried with a few lines.
+    // Find out whether the compiler could have written it, by writing a few lines there.
     const QString probe = path + QStringLiteral(".probe");
     constexpr int fewLines = 4096;
     const Result<> written = writeDocumentFile(probe, QByteArray(fewLines, '\n'));
-    std::ignore = removeDocumentFile(probe); // it goes with the folder at the latest
+    std::ignore = removeDocumentFile(probe); // it is removed with the folder at the latest
     return QStringLiteral("There is no log of this run: ") +
            (written ? QStringLiteral("the compiler has written none")
                     : reasonText(written.failure(), QStringLiteral("the folder for it"))) +

@@ -19,15 +19,16 @@ struct LogPortion
 /// as a text view lays out whole lines.
 QString cleanLog(QByteArrayView log);
 
-/// What the user is told of a run that left no log, or an empty one, at \a path: one sentence with
-/// the reason, as far as the disk tells one.
+/// The message for a run that left no log, or an empty one, at \a path: one sentence with the
+/// reason, as far as the disk shows one.
 QString missingLogText(const QString &path);
 
-/// What stands in a log in the place of \a bytes that are left out.
+/// The text that replaces \a bytes that are left out of a log.
 QString logGapText(qint64 bytes);
 
-/// Reads and cleans the log at \a path. Of a log that is longer than both portions the middle is
-/// not read, and one line says how much that is. Nothing when there is no regular file to read.
+/// Reads and cleans the log at \a path. Of a log that is longer than both portions together the
+/// middle is not read, and one line says how much that is. Nothing when there is no regular file to
+/// read.
 std::optional<QString> readCompilerLog(const QString &path, const LogPortion &portion = {});
 
 } // namespace ardiphon

@@ -15,7 +15,7 @@ void startCompiler(const QString &compiler, const QString &parameters, const QSt
 {
     const QFileInfo file(compiler.contains(u'/') ? compiler
                                                  : QStandardPaths::findExecutable(compiler));
-    if (!file.isFile() || !file.isExecutable()) // no empty terminal for that
+    if (!file.isFile() || !file.isExecutable()) // so that no empty terminal opens
         return;
     ProgramCommand command =
         commandOf(file.absoluteFilePath(), parameters, ExecutableDirectory(compiler));

@@ -4,10 +4,10 @@
 
 namespace ardiphon {
 
-/// Starts a compiler that goes on by itself, in its own folder, and with its environment set so
-/// that what it writes by a relative name lands beside \a document. \a parameters are the text of
-/// its arguments, as commandOf takes it. It runs in a terminal, as startInTerminal has it with
-/// \a programFolder. Whether it starts is nobody's concern.
+/// Starts a compiler that runs independently of this program, in its own folder, and with an
+/// environment by which files with relative names are written beside \a document. \a parameters are
+/// its arguments as one text, as for commandOf(). It runs in a terminal, as by startInTerminal()
+/// with \a programFolder. A failure is not reported.
 void startCompiler(const QString &compiler, const QString &parameters, const QString &document,
                    const QString &programFolder);
 

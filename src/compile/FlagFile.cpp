@@ -17,10 +17,10 @@ namespace {
 constexpr qsizetype RecordLength = 50;
 constexpr qsizetype HeadLength = 4;
 constexpr quint16 TextType = 8;
-/// No list of flags is longer; what follows in such a file is not read.
+/// The longest list of flags; what follows in a file is not read.
 constexpr qsizetype MostRecords = 5000;
 
-/// Single-byte characters, as other systems write them. A text that would not come back that way
+/// Single-byte characters, as other systems write them. A text that would be read back differently
 /// is written as UTF-8.
 QByteArray encoded(const QString &text)
 {
@@ -39,7 +39,7 @@ QString decoded(QByteArrayView bytes)
                                                     : QString::fromLatin1(text));
 }
 
-/// As much of the beginning of \a text as a record holds.
+/// As much of the beginning of \a text as fits into a record.
 QByteArray encodedBeginning(QString text)
 {
     text.truncate(RecordLength);
@@ -109,7 +109,7 @@ Result<> writeFlagFile(const QString &path, FlagLayout layout, const QStringList
     const Result<QStringList> present = readFlagFile(path, layout);
     if (present && *present == flags)
         return {};
-    // One that cannot be deleted is written over, and keeps what lies behind the new end.
+    // A file that cannot be deleted is overwritten, and keeps what follows the new end.
     QByteArray kept;
     const bool deletable = QFileInfo(QFileInfo(path).absolutePath()).isWritable();
     if (!deletable && QFileInfo::exists(path)) {

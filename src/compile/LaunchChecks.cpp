@@ -11,7 +11,7 @@ LaunchDecision refuse(const QString &words, const QString &title = ProgramTitle)
     return {false, Message{words, title}};
 }
 
-/// Says of \a document, such as "File", why \a compiler cannot take it.
+/// Refuses, with a message that \a document, such as "File", has no name that \a compiler can use.
 LaunchDecision refuseUnnamed(const QString &document, const Compiler &compiler)
 {
     return refuse(QStringLiteral("No name associated to %1!\r\nYou must save it with a valid name "

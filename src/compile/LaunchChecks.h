@@ -8,7 +8,7 @@ namespace ardiphon {
 
 struct ConfigurationBlock;
 
-/// What the launcher of a compile window decides: to open it, or not, with or without a word.
+/// What the launcher of a compile window decides: whether to open it, and what to say, if anything.
 struct LaunchDecision
 {
     bool open = false;
@@ -20,26 +20,26 @@ struct Compiler
 {
     QString ConfigurationBlock::*path; ///< the setting that names its executable
     QString name;                      ///< as in "before start <name>"
-    QString missing;                   ///< what is said when the setting is empty
-    bool needsText;                    ///< an empty document is not worth a start
+    QString missing;                   ///< the message when the setting is empty
+    bool needsText;                    ///< it is not started for an empty document
 };
 
 extern const Compiler CSoundCompiler;
 extern const Compiler WinsoundCompiler;
 extern const Compiler CSoundAVCompiler;
 
-/// Whether the first <CsOptions> section of \a text holds "-O", which is the program's own to give.
-/// A section that is not closed counts as none.
+/// Whether the first <CsOptions> section of \a text has the flag "-O", which only the program may
+/// give. A section that is not closed counts as none.
 bool csOptionsNameLog(const QString &text);
 
-/// Decides for the CSD document that \a config names: the first check that fails ends it.
+/// Decides for the CSD document that \a config names: the first check that fails decides.
 LaunchDecision checkCsdLaunch(const Compiler &compiler, const ConfigurationBlock &config,
                               bool modified, const QString &text);
-/// The same, before the console compiler alone: the document may not name a log file either.
+/// The same for the console compiler: the document may not name a log file either.
 LaunchDecision checkCsdCompile(const ConfigurationBlock &config, bool modified,
                                const QString &text);
 
-/// One document of a project, as far as a launcher looks at it.
+/// What a launcher needs to know of one document of a project.
 struct LaunchedHalf
 {
     bool modified = false;

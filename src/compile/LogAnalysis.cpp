@@ -11,7 +11,7 @@ namespace ardiphon {
 
 namespace {
 
-/// A kind of error: the words that tell of it, and what stands in front of the line's number.
+/// A kind of error: the words that report it, and the text before the line's number.
 struct ErrorPattern
 {
     QString words;
@@ -30,7 +30,7 @@ bool isWordCharacter(const QString &text, qsizetype at)
     return at >= 0 && at < text.size() && (text[at].isLetterOrNumber() || text[at] == u'_');
 }
 
-/// The first place of \a words as whole words in whatever case, or -1.
+/// The first place of \a words as whole words in any case, or -1.
 qsizetype findWords(const QString &text, const QString &words)
 {
     qsizetype at = -1;
@@ -46,11 +46,11 @@ int lineNumberOf(QStringView text)
     return roundedWithin(leadingNumber(text), -most, most);
 }
 
-/// What the line tells that \a pattern was found on, at \a start.
+/// Reads the line in which \a pattern was found at \a start.
 LogFinding readErrorLine(const QString &text, qsizetype start, const ErrorPattern &pattern)
 {
     const qsizetype end = text.indexOf(QLatin1String("\r\n"), start);
-    if (end < 0) // a last line without its end tells nothing
+    if (end < 0) // a last line without its end is not read
         return {start, 0, std::nullopt};
     const QStringView words = QStringView(text).sliced(start, end - start);
     LogFinding finding{start, words.size(), std::nullopt};
@@ -60,7 +60,7 @@ LogFinding readErrorLine(const QString &text, qsizetype start, const ErrorPatter
     return finding;
 }
 
-/// Whether \a line holds the file name of \a path, and not as a part of a longer name.
+/// Whether \a line has the file name of \a path, and not as a part of a longer name.
 bool namesFile(const QString &line, const QString &path)
 {
     const QString name = QFileInfo(path).fileName();
@@ -112,7 +112,7 @@ qsizetype nextWritten(const QStringList &lines, qsizetype index, int step)
 LogFinding findLogError(const QString &text)
 {
     for (const ErrorPattern &pattern : Patterns) {
-        // What stands at the very beginning has never counted as found.
+        // Words at the very beginning of the text do not count as found.
         if (const qsizetype start = findWords(text, pattern.words); start >= 1)
             return readErrorLine(text, start, pattern);
     }

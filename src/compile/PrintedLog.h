@@ -7,8 +7,8 @@
 
 namespace ardiphon {
 
-/// What a run has printed, within bounds: as much of its beginning as the portion has, and as much
-/// of its end, of which no line is torn.
+/// What a run has printed, up to a limit: as much of its beginning as the portion says, and as much
+/// of its end, in whole lines.
 class PrintedLog
 {
 public:

@@ -11,7 +11,7 @@ namespace ardiphon {
 
 namespace {
 
-/// The compiler's flags of one letter that take nothing behind them.
+/// The compiler's flags of one letter that take no value.
 const QString LoneFlags = QStringLiteral("3468acdefghlnsuvwAGIJKNRSVWZ");
 
 } // namespace

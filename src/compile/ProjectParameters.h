@@ -4,18 +4,19 @@
 
 namespace ardiphon {
 
-/// The wave file of an orchestra: its path less the last four characters, whatever they are, and
-/// ".wav"; "" for an orchestra without a path.
+/// The wave file of an orchestra: its path without the last four characters, whatever they are, and
+/// with ".wav"; "" for an orchestra without a path.
 QString defaultWaveName(const QString &orchestra);
 
-/// What stands for the audio device in the place of a wave file.
+/// The name that means the audio device in place of a wave file.
 inline const QString AudioDevice = QStringLiteral("devaudio");
 
-/// Where the compiler writes \a wave: a relative name goes below \a folder. "" stays "".
+/// The path to which the compiler writes \a wave: a relative name goes below \a folder. "" stays
+/// "".
 QString writtenWave(const QString &wave, const QString &folder);
 
-/// Whether \a flags hold "-" and \a letter anywhere, or the letter at the end of a group of flags
-/// that take nothing behind them: "-Wo" gives "-o" as well.
+/// Whether \a flags have "-" and \a letter anywhere, or the letter at the end of a group of flags
+/// that take no value: "-Wo" has "-o" too.
 bool flagsGive(const QString &flags, QChar letter);
 
 /// The texts of a compile dialog's fields.
@@ -31,7 +32,7 @@ struct ProjectFields
 QString projectParameters(const ProjectFields &fields);
 /// The same, with the log going to a file below \a rootPath.
 QString loggedProjectParameters(const ProjectFields &fields, const QString &rootPath);
-/// The parameters with which a real-time compiler plays a project; the wave has no part in it.
+/// The parameters with which a real-time compiler plays a project; the wave field is not used.
 QString playedProjectParameters(const ProjectFields &fields);
 
 } // namespace ardiphon

@@ -10,7 +10,7 @@ namespace ardiphon {
 struct ConfigurationBlock;
 class Dialogs;
 
-/// What every compile dialog is given by the editor window that opens it.
+/// What an editor window gives to every compile dialog that it opens.
 struct CompileContext
 {
     ConfigurationBlock &config;

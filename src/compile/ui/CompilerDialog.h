@@ -14,7 +14,7 @@ namespace ardiphon {
 
 class FlagList;
 
-/// In what the compile dialogs differ, before what each does with its compiler.
+/// The texts and settings in which the compile dialogs differ.
 struct CompilerDialogKind
 {
     QString name;
@@ -27,8 +27,8 @@ struct CompilerDialogKind
 };
 
 /// A dialog that hands documents to a compiler: a form of labelled fields, the first of which shows
-/// where the compiler is, and a row of buttons, "E&xit" the last. A compiler that is chosen here
-/// counts until the dialog closes. Esc leaves; Enter presses the button that has the focus.
+/// where the compiler is, and a row of buttons, "E&xit" the last. A compiler that is chosen here is
+/// used until the dialog closes. Esc closes it; Enter presses the button that has the focus.
 class CompilerDialog : public QDialog
 {
     Q_OBJECT
@@ -38,30 +38,31 @@ protected:
 
     ConfigurationBlock &config() const { return m_config; }
     Dialogs &dialogs() const { return m_dialogs; }
-    /// Where the compiler is now.
+    /// The compiler's path now.
     const QString &compilerPath() const { return m_config.*m_kind.path; }
 
     // Building.
-    /// A field for a path in the next row of the form, with room for \a beside it at its right.
+    /// Adds a field for a path in the next row of the form, with \a beside at its right.
     QLineEdit *addField(const char *name, const QString &label, const QString &text,
                         QWidget *beside = nullptr);
     void addFlags(const FlagList &flags);
-    /// Takes the place between the fields and the row of buttons.
+    /// Adds \a part between the fields and the row of buttons.
     void addPart(QWidget *part);
     QPushButton *newButton(const char *name, const QString &caption);
-    /// For a dialog that is complete and of one height: it opens that wide, and can be made wider.
+    /// Sets the size of a complete dialog: a fixed height, and \a firstWidth, which can be made
+    /// wider.
     void takeSize(int firstWidth);
-    /// The widget on which all this stands, the first of the dialog's pages.
+    /// The widget that holds all this, the first of the dialog's pages.
     QWidget *form() const { return m_form; }
     QStackedLayout &pages() const { return *m_pages; }
 
     /// What `Compila` does.
     virtual void compile() = 0;
-    /// Sets the compiler back to the one that was there when the dialog opened.
+    /// Sets the compiler back to the one that was set when the dialog opened.
     void restoreCompiler() { m_config.*m_kind.path = SavedCompilerPath; }
 
     void keyPressEvent(QKeyEvent *event) override;
-    /// Of either block of the keyboard.
+    /// Enter of either part of the keyboard.
     static bool isEnter(const QKeyEvent &event);
 
     QLineEdit *dir_Csound;

@@ -17,7 +17,7 @@ constexpr QColor HeadingColor(200, 0, 0);
 constexpr int SliceLines = 5000;
 constexpr qsizetype SliceLength = 250'000;
 
-/// The layout of a plain text view, which is fast but knows no alignment, with centred lines.
+/// The layout of a plain text view, which is fast but has no alignment, with centred lines.
 class CentringLayout : public QPlainTextDocumentLayout
 {
 public:
@@ -52,7 +52,7 @@ void insert(QTextCursor &caret, const QString &text, const QColor &color, Qt::Al
     caret.insertText(text, letters);
 }
 
-/// The position behind the line that begins at \a start.
+/// The position after the line that begins at \a start.
 qsizetype lineEnd(const QString &text, qsizetype start)
 {
     const qsizetype end = text.indexOf(u'\n', start);
@@ -96,7 +96,7 @@ void CompilerOutput::setText(const QString &text)
     moveCursor(QTextCursor::Start);
 }
 
-/// Takes the next slice of the text, whole lines, and sees to the one after it.
+/// Returns the next slice of the text, whole lines, and starts the timer for the one after it.
 QString CompilerOutput::nextSlice()
 {
     qsizetype end = m_shown;
@@ -116,7 +116,7 @@ void CompilerOutput::showNextSlice()
 {
     QTextCursor end(document());
     end.movePosition(QTextCursor::End);
-    end.insertText(nextSlice(), QTextCharFormat()); // not in the colour of what was there before
+    end.insertText(nextSlice(), QTextCharFormat()); // not in the colour of the text before
     selectWhenShown();
 }
 
@@ -139,7 +139,7 @@ void CompilerOutput::selectWhenShown()
     showLinesAround();
 }
 
-/// What explains an error stands below it, and often above.
+/// The explanation of an error is below it, and often above it.
 void CompilerOutput::showLinesAround()
 {
     constexpr int lines = 3;

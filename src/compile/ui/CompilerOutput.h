@@ -5,9 +5,10 @@
 
 namespace ardiphon {
 
-/// The text in which a compile window shows its progress and then the compiler's log. The user
-/// reads, selects and copies in it. The beginning of a long log appears at once; the rest joins it
-/// in slices, between which the window lives on. The colours do not follow the desktop's theme.
+/// The text in which a compile window shows its progress and then the compiler's log. The user can
+/// select and copy it but not change it. The beginning of a long log appears at once; the rest is
+/// added in slices, between which the window handles events. The colours do not follow the
+/// desktop's theme.
 class CompilerOutput : public QPlainTextEdit
 {
     Q_OBJECT
@@ -21,11 +22,11 @@ public:
     /// caret goes to its start.
     void setText(const QString &text);
 
-    /// Puts the banner of a finished run, which took \a milliseconds, in front of the text.
+    /// Inserts the banner of a finished run, which took \a milliseconds, before the text.
     void insertBanner(qint64 milliseconds);
 
     /// Selects a part of the text, given by its place in text(), and brings it into view with some
-    /// of the lines around it, as soon as that much of the text has joined.
+    /// of the lines around it, as soon as that much of the text was added.
     void select(qsizetype start, qsizetype length);
 
 private:
@@ -36,7 +37,7 @@ private:
     int documentPosition(qsizetype index) const;
 
     QString m_text;
-    qsizetype m_shown = 0; ///< how many characters of it the document has got
+    qsizetype m_shown = 0; ///< how many characters of it are in the document
     QTimer m_slices;
     qsizetype m_wantedStart = -1; ///< of the part to select, -1 when there is none
     qsizetype m_wantedEnd = -1;

@@ -10,13 +10,13 @@ namespace {
 
 constexpr int LinesSeenAround = 3;
 
-/// A line at the edge of the view, or near it, moves to its first third.
+/// Scrolls a line at the edge of the view, or near it, to the first third of the view.
 void showLinesAround(LEditOCX &editor, int line)
 {
     const int lines = editor.height() / std::max(1, editor.LineHeight());
     const int above = line - editor.TopLine();
     const int wanted = std::min(LinesSeenAround, lines / 3);
-    if (above < wanted || lines - above <= wanted + 1) // the last may be cut, or a scroll bar's
+    if (above < wanted || lines - above <= wanted + 1) // the last may be covered in part
         editor.SetTopLine(std::max(1, line - lines / 3));
 }
 

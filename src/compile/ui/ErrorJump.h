@@ -4,8 +4,8 @@ namespace ardiphon {
 
 class LEditOCX;
 
-/// Selects the line \a line of \a editor, which a log has named, and has it stand where some of the
-/// lines around it are seen. What a line beyond the text selects is the editor's matter.
+/// Selects line \a line of \a editor, which a log has named, and scrolls so that some of the lines
+/// around it are visible. For a line beyond the text the editor decides what is selected.
 void jumpToErrorLine(LEditOCX &editor, int line);
 
 } // namespace ardiphon

@@ -8,9 +8,9 @@ FlagCombo::FlagCombo(QWidget *parent) : QComboBox(parent)
 {
     setEditable(true);
     setInsertPolicy(NoInsert);
-    setCompleter(nullptr); // it would make "-W" of a "-w"
+    setCompleter(nullptr); // it would change "-w" to "-W"
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
-    // By itself the box selects the item that the text is equal to.
+    // Without this the box selects the item that is equal to the text.
     disconnect(lineEdit(), &QLineEdit::returnPressed, this, nullptr);
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
     connect(lineEdit(), &QLineEdit::textEdited, this,
@@ -30,7 +30,7 @@ void FlagCombo::append(const QString &item)
     keepingText([this, &item] {
         const int selected = currentIndex();
         addItem(item);
-        setCurrentIndex(selected); // the first item would select itself
+        setCurrentIndex(selected); // the box would select its first item
     });
 }
 

@@ -4,8 +4,8 @@
 
 namespace ardiphon {
 
-/// A drop-down list with a field to type in. The field is free of the list: what is typed selects
-/// nothing and is completed to nothing, and adding and removing items leaves it as it is.
+/// A drop-down list with a field to type in. The field does not depend on the list: what is typed
+/// selects no item and is not completed, and adding and removing items leaves the field as it is.
 class FlagCombo : public QComboBox
 {
     Q_OBJECT
@@ -14,13 +14,13 @@ public:
     explicit FlagCombo(QWidget *parent = nullptr);
 
     QStringList items() const;
-    /// Behind the others; the selection stays.
+    /// Adds \a item at the end; the selection stays.
     void append(const QString &item);
-    /// Nothing is selected afterwards.
+    /// Removes the selected item; nothing is selected afterwards.
     void removeSelected();
 
 private:
-    /// Does \a change to the list and sees to it that the field keeps its text and caret.
+    /// Makes \a change to the list, and restores the field's text and caret.
     template <typename Change>
     void keepingText(Change change);
 };

@@ -14,15 +14,15 @@ namespace ardiphon {
 struct CompileContext;
 class FlagCombo;
 
-/// In what the lists of flags of the dialogs differ.
+/// The settings in which the lists of flags of the dialogs differ.
 struct FlagListKind
 {
     QString fileName; ///< in the program's folder
     FlagLayout layout;
-    QString firstText; ///< of the field, as long as no file gives another
+    QString firstText; ///< of the field, unless the file has another
     const char *removeButton;
     const char *helpButton;
-    Message alreadyThere; ///< told of a flag that is in the list
+    Message alreadyThere; ///< the message for a flag that is in the list already
     QString helpKeyword;
 };
 
@@ -42,7 +42,7 @@ public:
     FlagList(const FlagListKind &kind, const CompileContext &context, QWidget *dialog);
 
     QString text() const;
-    /// What the dialog does when it opens and when it closes.
+    /// To be called when the dialog opens and when it closes.
     void load();
     void save() const;
 

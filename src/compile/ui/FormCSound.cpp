@@ -20,7 +20,7 @@ namespace ardiphon {
 
 namespace {
 
-// The window with the panel, against the one without.
+// How much higher the window with the panel begins on the screen.
 constexpr int PanelRise = toPixels(2200);
 constexpr int PanelGrowth = toPixels(8400 - 3960);
 
@@ -132,11 +132,11 @@ void FormCSound::goTo(const ErrorPlace &place)
         return;
     LEditOCX &editor = place.target == ErrorTarget::Score ? m_score : m_orchestra;
     jumpToErrorLine(editor, place.line);
-    editor.setFocus(); // for when the dialog is gone: the other half may have had it
+    editor.setFocus(); // for when the dialog is closed: the other editor may have had the focus
     close();
 }
 
-/// On a small screen the window stays below its upper edge and grows no higher than it.
+/// On a small screen the window stays below the upper edge and is no higher than the screen.
 void FormCSound::openPanel()
 {
     pages().setCurrentWidget(FrameCompiler);
@@ -148,7 +148,7 @@ void FormCSound::openPanel()
     btnStop->setEnabled(true);
 }
 
-/// Back to the form, and no compile goes on behind it.
+/// Goes back to the form, and stops a compile that is still running.
 void FormCSound::closePanel()
 {
     m_runs.requestStop();

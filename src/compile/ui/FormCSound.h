@@ -19,7 +19,7 @@ public:
     /// \a orchestra and \a score: the editors in which a line with an error is selected.
     FormCSound(const CompileContext &context, LEditOCX &orchestra, LEditOCX &score);
 
-    /// Every way of closing passes here; none can be refused.
+    /// Every way of closing the dialog calls this; none is refused.
     void done(int result) override;
 
 private:
@@ -46,8 +46,8 @@ private:
     QPushButton *btnStop = nullptr;
     QPushButton *btnClose = nullptr;
     QPushButton *btnGoToError = nullptr;
-    ErrorPlace m_error; ///< what the button leads to
-    int m_raisedBy = 0; ///< how far the window went up, in pixels, when the panel opened
+    ErrorPlace m_error; ///< where the button leads
+    int m_raisedBy = 0; ///< how far the window was moved up, in pixels, when the panel opened
     int m_grownBy = 0;  ///< and how much higher it became
 };
 

@@ -4,8 +4,8 @@
 
 namespace ardiphon {
 
-/// The dialog that has the real-time compiler play a saved CSD. The compiler is left alone then:
-/// the dialog closes as soon as it is started.
+/// The dialog that starts the real-time compiler to play a saved CSD. The compiler then runs
+/// independently: the dialog closes as soon as it is started.
 class FormCSoundAV : public CompilerDialog
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ public:
     void done(int result) override;
 
 private:
-    /// Plays the document that the configuration names, whatever stands in the field.
+    /// Plays the document that the configuration names, whatever is in the field.
     void compile() override;
 
     const QString m_programFolder;

@@ -67,8 +67,8 @@ void FormCSoundCSD::buildControls()
     resize(760, 520);
 }
 
-/// A key that was pressed just before the window closed may arrive when it is gone; another run
-/// would take back the stop of the one that goes on beneath.
+/// A key that was pressed just before the window closed may arrive after that; another run would
+/// then cancel the stop of the one that is still being waited for.
 void FormCSoundCSD::compile()
 {
     if (m_closed)

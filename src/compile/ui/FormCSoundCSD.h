@@ -14,8 +14,8 @@ class LEditOCX;
 class LinkedOutput;
 
 /// The window in which a saved CSD is compiled by the console compiler. It waits for "&Compile",
-/// shows what the compiler logged, and stops the compiler whatever way it is closed. Where the log
-/// names a line of the CSD, a double click leads there.
+/// shows what the compiler logged, and stops the compiler however it is closed. Where the log names
+/// a line of the CSD, a double click leads there.
 class FormCSoundCSD : public QDialog, private RunConsole
 {
     Q_OBJECT
@@ -25,11 +25,11 @@ public:
     FormCSoundCSD(const ConfigurationBlock &config, Dialogs &dialogs, LEditOCX &editor,
                   QWidget *owner, RunSystem system = RunSystem::real());
 
-    /// Every way of closing passes here; none can be refused.
+    /// Every way of closing the window calls this; none is refused.
     void done(int result) override;
 
 protected:
-    /// Esc and Enter mean nothing to this window.
+    /// Esc and Enter do nothing in this window.
     void keyPressEvent(QKeyEvent *event) override;
 
 private:

@@ -5,7 +5,7 @@
 namespace ardiphon {
 
 /// The dialog in which a project is compiled by Winsound, a compiler with a window of its own: no
-/// log, no progress, and no stop but to leave.
+/// log, no progress, and no way to stop it but to close the dialog.
 class FormWinsound : public WaveCompileDialog
 {
     Q_OBJECT
@@ -13,7 +13,7 @@ class FormWinsound : public WaveCompileDialog
 public:
     explicit FormWinsound(const CompileContext &context);
 
-    /// Every way of closing passes here.
+    /// Every way of closing the dialog calls this.
     void done(int result) override;
 
 private:

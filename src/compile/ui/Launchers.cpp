@@ -14,7 +14,7 @@ namespace ardiphon {
 
 namespace {
 
-/// Says what there is to say, and tells whether to go on.
+/// Shows the message of \a decision, if any. True when the dialog is to be opened.
 bool mayOpen(const LaunchDecision &decision, Dialogs &dialogs)
 {
     if (decision.message)

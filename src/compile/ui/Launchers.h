@@ -7,12 +7,12 @@ namespace ardiphon {
 class LEditOCX;
 
 // What the compile commands of the editor windows do: each checks whether the saved documents can
-// be handed to its compiler, says why not or, where all is well, shows its dialog over the window
-// until that is closed.
+// be handed to its compiler, says why not, or shows its dialog over the window until that is
+// closed.
 
-/// FormCSoundCSD, for the CSD in \a editor.
+/// Opens FormCSoundCSD for the CSD in \a editor.
 void launchCsdCompile(const CompileContext &context, LEditOCX &editor);
-/// Has no dialog: Winsound starts at once, after one question.
+/// Has no dialog: starts Winsound at once, after one question.
 void launchCsdWinsound(const CompileContext &context, const LEditOCX &editor);
 /// FormCSoundAV.
 void launchCsdCSoundAV(const CompileContext &context, const LEditOCX &editor);

@@ -13,14 +13,14 @@ class LinkedOutput : public CompilerOutput
     Q_OBJECT
 
 public:
-    /// Tells whether line \a index of \a lines, some lines of the output, is a link.
+    /// Returns whether line \a index of \a lines, some lines of the output, is a link.
     using LinkTest = std::function<bool(const QStringList &lines, qsizetype index)>;
 
-    /// \a linesAround: how many lines on either side the test looks at.
+    /// \a linesAround: how many lines on either side the test needs.
     LinkedOutput(LinkTest isLink, int linesAround, QWidget *parent);
 
 signals:
-    /// The arguments are those for which the test was true.
+    /// A link was double-clicked; the arguments are those for which the test was true.
     void linkChosen(const QStringList &lines, qsizetype index);
 
 protected:

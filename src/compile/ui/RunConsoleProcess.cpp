@@ -17,11 +17,11 @@ namespace ardiphon {
 
 namespace {
 
-/// How long a killed process may take to be gone before nobody waits for it any more.
+/// How long a killed process may take to end before it is not waited for any more.
 constexpr std::chrono::seconds DeathLimit{2};
 
-/// One run. Events only wake it: all that it does, it does when control is back in it, so that
-/// runs nested in its event loop come first.
+/// One run. Events only wake it: it acts when control is back in it, so that runs nested in its
+/// event loop come first.
 class WaitingRun
 {
 public:
@@ -84,7 +84,7 @@ bool WaitingRun::run(const CompileRequest &request)
         else
             waitForNews();
     }
-    if (hasFailed()) { // which a terminal told late
+    if (hasFailed()) { // which a terminal reported late
         reportFailedStart();
         return false;
     }
@@ -93,15 +93,15 @@ bool WaitingRun::run(const CompileRequest &request)
     return true;
 }
 
-/// Waits, as short as it takes, until the program runs or could not start. What the user does
-/// meanwhile is handled afterwards.
+/// Waits until the program runs or could not start, which is soon. What the user does meanwhile is
+/// handled afterwards.
 bool WaitingRun::start(const CompileRequest &request)
 {
     const bool asked = m_console && std::exchange(m_owner.StopRequested, false);
     m_session.start(request);
     waitUntil([this] { return m_session.isStarted(); });
     const bool started = !hasFailed();
-    if (!started && asked) // that request was meant for the run around this one
+    if (!started && asked) // that request was for the run that waits outside this one
         m_owner.StopRequested = true;
     return started;
 }

@@ -10,18 +10,18 @@ namespace ardiphon {
 
 class Dialogs;
 
-/// What a run takes from the system; tests replace it.
+/// What a run needs from the system; tests replace it.
 struct RunSystem
 {
     std::function<qint64()> tickCount; ///< milliseconds of a clock that only goes forward
     std::function<void()> beep;
-    /// Where the program is that keeps a terminal open; "" for no terminal.
+    /// The folder of the program that keeps a terminal open; "" for no terminal.
     QString programFolder = {};
 
     static RunSystem real();
 };
 
-/// What a window with a console lets its runs do to it.
+/// What the runs of a window with a console do with that window.
 class RunConsole
 {
 public:
@@ -31,15 +31,15 @@ public:
     virtual void setConsoleText(const QString &text) = 0;
 };
 
-/// The runs of one compile window, for the window's life. The window's handlers talk to a run,
-/// which lies beneath them on the stack, through requestStop() alone.
+/// The runs of one compile window, for the window's life. The window's handlers, which are called
+/// from within a waiting run, use nothing of it but requestStop().
 class RunOwner : public QObject
 {
     Q_OBJECT
 
 public:
     /// \a console is null for a window that has none: its runs name no log file, show no progress
-    /// and end without a beep, and they never take back a stop.
+    /// and end without a beep, and they never cancel a stop request.
     RunOwner(Dialogs &dialogs, RunSystem system, RunConsole *console);
 
     bool StopRequested = false;
@@ -47,7 +47,7 @@ public:
     QString compileLogFile;      ///< deleted before each run of a window with a console
     QString documentFolder;      ///< where files with relative names land
 
-    /// Ends every run of this window as soon as control is back in it.
+    /// Requests the end of every run of this window, each as soon as control is back in it.
     void requestStop();
     /// Milliseconds since the last run began.
     qint64 elapsed() const { return m_system.tickCount() - CompileStartTick; }
@@ -65,10 +65,10 @@ private:
     RunConsole *m_console;
 };
 
-/// Runs a CompileSession and returns when that has ended, was stopped or could not start; events
-/// are handled meanwhile. True when it ended by itself, whatever its exit code: only then the
-/// window's closing steps are due. A failed start is told to the user here. \a parameters are the
-/// text of the arguments, as commandOf takes it.
+/// Runs a CompileSession and returns when it has ended, was stopped or could not start; events are
+/// handled meanwhile. True when it ended by itself, whatever its exit code: only then the window's
+/// final steps follow. A failed start is reported to the user here. \a parameters are the arguments
+/// as one text, as for commandOf().
 ///
 /// While a call waits, the window may start another, which returns before this one goes on, and may
 /// close, which stops every run of it, the inner ones first; but \a owner has to live until the

@@ -67,8 +67,8 @@ bool WaveCompileDialog::refuseFlag(QChar letter)
     return true;
 }
 
-/// A key that was pressed just before the dialog closed may arrive when it is gone; another run
-/// would take back the stop of the one that goes on beneath.
+/// A key that was pressed just before the dialog closed may arrive after that; another run would
+/// then cancel the stop of the one that is still being waited for.
 void WaveCompileDialog::compile()
 {
     if (!m_left && flagsAreAllowed() && !Wave->text().isEmpty() && freeWave())
