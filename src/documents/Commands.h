@@ -4,12 +4,12 @@
 
 namespace ardiphon {
 
-// What both editor windows have: commands with their keys, submenus and the popup menu.
+// For both editor windows: commands with their keys, submenus and the popup menu.
 std::span<const Command> editorCommands();
 std::span<const Shortcut> editorShortcuts();
 std::span<const Menu> editorSubmenus();
 const Menu &editorPopup();
-/// Entries of the popup and of the menus that stand for one another.
+/// Entries of the popup that do the same as entries of the menus.
 std::span<const CommandAlias> editorAliases();
 
 // The CSD window: its own commands and keys, its menu bar from left to right and its toolbar.

@@ -6,7 +6,8 @@ namespace ardiphon {
 
 namespace {
 
-/// The tags begin and end with signs that are no part of a word, so each match is a whole word.
+/// The tags begin and end with characters that are not part of a word, so each match is a whole
+/// word.
 std::optional<QString> partOf(const QString &csd, QLatin1String section)
 {
     const QString opening = u'<' + section + u'>';

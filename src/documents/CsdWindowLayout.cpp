@@ -11,9 +11,9 @@ constexpr int PanelLeft = 30;
 constexpr int PanelWidth = 2150;
 constexpr int LabelIndent = 30;
 constexpr int LabelHeight = 240;
-constexpr int LineWidth = 15; // of the line between the views: a pixel
+constexpr int LineWidth = 15; // of the line between the views: one pixel
 
-/// The height of the band above the text that the help panels and the toolbar take.
+/// The height that the help panels and the toolbar take above the text.
 int topBand(const CsdWindowState &state)
 {
     if (state.OnLineHelpVisible)
@@ -34,7 +34,7 @@ void placeTopBand(CsdWindowLayout &layout, const CsdWindowState &state)
     layout.TextParametri = rect(50, top + 300, state.innerWidth - 100, 340);
 }
 
-/// The text area: one view, or two of half its height, each behind its gutter.
+/// The text area: one view, or two of half its height, each beside its gutter.
 void placeViews(CsdWindowLayout &layout, const CsdWindowState &state, const QRect &area)
 {
     const int left = area.left() + (state.LineNumbersVisible ? state.gutterWidth : 0);
@@ -55,7 +55,7 @@ QRect labelAbove(const QRect &list, int distance)
 }
 
 /// The three lists under one another beside the text, each below its label, and the instrument
-/// search at the foot of the window.
+/// search at the bottom of the window.
 void placeSidePanel(CsdWindowLayout &layout, const CsdWindowState &state, const QRect &area)
 {
     const int available = std::max(area.height() - 1100, 0);

@@ -4,7 +4,7 @@
 
 namespace ardiphon {
 
-/// What the places of the CSD window's controls depend on. Lengths are twips.
+/// What the places of the CSD window's controls depend on. Lengths are in twips.
 struct CsdWindowState
 {
     int innerWidth = 0;
@@ -17,8 +17,8 @@ struct CsdWindowState
     bool split = false;
 };
 
-/// Where the controls of the CSD window stand, in twips from the top left corner inside it. A
-/// control that is hidden has the place that it would take.
+/// The places of the controls of the CSD window, in twips from its inner top left corner. A hidden
+/// control has the place that it would take.
 struct CsdWindowLayout
 {
     QRect Toolbar1;
@@ -35,10 +35,10 @@ struct CsdWindowLayout
     QRect LabelTags;
     QRect List1;
     QRect Frame1;
-    QRect splitLine; ///< over the foot of LEDIT1 and of its gutter
+    QRect splitLine; ///< over the bottom of LEDIT1 and of its gutter
 };
 
-/// The layout rules of the CSD window. No length comes out negative, however small the window is.
+/// The layout rules of the CSD window. No length is negative, however small the window is.
 CsdWindowLayout ArrangeWindow(const CsdWindowState &state);
 
 } // namespace ardiphon

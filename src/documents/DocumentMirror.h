@@ -7,10 +7,11 @@ namespace ardiphon {
 struct ConfigurationBlock;
 class Document;
 
-// The configuration names the open documents for those who read them there: the compilers, the
-// printing, the window that is opened next. The documents themselves do not.
+// The configuration has the names of the open documents for the parts that read them there: the
+// compilers, printing, the window that is opened next. The documents themselves do not read them.
 
-/// Writes the name of \a document into the field of its role. What changes a document calls this.
+/// Writes the name of \a document into the field of its role. To be called after each change of a
+/// document.
 void mirrorDocument(ConfigurationBlock &config, const Document &document);
 
 /// Writes whether the bookmarks of the document of that role have changed.

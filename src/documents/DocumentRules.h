@@ -6,7 +6,7 @@
 
 namespace ardiphon {
 
-/// The name that the program bears in the titles of its editor windows.
+/// The name of the program in the titles of its editor windows.
 inline const QString WindowTitle = QStringLiteral("ArdiphonPro - Version " ARDIPHON_VERSION);
 
 /// The title of the CSD window for a document of that name.

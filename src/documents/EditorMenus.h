@@ -4,8 +4,8 @@
 
 namespace ardiphon {
 
-// What the menus and toolbars of both editor windows hold alike; a command that a window lacks is
-// left out there.
+// What the menus and toolbars of both editor windows have in common; a command that a window does
+// not have is left out there.
 
 inline constexpr const char *EditMenu[] = {
     "menuModificaUndo",        "menuModificaRedo",      nullptr, "menuModificaTaglia",

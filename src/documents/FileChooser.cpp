@@ -33,8 +33,7 @@ std::optional<QString> FileChooser::save(const QString &title, const QString &fi
 
 void FileChooser::returnToWorkingDirectory() { m_folder = m_config.WorkingDirectory; }
 
-/// The next dialog begins where the user just was, as long as it is another folder than the working
-/// directory.
+/// The next dialog begins in the folder of \a path, unless that is the working directory.
 void FileChooser::follow(const std::optional<QString> &path)
 {
     if (!path)

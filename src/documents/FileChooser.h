@@ -10,14 +10,14 @@ struct ConfigurationBlock;
 struct ProgramContext;
 class Dialogs;
 
-/// The file dialogs of an editor window. They share the folder that they begin in: that of the file
-/// chosen last, or the working directory.
+/// The file dialogs of an editor window. They share the folder in which they begin: that of the
+/// last chosen file, or the working directory.
 class FileChooser
 {
 public:
     explicit FileChooser(ProgramContext &program);
 
-    /// Each asks for a file and gives its path; nothing for a cancel.
+    /// Each asks for a file and returns its path; nothing when the user cancels.
     std::optional<QString> open(const QString &title, const QString &filter);
     std::optional<QString> save(const QString &title, const QString &filter,
                                 const QString &proposedName = {});

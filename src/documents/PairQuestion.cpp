@@ -19,14 +19,14 @@ Message wouldBeOneFile(const QString &scorePath)
                 .arg(nameOf(scorePath))};
 }
 
-/// The question that the dialog itself asks for the file that was chosen in it.
+/// The same question that a file dialog asks for the file chosen in it.
 Message replaceQuestion(const QString &title, const QString &path)
 {
     return {QStringLiteral("%1 already exists.\r\nDo you want to replace it?").arg(nameOf(path)),
             title, MessageIcon::Exclamation, MessageButtons::YesNo, true};
 }
 
-/// Where the orchestra's file exists, the dialog has asked already.
+/// Where the orchestra's file exists, the file dialog has asked already.
 bool mayWritePair(Dialogs &dialogs, const QString &title, const PairChoice &pair)
 {
     if (isOneFile(pair.orchestra, pair.score)) {

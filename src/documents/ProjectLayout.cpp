@@ -13,9 +13,9 @@ constexpr int ToolbarHeight = 400;
 constexpr int ColumnWidth = 360; // of the halves' toolbars in the horizontal arrangement
 constexpr int LeastColumnHeight = 1000;
 constexpr int LabelHeight = 300;
-constexpr int RowsAboveEditor = 450; // a label and a toolbar, beside what the common start leaves
-constexpr int LineWidth = 15;        // of the line between the halves: a pixel
-constexpr int GripIndent = 250;      // how far the vertical grip reaches back from the boundary
+constexpr int RowsAboveEditor = 450; // a label and a toolbar, below placeTopBand()
+constexpr int LineWidth = 15;        // of the line between the halves: one pixel
+constexpr int GripIndent = 250;      // how far the vertical grip is left of the boundary
 
 QRect rect(int left, int top, int width, int height)
 {
@@ -29,8 +29,8 @@ int gutterWidth(const ProjectWindowState &state)
     return state.LineNumbersVisible ? state.gutterWidth : 0;
 }
 
-/// The common start of every arrangement: the toolbar and the help panels. Gives the top of what
-/// is left below them.
+/// The common start of every arrangement: the toolbar and the help panels. Returns the top of the
+/// room below them.
 int placeTopBand(ProjectLayout &layout, const ProjectWindowState &state)
 {
     const int top = state.ToolbarVisible ? ToolbarHeight : 0;
@@ -40,14 +40,14 @@ int placeTopBand(ProjectLayout &layout, const ProjectWindowState &state)
     return top + (state.OnLineHelpVisible ? 1000 : 220);
 }
 
-/// The column of buttons takes the height that they need, as far as its editor reaches.
+/// The column of buttons has the height that they need, but is not higher than its editor.
 QRect column(const ProjectWindowState &state, const QRect &editor)
 {
     const int height = std::min(state.columnHeight, editor.height() - 50);
     return rect(0, editor.y() + 50, ColumnWidth, std::max(height, LeastColumnHeight));
 }
 
-/// What stands around an editor of the horizontal arrangement.
+/// Places the controls around an editor of the horizontal arrangement.
 void followHorizontal(HalfLayout &half, const ProjectWindowState &state)
 {
     const QRect &editor = half.editor;
@@ -57,7 +57,7 @@ void followHorizontal(HalfLayout &half, const ProjectWindowState &state)
     half.gutter = rect(ColumnWidth, editor.y(), state.gutterWidth, editor.height());
 }
 
-/// What stands around an editor whose half begins at \a left and has its rows above it.
+/// Places the controls around an editor whose half begins at \a left and has its rows above it.
 void followRows(HalfLayout &half, const ProjectWindowState &state, int left, const QRect &label,
                 int toolbarWidth)
 {

@@ -6,16 +6,17 @@
 
 namespace ardiphon {
 
-/// How the saving of a document ended: a Cancelled one was not wanted after all; a Refused one was,
-/// but not in the place of the file that it met.
+/// How saving a document ended. Cancelled: the user did not want it after all. Refused: the user
+/// wanted it, but not in place of the file that is there.
 enum class SaveResult { Saved, Cancelled, Refused, Failed };
 
-/// A question with \a firstLine above the words that ask for a save.
+/// A question with \a firstLine above the words that ask whether to save.
 Message saveQuestion(const QString &title, const QString &firstLine);
 
-/// Asks whether to save, as long as \a isModified. A Yes runs \a save, whose cancel does not stop
-/// the operation; but a save that failed or was refused brings the question back: the user, who
-/// wanted the text saved, would lose it. Gives the last answer; Yes where nothing was to be asked.
+/// Asks whether to save, as long as \a isModified. Yes calls \a save. A save that was cancelled
+/// does not stop the operation; after one that failed or was refused the question is asked again,
+/// as the user wanted the text saved and would lose it. Returns the last answer; Yes when there was
+/// nothing to ask.
 Answer askToSave(Dialogs &dialogs, const Message &question, const std::function<bool()> &isModified,
                  const std::function<SaveResult()> &save);
 

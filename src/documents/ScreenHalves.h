@@ -6,11 +6,11 @@ namespace ardiphon {
 
 enum class ScreenHalf { Upper, Lower, Left, Right };
 
-/// The size of a window that does not fill a work area of that size: large enough to work in, with
-/// room around it for a frame and for a glance at what lies behind.
+/// The size of a window on a work area of that size that is not maximised: large enough to work in,
+/// with room for its frame and for a view of what is behind it.
 QSize normalSize(const QSize &workArea);
 
-/// That half of \a workArea; the other dimension stays whole.
+/// The given half of \a workArea.
 QRect halfOf(const QRect &workArea, ScreenHalf half);
 
 } // namespace ardiphon

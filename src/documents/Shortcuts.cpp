@@ -1,4 +1,4 @@
-// Every key of the editor windows that is more than typing and moving by a letter or a line.
+// Every key of the editor windows that does more than type, or move by a letter or a line.
 
 #include "documents/Commands.h"
 

@@ -6,7 +6,7 @@
 
 namespace ardiphon {
 
-/// The text of the file at \a path, with CR LF line ends. A file that is no UTF-8 is taken as
+/// The text of the file at \a path, with CR LF line ends. A file that is not UTF-8 is read as
 /// Latin-1, as in an editor.
 Result<QString> readTextFile(const QString &path);
 

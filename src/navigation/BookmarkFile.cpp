@@ -11,7 +11,7 @@ namespace ardiphon {
 
 namespace {
 
-// Each slot is a record of two fields, single-byte characters filled up with blanks.
+// Each slot is a record of two fields of single-byte characters, padded with blanks.
 constexpr int FieldLength = 20;
 constexpr int RecordLength = 2 * FieldLength;
 const QString NoBookmark = QStringLiteral("[NONE]");
@@ -49,7 +49,7 @@ QString bookmarkFilePath(const QString &documentPath, const QString &extension)
 QString bookmarkText(const QString &lineText)
 {
     QString text = withoutBlanksAround(QStringView(lineText).left(ShownCharacters)).toString();
-    text.replace(u'\r', u' ').replace(u'\t', u' '); // which may leave blanks around again
+    text.replace(u'\r', u' ').replace(u'\t', u' '); // this may leave blanks at the ends again
     return QStringLiteral("-> ") + withoutBlanksAround(text).toString();
 }
 

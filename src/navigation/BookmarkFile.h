@@ -23,23 +23,23 @@ struct Bookmark
     friend bool operator==(const Bookmark &, const Bookmark &) = default;
 };
 
-/// Slot 1 stands at index 0.
+/// The slots of a document; slot 1 is at index 0.
 using BookmarkSet = std::array<Bookmark, BookmarkSlots>;
 
 /// The side file of a document: its path up to its last ".", and \a extension ("bkm", "bko",
-/// "bks"). A path without a "." gives the bare extension.
+/// "bks"). For a path without a "." it is the extension alone.
 QString bookmarkFilePath(const QString &documentPath, const QString &extension);
 
-/// What the tree shows of a bookmark on a line with that text: "-> " and its beginning, which has
-/// no blanks around it; "-> " alone for a line that begins with nothing else.
+/// What the tree shows for a bookmark on a line with that text: "-> " and the beginning of the text
+/// without blanks at its ends; "-> " alone where that is blank.
 QString bookmarkText(const QString &lineText);
 
-/// Writes the side file, wholly or not at all, or removes it when every slot is free. Gives whether
-/// a file was written.
+/// Writes the side file, wholly or not at all, or removes it when every slot is free. Returns
+/// whether a file was written.
 Result<bool> writeBookmarkFile(const QString &path, const BookmarkSet &bookmarks);
 
-/// Reads a side file. A failure when there is none, or it cannot be read; a file that is cut short
-/// or holds no numbers gives slots with blank texts or without a line.
+/// Reads a side file. A failure when there is none, or it cannot be read; a file that is too short
+/// or has no numbers gives slots with blank texts or without a line.
 Result<BookmarkSet> readBookmarkFile(const QString &path);
 
 } // namespace ardiphon

@@ -4,11 +4,12 @@
 
 namespace ardiphon {
 
-/// How one of the two commands looks for a word: all in which Definition and Reference differ.
+/// How one of the two commands looks for a word: everything in which Definition and Reference
+/// differ.
 struct DefinitionRules
 {
     bool takesMacros;         ///< "$" and "." around a word are cut off, and a "$" makes it global
-    const char *globalLine;   ///< on a line that holds this text every word is global
+    const char *globalLine;   ///< on a line with this text every word is global
     bool globalFromTop;       ///< global words: the first from the top, else the next one
     bool localFromInstrument; ///< local words: the first in the instrument, else the next one
     bool focusesWithoutWord;  ///< with no word or no text at all the editor still gets the focus
@@ -24,7 +25,7 @@ struct WordToFind
     bool global = false;
 };
 
-/// What \a rules make of \a word, the word at the caret, which stands on \a lineText.
+/// What to search for by \a rules with the caret on \a word, in a line with \a lineText.
 WordToFind wordToFind(const DefinitionRules &rules, const QString &word, const QString &lineText);
 
 /// The captions of the two entries while they are shown for \a word.

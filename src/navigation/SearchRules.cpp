@@ -10,9 +10,9 @@ namespace ardiphon {
 
 namespace {
 
-constexpr int RoomAround = 16; // pixels, so that the lines beside a match are seen too
+constexpr int RoomAround = 16; // pixels, so that the lines around a match are visible too
 
-/// Moved into the screen where that can be; a window that is too large begins at its left and top.
+/// The place of \a window moved into the screen; one that is too large begins at its left or top.
 QPoint placeWithin(const QRect &window, const QRect &screen)
 {
     const int right = screen.x() + screen.width() - window.width();

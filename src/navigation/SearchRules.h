@@ -7,7 +7,7 @@
 
 namespace ardiphon {
 
-/// The values that the editor's `FindDirection` takes.
+/// The values of the editor's `FindDirection`.
 namespace FindDirection {
 inline constexpr int Up = 0;     ///< from the selection's start to the top
 inline constexpr int Down = 1;   ///< from the selection's end to the bottom
@@ -22,21 +22,21 @@ inline const QString ScoreCaller = QStringLiteral("SCORE");
 /// The caption of a search window: its title, and the editor where the window has two of them.
 QString captionForCaller(const QString &title, const QString &caller);
 
-/// As many characters of a text to find are taken as a field still shows without delay.
+/// How many characters of a text to find are used: as many as a field shows without delay.
 inline constexpr int LongestFieldText = 250'000;
 
-/// What a search window takes over from a selection: the text without the blanks around it, cut
-/// behind `LongestFieldText` characters. Tabs and line ends belong to what is searched for.
+/// The text to find that a search window takes from a selection: without blanks at its ends, cut
+/// after `LongestFieldText` characters. Tabs and line ends stay, as they are searched for.
 QString fieldTextFromSelection(const QString &selection);
 
-/// The line that a user asks for by \a text: its number rounded to the nearest whole one, a half to
-/// the even neighbour, kept within an int. Empty when the text is no number. Whether the document
-/// has such a line is not looked at.
+/// The line that a user asks for by \a text: the number rounded to the nearest whole one, a half to
+/// the even neighbour, limited to an int. Empty when the text is not a number. Whether the document
+/// has such a line is not checked.
 std::optional<int> lineNumberFrom(const QString &text);
 
-/// Where a window is to stand that must not cover \a match: where it stands if it does not, else at
-/// the nearest place above, below or beside the match, with a little room between and within
-/// \a screen. Where no such place is left it stays.
+/// The place of a window that must not cover \a match: its present place if it does not, else the
+/// nearest place within \a screen above, below or beside the match, with a little room between.
+/// Where there is no such place it stays.
 QPoint placeBesideMatch(const QRect &window, const QRect &match, const QRect &screen);
 
 } // namespace ardiphon

@@ -8,7 +8,7 @@ class QVBoxLayout;
 
 namespace ardiphon {
 
-/// The panel with the bookmarks of a project: a heading by which it is moved, and under it a framed
+/// The panel with the bookmarks of a project: a heading by which it is moved, and below it a framed
 /// tree for each half.
 class BookmarksPanel : public QFrame
 {
@@ -17,7 +17,7 @@ class BookmarksPanel : public QFrame
 public:
     explicit BookmarksPanel(QWidget *parent);
 
-    /// Takes \a tree into a frame of that name with that title.
+    /// Puts \a tree into a frame with that name and title.
     void add(const QString &name, const QString &title, QTreeWidget *tree);
 
     QWidget *grip() const;

@@ -28,12 +28,12 @@ public:
     QList<EditorView> views() const override;
     void arrange() override;
 
-    /// Tells \a tools which of the controls belong to each tool.
+    /// Adds the controls of each tool to \a tools.
     void groupTools(ToolToggles &tools);
 
     bool isSplit() const;
-    /// Shows or hides the second view with what belongs to it. The focus goes to the first one
-    /// where the second had it.
+    /// Shows or hides the second view with its gutter. If it had the focus, the focus goes to the
+    /// first one.
     void setSplit(bool on);
 
     LEditOCX *LEDIT1;

@@ -62,7 +62,7 @@ void CsdDocument::Open()
         return;
     saveBookmarksIfChanged();
     if (const auto path = files().open(QStringLiteral("Open File"), OpenFilter)) {
-        take(document().renamed(*path)); // also where it is an orchestra or a score
+        take(document().renamed(*path)); // also where the name is that of an orchestra or a score
         openPath(*path);
     }
 }
@@ -96,7 +96,7 @@ bool CsdDocument::openPath(const QString &path)
         open(path);
         return true;
     }
-    nameDocument(config(), path); // there the project's window looks
+    nameDocument(config(), path); // the project's window reads the name there
     handOverToProject();
     return false;
 }
@@ -138,7 +138,7 @@ void CsdDocument::ExportToProject()
                    proposedName(fileName(), QStringLiteral(".orc")));
     if (!pair.isMade())
         return;
-    // Where one of them fails, the other is of use all the same.
+    // Where one of them fails, the other is still useful.
     for (const auto &[path, text] : {std::pair(pair.orchestra, *orchestra), {pair.score, *score}})
         if (const auto written = writeTextFile(path, text); !written)
             program().dialogs.message({notSavedText(path, written.failure())});

@@ -6,15 +6,14 @@
 
 namespace ardiphon {
 
-/// The life of the CSD document that an editor holds: new, open, save, the question before its text
-/// is dropped, and its way to and from an orchestra and a score. It knows nothing of the window
-/// around it.
+/// The CSD document in an editor: new, open, save, the question before its text is discarded, and
+/// the conversion to and from an orchestra and a score. It does not know the window.
 class CsdDocument : public EditedFile
 {
     Q_OBJECT
 
 public:
-    /// \a chooseNew asks what kind of document to begin, and gives what FormNew::choose gives.
+    /// \a chooseNew asks what kind of document to begin, and returns what FormNew::choose returns.
     CsdDocument(LEditOCX &editor, Bookmarks &bookmarks, ProgramContext &program, FileChooser &files,
                 std::function<QString()> chooseNew, QObject *parent);
 
@@ -33,19 +32,19 @@ public:
     /// Replaces the document by one made from an orchestra and a score.
     void ImportProject();
 
-    /// Asks whether to save a modified text before the program is left. False for a Cancel.
-    /// \a saved tells whether the steps that belong to saving are due: they are not after a No.
+    /// Asks whether to save a modified text before the program ends. False after Cancel. \a saved
+    /// becomes whether the further steps of saving are to follow: not after No.
     bool mayLeave(bool &saved);
 
 signals:
-    /// The configuration names an orchestra or a score to open: its window takes over.
+    /// The configuration names an orchestra or a score; the project's window is to open it.
     void projectWindowRequested();
-    /// The title names the program first, as long as no other is due.
+    /// The title with the program's name first is to be shown, until titleChanged().
     void programFirstTitleRequested();
 
 private:
     bool mayDropText(const QString &title);
-    /// False when the file is one for the project's window, which takes over.
+    /// False when the file is for the project's window, which is asked to open it.
     bool openPath(const QString &path);
     void open(const QString &path);
     void handOverToProject();

@@ -11,7 +11,7 @@ namespace ardiphon {
 
 namespace {
 
-constexpr int Pause = 10; // milliseconds, before it is tried again
+constexpr int Pause = 10; // milliseconds until the next attempt
 constexpr int ProgramsOwnLoop = 1;
 
 } // namespace

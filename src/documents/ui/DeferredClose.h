@@ -7,9 +7,9 @@ class QWidget;
 
 namespace ardiphon {
 
-/// Puts a closing of a window off while one of its dialogs has not returned yet: a dialog hides
-/// before it returns, and the window manager may close the window in between. Without the window
-/// the dialog would have nothing to return to.
+/// Delays the closing of a window until its dialogs have returned: a dialog hides before it
+/// returns, and the window manager may close the window in between. Without the window the dialog
+/// would have nothing to return to.
 class DeferredClose : public QObject
 {
     Q_OBJECT
@@ -17,8 +17,8 @@ class DeferredClose : public QObject
 public:
     explicit DeferredClose(QWidget &window);
 
-    /// Whether the user closes the window with \a event, at once or in a closing that was put off
-    /// before. That one is forgotten.
+    /// Whether \a event, or a delayed closing before it, comes from the user. Forgets the delayed
+    /// one.
     bool takeByUser(const QCloseEvent &event);
 
 protected:
@@ -26,7 +26,7 @@ protected:
 
 private:
     QWidget &m_window;
-    bool m_byUser = false; ///< as a closing that was put off has said
+    bool m_byUser = false; ///< a delayed closing came from the user
 };
 
 } // namespace ardiphon

@@ -47,7 +47,7 @@ SaveResult EditedFile::save()
     switch (askToOverwrite()) {
     case Answer::Yes:
         return saveTo(m_document.name());
-    case Answer::SaveAs: // whoever gives no other name then still wanted the text saved
+    case Answer::SaveAs: // a user who then gives no other name still wanted the text saved
         return saveAs() == SaveResult::Saved ? SaveResult::Saved : SaveResult::Refused;
     default:
         return SaveResult::Refused;
@@ -65,7 +65,7 @@ Answer EditedFile::askToSave(const QString &title, const QString &firstLine,
     return answer;
 }
 
-/// Yes where there is nothing to lose.
+/// The answer is Yes where there is nothing to lose.
 Answer EditedFile::askToOverwrite()
 {
     const SaveConflict conflict = m_document.conflict();
@@ -89,9 +89,9 @@ SaveResult EditedFile::saveAs()
     return result;
 }
 
-/// A save that failed says why, and leaves the text modified, so that no later question forgets it.
-/// Under a new name nothing has happened then; but a file of the document's own name that was given
-/// up is not asked for again.
+/// A save that fails says why, and leaves the text modified, so that the user is asked again later.
+/// After a failure under a new name the document is as it was; under its own name, the user has
+/// agreed to lose the file that is there, and is not asked about that again.
 SaveResult EditedFile::saveTo(const QString &path)
 {
     const auto written = m_editor.SaveFile(path);
@@ -110,7 +110,7 @@ SaveResult EditedFile::saveTo(const QString &path)
     return written ? SaveResult::Saved : SaveResult::Failed;
 }
 
-/// The marker of an untitled document is a name here.
+/// The marker of an untitled document counts as a name here.
 void EditedFile::Properties()
 {
     if (m_document.name().isEmpty())
@@ -126,7 +126,7 @@ void EditedFile::load(const QString &path)
     if (form)
         ClearFileAttributes(path);
     take(Document::loaded(m_document.role(), path, form ? *form : DocumentForm()));
-    // A name without a file is that of a document to be.
+    // A name without a file is that of a new document.
     if (!form && form.failure().kind != FileFailure::Kind::NotThere)
         m_program.dialogs.message({notOpenedText(path, form.failure())});
     m_bookmarks.clear();

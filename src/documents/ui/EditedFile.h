@@ -19,21 +19,21 @@ class LEditOCX;
 /// The texts of one document's dialogs.
 struct FileTexts
 {
-    QString overwriteTitle; ///< of the question before a file is lost that is not as it was here
+    QString overwriteTitle; ///< of the question before another file is overwritten
     QString saveAsTitle;
     QString saveAsFilter;
-    QString missingFile; ///< what is said where properties are asked for and there is no name
+    QString missingFile; ///< the message when properties are asked for and there is no name
 };
 
 /// One text and its file: an editor, its bookmarks, and the record of the document, which the
-/// configuration mirrors. What every document of the editor windows does: load, save, begin afresh.
-/// Each failure is told once, with its reason.
+/// configuration mirrors. What every document of the editor windows does: load, save, begin again.
+/// Each failure is reported once, with its reason.
 class EditedFile : public QObject
 {
     Q_OBJECT
 
 public:
-    /// A document of no name, which the configuration does not mirror yet.
+    /// Begins with a document without a name, which the configuration does not mirror yet.
     EditedFile(DocumentRole role, LEditOCX &editor, Bookmarks &bookmarks, FileTexts texts,
                ProgramContext &program, FileChooser &files, QObject *parent);
 
@@ -45,7 +45,7 @@ public:
     bool isModified() const;
     void clearModified();
 
-    // The commands. Whether they saved is seen at the mark of the modified text.
+    // The commands. The mark of a modified text shows whether they saved.
     void Save() { std::ignore = save(); }
     void SaveAs() { std::ignore = saveAs(); }
     /// Writes the file; a document without one asks for its name.
@@ -54,27 +54,28 @@ public:
     /// Writes the document to \a path, which becomes its name once it is written.
     [[nodiscard]] SaveResult saveTo(const QString &path);
 
-    /// Has the properties of the file shown.
+    /// Asks for the properties of the file to be shown; without a name a message says so.
     void Properties();
 
-    /// Takes text and bookmarks from the file at \a path, which becomes its name whether it can be
-    /// read or not. A read-only file that was read becomes writable for its owner, unasked.
+    /// Reads text and bookmarks from the file at \a path, which becomes its name whether it can be
+    /// read or not. A read-only file that was read becomes writable for its owner, without a
+    /// question.
     void load(const QString &path);
-    /// Empties the document, which goes by \a name from now on.
+    /// Empties the document, whose name is \a name from now on.
     void beginEmpty(const QString &name);
     /// Gives the document a name whose file, if there is one, was neither read nor written here.
     void rename(const QString &name);
-    /// Leaves the text to nobody: it counts as unmodified, and has no name any more. What shows the
-    /// name stays as it is, as its window is about to close.
+    /// Gives up the text: it counts as unmodified, and has no name any more. The shown name stays,
+    /// as the window is about to close.
     void giveUp();
     void saveBookmarksIfChanged();
 
 signals:
-    /// The name is to be shown afresh: it changed, or the text is as it was saved.
+    /// The name changed, or the text is not modified any more: the title is to be written again.
     void titleChanged();
-    /// An empty document stands in the editor.
+    /// An empty document is in the editor.
     void begun();
-    /// Another document's text stands in the editor.
+    /// Another document's text is in the editor.
     void loaded();
     /// The properties of that file are to be shown.
     void propertiesRequested(const QString &path);
@@ -85,13 +86,13 @@ protected:
     ProgramContext &program() const { return m_program; }
     ConfigurationBlock &config() const;
     FileChooser &files() const { return m_files; }
-    /// The save question of a modified text. A Cancel gives the focus to \a focusedOnCancel.
+    /// Asks whether to save a modified text. Cancel gives the focus to \a focusedOnCancel.
     Answer askToSave(const QString &title, const QString &firstLine, LEditOCX &focusedOnCancel);
-    /// Makes \a document the record, which the configuration mirrors from now on.
+    /// Makes \a document the record, and has the configuration mirror it.
     void take(const Document &document);
     /// Puts the document on the recent list.
     void noteOpened();
-    /// Takes the bookmarks of the document at \a path from its side file, if it has one.
+    /// Reads the bookmarks of the document at \a path from its side file, if it has one.
     virtual void loadBookmarks(const QString &path);
 
 private:

@@ -8,7 +8,7 @@ Gutter *EditorArea::newGutter(const QString &name, LEditOCX &editor)
 {
     auto *const gutter = new Gutter(editor, m_config, this);
     gutter->setObjectName(name);
-    // The signal comes while the view is drawn, which must not be moved then.
+    // The signal comes while the view is being drawn, when it must not be moved.
     connect(gutter, &Gutter::textWidthChanged, this, &EditorArea::arrange, Qt::QueuedConnection);
     return gutter;
 }

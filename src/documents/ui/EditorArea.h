@@ -11,8 +11,8 @@ class Gutter;
 class LEditOCX;
 struct ConfigurationBlock;
 
-/// The centre of an editor window: the views with all that stands around them. It gives its
-/// controls their places by its own size, so nothing beside it has to know them.
+/// The centre of an editor window: the views with all that is around them. It places its controls
+/// by its own size, so nothing outside has to know them.
 class EditorArea : public QWidget
 {
     Q_OBJECT
@@ -20,14 +20,14 @@ class EditorArea : public QWidget
 public:
     explicit EditorArea(ConfigurationBlock &config) : m_config(config) {}
 
-    /// The first view first.
+    /// The views, the first one first.
     virtual QList<EditorView> views() const = 0;
-    /// Gives every control its place, after something other than the size has changed.
+    /// Places every control; to be called when something other than the size has changed.
     virtual void arrange() = 0;
 
 protected:
     ConfigurationBlock &config() const { return m_config; }
-    /// Line numbers of \a editor that have the area arranged when they become wider.
+    /// Makes line numbers for \a editor; the area is arranged again when their width changes.
     Gutter *newGutter(const QString &name, LEditOCX &editor);
     void resizeEvent(QResizeEvent *event) override;
 

@@ -13,15 +13,14 @@ namespace ardiphon {
 class LEditOCX;
 struct ConfigurationBlock;
 
-// The controls that the areas of both editor windows are built of. Each stands on \a area and bears
-// \a name.
+// The controls of the areas of both editor windows. Each is a child of \a area with that \a name.
 
-/// An editor with the settings of \a config, coloured by the rule of \a language.
+/// An editor with the settings of \a config, coloured by the rules for \a role.
 LEditOCX *newEditor(const QString &name, DocumentRole role, ConfigurationBlock &config,
                     QWidget *area);
-/// On a light ground, as its nodes are blue.
+/// A tree on a light background, as its nodes are blue.
 QTreeWidget *newTree(const QString &name, QWidget *area);
-/// Shows \a caption as it is; a file name may look like markup.
+/// A label that shows \a caption as it is; a file name may look like markup.
 QLabel *newLabel(const QString &name, const QString &caption, QWidget *area);
 /// \a iconSize: in logical pixels.
 QToolBar *newToolbar(const QString &name, int iconSize, QWidget *area);

@@ -20,8 +20,8 @@ class SearchWindows;
 class ToolToggles;
 class WindowFeature;
 
-/// What both editor windows are: an area of controls around one or two editors, commands from
-/// tables, and features that are joined to them. It knows neither of the windows.
+/// The base of both editor windows: an area of controls around one or two editors, commands from
+/// tables, and features that are added to them. It knows neither of the two windows.
 class EditorWindow : public QMainWindow, public FeatureHost
 {
     Q_OBJECT
@@ -29,8 +29,8 @@ class EditorWindow : public QMainWindow, public FeatureHost
 public:
     ~EditorWindow() override;
 
-    /// Joins \a feature to the window, which keeps it. Every editor window installs those that the
-    /// program has before it fills its menus; one that comes later shows none of its own there.
+    /// Adds \a feature to the window, which owns it. Every editor window installs the program's
+    /// features before it fills its menus; a feature that is added later has no entries there.
     void install(std::unique_ptr<WindowFeature> feature);
 
     QMainWindow &owner() override { return *this; }
@@ -43,12 +43,12 @@ public:
     void arrange() override;
     QDockWidget *addDock(const Dock &dock, QWidget *content) override;
 
-    /// Null: the docks are shown by their commands alone.
+    /// Null: the docks are shown by their commands only.
     QMenu *createPopupMenu() override { return nullptr; }
 
 protected:
-    /// \a commands and \a shortcuts: those that the other window lacks. \a keyRule: what keys mean
-    /// in the views.
+    /// \a commands and \a shortcuts: those that the other window does not have. \a keyRule: what
+    /// keys mean in the views.
     EditorWindow(ProgramContext &program, std::span<const Command> commands,
                  std::span<const Shortcut> shortcuts, ViewKeys::Rule keyRule);
 
@@ -57,20 +57,20 @@ protected:
     RecentMenu &recent() const { return *m_recent; }
     SearchWindows &search() const { return *m_search; }
 
-    /// Takes \a area as the centre and joins the features of the program to its views. From here on
-    /// the tables of the window can be bound, and its menus filled.
+    /// Makes \a area the centre and adds the program's features to its views. After this the
+    /// commands of the window can be bound, and its menus filled.
     void setArea(EditorArea *area);
     /// Fills the menu bar with \a menus, and gives the views their popup menu.
     void fillMenus(std::span<const Menu> menus);
-    /// Has the menu Window show and hide the tools of \a toggles.
+    /// Connects the menu Window with the tools of \a toggles.
     void bindTools(ToolToggles &toggles);
 
-    /// Shows the other editor window in this one's place, and closes this one.
+    /// Closes this window and shows the other editor window in its place.
     void handOver(const std::function<void()> &showOther);
-    /// The last steps of every closing, also of one that is refused.
+    /// The last steps of every closing, also of one that was cancelled; then \a leaves is false.
     void endClosing(QCloseEvent &event, bool leaves);
 
-    /// Opens the first file of a drop, by its absolute path.
+    /// Opens the first file of a drop; \a path is absolute.
     virtual void openDroppedFile(const QString &path) = 0;
 
 private:

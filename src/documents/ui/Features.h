@@ -7,8 +7,8 @@
 
 namespace ardiphon {
 
-/// Those of the features that every editor window has, made anew for one window, in the order in
-/// which they are installed. A new one is a line in the source of this.
+/// New objects of the features that every editor window has, in the order in which they are
+/// installed. A new feature is one more line in the source of this function.
 std::vector<std::unique_ptr<WindowFeature>> programFeatures();
 
 } // namespace ardiphon

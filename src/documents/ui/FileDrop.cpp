@@ -12,7 +12,7 @@ namespace ardiphon {
 
 namespace {
 
-/// The first local file of a drop; one without a path when there is none.
+/// The first local file of a drop; a URL without a path when there is none.
 QUrl droppedFile(const QMimeData &data)
 {
     for (const QUrl &url : data.urls())
@@ -26,7 +26,7 @@ QByteArray nativePath(const QUrl &url)
     return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
 }
 
-/// A program from which something is moved may take it away; to open a file is not to move it.
+/// A program may delete what is moved from it, so a file that is opened is taken as a copy.
 void acceptCopy(QDropEvent &event)
 {
     if (event.possibleActions() & Qt::CopyAction)

@@ -8,7 +8,7 @@ namespace ardiphon {
 
 class Dialogs;
 
-/// Lets a window take files that are dropped on it, the first of each drop.
+/// Makes a window accept files that are dropped on it, the first of each drop.
 class FileDrop : public QObject
 {
     Q_OBJECT
@@ -17,8 +17,8 @@ public:
     FileDrop(QWidget &window, Dialogs &dialogs);
 
 signals:
-    /// A file was dropped. \a path is absolute; a name that no text can hold was refused with a
-    /// message before.
+    /// A file was dropped. \a path is absolute; a name that is not a text is refused with a
+    /// message.
     void dropped(const QString &path);
 
 protected:

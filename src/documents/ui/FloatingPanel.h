@@ -8,10 +8,10 @@ class QWidget;
 namespace ardiphon {
 
 /// Makes a panel float over its window: hidden at first, and moved by a press on its title. It
-/// stays where it is dropped until it is shown anew.
+/// stays where it was moved until it is shown again.
 ///
-/// No QDockWidget, which floats as a window of its own: this is a part of the window, clipped by it
-/// and moved with it, and its title is a picture within it.
+/// It is not a QDockWidget, which floats as a window of its own: this is a part of the window,
+/// clipped by it and moved with it, and its title is a picture within it.
 class FloatingPanel : public QObject
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ protected:
 
 private:
     QWidget &m_panel;
-    QPoint m_grab; ///< from the panel to the mouse where the button went down
+    QPoint m_grab; ///< from the panel to the place where the button was pressed
 };
 
 } // namespace ardiphon

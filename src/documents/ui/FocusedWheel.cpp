@@ -21,7 +21,7 @@ bool FocusedWheel::eventFilter(QObject *window, QEvent *event)
     return QObject::eventFilter(window, event);
 }
 
-/// Whether a view took it.
+/// Scrolls the view that has the focus; false when none has it.
 bool FocusedWheel::scroll(QWheelEvent &event)
 {
     LEditOCX *const editor = m_host.focusedEditor();

@@ -11,7 +11,7 @@ namespace ardiphon {
 class FeatureHost;
 
 /// The wheel over a window scrolls the view that has the focus, wherever the mouse is: as many
-/// lines a notch as the user has set.
+/// lines per notch as the user has set.
 class FocusedWheel : public QObject
 {
     Q_OBJECT

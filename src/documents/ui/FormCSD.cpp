@@ -120,7 +120,7 @@ void FormCSD::followDocument()
 }
 
 /// The entries of the menu act on the first view, whichever has the focus. Which view each of them
-/// marks as changed is as users of the program know it: Copy marks the second.
+/// marks as changed is deliberate: Copy marks the second.
 void FormCSD::bindEditing()
 {
     CommandSet &set = commands();
@@ -191,7 +191,8 @@ void FormCSD::setSplit(bool on)
     m_area->arrange();
 }
 
-/// One step of what follows the text, ten times a second. False when it was the last one needed.
+/// One step of the tools that follow the text, ten times a second. False when no further step is
+/// needed.
 bool FormCSD::refresh()
 {
     const bool modified = m_area->LEDIT1->GetState(TextState);
@@ -215,7 +216,7 @@ void FormCSD::textReplaced()
 
 void FormCSD::openDroppedFile(const QString &path) { m_document->OpenByName(path); }
 
-/// The steps behind the question run after a Cancel too; only the window stays.
+/// The steps after the question are done after Cancel too; only the window stays open.
 void FormCSD::closeEvent(QCloseEvent *event)
 {
     bool saved = false;

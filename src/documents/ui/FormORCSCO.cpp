@@ -199,7 +199,7 @@ const Document *FormORCSCO::document(DocumentRole role) const
 
 void FormORCSCO::openDroppedFile(const QString &path) { m_project->OpenDroppedFile(path); }
 
-/// The steps behind the questions run after a Cancel too; only the window stays.
+/// The steps after the questions are done after Cancel too; only the window stays open.
 void FormORCSCO::closeEvent(QCloseEvent *event)
 {
     bool saved = false;

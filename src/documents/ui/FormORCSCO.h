@@ -47,7 +47,7 @@ private:
     HalfDocument *m_score = nullptr;
     ProjectDocument *m_project = nullptr;
     ToolToggles *m_tools = nullptr;
-    RefreshTimer Timer1{[] { return false; }, this}; ///< one tick marks both halves
+    RefreshTimer Timer1{[] { return false; }, this}; ///< one tick updates the marks of both halves
 };
 
 } // namespace ardiphon

@@ -36,7 +36,7 @@ void FramePlacer::step()
         m_timer.stop();
 }
 
-/// Whether it was there; it is told to go there otherwise.
+/// Whether the window is at its place; otherwise it is asked to go there again.
 bool FramePlacer::isInPlace()
 {
     const QWindow *native = m_window.windowHandle();

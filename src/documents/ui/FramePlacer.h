@@ -6,11 +6,11 @@
 
 namespace ardiphon {
 
-/// Puts a window on a place of the screen by the outer edges of its frame.
+/// Places a window on the screen by the outer edges of its frame.
 ///
-/// A window manager does what it is asked in its own time, and the frame of a window that leaves
-/// the maximised state is another one than before; so the place is asked for again for a moment,
-/// until the window stays there.
+/// A window manager takes its own time for what it is asked, and the frame of a window that leaves
+/// the maximised state changes; so the place is asked for repeatedly for a moment, until the window
+/// stays there.
 class FramePlacer : public QObject
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
     explicit FramePlacer(QWidget &window);
 
     /// Leaves the maximised state and moves the window, which is shown, to \a frame. A size below
-    /// the window's least one becomes that.
+    /// the window's minimum becomes the minimum.
     void place(const QRect &frame);
 
 private:

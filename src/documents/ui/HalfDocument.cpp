@@ -52,7 +52,8 @@ void HalfDocument::OpenRecent(const QString &path)
     editor().setFocus();
 }
 
-/// Whether there is a side file or not, nothing of the document before is due any more.
+/// Whether there is a side file or not, no bookmarks of the document before are to be saved any
+/// more.
 void HalfDocument::loadBookmarks(const QString &path)
 {
     bookmarks().countAsUnchanged();

@@ -11,7 +11,7 @@ class HalfDocument : public EditedFile
     Q_OBJECT
 
 public:
-    /// \a focusedOnCancel: the editor that a Cancel at the save question leads to.
+    /// \a focusedOnCancel: the editor that gets the focus after Cancel at the save question.
     HalfDocument(const ProjectHalf &half, LEditOCX &editor, Bookmarks &bookmarks,
                  LEditOCX &focusedOnCancel, ProgramContext &program, FileChooser &files,
                  QObject *parent);
@@ -23,7 +23,7 @@ public:
     /// Opens a file of the recent list.
     void OpenRecent(const QString &path);
 
-    /// The save question under that title. A Cancel has given the focus away.
+    /// Asks whether to save, under that title. Cancel gives the focus to focusedOnCancel.
     Answer askToSave(const QString &title);
 
 protected:

@@ -40,8 +40,8 @@ void HalfView::place(const HalfLayout &places)
     m_gutter.setGeometry(toPixels(places.gutter));
     m_label.setGeometry(toPixels(places.label));
     m_toolbar.setGeometry(toPixels(places.toolbar));
-    // What is covered holds no button: those without room are behind the arrow at the end, which
-    // the toolkit sets a pixel too far.
+    // The covered part has no buttons: those without room are behind the arrow at the end, which
+    // the toolkit places one pixel too far.
     const int covered = m_toolbar.width() - toPixels(places.toolbarRoom);
     m_toolbar.setContentsMargins(0, 0, covered > 0 ? covered + 1 : 0, 0);
     m_gutter.update();

@@ -29,15 +29,16 @@ public:
     QToolBar &toolbar() const { return m_toolbar; }
 
     bool isShown() const;
-    /// \a lineNumbers: whether the gutter comes back with its editor.
+    /// \a lineNumbers: whether the gutter is shown with its editor.
     void setShown(bool shown, bool lineNumbers);
     void place(const HalfLayout &places);
-    /// Lets the toolbar stand as a narrow column, or lie as a row.
+    /// Shows the toolbar as a narrow column, or as a row.
     void setColumn(bool column);
 
-    /// Makes the label narrow, which changes no label of a document without a file, or wide again.
+    /// Makes the label narrow, or wide again. A document without a file keeps its label when it
+    /// becomes narrow.
     void setNarrowLabel(bool narrow);
-    /// Adds the mark of a modified text to the label. It goes with the next save or load.
+    /// Adds the mark of a modified text to the label. The next save or load removes it.
     void refresh();
 
 signals:

@@ -4,7 +4,7 @@
 
 namespace ardiphon {
 
-/// The ready-made headers, and the empty CSD where the window holds one, put in at the caret.
+/// The ready-made headers, and the empty CSD where the window holds one, inserted at the caret.
 class HeadersFeature : public WindowFeature
 {
 public:

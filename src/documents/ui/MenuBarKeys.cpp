@@ -17,7 +17,8 @@ MenuBarKeys::MenuBarKeys(QMainWindow &window) : QObject(&window)
     window.installEventFilter(this);
 }
 
-/// The bar knows only Alt, which it follows in its window; held is given as before the key.
+/// The bar knows only Alt, which it follows in its window; the modifiers are those from before the
+/// key.
 bool MenuBarKeys::eventFilter(QObject *window, QEvent *event)
 {
     if (event->type() != QEvent::KeyPress)

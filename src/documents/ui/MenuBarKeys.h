@@ -6,8 +6,8 @@ class QMainWindow;
 
 namespace ardiphon {
 
-/// F10, which no control has a use for, does in a window what Alt alone does: the keys go to the
-/// menu bar, or back. The title that they have reached is drawn so that it is seen.
+/// F10, which no control uses, does in a window what Alt alone does: the keyboard goes to the menu
+/// bar, or back. The title that has the keyboard is highlighted.
 class MenuBarKeys : public QObject
 {
     Q_OBJECT

@@ -4,8 +4,8 @@
 
 namespace ardiphon {
 
-/// Draws the title that the keys have reached in a menu bar like that of an open menu. Most styles
-/// show nothing there, and a user who pressed Alt would not see where the keys go.
+/// Draws the title in a menu bar that has the keyboard like that of an open menu. Most styles show
+/// nothing there, and a user who pressed Alt would not see where the keys go.
 class MenuBarStyle : public QProxyStyle
 {
     Q_OBJECT

@@ -33,7 +33,8 @@ constexpr int HalfToolIconSize = 16;
 constexpr QSize InstrumentPanelSize(150, 90);
 constexpr int LabelFontSize = 11; // pixels: the labels' row is 14 high
 
-/// A toolbar as small as its buttons, on a ground of its own: the halves' toolbars may overlap.
+/// A toolbar as small as its buttons, with a background of its own: the halves' toolbars may
+/// overlap.
 void makeCompact(QToolBar &toolbar)
 {
     toolbar.setAutoFillBackground(true);
@@ -219,7 +220,7 @@ void ProjectArea::place(const ProjectLayout &layout)
     SplitterV->move(toPixels(layout.SplitterV));
 }
 
-/// A drag beyond the limits leaves everything as it is.
+/// A drag beyond the limits changes nothing.
 void ProjectArea::dragged(const std::optional<ProjectLayout> &layout)
 {
     if (layout)

@@ -30,13 +30,13 @@ class ProjectArea : public EditorArea
 public:
     explicit ProjectArea(ConfigurationBlock &config);
 
-    /// Shows \a orchestra and \a score, whose editors are those of this area.
+    /// Shows \a orchestra and \a score; their editors must be those of this area.
     void setDocuments(HalfDocument &orchestra, HalfDocument &score);
-    /// Tells \a tools which of the controls belong to each tool.
+    /// Adds the controls of each tool to \a tools.
     void groupTools(ToolToggles &tools);
 
     QList<EditorView> views() const override;
-    /// Puts both halves into the present arrangement, and its grip where it belongs.
+    /// Places both halves as the present arrangement says, and its grip at its initial place.
     void arrange() override;
     void arrange(Arrangement chosen);
 
@@ -53,12 +53,12 @@ public:
     HalfView *score = nullptr;
 
 public slots:
-    /// Each shows or hides a floating panel, and tells which it did.
+    /// Each shows or hides a floating panel, and returns whether it is shown now.
     bool toggleBookmarksPanel();
     bool toggleInstrumentPanel();
 
 signals:
-    /// The halves stand in \a arrangement from now on.
+    /// The halves are now in \a arrangement.
     void arranged(ardiphon::Arrangement arrangement);
 
 private:

@@ -1,4 +1,4 @@
-// The project's way to and from a CSD.
+// The conversion of a project to and from a CSD.
 
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
@@ -15,7 +15,7 @@ namespace {
 
 const QString CsdFilter = QStringLiteral("Csound CSD (*.csd)|*.csd|All Files (*.*)|*.*");
 
-/// Makes \a text the half's own, under a name that is only a name until the user saves.
+/// Makes \a text the text of \a half, under a name that has no file until the user saves.
 void replaceText(HalfDocument &half, const QString &text, const QString &csdPath, double fontSize)
 {
     half.editor().SetFontSize(fontSize);

@@ -21,8 +21,8 @@ const QString OpenFilter =
     QStringLiteral("CSound Files (*.csd;*.orc)|*.csd;*.orc|Orc/Sco Files (*.orc & *.sco)|*.orc|"
                    "Csd Files (*.csd)|*.csd|Text Files (*.txt)|*.txt|All Files (*.*)|*.*");
 
-/// Saves a half that may have nothing to save: one that has no name for want of a partner is only
-/// asked about once something stands in it.
+/// Saves \a half, unless it has neither a name, as its partner's file was missing, nor a modified
+/// text.
 SaveResult saveIfNeeded(HalfDocument &half)
 {
     const bool nothingThere = half.fileName().isEmpty() && !half.isModified();
@@ -112,7 +112,7 @@ void ProjectDocument::Open()
         openInCsdWindow(*path);
 }
 
-/// A missing score empties the window, of the project that was open before as well.
+/// When the score is missing, the window is emptied, also of the project that was open before.
 void ProjectDocument::openPair(const QString &orchestraPath)
 {
     const QString scorePath = pathWithExtension(orchestraPath, ScoreHalf.extension);
@@ -139,7 +139,7 @@ void ProjectDocument::openInCsdWindow(const QString &path)
 {
     m_orchestra.giveUp();
     m_score.giveUp();
-    config().CSDFileName = path; // there the CSD window looks
+    config().CSDFileName = path; // the CSD window reads the name there
     emit csdWindowRequested();
 }
 
@@ -188,7 +188,7 @@ void ProjectDocument::OpenProjectFile(const QString &path)
     m_files.beginIn(QFileInfo(path).path());
 }
 
-/// Unlike Open, this takes a half whose partner is missing; the partner then has no name at all.
+/// Unlike Open, this accepts a half whose partner is missing; the partner then has no name at all.
 void ProjectDocument::loadWithPartner(const QString &path, HalfDocument &half,
                                       HalfDocument &partner)
 {
@@ -232,7 +232,7 @@ void ProjectDocument::openRecentCsd(const QString &path)
     openInCsdWindow(path);
 }
 
-/// The second question comes even after a Cancel at the first.
+/// The second question is asked even after Cancel at the first.
 bool ProjectDocument::mayLeave(bool &saved)
 {
     const QString title = QStringLiteral("Exit Program");

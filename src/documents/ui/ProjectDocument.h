@@ -15,20 +15,20 @@ struct ProgramContext;
 class FileChooser;
 class HalfDocument;
 
-/// The life of a project: an orchestra and a score as a pair. The pair has no file of its own; the
-/// partner's name follows from the path that is opened or saved.
+/// A project: an orchestra and a score as a pair. The pair has no file of its own; the partner's
+/// name follows from the path that is opened or saved.
 class ProjectDocument : public QObject
 {
     Q_OBJECT
 
 public:
-    /// \a chooseNew asks what kind of document to begin, and gives what FormNew::choose gives.
+    /// \a chooseNew asks what kind of document to begin, and returns what FormNew::choose returns.
     ProjectDocument(HalfDocument &orchestra, HalfDocument &score, ProgramContext &program,
                     FileChooser &files, std::function<QString()> chooseNew, QObject *parent);
 
     void New();
     void Open();
-    // Whether they saved is seen at the marks of the modified texts.
+    // The marks of the modified texts show whether they saved.
     void Save() { std::ignore = save(); }
     void SaveAs() { std::ignore = saveAs(); }
 
@@ -45,17 +45,16 @@ public:
     /// Replaces both texts by the parts of a CSD.
     void ImportCsd();
 
-    /// Asks for each modified half whether to save it before the program is left. False after a
-    /// Cancel. \a saved tells whether the tools are to be kept: they are not after a No at the
-    /// score.
+    /// Asks for each modified half whether to save it before the program ends. False after Cancel.
+    /// \a saved becomes whether the tools' state is to be saved: not after No at the score.
     bool mayLeave(bool &saved);
 
 signals:
-    /// The pair was emptied: what explained the old texts is to go.
+    /// The pair was emptied: help texts for the old documents are to be cleared.
     void begun();
     /// A file was opened: the recent list may have changed.
     void opened();
-    /// The configuration names a document for the CSD window, which takes over.
+    /// The configuration names a document that the CSD window is to open.
     void csdWindowRequested();
 
 private:

@@ -18,7 +18,7 @@ namespace {
 
 const QString EmptyEntry = QStringLiteral("...");
 
-/// A menu takes "&" for the mark of an access key; a file name means the character itself.
+/// A menu treats "&" as the mark of an access key; in a file name it is the character itself.
 QString caption(const QString &text) { return QString(text).replace(u'&', QLatin1String("&&")); }
 
 } // namespace

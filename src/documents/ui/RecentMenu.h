@@ -9,13 +9,13 @@ namespace ardiphon {
 
 struct ProgramContext;
 
-/// The four files opened last, at the foot of a File menu.
+/// The four files opened last, at the end of a File menu.
 class RecentMenu : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The entries, `menuLastFile(0)` to `menuLastFile(3)`, each a caption "..." at first.
+    /// The entries, `menuLastFile(0)` to `menuLastFile(3)`, each with the caption "..." at first.
     RecentMenu(ProgramContext &program, QObject *parent);
 
     QList<QAction *> entries() const { return m_entries; }
@@ -28,7 +28,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 signals:
-    /// The user wants that file, which exists.
+    /// The user chose that file, which exists.
     void chosen(const QString &path);
 
 private:

@@ -6,17 +6,17 @@
 
 namespace ardiphon {
 
-/// Ticks only while something is to be refreshed, so that a program at rest is not woken for
-/// nothing. Whoever has something to refresh wakes it; the refresh tells when nothing is left.
+/// Ticks only while something is to be refreshed, so that an idle program uses no time. Call wake()
+/// when there is something to refresh; the refresh function says when nothing is left.
 class RefreshTimer : public QTimer
 {
     Q_OBJECT
 
 public:
-    /// \a refresh: one step; whether another one is needed. Each tick makes one.
+    /// \a refresh does one step, at each tick, and returns whether another one is needed.
     RefreshTimer(std::function<bool()> refresh, QObject *parent);
 
-    /// Ticks from now on; nothing while it does already, so the rhythm stays.
+    /// Starts the ticks; does nothing while it is ticking, so the rhythm stays.
     void wake();
 };
 

@@ -6,9 +6,9 @@ namespace ardiphon {
 
 struct ConfigurationBlock;
 
-/// The line between two views that touch each other, in a colour that is seen on `ColorBackground`.
-/// It lies over the edge of one of them, so neither gives room for it, and is not there for the
-/// mouse.
+/// The line between two views that touch each other, in a colour that is visible on
+/// `ColorBackground`. It covers the edge of one of them, so it takes no room, and the mouse passes
+/// through it.
 class SplitLine : public QWidget
 {
     Q_OBJECT

@@ -10,7 +10,7 @@ constexpr int CopyInterval = 10; // milliseconds
 
 bool isPrintable(int character) { return character >= 32 && character <= 126; }
 
-/// Copies a whole text and leaves the other view where it was scrolled to.
+/// Copies a whole text; the other view keeps its scroll position.
 void copyText(const LEditOCX &from, LEditOCX &to)
 {
     const int SavedFirstLine = to.TopLine();
@@ -45,7 +45,7 @@ void SplitMirror::follow(LEditOCX &typed, LEditOCX &other, bool &changed)
             });
 }
 
-/// Types the character into the other view, in the place where the typed view is about to.
+/// Types the character into the other view, at the place where the typed view is about to type it.
 void SplitMirror::mirrorKey(LEditOCX &typed, LEditOCX &other, int character) const
 {
     const int SavedFirstLine = other.TopLine();
@@ -63,7 +63,7 @@ void SplitMirror::setView1Changed() { markChanged(View1Changed); }
 
 void SplitMirror::setView2Changed() { markChanged(View2Changed); }
 
-/// A mark that is made while the second view is hidden stays until it is shown.
+/// A mark that is set while the second view is hidden stays until it is shown.
 void SplitMirror::markChanged(bool &changed)
 {
     changed = true;

@@ -8,9 +8,9 @@ namespace ardiphon {
 class LEditOCX;
 struct EditorKey;
 
-/// Keeps the two views of a split document in step: two editors that hold copies of one text. A
-/// printable key goes into the other view at once; whatever else may have changed a view marks it,
-/// and the next tick copies its text. Nothing is copied while the second view is hidden.
+/// Keeps the two views of a split document the same: two editors with copies of one text. A
+/// printable key goes into the other view at once; anything else that may have changed a view marks
+/// it, and the next tick copies its text. Nothing is copied while the second view is hidden.
 class SplitMirror : public QObject
 {
     Q_OBJECT
@@ -24,7 +24,7 @@ public:
     /// Copies the text of the first view to the second at once, if that is shown.
     void copyFirstToSecond();
 
-    /// Begins to follow both views, after the second was shown, or stops after it was hidden.
+    /// Starts copying, after the second view was shown, or stops it after it was hidden.
     void setSplit(bool on);
 
 private:

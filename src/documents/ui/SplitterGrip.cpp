@@ -9,7 +9,7 @@ namespace ardiphon {
 
 namespace {
 
-constexpr QSize GripSize(16, 14); // the vertical arrangement leaves it 250 twips
+constexpr QSize GripSize(16, 14); // the vertical arrangement has 250 twips for it
 constexpr int DotDistance = 4;
 constexpr int DotRows = 3;
 

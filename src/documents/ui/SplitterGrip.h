@@ -6,18 +6,18 @@ namespace ardiphon {
 
 /// The small grip between the two editors of a project. It does not move itself.
 ///
-/// No handle of a QSplitter, which would lay the editors out by itself: here the places of both
-/// halves and of all around them follow from one table, by the same rules for every arrangement.
+/// It is not the handle of a QSplitter, which would lay out the editors itself: here ProjectLayout
+/// gives the places of both halves and of all around them, for every arrangement.
 class SplitterGrip : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// \a direction: the one in which the grip is dragged.
+    /// \a direction: the direction in which the grip is dragged.
     SplitterGrip(Qt::Orientation direction, QWidget *parent);
 
 signals:
-    /// The mouse takes the grip to that distance from the top or the left of its parent, in twips.
+    /// The mouse drags the grip to that distance from the top or the left of its parent, in twips.
     void dragged(int position);
 
 protected:
@@ -29,7 +29,7 @@ private:
     int along(QPoint point) const;
 
     const Qt::Orientation m_direction;
-    int m_grab = 0; ///< twips from the grip to the mouse where the button went down
+    int m_grab = 0; ///< twips from the grip to the place where the button was pressed
 };
 
 } // namespace ardiphon

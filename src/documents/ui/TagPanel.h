@@ -10,7 +10,7 @@ namespace ardiphon {
 
 class LEditOCX;
 
-/// The words of a CSD beside the text: a tree of those that the document holds, refreshed one word
+/// The words of a CSD beside the text: a tree of those that are in the document, refreshed one word
 /// at a time, where a click goes to the word, and a list of all of them from which one can be
 /// inserted.
 class TagPanel : public QObject
@@ -18,11 +18,11 @@ class TagPanel : public QObject
     Q_OBJECT
 
 public:
-    /// \a words: the words, from index 1; index 0 is not one.
+    /// \a words: the words, from index 1 on; index 0 is not used.
     TagPanel(LEditOCX &editor, QTreeWidget &tree, QListWidget &list, const QStringList &words);
 
-    /// Looks for the next word in turn. False when each was looked for since the text changed: then
-    /// there is nothing to look for until refreshRequested().
+    /// Looks for the next word in the document. False when all were looked for since the text
+    /// changed: then there is nothing to do until refreshRequested().
     bool refreshNext();
     /// Shows every word as missing until it is found again.
     void clear();
@@ -44,7 +44,7 @@ private:
     QListWidget &m_list;
     const QStringList &m_words;
     qsizetype m_index = 0;
-    qsizetype m_left = 0; ///< so many words were not looked for yet
+    qsizetype m_left = 0; ///< how many words were not looked for yet
 };
 
 } // namespace ardiphon

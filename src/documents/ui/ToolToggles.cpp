@@ -47,7 +47,7 @@ void ToolToggles::load()
                                  ? ReadRegistryString(m_program.settings, registry::WindowKey,
                                                       QLatin1String(tool->value))
                                  : QString();
-        // Set the wrong way round, so that the toggle leaves it as it should be.
+        // Set to the opposite, as the toggle that follows inverts it.
         config.*tool->visible = kept == Hidden;
         toggle(*tool);
     }

@@ -39,16 +39,16 @@ public:
 
     const QList<const Tool *> &tools() const { return m_tools; }
 
-    /// Names a control that belongs to \a tool. While \a available is false it stays hidden.
+    /// Adds a control of \a tool. While \a available returns false it stays hidden.
     void add(
         const Tool &tool, QWidget *control, std::function<bool()> available = [] { return true; });
 
-    /// Sets the flags to what the store keeps, where the user wants them kept, else to shown.
+    /// Reads the flags from the store, where the user wants them kept; otherwise all are shown.
     void load();
     /// Writes the flags, where the user wants them kept.
     void save() const;
 
-    /// Has the commands of the tools carried out, and each checked in \a menu while it is on.
+    /// Binds the commands of the tools; each entry in \a menu is checked while its tool is shown.
     void bindTo(CommandSet &commands, const QMenu &menu);
 
     void toggle(const Tool &tool);

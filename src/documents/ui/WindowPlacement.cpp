@@ -23,7 +23,7 @@ void TrovaPosForm(const QWidget &window, ConfigurationBlock &config)
 void takePlacement(QWidget &window, const ConfigurationBlock &config)
 {
     if (config.WindowMaximized) {
-        // For when it is so no longer.
+        // The size for when it is not maximised any more.
         window.resize(normalSize(window.screen()->availableGeometry().size()));
         window.setWindowState(window.windowState() | Qt::WindowMaximized);
         return;

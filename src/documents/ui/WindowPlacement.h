@@ -6,7 +6,7 @@ namespace ardiphon {
 
 struct ConfigurationBlock;
 
-// The placement that goes from one editor window to the next, in the configuration.
+// The placement that one editor window passes to the next, in the configuration.
 
 /// Keeps the placement of \a window for the one that is shown next.
 void TrovaPosForm(const QWidget &window, ConfigurationBlock &config);

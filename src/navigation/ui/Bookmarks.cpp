@@ -11,7 +11,7 @@ namespace ardiphon {
 
 namespace {
 
-constexpr int NoSlot = 0; // slots count from 1
+constexpr int NoSlot = 0; // slots are counted from 1
 
 } // namespace
 
@@ -40,7 +40,7 @@ void Bookmarks::setText(int slot, const QString &text)
     m_tree.topLevelItem(slot - 1)->setText(0, text);
 }
 
-/// The tree tells whether a slot is free, not the editor.
+/// A slot is free when the tree shows it so; the editor is not asked.
 int Bookmarks::firstFreeSlot() const
 {
     for (int slot = 1; slot <= BookmarkSlots; ++slot)
@@ -78,7 +78,7 @@ void Bookmarks::InsertBookmark()
     m_editor.GetSelection();
     const int line = m_editor.SelStartLine;
     const int slot = firstFreeSlot();
-    // A full set is told first, so that it cannot be toggled off line by line.
+    // A full set is reported first, so bookmarks cannot be toggled off line by line then.
     if (slot == NoSlot) {
         m_dialogs.message({QStringLiteral("You can insert max 15 Bookmarks!"),
                            QStringLiteral("Bookmark informations"), MessageIcon::Information});
@@ -114,7 +114,8 @@ void Bookmarks::clear()
         release(slot);
 }
 
-/// "" where the document has no side file: it has no file itself, or bears the side file's name.
+/// "" where the document has no side file: it has no file itself, or its name is that of the side
+/// file.
 QString Bookmarks::sideFileOf(const QString &documentName) const
 {
     if (documentName.isEmpty() || documentName == QLatin1String("[Untitled]"))
@@ -153,7 +154,7 @@ void Bookmarks::load(const QString &documentName)
     if (path.isEmpty())
         return;
     const auto bookmarks = readBookmarkFile(path);
-    if (!bookmarks) // a document without one has no bookmarks
+    if (!bookmarks) // a document without a side file has no bookmarks
         return;
     for (int slot = 1; slot <= BookmarkSlots; ++slot) {
         const Bookmark &bookmark = (*bookmarks)[std::size_t(slot - 1)];

@@ -11,12 +11,12 @@ namespace ardiphon {
 class Dialogs;
 class LEditOCX;
 
-/// Whether the user is told when the side file cannot be written: not where it fails with the file
-/// beside it, which tells already.
+/// Whether a message says that the side file cannot be written: Silent where the save of the
+/// document itself has failed, which has its own message.
 enum class SideFileFailure { Reported, Silent };
 
 /// The bookmarks of one document: the editor holds and draws their lines, a tree shows their texts,
-/// one node a slot, and a side file keeps them.
+/// one node for each slot, and a side file stores them.
 class Bookmarks : public QObject
 {
     Q_OBJECT
@@ -25,30 +25,30 @@ public:
     /// Fills \a tree with a node for each slot. \a extension: that of the side file.
     Bookmarks(LEditOCX &editor, QTreeWidget &tree, const QString &extension, Dialogs &dialogs);
 
-    /// Puts a bookmark on the caret's line, or takes the one away that is there.
+    /// Puts a bookmark on the caret's line, or removes the one that is there.
     void InsertBookmark();
-    /// Takes the bookmark of the caret's line away.
+    /// Removes the bookmark of the caret's line.
     void RemoveBookmark();
     void RemoveAllBookmarks();
 
-    /// Empties the slots; neither the side file nor the changed flag follows.
+    /// Empties the slots; the side file and the changed flag stay as they are.
     void clear();
-    /// Writes the side file of the document of that name. Nothing for one without a file. That it
-    /// could not take changed bookmarks is told once for each document.
+    /// Writes the side file of the document of that name; does nothing for one without a file. That
+    /// changed bookmarks could not be written is reported once for each document.
     void save(const QString &documentName, SideFileFailure failure = SideFileFailure::Reported);
     void saveIfChanged(const QString &documentName,
                        SideFileFailure failure = SideFileFailure::Reported);
-    /// Whether the side file is due.
+    /// Whether the side file is to be written.
     bool areChanged() const { return m_changed; }
-    /// Clears the changed flag: the side file is not due.
+    /// Clears the changed flag: the side file need not be written.
     void countAsUnchanged() { setChanged(false); }
-    /// Takes the slots from the side file, if there is one, and then clears the changed flag.
+    /// Reads the slots from the side file, if there is one, and then clears the changed flag.
     void load(const QString &documentName);
 
 signals:
     /// The changed flag changed.
     void changed(bool now);
-    /// A node was clicked, and the caret stands on its line if it has one.
+    /// A node was clicked, and the caret is on its line if it has one.
     void visited();
 
 private:
@@ -67,7 +67,7 @@ private:
     const QString m_extension;
     Dialogs &m_dialogs;
     bool m_changed = false;
-    QString m_reportedFile; ///< the side file that could not be written, as the user was told
+    QString m_reportedFile; ///< the side file for which a message has said so
 };
 
 } // namespace ardiphon

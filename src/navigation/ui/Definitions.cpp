@@ -36,7 +36,7 @@ void Definitions::goTo(const DefinitionRules &rules)
             m_editor.setFocus();
         return;
     }
-    if (m_words.FindInTable(m_word) != 0) // opcodes are defined nowhere in the text
+    if (m_words.FindInTable(m_word) != 0) // opcodes are not defined in the text
         return;
     m_editor.GetSelection();
     const WordToFind word = wordToFind(rules, m_word, m_editor.LineText(m_editor.SelStartLine));
@@ -57,8 +57,8 @@ void Definitions::goToGlobal(const DefinitionRules &rules, const QString &text)
         m_editor.SetSelection();
 }
 
-/// The search goes on in the selection record, and the view only moves to a line that lies between
-/// the caret's "instr" and "endin".
+/// The search works in the selection record, and the view only moves to a line between the caret's
+/// "instr" and "endin".
 void Definitions::goToLocal(const DefinitionRules &rules, const QString &text)
 {
     const int curLine = m_editor.SelStartLine;

@@ -13,7 +13,7 @@ void setSearch(LEditOCX &editor, const QString &text, int direction, bool wholeW
     editor.SetFindText(text);
 }
 
-/// Keeps an editor's selection record as it stands for the life of this object.
+/// Restores an editor's selection record at the end of this object's life.
 class KeptRecord
 {
 public:
@@ -71,7 +71,7 @@ QRect selectionOnScreen(LEditOCX &editor)
     const QPoint start = editor.PositionToPixels(editor.SelStartLine, editor.SelStartColumn);
     const QPoint end = editor.PositionToPixels(editor.SelEndLine, editor.SelEndColumn);
     QRect selected(start, QSize(end.x() - start.x(), editor.LineHeight()));
-    if (start.y() != end.y()) // over several lines, of which the first goes to the right edge
+    if (start.y() != end.y()) // over several lines, the first of which goes to the right edge
         selected = QRect(0, start.y(), editor.width(), end.y() + editor.LineHeight() - start.y());
     const QRect seen = selected.intersected(editor.rect());
     return seen.isEmpty() ? QRect() : seen.translated(editor.mapToGlobal(QPoint(0, 0)));

@@ -7,7 +7,7 @@ namespace ardiphon {
 
 class LEditOCX;
 
-/// Whether the document holds no character at all; asks for no copy of it.
+/// Whether the document is empty; makes no copy of it.
 bool isEmptyText(const LEditOCX &editor);
 
 /// Sets the search properties and calls `FindFirst`: true when found, and then the match is
@@ -18,10 +18,10 @@ bool findFirst(LEditOCX &editor, const QString &text, int direction, bool wholeW
 /// selection record.
 bool findNext(LEditOCX &editor, const QString &text, int direction, bool wholeWord);
 
-/// Makes the selection record an empty place.
+/// Sets the selection record to an empty selection at that place.
 void setRecord(LEditOCX &editor, int line, int column);
 
-/// Where the selection is on the screen; empty when nothing of it is in sight.
+/// Where the selection is on the screen; empty when nothing of it is visible.
 QRect selectionOnScreen(LEditOCX &editor);
 
 /// Gives the editor the focus, and its window if another one is in front.

@@ -72,7 +72,7 @@ void FormSostituisci::find()
     Text1->setFocus();
 }
 
-/// Whatever is selected, a match or not.
+/// Replaces whatever is selected, a match or not.
 void FormSostituisci::replaceSelection()
 {
     LEditOCX *const served = editor();

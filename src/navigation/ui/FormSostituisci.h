@@ -4,14 +4,14 @@
 
 namespace ardiphon {
 
-/// The window that finds and replaces in an editor. Its four buttons are four routines that have
-/// little in common; none of them counts.
+/// The window that finds and replaces in an editor. Its four buttons have four routines with little
+/// in common; none of them counts replacements.
 class FormSostituisci : public SearchWindow
 {
     Q_OBJECT
 
 public:
-    /// \a beep: tells the end of "Replace from caret to end".
+    /// \a beep: called at the end of "Replace from caret to end".
     FormSostituisci(SearchContext context, std::function<void()> beep);
 
 signals:
@@ -19,7 +19,7 @@ signals:
     void replaced(ardiphon::LEditOCX *editor);
 
 protected:
-    /// This window leaves the focus to whichever window comes to the front.
+    /// This window does not give the focus to the editor.
     void leave() override {}
 
 private:

@@ -40,7 +40,7 @@ void FormTrovaRiga::layOut()
     all->setRowStretch(1, 1);
 }
 
-/// A line that the document does not have is left to the editor, which stays within the text.
+/// For a line that the document does not have, the editor selects one that it has.
 void FormTrovaRiga::goToLine()
 {
     const std::optional<int> line = lineNumberFrom(Text1->text());

@@ -17,7 +17,7 @@ namespace {
 constexpr QSize ButtonIconSize(16, 16);
 constexpr QSize GripSize(7, 58);
 
-/// Two columns of dots, as on other things that can be moved.
+/// Two columns of dots, as on other controls that can be moved.
 QPixmap gripPicture(const QWidget &panel)
 {
     constexpr int step = 4;
@@ -45,7 +45,7 @@ InstrumentPanel::InstrumentPanel(Instruments &instruments, const QString &number
     addMoves(instruments);
     TextInstr = new QLineEdit(this);
     TextInstr->setObjectName(QStringLiteral("TextInstr"));
-    TextInstr->setAcceptDrops(false); // a file dropped here is the window's to open
+    TextInstr->setAcceptDrops(false); // a file dropped here is opened by the window
     Label1 = new QLabel(tr("Go to:"), this);
     Label1->setObjectName(QStringLiteral("Label1"));
     Label1->setBuddy(TextInstr);

@@ -31,8 +31,8 @@ bool Instruments::find(int direction)
     return findFirst(m_editor, InstrumentWord, direction, true);
 }
 
-/// Takes the caret to a line from which a search is to begin, and tells where it was. The columns
-/// of the selection go with it.
+/// Moves the caret to a line from which a search is to begin, and returns where it was. The columns
+/// of the selection stay.
 Instruments::Place Instruments::leaveForLine(int line)
 {
     m_editor.GetSelection();
@@ -42,7 +42,7 @@ Instruments::Place Instruments::leaveForLine(int line)
     return place;
 }
 
-/// The first visible line comes last: a caret that was out of sight stays out of sight.
+/// The first visible line is set last: a caret that was not visible stays so.
 void Instruments::comeBack(const Place &place)
 {
     setRecord(m_editor, place.SelStartLine, place.SelStartColumn);

@@ -9,7 +9,7 @@ namespace ardiphon {
 class LEditOCX;
 
 /// Moves the caret of one editor from instrument to instrument. An instrument is wherever the word
-/// "instr" stands, in a comment too. Each routine ends with the focus on the editor, and changes
+/// "instr" is, also in a comment. Each routine ends with the focus on the editor, and changes
 /// nothing else where there is no text or no such instrument.
 class Instruments : public QObject
 {
@@ -24,7 +24,7 @@ public:
     void GoToLastInstrument();
 
     /// Goes to the first line with "instr" and the number in \a TextInstr as a word of its own, and
-    /// trims the field. A text that is no number does nothing, and the focus stays.
+    /// trims the field. For a text that is not a number it does nothing, and the focus stays.
     void GoToInstrumentNumber(QLineEdit &TextInstr);
 
 private:

@@ -65,7 +65,7 @@ void SearchFeature::bindMenu(FeatureHost &host)
     bind("menuModificaTrovaRiga", SearchKind::FindLine);
 }
 
-/// Those of a half's toolbar go to its own editor.
+/// The searches of a half's toolbar go to its own editor.
 void SearchFeature::bindButtons(FeatureHost &host)
 {
     if (host.editor(DocumentRole::Csd))
@@ -82,7 +82,8 @@ void SearchFeature::bindButtons(FeatureHost &host)
     bind("buttonTrovaRigaScore", SearchKind::FindLine, ScoreCaller);
 }
 
-/// Without text the focus goes to the view where the key was, or to the first of two editors.
+/// Without text the focus goes to the view where the key was pressed, or to the first of two
+/// editors.
 void SearchFeature::bindKeys(FeatureHost &host)
 {
     LEditOCX *const first = host.editors().size() > 1 ? host.editors().constFirst() : nullptr;
@@ -104,7 +105,7 @@ void SearchFeature::bindDefinitions(FeatureHost &host)
                                     *commands.action("menuPopupReference"));
     commands.bind("menuPopupDefinition", m_definitions, &Definitions::GoToDefinition);
     commands.bind("menuPopupReference", m_definitions, &Definitions::GoToReference);
-    if (commands.has("menuPopupLastPosition")) // no position is kept to go back to
+    if (commands.has("menuPopupLastPosition")) // there is no earlier position to go back to
         commands.bind("menuPopupLastPosition", m_definitions, [] {});
     host.beforePopup([this](const EditorView &view) {
         m_definitions->prepareEntries(*view.editor, view.role != DocumentRole::Score);

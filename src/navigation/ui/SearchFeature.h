@@ -14,7 +14,7 @@ class SearchFeature : public WindowFeature
 public:
     void install(FeatureHost &host) override;
 
-    /// From install() on.
+    /// To be called after install() only.
     SearchWindows &windows() const { return *m_windows; }
 
 private:

@@ -84,7 +84,7 @@ void SearchWindow::reject()
 
 void SearchWindow::makeRoomFor(const QRect &match)
 {
-    // The widget's own idea of its frame may stem from before the frame was there.
+    // The widget's own value of its frame may be from before the frame was there.
     const QRect frame = windowHandle()->frameGeometry();
     const QPoint place = placeBesideMatch(frame, match, screen()->availableGeometry());
     if (place != frame.topLeft())

@@ -14,7 +14,7 @@ namespace ardiphon {
 class Dialogs;
 class LEditOCX;
 
-/// What a search window is opened with.
+/// What a search window needs when it is opened.
 struct SearchContext
 {
     QString caller; ///< the caller word that the window is opened for
@@ -25,16 +25,16 @@ struct SearchContext
 };
 
 /// What the three non-modal search windows have in common. Each serves the editor that its caller
-/// word names at the moment, is closed by Esc, and is gone once it is closed.
+/// word names at the moment, is closed by Esc, and is deleted when it is closed.
 class SearchWindow : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// Esc, the button "E&xit" and the window's frame all come here.
+    /// Esc, the button "E&xit" and the window's frame all call this.
     void reject() override;
 
-    /// Moves the window if it covers that part of the screen, and as little as need be.
+    /// Moves the window, as little as possible, if it covers that part of the screen.
     void makeRoomFor(const QRect &match);
 
 signals:
@@ -56,7 +56,7 @@ protected:
 
     /// Puts the editor's selection into the field, if there is one.
     void takeSelection(QLineEdit &field) const;
-    /// "No matches found!"
+    /// Shows "No matches found!".
     void sayNotFound() const;
 
     /// Runs before the window closes; gives the focus to the editor.

@@ -96,7 +96,7 @@ void SearchWindows::openForFocus(SearchKind kind)
             return open(kind, served.caller);
 }
 
-/// A closed owner lives on until its events are done, and what it owns would still be seen.
+/// A closed owner exists until its events are done, and its search windows would still be visible.
 bool SearchWindows::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Hide && !event->spontaneous())

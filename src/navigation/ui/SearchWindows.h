@@ -23,8 +23,8 @@ struct ServedEditor
     LEditOCX *editor;
 };
 
-/// Opens the search windows of one editor window: at most one of each kind, each anew, and none
-/// that is seen longer than its owner. What one of them finds none of them covers.
+/// Opens the search windows of one editor window: at most one of each kind, a new one each time,
+/// and none is visible longer than its owner. None of them covers what one of them finds.
 class SearchWindows : public QObject
 {
     Q_OBJECT
@@ -35,13 +35,13 @@ public:
                   QWidget &owner, std::function<void()> beep = &QApplication::beep);
 
     /// Opens the window of that kind on the editor of \a caller. With no text there it says so,
-    /// gives the focus to that editor and opens nothing.
+    /// gives that editor the focus and opens nothing.
     void open(SearchKind kind, const QString &caller);
-    /// The same for a command that looks at the text of another editor, or gives the focus to
-    /// another one after the message.
+    /// The same, but \a lookedAt is the editor that must have text, and \a focusedWithoutText the
+    /// one that gets the focus after the message.
     void open(SearchKind kind, const QString &caller, const LEditOCX &lookedAt,
               LEditOCX &focusedWithoutText);
-    /// Opens it on the editor that has the focus; nothing when none has it.
+    /// Opens it on the editor that has the focus; does nothing when none has it.
     void openForFocus(SearchKind kind);
 
     /// The editor of that caller word, or null.
@@ -55,7 +55,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    /// Leaves the caller word where the configuration mirrors it.
+    /// Writes the caller word into the configuration, which mirrors it.
     void mirrorCaller(SearchKind kind, const QString &caller);
     SearchWindow *newWindow(SearchKind kind, const QString &caller);
     void makeRoom(LEditOCX &editor) const;
