@@ -41,7 +41,7 @@ QString removeAssociation(const FileType &type)
     return RemoveFileAssociation(QLatin1String(type.classKey), QLatin1String(type.extension));
 }
 
-/// What failed, which ends it, or "".
+/// Does \a step for each type, up to the first failure; returns that as a sentence, or "".
 QString forEachType(QString (*step)(const FileType &))
 {
     QString failure;

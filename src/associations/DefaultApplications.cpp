@@ -9,7 +9,7 @@ namespace ardiphon {
 namespace {
 
 const QByteArray Header = "[Default Applications]";
-/// Stands above a header that was not there, so that it goes again with its last default.
+/// Written above a header that was not there, so that it is removed with its last default.
 const QByteArray Marker = "# This group was added by ArdiphonPro.";
 
 /// The lines of a list, each with its end, and the group of the default applications among them.
@@ -22,12 +22,12 @@ public:
     bool isOurs() const { return m_header > 0 && m_lines[m_header - 1].trimmed() == Marker; }
     QByteArray text() const { return m_lines.join(); }
 
-    /// The line that tells the defaults of a type, or -1.
+    /// The line with the defaults of a type, or -1.
     qsizetype lineOf(const QByteArray &type) const;
     QByteArray &line(qsizetype index) { return m_lines[index]; }
     void addFirst(const QByteArray &line);
     void remove(qsizetype index);
-    /// Takes back what was added beside the defaults, as far as \a entry doesn't need it any more.
+    /// Removes what was added besides the defaults, if \a entry does not need it any more.
     void tidy(const QByteArray &entry);
 
 private:
@@ -58,7 +58,7 @@ qsizetype DefaultGroup::end() const
     return i;
 }
 
-/// What is left of the "="; "" for a line that is no entry.
+/// The text before the "="; "" for a line that is not an entry.
 QByteArray DefaultGroup::typeOf(const QByteArray &line)
 {
     const qsizetype equals = line.indexOf('=');
@@ -81,12 +81,12 @@ void DefaultGroup::addFirst(const QByteArray &line)
     if (m_lines[m_header].endsWith('\n'))
         m_lines.insert(m_header + 1, line + '\n');
     else
-        m_lines.insert(m_header + 1, '\n' + line); // the header ends the file
+        m_lines.insert(m_header + 1, '\n' + line); // the header is the end of the file
 }
 
 void DefaultGroup::remove(qsizetype index)
 {
-    if (!m_lines[index].endsWith('\n')) // it ended the file in the place of the line above
+    if (!m_lines[index].endsWith('\n')) // it becomes the end of the file
         m_lines[index - 1].chop(1);
     m_lines.removeAt(index);
 }
@@ -104,7 +104,7 @@ void DefaultGroup::tidy(const QByteArray &entry)
     m_lines.removeAt(m_header - 1);
 }
 
-/// A line's value, without its line end, behind the place where it begins.
+/// A line's value, without its line end, and the place where it begins.
 struct Value
 {
     explicit Value(const QByteArray &line) : begin(line.indexOf('=') + 1)
@@ -120,7 +120,7 @@ struct Value
     QByteArray text;
 };
 
-/// A value's list of entries without one of them, the others as they are written.
+/// A value's list of entries without one of them, the others unchanged.
 QByteArray withoutEntry(const QByteArray &value, const QByteArray &entry)
 {
     QList<QByteArray> entries = value.split(';');

@@ -37,7 +37,7 @@ QString nameOfClass(QString classKey)
     return classKey.replace(wordStart, QStringLiteral("-")).toLower();
 }
 
-/// What one class is called in the user's folders.
+/// The names of one class in the user's folders.
 struct ClassNames
 {
     explicit ClassNames(const QString &classKey)
@@ -51,7 +51,7 @@ struct ClassNames
     QString package;
 };
 
-/// The heavier pattern wins over another that somebody gave the same extension.
+/// The higher weight of the pattern prevails over another type with the same extension.
 QByteArray typePackage(const ClassNames &names, const QString &extension,
                        const QString &description, bool hasIcon)
 {
@@ -97,7 +97,7 @@ void removeIcons(MadeFiles &files, const QString &iconName)
             files.remove(iconPlace(size, iconName + QLatin1String(ending)));
 }
 
-/// What failed, or "".
+/// Returns what failed, as a sentence, or "".
 QString changeDefaults(QByteArray (*change)(const QByteArray &, const QByteArray &,
                                             const QByteArray &),
                        const QString &type)
@@ -115,8 +115,8 @@ QString changeDefaults(QByteArray (*change)(const QByteArray &, const QByteArray
     return done ? QString() : path + QStringLiteral(" cannot be written.");
 }
 
-/// Takes a type off the opener with that content, and the opener with its last type. Whether it is
-/// still there.
+/// Removes a type from the opener with that content, and the opener with its last type. Returns
+/// whether the opener is still there.
 bool removeType(MadeFiles &files, const QByteArray &openerText, const QString &type)
 {
     const QByteArray list = OpenerEntry::typesLine(OpenerEntry::fromText(openerText).types);
@@ -130,8 +130,8 @@ bool removeType(MadeFiles &files, const QByteArray &openerText, const QString &t
     return !types.isEmpty();
 }
 
-/// Takes back what the last association leaves: folders that it was the first to need, and what
-/// the updaters put there.
+/// Removes what is left after the last association: the folders that were made for it, and what the
+/// updaters wrote there.
 void removeTraces(MadeFiles &files)
 {
     if (files.isMade(QStringLiteral("mime")) && QDir(files.path(TypePackages)).isEmpty())

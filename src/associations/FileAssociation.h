@@ -4,23 +4,23 @@
 
 namespace ardiphon {
 
-// What binds a kind of file to the program, in the user's own folders and without any right beyond
-// them: a MIME type with its icons, a desktop entry (OpenerEntry), and a line in the list of
-// default applications. All of it is undone without a trace; what else is in these places stays
-// as it is. A step that fails, for lack of rights or disk, is skipped; both tell what failed first,
-// as a sentence, or "" when all was done.
+// What associates a kind of file with the program, in the user's own folders and without further
+// rights: a MIME type with its icons, a desktop entry (OpenerEntry), and a line in the list of
+// default applications. All of it can be undone completely; everything else in these places stays
+// as it is. A step that fails, for lack of rights or disk space, is skipped; both routines return
+// what failed first, as a sentence, or "" when all was done.
 
 /// Makes \a Executable, in the running program's folder, the opener of the files that end in
-/// \a Extension (with its dot). \a ClassKey names the kind of file, which is shown as
-/// \a Description. \a Icon is the path of its SVG picture or "": pictures of fixed sizes are
-/// beside it as "48x48/<name>.png". \a Arguments is what the opener gets, and when empty the
-/// document alone. An empty ClassKey does nothing.
+/// \a Extension (with its dot). \a ClassKey is the name of the kind of file, which is shown as \a
+/// Description. \a Icon is the path of its SVG picture or "": pictures of fixed sizes are beside it
+/// as "48x48/<name>.png". \a Arguments is what the opener gets; when empty, only the document. An
+/// empty ClassKey does nothing.
 [[nodiscard]] QString CreateFileAssociation(const QString &ClassKey, const QString &Extension,
                                             const QString &Description, const QString &Icon,
                                             const QString &Executable,
                                             const QString &Arguments = {});
 
-/// Undoes it. That nothing was bound is no failure.
+/// Undoes that. It is no failure when nothing was associated.
 [[nodiscard]] QString RemoveFileAssociation(const QString &ClassKey, const QString &Extension);
 
 } // namespace ardiphon

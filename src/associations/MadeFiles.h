@@ -7,8 +7,8 @@
 namespace ardiphon {
 
 /// Writes files below a folder and remembers the folders that had to be made for them, so that
-/// they can be removed again. Paths are relative to the folder. What fails is skipped; the first
-/// failure is kept.
+/// they can be removed again. Paths are relative to the folder. A step that fails is skipped; the
+/// first failure is kept.
 class MadeFiles
 {
 public:
@@ -21,18 +21,18 @@ public:
     /// What was made, outer folders before inner ones; "." and ".." can be among them.
     QStringList made;
     bool isMade(const QString &relative) const { return made.contains(relative); }
-    /// Counts a file as made that somebody else is about to write, unless it is there already.
+    /// Counts a file that another program is about to write as made, unless it exists already.
     void noteIfAbsent(const QString &relative);
 
     void makeFolder(const QString &relative);
     void write(const QString &relative, const QByteArray &bytes);
     void remove(const QString &relative);
-    /// Removes those folders of `made` that hold nothing.
+    /// Removes the empty folders of `made`.
     void removeEmptyFolders() const;
 
     /// What failed first, as a sentence; "" when nothing did.
     QString failure() const { return m_failure; }
-    /// Counts a failure that somebody else tells; "" is none.
+    /// Counts a failure that another routine has returned; "" is none.
     void note(const QString &failure);
 
 private:

@@ -66,7 +66,7 @@ QByteArray OpenerEntry::text() const
         QStringLiteral("Exec=") + asValue(execLine()),
         QStringLiteral("Icon=") + asValue(icon),
         QStringLiteral("Terminal=false"),
-        QStringLiteral("NoDisplay=true"), // it opens documents; it is no menu entry
+        QStringLiteral("NoDisplay=true"), // it opens documents and is not a menu entry
         QString::fromUtf8(typesLine(types)),
         QStringLiteral("X-Ardiphon-Command=") + asValue(openCommand()),
         MadeKey + listValue(made),

@@ -27,7 +27,7 @@ bool FolderReader::readOn(int milliseconds)
     do {
         for (int i = 0; i < EntriesAtOnce && m_next != last; ++i) {
             take();
-            std::error_code failed; // which ends the reading
+            std::error_code failed; // a failure ends the reading
             m_next.increment(failed);
         }
     } while (m_next != last && !end.hasExpired());

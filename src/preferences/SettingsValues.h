@@ -10,15 +10,15 @@ namespace ardiphon {
 struct ConfigurationBlock;
 class SettingsStore;
 
-// What `SettingsCaller` may hold: the window that the settings were opened from.
+// The values of `SettingsCaller`: the window from which the settings were opened.
 inline const QString CsdSettings = QStringLiteral("CSD");
 inline const QString ProjectSettings = QStringLiteral("ORCSCO");
 
 /// Whether the whole of \a text is a number whose integer part lies within [\a lowest, \a highest].
 bool isNumberWithin(const QString &text, int lowest, int highest);
 
-/// The general settings and the colours of \a config as the store takes them, in the order in which
-/// they are written: value names and texts.
+/// The general settings and the colours of \a config for the store, in the order in which they are
+/// written: value names and texts.
 QList<std::pair<QString, QString>> settingsToStore(const ConfigurationBlock &config);
 QList<std::pair<QString, QString>> colorsToStore(const ConfigurationBlock &config);
 

@@ -20,13 +20,13 @@ struct PrintMargins
     int bottom = 0;
 };
 
-/// A millimetre of a print margin is taken as so many twips.
+/// How many twips a millimetre of a print margin counts.
 inline constexpr int TwipsPerMillimetre = 57;
 
 /// The room between the top margin and the text, for the header.
 inline constexpr int HeaderRoom = 570;
 
-/// The margins that \a config has in millimetres.
+/// The margins of \a config, which has them in millimetres.
 PrintMargins printMargins(const ConfigurationBlock &config);
 
 /// Where the text of every page is, in twips from the corner of the printer's scale. Empty
@@ -36,7 +36,7 @@ QRect textRectangle(const PrinterPage &page, const PrintMargins &margins);
 /// The rule across the whole width of the scale, at the top margin.
 QLine headerRule(const PrinterPage &page, const PrintMargins &margins);
 
-/// What follows the last "/" of \a path; the whole path when it has none.
+/// The part of \a path after its last "/"; the whole path when it has none.
 QString printedName(const QString &path);
 
 /// The line above the rule of page \a number.

@@ -9,7 +9,7 @@ bool isUntitled(const QString &name)
 
 Document Document::loaded(DocumentRole role, const QString &path, const DocumentForm &form)
 {
-    return Document(role).saved(path, form); // from here on it is the same: text and file agree
+    return Document(role).saved(path, form); // the same state as after a save: text and file agree
 }
 
 Document Document::saved(const QString &path, const DocumentForm &form) const

@@ -5,7 +5,7 @@
 
 namespace ardiphon {
 
-/// What tells whether a file was changed by someone else: when it was written and how long it is.
+/// Shows whether a file was changed by someone else: when it was written and how long it is.
 class FileStamp
 {
 public:
@@ -16,7 +16,7 @@ public:
 
     /// Whether there was a file when this stamp was taken.
     bool isOfAFile() const { return m_size >= 0; }
-    /// Whether there is a file at \a path, and not as it was when this stamp was taken.
+    /// Whether there is a file at \a path that is not as it was when this stamp was taken.
     bool isOutdated(const QString &path) const;
 
     friend bool operator==(const FileStamp &, const FileStamp &) = default;

@@ -60,7 +60,7 @@ QPushButton *FormAssociate::addButton(const QString &name, const QString &captio
     return button;
 }
 
-/// A failed association leaves the question open.
+/// After a failed association the question will be asked again.
 void FormAssociate::associate()
 {
     if (associateFiles(m_dialogs, [this] { keepAnswer(); }))

@@ -11,8 +11,8 @@ namespace ardiphon {
 class Dialogs;
 class SettingsStore;
 
-/// Asks, the first time that the program runs, whether it shall open the Csound files. Either
-/// answer is kept, so that the question comes once.
+/// Asks, the first time that the program runs, whether it is to open the Csound files. Either
+/// answer is stored, so that the question comes once.
 class FormAssociate : public QDialog
 {
     Q_OBJECT

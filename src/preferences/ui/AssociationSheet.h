@@ -10,7 +10,8 @@ namespace ardiphon {
 
 class Dialogs;
 
-/// The settings' sheet that makes the program the opener of its documents, or no longer.
+/// The settings' sheet that associates the Csound files with the program, or removes the
+/// association.
 class AssociationSheet : public QGroupBox
 {
     Q_OBJECT

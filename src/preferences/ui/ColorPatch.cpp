@@ -34,7 +34,7 @@ void ColorPatch::paintEvent(QPaintEvent *)
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
     if (!hasFocus())
         return;
-    // Seen on any colour, unlike the style's own rectangle.
+    // Visible on any colour, unlike the style's own rectangle.
     painter.setPen(QPen(fill.lightness() < 128 ? Qt::white : Qt::black, 1, Qt::DotLine));
     painter.drawRect(rect().adjusted(FocusMargin, FocusMargin, -FocusMargin - 1, -FocusMargin - 1));
 }

@@ -14,8 +14,8 @@
 
 namespace ardiphon {
 
-/// A patch, the colour that it shows, and what hands that colour to an editor. Without an
-/// operation the editors ask for the colour themselves when they draw.
+/// A patch, the colour that it shows, and the operation that passes that colour to an editor.
+/// Without an operation the editors read the colour themselves when they draw.
 struct ColorSheet::Patch
 {
     const char *name = nullptr;
@@ -167,7 +167,7 @@ void ColorSheet::showColors()
         control(patch)->setColor(m_config.*patch.field);
 }
 
-/// A cancel leaves the patch as it is, and everything behind the question is done all the same.
+/// Cancel leaves the patch as it is; the steps after the question are done in any case.
 void ColorSheet::pick(const Patch &patch)
 {
     if (const auto chosen = m_dialogs.color(m_lastPicked)) {

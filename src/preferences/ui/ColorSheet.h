@@ -14,8 +14,8 @@ class Dialogs;
 class LEditOCX;
 struct ConfigurationBlock;
 
-/// The settings' sheet of colours. What is picked is seen in the open editors at once, and stays
-/// for the run whether it is saved or not.
+/// The settings' sheet of colours. A picked colour is used in the open editors at once, and until
+/// the program ends, whether it is saved or not.
 class ColorSheet : public QGroupBox
 {
     Q_OBJECT
@@ -48,7 +48,7 @@ private:
     ConfigurationBlock &m_config;
     Dialogs &m_dialogs;
     const QList<LEditOCX *> m_editors;
-    Color m_lastPicked; ///< what the next colour dialog begins with
+    Color m_lastPicked; ///< the first colour of the next colour dialog
 };
 
 } // namespace ardiphon

@@ -10,7 +10,7 @@ namespace ardiphon {
 class Dialogs;
 struct ConfigurationBlock;
 
-/// The settings' sheet of paths. Only a browse changes them, and the change counts at once.
+/// The settings' sheet of paths. Only the browse buttons change them; a change has effect at once.
 class DirectorySheet : public QGroupBox
 {
     Q_OBJECT

@@ -76,7 +76,7 @@ bool FolderTree::setPath(const QString &path)
 void FolderTree::keyPressEvent(QKeyEvent *event)
 {
     m_keepCentered = false;
-    // The toolkit would open every folder below, through links in circles.
+    // The toolkit would open every folder below, endlessly where links form circles.
     if (event->key() != Qt::Key_Asterisk)
         QTreeWidget::keyPressEvent(event);
 }
@@ -118,7 +118,7 @@ void FolderTree::readFolder(QTreeWidgetItem *item)
         readSlice(); // mostly it is the only one
 }
 
-/// Folders come one after the other, in the order in which they were opened.
+/// Folders are read one after the other, in the order in which they were opened.
 void FolderTree::readSlice()
 {
     Reading &reading = m_readings.front();

@@ -10,12 +10,12 @@
 
 namespace ardiphon {
 
-/// The folders of the system as a tree; a folder's own are read when it is opened, a large one in
-/// slices between which the window answers. Nothing opens more than one folder at once. The current
-/// folder is the tree's path.
+/// The folders of the system as a tree; the subfolders of a folder are read when it is opened, for
+/// a large one in slices between which the window handles events. Nothing opens more than one
+/// folder at once. The current folder is the tree's path.
 ///
-/// Written by hand, as the toolkit's model of the file system takes 0.9 s for a folder of 20,000
-/// folders, a quarter of a second of it in one piece; this takes less than a third of that.
+/// It does not use the toolkit's model of the file system, which takes 0.9 s for a folder of 20,000
+/// folders, a quarter of a second of it without a break; this takes less than a third of that.
 class FolderTree : public QTreeWidget
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ public:
 
     /// The absolute path of the current folder.
     QString path() const;
-    /// Makes \a path current and shows it. False, with nothing changed, when it is no folder.
+    /// Makes \a path current and shows it. False, with nothing changed, when it is not a folder.
     bool setPath(const QString &path);
 
 signals:
@@ -53,7 +53,7 @@ private:
     QTreeWidgetItem *childNamed(QTreeWidgetItem *parent, const QString &name);
     void centerCurrent();
 
-    QIcon m_icon; ///< one for all: making it takes longer than all else about an item
+    QIcon m_icon; ///< one for all items: making an icon takes longer than the rest of an item
     std::list<Reading> m_readings;
     QTimer m_slices;
     bool m_keepCentered = false; ///< until the user moves in the tree

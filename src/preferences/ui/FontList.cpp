@@ -10,7 +10,7 @@ FontList::FontList(QWidget *parent) : QListView(parent)
     QStringList names = QFontDatabase::families();
     names.removeAll(QString());
     setModel(new QStringListModel(names, this));
-    // In the window's own font: some fonts have no letters to draw their name with.
+    // Names are drawn in the window's own font: some fonts have no letters for their name.
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {

@@ -12,7 +12,7 @@ class FontList : public QListView
 public:
     explicit FontList(QWidget *parent);
 
-    /// Selects \a name, compared without the blanks around it; no entry when it is not there.
+    /// Selects \a name, compared without the blanks at its ends; no entry when it is not there.
     void select(const QString &name);
     /// "" when no entry is selected.
     QString selectedName() const;

@@ -12,8 +12,8 @@ class FontSample : public QTextEdit
 public:
     explicit FontSample(QWidget *parent);
 
-    /// Shows the sample in \a fontName, plain and of size 10; in the font that an editor draws
-    /// instead when there is none of that name.
+    /// Shows the sample in \a fontName, plain and of size 10; when there is no font of that name,
+    /// in the one that an editor uses instead.
     void showIn(const QString &fontName);
 };
 

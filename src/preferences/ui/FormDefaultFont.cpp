@@ -73,7 +73,7 @@ void FormDefaultFont::restoreDefault()
     choose(UsualFontName);
 }
 
-/// A name that the list does not have stays: no entry is selected then.
+/// When no entry is selected, a name that is not in the list stays.
 void FormDefaultFont::accept()
 {
     if (const QString name = List1->selectedName(); !name.isEmpty())

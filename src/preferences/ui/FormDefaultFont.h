@@ -10,8 +10,8 @@ class FontList;
 class FontSample;
 struct ConfigurationBlock;
 
-/// Chooses `DefaultFontName`, which windows opened later begin with. The choice counts at once;
-/// "&Cancel" alone takes it back.
+/// Chooses `DefaultFontName`, with which windows opened later begin. The choice has effect at once;
+/// only "&Cancel" reverts it.
 class FormDefaultFont : public QDialog
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ public:
     FormDefaultFont(ConfigurationBlock &config, QWidget *owner);
 
 protected:
-    /// Esc means nothing to this window.
+    /// Esc does nothing in this window.
     void keyPressEvent(QKeyEvent *event) override;
 
 private:

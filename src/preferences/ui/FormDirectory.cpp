@@ -24,7 +24,7 @@ FormDirectory::FormDirectory(ConfigurationBlock &config, QWidget *owner)
 
     if (m_config.WorkingDirectory.isEmpty())
         m_config.WorkingDirectory = QDir::rootPath();
-    // A folder that is missing leaves the tree where it begins, in the present one.
+    // When the folder is missing, the tree stays at the current directory.
     if (!Dir1->setPath(m_config.WorkingDirectory))
         Dir1->setPath(QDir::currentPath());
     Text1->setText(m_config.WorkingDirectory);

@@ -9,8 +9,8 @@ namespace ardiphon {
 class FolderTree;
 struct ConfigurationBlock;
 
-/// Chooses the working directory by moving through the folders: the one that is shown is the
-/// choice, whatever way the window is closed.
+/// Chooses the working directory by moving through the folders: the folder that is shown is the
+/// choice, however the window is closed.
 class FormDirectory : public QDialog
 {
     Q_OBJECT

@@ -95,7 +95,7 @@ void FormImpostazioni::layOut(const QList<QWidget *> &sheets)
     all->addLayout(buttons);
     resize(sizeHint().expandedTo({620, 0}));
     setMinimumWidth(width());
-    setFixedHeight(height()); // only the paths want more room
+    setFixedHeight(height()); // only the paths need more width
 }
 
 void FormImpostazioni::showSheet(int index)

@@ -14,15 +14,15 @@ class GeneralSheet;
 class TextSheet;
 struct ProgramContext;
 
-/// The settings. They reach the store through "&Save and Exit" alone; a path or a colour that was
-/// chosen counts at once all the same, and closing the window does not take it back.
+/// The settings. Only "&Save and Exit" stores them; but a path or a colour that was chosen has
+/// effect at once, and closing the window does not revert it.
 class FormImpostazioni : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// \a views: those of the open editor window. \a caller tells which it is; `SettingsCaller`
-    /// mirrors that.
+    /// \a views: those of the open editor window. \a caller is its name; `SettingsCaller` mirrors
+    /// that.
     FormImpostazioni(ProgramContext &program, const EditorViews &views, const QString &caller,
                      QWidget *owner);
 

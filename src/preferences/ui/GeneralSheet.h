@@ -17,7 +17,7 @@ class GeneralSheet : public QGroupBox
 public:
     GeneralSheet(ConfigurationBlock &config, QWidget *parent);
 
-    /// Puts what the sheet shows into the configuration.
+    /// Writes what the sheet shows into the configuration.
     void take();
     /// Whether the sheet shows the indent as on.
     bool autoIndent() const;

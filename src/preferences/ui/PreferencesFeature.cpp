@@ -28,8 +28,8 @@ void setPlainFont(const FeatureHost &host)
     }
 }
 
-/// After a cancel the editors take the font that they have. The focus moves before the window is
-/// arranged, which may give it to the only view that is shown.
+/// After Cancel the editors are given the font that they have already. The focus moves before the
+/// window is arranged, which may give it to the only view that is shown.
 void chooseFont(FeatureHost &host)
 {
     host.owner().setCursor(Qt::WaitCursor);

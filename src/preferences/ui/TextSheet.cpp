@@ -68,7 +68,7 @@ void TextSheet::layOut()
     textFontSize->setFixedWidth(SizeFieldWidth);
     addRow(QStringLiteral("Tab indent size:"), textTabSize,
            new QLabel(QStringLiteral("(Min 2 - Max 30)"), this));
-    // The least size is smaller than that; the note is as users of the program know it.
+    // The smallest size is below that of the note; the note's text is fixed.
     addRow(QStringLiteral("Default Font Size:"), textFontSize,
            new QLabel(QStringLiteral("(Min 10 - Max 20)"), this));
     addRow(QStringLiteral("Default Font Name:"), textFontName,

@@ -9,7 +9,7 @@ namespace ardiphon {
 class Dialogs;
 struct ConfigurationBlock;
 
-/// The settings' sheet of the tab size and of the font that windows opened later begin with.
+/// The settings' sheet of the tab size and of the font with which windows opened later begin.
 class TextSheet : public QGroupBox
 {
     Q_OBJECT
@@ -17,8 +17,8 @@ class TextSheet : public QGroupBox
 public:
     TextSheet(ConfigurationBlock &config, Dialogs &dialogs, QWidget *parent);
 
-    /// Puts both sizes into the configuration. False when one is no size: a box has said so then,
-    /// its field shows the setting again, and the configuration is as it was.
+    /// Writes both sizes into the configuration. False when one is not a valid size: then a message
+    /// has said so, its field shows the setting again, and the configuration is as it was.
     bool take();
 
 private:

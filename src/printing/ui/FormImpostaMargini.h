@@ -20,14 +20,14 @@ public:
     FormImpostaMargini(ConfigurationBlock &config, Dialogs &dialogs, QWidget *owner);
 
 protected:
-    /// Takes back what "Default" has changed.
+    /// Reverts what "Default" has changed.
     void reject() override;
 
 private:
     struct Margin
     {
         long ConfigurationBlock::*value;
-        const char *message; ///< when the field holds no margin
+        const char *message; ///< for a field without a valid margin
         long before;         ///< the value at the load
         QLineEdit *field;
     };
@@ -37,7 +37,7 @@ private:
     void showMargins();
     void takeMargins();
     void setDefaults();
-    /// Whether every field holds a margin; each one that does not is reported.
+    /// Whether every field has a valid margin; each one that does not is reported.
     bool checkFields();
 
     ConfigurationBlock &m_config;

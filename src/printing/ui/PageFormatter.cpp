@@ -12,7 +12,7 @@ namespace ardiphon {
 
 namespace {
 
-// What is laid out at once of a line without end.
+// How much of a very long line is laid out at once.
 constexpr qsizetype PieceLength = 1 << 13;
 
 qsizetype lineEnd(const QString &text, qsizetype from, qsizetype limit)
@@ -22,14 +22,14 @@ qsizetype lineEnd(const QString &text, qsizetype from, qsizetype limit)
     return from;
 }
 
-/// So many pixels of the device in those of the screen, in which layouts take their tab stops.
+/// Converts pixels of the device to pixels of the screen, in which layouts take their tab stops.
 double screenPixels(double pixels, const QPaintDevice &device)
 {
     const int screen = qRound(QGuiApplication::primaryScreen()->logicalDotsPerInchY());
     return pixels * screen / device.logicalDpiY();
 }
 
-/// Behind the line end at \a at, or at the text's own end.
+/// The place after the line end at \a at, or the end of the text.
 qsizetype nextLine(const QString &text, qsizetype at)
 {
     return qMin(at + (QStringView(text).mid(at).startsWith(QLatin1String("\r\n")) ? 2 : 1),
@@ -69,7 +69,7 @@ PageFormatter::Rendered PageFormatter::renderPiece(QPainter &painter, Room &room
 {
     QTextLayout layout(piece, m_font, m_device);
     layout.setTextOption(m_option);
-    layout.setCacheEnabled(true); // it is drawn once it is laid out
+    layout.setCacheEnabled(true); // it is drawn after it is laid out
     Rendered rendered{0, false};
     int lines = 0;
     layout.beginLayout();

@@ -19,15 +19,17 @@ struct PrintText
 };
 
 /// Breaks a text into pages. Lines that are too long break between words, or anywhere where a word
-/// is too long itself. A page costs what is on it, however long the text before and behind is.
+/// is too long itself. The time for a page depends on what is on it, not on the length of the text
+/// before and after it.
 class PageFormatter
 {
 public:
     /// \a box and \a device must outlive the formatter; \a device has the resolution.
     PageFormatter(const PrintText &box, QPaintDevice *device);
 
-    /// Draws the text from character \a first on into \a area, in pixels of the device. Gives the
-    /// first character that did not fit: always one behind \a first, as one line at least is drawn.
+    /// Draws the text from character \a first on into \a area, in pixels of the device. Returns the
+    /// first character that did not fit; it is always after \a first, as at least one line is
+    /// drawn.
     qsizetype render(QPainter &painter, const QRectF &area, qsizetype first) const;
 
 private:
@@ -44,12 +46,12 @@ private:
 
     struct Rendered
     {
-        qsizetype length; ///< so many characters are done with
+        qsizetype length; ///< how many characters are finished
         bool pageIsFull;
     };
 
-    /// Draws a piece of a line of the text. When the piece \a goesOn behind its end, its last line
-    /// is left, to be laid out with what follows.
+    /// Draws a piece of a line of the text. When the text \a goesOn after the piece, the piece's
+    /// last line is left, to be laid out with what follows.
     Rendered renderPiece(QPainter &painter, Room &room, const QString &piece, bool goesOn) const;
 
     const PrintText &m_box;

@@ -41,7 +41,7 @@ void PrintEntries::printProject(const PrintSource &orchestra, const PrintSource 
     }
 }
 
-/// Only the choice tells the paper.
+/// Whether there is room is checked after the choice, as only that gives the paper.
 std::optional<PrintChoice> PrintEntries::askForPrinter(const PrintSource &first,
                                                        bool hasSelection) const
 {

@@ -12,7 +12,7 @@ struct ConfigurationBlock;
 struct PrintChoice;
 struct PrintText;
 
-/// A text of an editor window, and the path that heads its pages.
+/// A text of an editor window, and the path for the header of its pages.
 struct PrintSource
 {
     const LEditOCX &editor;
@@ -20,19 +20,19 @@ struct PrintSource
 };
 
 /// The print entries of an editor window. Each says when there is nothing to print, else asks for
-/// a printer and prints; a cancel and a printer that fails end it silently. It also says when the
-/// margins leave no room for a text on the chosen paper.
+/// a printer and prints; Cancel and a printer that fails end it without a message. It also says
+/// when the margins leave no room for a text on the chosen paper.
 class PrintEntries
 {
 public:
-    /// Everything is printed in the font of \a first, the window's first editor. All of them must
+    /// Everything is printed in the font of \a first, the window's first editor. All arguments must
     /// outlive the entries.
     PrintEntries(const ConfigurationBlock &config, Dialogs &dialogs, const LEditOCX &first);
 
     /// Prints the selection, where the user leaves it chosen, or the whole text.
     void printDocument(const PrintSource &document) const;
-    /// Prints both texts whole, each as a job of its own; neither when one of them is empty, and no
-    /// score on a printer that failed at the orchestra.
+    /// Prints both whole texts, each as a job of its own; none when one of them is empty, and not
+    /// the score when the printer failed at the orchestra.
     void printProject(const PrintSource &orchestra, const PrintSource &score) const;
 
 private:

@@ -4,7 +4,7 @@
 
 namespace ardiphon {
 
-/// The print entries for the texts that the window holds, and the margins of the page.
+/// The print entries for the texts of the window, and the margins of the page.
 class PrintFeature : public WindowFeature
 {
 public:

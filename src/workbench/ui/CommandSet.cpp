@@ -19,7 +19,7 @@ QString shownCaption(const Command &command, const Shortcut &shortcut)
     return *shortcut.text ? caption + u'\t' + QLatin1String(shortcut.text) : caption;
 }
 
-/// That of the command of that name; one without a key when there is none.
+/// The shortcut of the command of that \a name; one without a key when there is none.
 Shortcut shortcutOf(const char *name, std::span<const Shortcut> shortcuts)
 {
     const auto found =

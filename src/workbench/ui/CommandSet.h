@@ -31,16 +31,16 @@ public:
     /// is a mistake and reported as one, an action that does nothing.
     QAction *action(const char *name) const;
 
-    /// Has \a handler of \a receiver carry the command out.
+    /// Has \a handler of \a receiver called when the command is chosen.
     template <typename Receiver, typename Handler>
     void bind(const char *name, Receiver *receiver, Handler handler)
     {
         QObject::connect(action(name), &QAction::triggered, receiver, handler);
         ++m_handlers[name];
     }
-    /// How many handlers were bound to the command: one, when all are bound.
+    /// How many handlers were bound to the command: exactly one, when all commands are bound.
     int handlers(const char *name) const { return m_handlers.value(name); }
-    /// Has one command carry out another.
+    /// Makes the command \a name do what \a other does.
     void bindTo(const char *name, const char *other);
     void bindTo(std::span<const CommandAlias> aliases);
 

@@ -43,12 +43,12 @@ public:
     ConfigurationBlock &config() const;
     Dialogs &dialogs() const;
 
-    /// The commands of the window. A feature binds those of its subject; what only some windows
-    /// have it asks for with has().
+    /// The commands of the window. A feature binds its own; whether the window has a command that
+    /// only some windows have, CommandSet::has() says.
     virtual CommandSet &commands() = 0;
     /// The keys of the views.
     virtual ViewKeys &keys() = 0;
-    /// Has \a prepare run before the popup menu of a view is shown, with the caret where it was
+    /// Has \a prepare called before the popup menu of a view is shown, with the caret where it was
     /// clicked.
     virtual void beforePopup(std::function<void(const EditorView &)> prepare) = 0;
 
@@ -57,19 +57,19 @@ public:
     /// The view that has the focus and is shown, or null.
     LEditOCX *focusedEditor() const;
     /// The editor that holds the text of that role; null where the window has no such text. The
-    /// second view of a split shows a copy and is none.
+    /// second view of a split shows a copy and does not count.
     LEditOCX *editor(DocumentRole role) const;
-    /// Those of all languages that the window has.
+    /// The editors of all roles that the window has.
     QList<LEditOCX *> editors() const;
-    /// What is known of the document of that role besides its text, as long as nothing happens to
-    /// it; null where the window has none.
+    /// The record of the document of that role, valid until it changes; null where the window has
+    /// none.
     virtual const Document *document(DocumentRole role) const = 0;
 
-    /// Puts \a text in the place of the selection of the first editor, which gets the focus.
+    /// Replaces the selection of the first editor by \a text; that editor gets the focus.
     virtual void insertText(const QString &text) = 0;
-    /// Gives every control around the text its place again, after a size in it changed.
+    /// Places every control around the text again, after one of their sizes has changed.
     virtual void arrange() = 0;
-    /// Puts \a content, which becomes the dock's, into a dock of the window. It is hidden.
+    /// Adds a dock to the window, hidden at first; \a content becomes its child.
     virtual QDockWidget *addDock(const Dock &dock, QWidget *content) = 0;
 };
 

@@ -11,22 +11,22 @@ namespace ardiphon {
 
 struct EditorKey;
 
-/// The keys that views take for their window: each has a meaning, and a meaning has one handler.
+/// The keys that views pass to their window: each has a meaning, and a meaning has one handler.
 class ViewKeys : public QObject
 {
     Q_OBJECT
 
 public:
-    /// What a key means in a view of that position, as csdViewKey() and projectViewKey() tell.
+    /// Returns what a key means in a view of that position, like csdViewKey() and projectViewKey().
     using Rule = ViewKey (*)(int keyCode, int shift, ViewPosition position);
     using Handler = std::function<void(const EditorView &)>;
 
     ViewKeys(Rule rule, QObject *parent) : QObject(parent), m_rule(rule) {}
 
-    /// From now on the keys of \a view are looked at.
+    /// From now on handles the keys of \a view.
     void follow(const EditorView &view);
-    /// Has \a handler do what a key of that meaning asks for, in the place of an earlier one. It is
-    /// given the view in which the key went down.
+    /// Has \a handler called for keys of that meaning, instead of an earlier handler, with the view
+    /// in which the key was pressed.
     void bind(ViewKey meaning, Handler handler);
 
     /// What a key means in a view of that position.

@@ -14,8 +14,8 @@ public:
     WindowFeature &operator=(const WindowFeature &) = delete;
     virtual ~WindowFeature() = default;
 
-    /// Joins the feature to the window of \a host, which outlives it. Runs once, when the editors
-    /// and the actions of the tables are made and the menus are not filled yet.
+    /// Adds the feature to the window of \a host, which outlives it. Called once, after the editors
+    /// and the actions of the tables are made and before the menus are filled.
     virtual void install(FeatureHost &host) = 0;
 };
 
