@@ -18,8 +18,8 @@
 
 namespace {
 
-/// What was given on the command line, as one text. There are no options: a word that begins with
-/// a "-" is part of a name.
+/// The arguments of the command line as one text. There are no options: a word that begins with a
+/// "-" is part of a name.
 QByteArray commandText(int argc, char *argv[])
 {
     QByteArrayList words;
@@ -35,7 +35,7 @@ int main(int argc, char *argv[])
     using namespace ardiphon;
 
     const QByteArray command = commandText(argc, argv);
-    int nameAlone = 1; // the toolkit would take words for options of its own
+    int nameAlone = 1; // the toolkit would read words as its own options
     QApplication application(nameAlone, argv);
     QApplication::setApplicationName(QStringLiteral("ArdiphonPro"));
     QApplication::setApplicationVersion(QStringLiteral(ARDIPHON_VERSION));

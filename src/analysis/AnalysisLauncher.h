@@ -4,8 +4,8 @@
 
 namespace ardiphon {
 
-/// A line of the launcher: its button and what its help mark shows. SNDINFO, which is no tool of
-/// the compiler's, has no description.
+/// A line of the launcher: its button and the text of its help mark. SNDINFO, which is not a tool
+/// of the compiler, has no AnalysisTool.
 struct LauncherRow
 {
     const char *name; ///< of the button

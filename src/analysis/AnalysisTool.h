@@ -4,21 +4,22 @@
 
 namespace ardiphon {
 
-/// When an option is written whose switch, if it has one, is on. Numbers are leading numbers.
+/// When an option is written, if it has no switch or its switch is on. Texts count as the numbers
+/// with which they begin.
 enum class Rule { Always, Above0, Not0, Not10000, NotEmpty };
 
 enum class Switch {
     None,
     CheckBox,
-    RadioButton ///< one of those of its group; the first is on at first
+    RadioButton ///< one of its group; the first one is on at first
 };
 
 /// An item of a combo box.
 struct Choice
 {
     const char *caption = nullptr;
-    const char *flag = "";    ///< in place of the row's, where it has one of its own
-    const char *initial = ""; ///< what choosing it writes into the row's field
+    const char *flag = "";    ///< instead of the row's flag, where the item has its own
+    const char *initial = ""; ///< the text that choosing it writes into the row's field
 };
 
 inline constexpr int NoHint = -1;
@@ -28,17 +29,17 @@ inline constexpr int NoHint = -1;
 struct ToolRow
 {
     const char *label = "";     ///< of the line, or of its check box or radio button
-    const char *flag = "";      ///< in front of the value, with no blank between
+    const char *flag = "";      ///< before the value, with no blank between
     const char *text = "";      ///< the name of its field; its text is the value
     const char *initial = "";   ///< of the field: at first, after a revert and when left empty
-    Rule rule = Rule::Always;   ///< asked of the value
-    bool trimmed = false;       ///< blanks around the value are left out
-    bool number = true;         ///< the field takes only what may be a number
-    const char *proposed = "";  ///< what the field gets in place of the input's extension
+    Rule rule = Rule::Always;   ///< decides by the value
+    bool trimmed = false;       ///< blanks at the ends of the value are left out
+    bool number = true;         ///< the field accepts only what may be a number
+    const char *proposed = "";  ///< the input's path with this extension goes into the field
     Switch kind = Switch::None; ///< of the switch; a check box enables the field too
     const char *name = "";      ///< of the switch
     std::span<const Choice> choices = {}; ///< of `Combo1`; without a field the caption is the value
-    const char *note = "";                ///< behind the field, in `Label3`
+    const char *note = "";                ///< after the field, in `Label3`
     int hint = NoHint;                    ///< the index of its help mark
 };
 
@@ -74,7 +75,7 @@ struct ToolGroup
     std::span<const ToolRow> rows;
 };
 
-/// What a help mark shows. CR LF separates lines.
+/// The text of a help mark. CR LF separates lines.
 struct Hint
 {
     const char *title;
@@ -95,7 +96,7 @@ struct AnalysisTool
     const char *form = nullptr;    ///< the name of its window
     const char *caption = nullptr; ///< of its window
     const char *keyword = "";
-    std::span<const OutputFormat> formats = {}; ///< one alone is not shown; none: no output file
+    std::span<const OutputFormat> formats = {}; ///< a single one is not shown; none: no output file
     std::span<const ToolGroup> groups;
     std::span<const Hint> hints;
     const char *inputLabel = "Input File:";
@@ -104,7 +105,7 @@ struct AnalysisTool
     const char *inputFilter = "All Files |*.*";
     bool moreFlags = true;     ///< has `CheckMoreFlags` and `TextMoreFlags`
     bool checksFiles = true;   ///< does not start without the names of its files
-    bool restoresEmpty = true; ///< a number that is left empty gets its default
+    bool restoresEmpty = true; ///< an empty number field gets its default
 };
 
 extern const AnalysisTool Hetro, LPAnal, PVAnal, PVLook, CVAnal, DNoise;

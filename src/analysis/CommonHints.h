@@ -4,7 +4,7 @@
 
 namespace ardiphon {
 
-// What several of the utilities say of the options that they share.
+// The hints for options that several of the utilities share.
 
 inline constexpr Hint BeginHint = {
     "Begin:",

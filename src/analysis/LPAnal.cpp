@@ -8,7 +8,7 @@ constexpr OutputFormat lpFormats[] = {{"", "", "lp"}};
 
 constexpr Choice verbosity[] = {{"0"}, {"1"}, {"2"}};
 
-// The help marks are numbered otherwise than the fields.
+// The help marks are numbered differently from the fields.
 constexpr ToolRow lpRows[] = {
     always("Begin (-b):", "-b", "TextFlags(0)", "0.0", 0),
     always("Duration (-d):", "-d", "TextFlags(1)", "0.0", 1),

@@ -4,7 +4,7 @@ namespace ardiphon {
 
 namespace {
 
-// Only the labels name the flags: this form starts no tool.
+// The flags are only in the labels: this form starts no tool.
 constexpr ToolRow lookRows[] = {
     always("Begin Bin (-bb):", "", "TextFlags(0)", "1", 0),
     always("End Bin (-eb):", "", "TextFlags(1)", "-1", 1),

@@ -51,7 +51,7 @@ std::optional<QString> option(const ToolRow &row, const ToolValues &values)
     return flag + (row.trimmed ? value.trimmed() : value);
 }
 
-/// Nothing in \a name is escaped.
+/// \a name in double quotes; nothing in it is escaped.
 QString betweenQuotes(const QString &name) { return u'"' + name + u'"'; }
 
 QString fileArguments(const AnalysisTool &tool, const ToolValues &values)

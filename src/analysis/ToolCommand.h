@@ -8,10 +8,10 @@
 
 namespace ardiphon {
 
-/// What a tool's form holds, by the names of its controls.
+/// The values in a tool's form, by the names of its controls.
 struct ToolValues
 {
-    QHash<QString, QString> texts; ///< of fields and of the labels that show file names
+    QHash<QString, QString> texts; ///< of fields and of labels that show file names
     QSet<QString> on;              ///< check boxes and radio buttons
     int item = 0;                  ///< of `Combo1`
 
@@ -22,7 +22,7 @@ struct ToolValues
 /// \a path without its last three characters, whatever they are, and with \a suffix instead.
 QString withSuffix(const QString &path, const char *suffix);
 
-/// What prevents the tool from starting, to be shown to the user; nothing when it can start.
+/// The message that says why the tool cannot start; nothing when it can.
 std::optional<Message> startObstacle(const AnalysisTool &tool, const QString &fileCSound,
                                      const ToolValues &values);
 

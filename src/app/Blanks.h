@@ -4,7 +4,7 @@
 
 namespace ardiphon {
 
-/// \a text without the blanks at its ends; a tab, a line end and a fixed blank are none.
+/// \a text without the blanks at its ends; a tab, a line end and a non-breaking blank do not count.
 inline QStringView withoutBlanksAround(QStringView text)
 {
     while (text.startsWith(u' '))

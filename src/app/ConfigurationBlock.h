@@ -17,7 +17,7 @@ class SettingsStore;
 inline const QString UsualFontName = QStringLiteral("Courier New");
 
 /// The one block of settings and run-time values that all windows share. It is created by the
-/// program's start and handed by reference to whoever needs it.
+/// program's start and passed by reference to everything that needs it.
 struct ConfigurationBlock
 {
     // Settings, in the order in which they are read.
@@ -54,23 +54,24 @@ struct ConfigurationBlock
     Color ColorInstrEndin;
     Color ColorInstrEndinBK;
 
-    // The names of the open documents, mirrored here for those who read them: a path, "[Untitled]"
-    // or, where nothing has been given yet, "". Before an editor window is opened, what it opens.
+    // The names of the open documents, mirrored here for the parts that read them: a path,
+    // "[Untitled]" or, where there is no name yet, "". Before an editor window is opened, the
+    // document that it opens.
     QString CSDFileName;
     QString OrchestraFileName;
     QString ScoreFileName;
-    QString LastFileName;  ///< the name last given to an open-by-name routine
+    QString LastFileName;  ///< the last name passed to an open-by-name routine
     QString StartFileName; ///< the file chosen in the start window
 
     /// The private folder of this run, with its closing "/"; its path has no blank.
     QString RootPath;
-    /// Where the program keeps files of its own from one run to the next.
+    /// The folder of the program's own files that are kept between runs.
     QString ProgramFolder;
 
     QString FontName;          ///< the font now used in the CSD window
     std::int16_t FontSize = 0; ///< the size now used, in points
 
-    // The editor window's rectangle, in twips, handed from one editor window to the next.
+    // The editor window's rectangle, in twips, passed from one editor window to the next.
     long WindowLeft = 0;
     long WindowTop = 0;
     long WindowWidth = 0;
@@ -92,19 +93,19 @@ struct ConfigurationBlock
     bool OnLineHelpVisible = false;
     bool ToolbarVisible = false;
 
-    bool FormCSDClosing = false; ///< the user leaves the program as a whole
+    bool FormCSDClosing = false; ///< the user ends the whole program
 
-    // Mirrors whether the bookmarks of that text changed; says nothing of the text itself.
+    // Mirrors whether the bookmarks of that text have changed, not whether the text has.
     bool CSDModified = false;
     bool OrchestraModified = false;
     bool ScoreModified = false;
 
-    // What was last handed to a window; mirrored here, and read by nobody.
+    // What was last passed to a window; only mirrored here, nothing reads it.
     QString SettingsCaller;    ///< "CSD" or "ORCSCO"
     QString FindCaller;        ///< "CSD", "ORCHESTRA" or "SCORE"
     QString ReplaceCaller;     ///< as above
     QString FindLineCaller;    ///< as above
-    QString NewDocumentChoice; ///< "NEWCSD", "NEWORCSCO", or "" for a cancel
+    QString NewDocumentChoice; ///< "NEWCSD", "NEWORCSCO", or "" after Cancel
 
     QString CurrentWord;
     QString HelpWord; ///< mirrors the keyword that the next keyword help asks for; "" means none
@@ -114,7 +115,7 @@ struct ConfigurationBlock
 };
 
 /// Fills \a config from \a store: every setting with its default and bounds, the print margins and
-/// `WindowMaximized`. What the store lacks, or holds in nonsense, gets its default.
+/// `WindowMaximized`. A value that is missing in the store, or invalid there, gets its default.
 void LoadConfiguration(ConfigurationBlock &config, SettingsStore &store);
 
 /// Gives every colour of \a config its default.

@@ -4,11 +4,10 @@
 
 namespace ardiphon {
 
-/// The windows in which the program can live. A window opens the document that the configuration
-/// names.
+/// The main windows of the program. A window opens the document that the configuration names.
 enum class StartWindow { Chooser, FormCSD, FormORCSCO };
 
-/// How a lower window opens an editor window.
+/// How other windows open an editor window, which they do not know.
 struct EditorWindows
 {
     std::function<void()> showFormCSD;

@@ -14,7 +14,7 @@ QString withDefault(const QString &text, const QString &whenEmpty)
     return text.isEmpty() ? whenEmpty : text;
 }
 
-/// \a text, or \a otherwise when it is empty or its number lies outside [\a lowest, \a highest].
+/// \a text, or \a otherwise when it is empty or its number is outside [\a lowest, \a highest].
 QString boundedNumber(const QString &text, int lowest, int highest, const QString &otherwise)
 {
     const double number = leadingNumber(text);
@@ -52,7 +52,8 @@ void loadSettings(ConfigurationBlock &config, SettingsStore &store)
     config.AutoIndent = boundedNumber(read("AutoIndent"), 0, 1, QStringLiteral("0"));
 }
 
-/// \a textOf gives the text of a colour by its name; for "" the colour gets its default.
+/// Sets all colours. \a textOf returns the text of a colour by its name; for "" the colour gets its
+/// default.
 void resolveColors(ConfigurationBlock &config,
                    const std::function<QString(const QString &name)> &textOf)
 {

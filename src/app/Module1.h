@@ -5,7 +5,7 @@
 namespace ardiphon {
 
 /// Whether \a text may be a number in an analysis field: only "-", ".", "/" and digits, and
-/// at most one point. Order is not looked at, and the empty text counts as a number.
+/// at most one point. The order is not checked, and the empty text counts as a number.
 bool IsNumericText(QStringView text);
 
 } // namespace ardiphon

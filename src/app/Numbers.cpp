@@ -44,7 +44,7 @@ double leadingNumber(QStringView text)
         end = skipDigits(number, end + 1);
     end = skipExponent(number, end);
 
-    // toDouble refuses a lone sign or point, which leaves 0.
+    // toDouble refuses a sign or point alone; the result is 0 then.
     return number.left(end).toDouble();
 }
 

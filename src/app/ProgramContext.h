@@ -8,13 +8,13 @@ struct ConfigurationBlock;
 class SettingsStore;
 class Dialogs;
 
-/// What the program's start hands to every window.
+/// What the program's start passes to every window.
 struct ProgramContext
 {
     ConfigurationBlock &config;
     SettingsStore &settings;
     Dialogs &dialogs;
-    EditorWindows windows; ///< filled once the windows can be made
+    EditorWindows windows; ///< set as soon as the windows can be made
 };
 
 } // namespace ardiphon

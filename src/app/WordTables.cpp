@@ -9,7 +9,7 @@ namespace ardiphon {
 
 namespace {
 
-/// Reads a text file item by item. Items end at a comma or a line end and may stand in quotes.
+/// Reads a text file item by item. Items end at a comma or a line end and may be in quotes.
 class ItemReader
 {
 public:
@@ -67,7 +67,7 @@ ItemReader itemsOf(const QString &path)
     return ItemReader(openRegularFile(file) ? file.readAll() : QByteArray());
 }
 
-/// Keeps every item of the file, and one empty item when it has none.
+/// Returns every item of the file, or one empty item when it has none.
 QStringList readCsdWords(const QString &path)
 {
     QStringList words{QString()};
@@ -78,7 +78,7 @@ QStringList readCsdWords(const QString &path)
     return words;
 }
 
-/// Leaves the last item of the file out: the file ends in one word more than it offers.
+/// Leaves out the last item of the file, which is not one of its words.
 QStringList readScoreWords(const QString &path)
 {
     QStringList words;
@@ -108,7 +108,7 @@ void WordTables::LoadWordTables(const QString &folder)
     m_opcodeFile.setFileName(folder + QStringLiteral("/opcode.txt"));
     if (!m_opcodeFile.exists() && m_opcodeFile.open(QIODevice::WriteOnly))
         m_opcodeFile.close();
-    std::ignore = openRegularFile(m_opcodeFile); // without it every word is unknown
+    std::ignore = openRegularFile(m_opcodeFile); // without the file every word is unknown
     readOpcodeNames();
     buildFirstLetterIndex();
 }
@@ -120,7 +120,7 @@ void WordTables::readOpcodeNames()
     OpcodeHelpVersion.clear();
 
     const QByteArray bytes = m_opcodeFile.isOpen() ? m_opcodeFile.readAll() : QByteArray();
-    OpcodeCount = int(bytes.size() / RecordLength); // a record cut short is none
+    OpcodeCount = int(bytes.size() / RecordLength); // an incomplete record does not count
     if (OpcodeCount == 0)
         return;
     OpcodeNames.append(QString());

@@ -10,7 +10,7 @@
 
 namespace ardiphon {
 
-/// One record of `opcode.txt`, each field with the blanks that fill it up.
+/// One record of `opcode.txt`, each field with its padding blanks.
 struct OpcodeEntry
 {
     QString Name;
@@ -18,12 +18,12 @@ struct OpcodeEntry
     QString Parameters;
 };
 
-/// What the program knows of the language: the three word tables beside the executable.
+/// The program's knowledge of the language: the three word tables beside the executable.
 ///
 /// `opcode.txt` is a sequence of 430-byte records (name 50, description 150, parameters 230, one
-/// byte a character, filled with blanks), grouped by first character in ascending order; its last
-/// record carries the table's version. `csd.txt` and `score.txt` hold words separated by commas or
-/// line ends.
+/// byte per character, padded with blanks), grouped by first character in ascending order; its last
+/// record has the table's version. `csd.txt` and `score.txt` have words separated by commas or line
+/// ends.
 class WordTables
 {
 public:
@@ -33,12 +33,12 @@ public:
     static constexpr int RecordLength = NameLength + DescriptionLength + ParametersLength;
 
     /// Reads the three tables of \a folder. `opcode.txt` stays open, so that a record can be read
-    /// from it when it is wanted, and is created empty when there is none. A missing or broken file
-    /// gives an empty table, never a failure.
+    /// from it when it is needed, and is created empty when it does not exist. A missing or broken
+    /// file gives an empty table, never a failure.
     void LoadWordTables(const QString &folder);
 
-    /// Sets `LookupFirst` and `LookupLast` to the records among which \a word is to be sought. The
-    /// range ends before the group of the very next character code; where that code starts no
+    /// Sets `LookupFirst` and `LookupLast` to the records among which \a word is to be searched.
+    /// The range ends before the group of the very next character code; where that code starts no
     /// opcode, it runs to the end of the table. An empty \a word changes nothing.
     void FindOpcodeRange(QStringView word);
 
@@ -68,7 +68,7 @@ public:
     std::array<int, 301> FirstLetterIndex{};
     int LookupFirst = 0;
     int LookupLast = 0;
-    QString OpcodeHelpVersion; ///< with the blanks that fill it up
+    QString OpcodeHelpVersion; ///< with its padding blanks
 
 private:
     void readOpcodeNames();
@@ -76,7 +76,7 @@ private:
     int firstRecordNamed(const QString &word, int first, int last) const;
 
     QFile m_opcodeFile;
-    QHash<QString, QList<int>> m_recordsByName; ///< ascending; gives what a scan would give
+    QHash<QString, QList<int>> m_recordsByName; ///< ascending; the same result as a scan
 };
 
 } // namespace ardiphon

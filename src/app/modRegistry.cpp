@@ -24,7 +24,7 @@ QString pathInFile(const QString &keyPath, const QString &valueName)
     return path + u'/' + valueName;
 }
 
-/// The path under which the file holds the value already, in whatever case, or else the path asked.
+/// The path under which the file has the value already, in any case of letters, else \a path.
 QString storedPath(const QSettings &file, const QString &path)
 {
     const QStringList keys = file.allKeys();
@@ -55,7 +55,8 @@ SettingsStore::SettingsStore(const QString &filePath)
 
 bool SettingsStore::isUsable() const { return m_isOpened && isFileOrNothing(m_path); }
 
-/// The library tells that a write failed, not why: so the disk is asked for the same once more.
+/// The library reports that a write failed, but not why: so the same is tried on the disk once
+/// more.
 Result<> SettingsStore::lastWrite() const
 {
     if (!isUsable()) {
@@ -76,7 +77,7 @@ Result<> SettingsStore::lastWrite() const
     const Result<> written = writeDocumentFile(probe, QByteArray(settingsLength, ' '));
     if (!written)
         return written;
-    std::ignore = removeDocumentFile(probe); // what stays of it harms nobody
+    std::ignore = removeDocumentFile(probe); // a file that stays does no harm
     return FileFailure{FileFailure::Kind::NoPermission};
 }
 
@@ -91,7 +92,7 @@ QString ReadRegistryString(SettingsStore &store, const QString &keyPath, const Q
 {
     if (!store.isUsable())
         return defaultText;
-    store.file().sync(); // another running copy may have written meanwhile
+    store.file().sync(); // another running copy may have written since
     const QVariant value =
         store.file().value(storedPath(store.file(), pathInFile(keyPath, valueName)));
     if (value.typeId() != QMetaType::QString)

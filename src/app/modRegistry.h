@@ -10,11 +10,11 @@
 
 namespace ardiphon {
 
-/// The file that keeps all settings: named text values under hierarchical keys.
+/// The file of all settings: named text values under hierarchical keys.
 class SettingsStore
 {
 public:
-    /// \a filePath: the file to keep; it need not exist yet.
+    /// \a filePath: the file to use; it need not exist yet.
     explicit SettingsStore(const QString &filePath);
 
     /// `Ardiphon/settings.ini` in the user's configuration folder.
@@ -23,8 +23,8 @@ public:
     QSettings &file() { return m_file; }
     const QString &path() const { return m_path; }
 
-    /// False where something else than a file is in its place, which could be waited for
-    /// without end: all values are missing then.
+    /// False where something other than a file is in its place, from which reading might never end:
+    /// then all values are missing.
     bool isUsable() const;
     /// Whether the last write reached the disk, or why not.
     Result<> lastWrite() const;
@@ -45,17 +45,17 @@ inline const QString InstallPathKey = QStringLiteral("Software\\Ardiphon\\Instal
 } // namespace registry
 
 /// The text of a value, up to its first NUL, as another running copy may have left it.
-/// \a defaultText when the value is missing or is no text (a list, a byte array, a number that the
-/// file marks as such).
+/// \a defaultText when the value is missing or is not a text (a list, a byte array, a number that
+/// the file marks as such).
 QString ReadRegistryString(SettingsStore &store, const QString &keyPath, const QString &valueName,
                            const QString &defaultText = {});
 
-/// Creates or replaces a value, whatever case it was written with before. A failed write leaves the
-/// file as it was.
+/// Creates or replaces a value, in whatever case its name was written before. A failed write leaves
+/// the file as it was.
 void WriteRegistryString(SettingsStore &store, const QString &keyPath, const QString &valueName,
                          const QString &text);
 
-/// The same for several values of one key, each a name and a text. The file takes all or none.
+/// The same for several values of one key, each a name and a text. Either all are written or none.
 void WriteRegistryStrings(SettingsStore &store, const QString &keyPath,
                           const QList<std::pair<QString, QString>> &values);
 

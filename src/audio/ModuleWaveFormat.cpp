@@ -10,7 +10,7 @@ namespace ardiphon {
 
 namespace {
 
-/// A header that doesn't end before this place is refused, so there is no need to look further.
+/// A header that does not end before this place is refused, so nothing after it is read.
 constexpr qsizetype HeaderLimit = std::numeric_limits<std::int16_t>::max();
 
 constexpr qsizetype FormatSizeAt = 16;
@@ -24,8 +24,8 @@ Number numberAt(QByteArrayView header, qsizetype at)
     return qFromLittleEndian<Number>(header.data() + at);
 }
 
-/// Where the head of the "data" chunk begins, or -1. Sizes are taken unchanged: the pad byte
-/// behind an odd chunk is not allowed for, and a negative size skips nothing.
+/// Where the head of the "data" chunk begins, or -1. Sizes are taken unchanged: the pad byte after
+/// an odd chunk is not skipped, and a negative size skips nothing.
 qsizetype findData(QByteArrayView header, qsizetype at)
 {
     while (at <= header.size() - ChunkHead) {

@@ -24,11 +24,11 @@ struct WaveFormatRecord
     bool operator==(const WaveFormatRecord &) const = default;
 };
 
-/// Reads the header of the file at \a path. A file that is none, that has no "data" chunk, or whose
-/// samples begin behind byte 32,767 gives a record of zeros, which is the only sign of failure.
+/// Reads the header of the file at \a path. A file that is not a wave file, has no "data" chunk, or
+/// has its samples after byte 32,767 gives a record of zeros, which is the only sign of failure.
 WaveFormatRecord ReadWaveFormat(const QString &path);
 
-/// The same for a file's first bytes; more than 32,767 of them are never looked at.
+/// The same for a file's first bytes; only 32,767 of them are read.
 WaveFormatRecord parseWaveFormat(QByteArrayView header);
 
 } // namespace ardiphon

@@ -26,7 +26,7 @@ Peaks::Peaks(int channels, qint64 frames, int columns)
 
 qint64 Peaks::firstFrame(int column) const
 {
-    // In two steps, for the product could be too large.
+    // In two steps, as the product could be too large.
     return m_frames / m_columns * column + m_frames % m_columns * column / m_columns;
 }
 

@@ -6,7 +6,7 @@
 
 namespace ardiphon {
 
-/// The lowest and the highest sample of a piece of one channel, between -1 and 1.
+/// The lowest and the highest sample in a part of one channel, between -1 and 1.
 struct Peak
 {
     float low = 0;
@@ -17,23 +17,24 @@ struct Peak
     bool operator==(const Peak &) const = default;
 };
 
-/// The outline of a sound: its time is cut into columns of equal length, each with one peak a
-/// channel. Memory depends on the number of columns alone.
+/// The outline of a sound: its time is divided into columns of equal length, each with one peak for
+/// each channel. Memory depends only on the number of columns.
 class Peaks
 {
 public:
     Peaks() = default;
-    /// No more columns than \a columns, and none without a frame.
+    /// Makes at most \a columns columns, and none without a frame.
     Peaks(int channels, qint64 frames, int columns);
 
     int channels() const { return m_channels; }
     int columns() const { return m_columns; }
-    /// Where a column begins; for one behind the last, where the sound ends.
+    /// The first frame of a column; for one after the last, the end of the sound.
     qint64 firstFrame(int column) const;
 
     Peak &at(int column, int channel) { return m_peaks[indexOf(column, channel)]; }
     const Peak &at(int column, int channel) const { return m_peaks[indexOf(column, channel)]; }
-    /// Over the columns from \a first up to, but without, \a last; at least one is taken.
+    /// The peak over the columns from \a first up to, but not including, \a last; at least one is
+    /// taken.
     Peak over(int first, int last, int channel) const;
 
 private:

@@ -13,7 +13,8 @@ const QString Gap = QStringLiteral("  -  ");
 
 QString twoDigits(qint64 number) { return groupedNumber(number, QString()); }
 
-/// The samples of each channel: a half goes to the even neighbour. 0 for blocks of no bytes.
+/// The number of samples of each channel, a half rounded to the even neighbour. 0 for blocks of no
+/// bytes.
 qint64 sampleCount(const WaveFormatRecord &wave)
 {
     if (wave.BlockAlign == 0)
@@ -21,7 +22,7 @@ qint64 sampleCount(const WaveFormatRecord &wave)
     return static_cast<qint64>(std::nearbyint(double(wave.DataSize) / wave.BlockAlign));
 }
 
-/// Hours, minutes and seconds. The minutes count from the beginning, not from the full hour.
+/// Hours, minutes and seconds. The minutes are counted from the beginning, not from the full hour.
 QString duration(const WaveFormatRecord &wave)
 {
     const qint64 seconds =

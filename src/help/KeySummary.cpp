@@ -9,7 +9,7 @@ namespace {
 struct KeyRow
 {
     const char *key;
-    const char *view; ///< "" when the key means the same everywhere
+    const char *view; ///< "" when the key has the same meaning everywhere
     const char *action;
 };
 

@@ -23,7 +23,7 @@ QString LongPathName(const QString &path)
         return path;
     const QString absolute = QDir::current().absoluteFilePath(path);
     const QString clean = QDir::cleanPath(absolute);
-    // Behind a link to a folder, ".." leads elsewhere than the letters suggest.
+    // After a link to a folder, ".." leads to another place than the text suggests.
     const bool same =
         !absolute.contains(QLatin1String("/..")) ||
         QFileInfo(absolute).canonicalFilePath() == QFileInfo(clean).canonicalFilePath();

@@ -9,25 +9,24 @@ namespace ardiphon {
 
 struct ConfigurationBlock;
 
-/// What a document is, by the last three characters of its path in whatever case; no dot is looked
-/// for, and what is neither an orchestra nor a score is a CSD.
+/// The role of a document, by the last three characters of its path in any case; a dot is not
+/// required, and what is neither an orchestra nor a score is a CSD.
 DocumentRole roleOfPath(const QString &path);
 
-/// \a path made absolute against the current directory, its spelling left alone. "." and ".." go
-/// where the path means the same file without them.
+/// \a path made absolute by the current directory, otherwise unchanged. "." and ".." are removed
+/// where the path names the same file without them.
 QString LongPathName(const QString &path);
 
-/// The path that the text of a command line means: the whole text is one path. Quotes around it
-/// are taken off, unless a file has just that name, quotes and all.
+/// The path in the text of a command line: the whole text is one path. Quotes around it are
+/// removed, unless a file has exactly that name, with the quotes.
 QString pathOfCommandText(const QString &commandText);
 
-/// Names the document at \a path in \a config, only the field that fits, and tells the window that
-/// opens it.
+/// Writes \a path into the field of its role in \a config, and returns the window that opens it.
 StartWindow nameDocument(ConfigurationBlock &config, const QString &path);
 
-/// Names what the start opens in \a config and tells its window: the file of the command line, or
-/// an empty document by `StartupAction`, or else the chooser. That file's folder becomes the
-/// current directory, wherever a file manager started the program.
+/// Writes into \a config what the program opens when it starts, and returns its window: for the
+/// file of the command line, else by `StartupAction` for an empty document or the chooser. That
+/// file's folder becomes the current directory, wherever a file manager started the program.
 StartWindow decideStart(ConfigurationBlock &config, const QString &commandText);
 
 } // namespace ardiphon

@@ -10,7 +10,7 @@ class QWidget;
 
 namespace ardiphon {
 
-/// The form of \a tool, not shown yet.
+/// Makes the form of \a tool, not shown yet.
 std::unique_ptr<QDialog> newToolForm(const AnalysisTool &tool, const ToolContext &context,
                                      QWidget *owner);
 

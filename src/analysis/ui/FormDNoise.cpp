@@ -13,7 +13,7 @@ void FormDNoise::revert()
 
 void FormDNoise::revertMoreFlags() { TextMoreFlags->clear(); }
 
-/// With `CheckMoreFlags` on, the next run takes this whole line among its flags.
+/// With `CheckMoreFlags` on, the next run has this whole line among its flags.
 void FormDNoise::showParameters(const QString &parameters) { TextMoreFlags->setText(parameters); }
 
 } // namespace ardiphon

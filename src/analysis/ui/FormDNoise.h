@@ -4,7 +4,7 @@
 
 namespace ardiphon {
 
-/// The noise reduction: it shows the command line that it starts among its own flags.
+/// The noise reduction: it shows the parameters of each start in its field for more flags.
 class FormDNoise : public ToolForm
 {
     Q_OBJECT
@@ -13,9 +13,9 @@ public:
     FormDNoise(const ToolContext &context, QWidget *owner) : ToolForm(DNoise, context, owner) {}
 
 protected:
-    /// The combo box too.
+    /// Sets the combo box to its default too.
     void revert() override;
-    /// Whether they are wanted stays.
+    /// `CheckMoreFlags` stays as it is.
     void revertMoreFlags() override;
     void showParameters(const QString &parameters) override;
 };

@@ -57,7 +57,7 @@ void FormPVLook::showListing(const QString &path)
 
 void FormPVLook::saveListing()
 {
-    // The plain text would have blanks for those that do not break a line.
+    // The view's plain text would have normal blanks instead of the non-breaking ones.
     const QString text =
         RtfPVLook->document()->toRawText().replace(QChar::ParagraphSeparator, u'\n');
     if (text.isEmpty())

@@ -8,7 +8,7 @@ class QPlainTextEdit;
 namespace ardiphon {
 
 /// The reader of phase vocoder files. It starts no tool: analyzing shows the listing that some
-/// process left as `pv_temp.txt` in the program's folder, once, whatever the fields say.
+/// process has left as `pv_temp.txt` in the program's folder, once, whatever is in the fields.
 class FormPVLook : public ToolForm
 {
     Q_OBJECT

@@ -10,7 +10,7 @@ namespace ardiphon {
 
 namespace {
 
-constexpr int Gap = 3; ///< to the line that it explains
+constexpr int Gap = 3; ///< from the line that it explains
 
 } // namespace
 
@@ -68,7 +68,7 @@ void HintPanel::moveTo(const QRect &room, const QRect &line, const QList<QRect> 
     setGeometry(place);
 }
 
-/// With room for the scroll bar, so that its absence is not what makes the text need it.
+/// Includes the width of the scroll bar, so that the text does not need one because of it.
 int HintPanel::heightFor(int width) const
 {
     const int around = sizeHint().width() - Text1->sizeHint().width();

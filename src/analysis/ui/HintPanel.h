@@ -7,8 +7,8 @@ class QPushButton;
 
 namespace ardiphon {
 
-/// The panel `Frame1` that lies over a tool's form and explains one of its fields. It is hidden at
-/// first.
+/// The panel `Frame1` that covers a part of a tool's form and explains one of its fields. It is
+/// hidden at first.
 class HintPanel : public QGroupBox
 {
     Q_OBJECT
@@ -17,8 +17,8 @@ public:
     explicit HintPanel(QWidget *form);
 
     void showHint(const QString &title, const QString &text);
-    /// Lies below \a line within \a room, or above it where there is more of it. It takes no more
-    /// height than its text needs, but none of \a controls is covered by half.
+    /// Moves below \a line within \a room, or above it where there is more room. It is no higher
+    /// than its text needs, but covers none of \a controls only in part.
     void moveTo(const QRect &room, const QRect &line, const QList<QRect> &controls);
 
 signals:

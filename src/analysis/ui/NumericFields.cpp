@@ -21,8 +21,8 @@ public:
     }
 };
 
-/// Whether the focus went to another control: a popup over the field, or another program, gives it
-/// back.
+/// Whether the focus went to another control; a popup over the field, or another program, returns
+/// it.
 bool leavesField(const QFocusEvent &event)
 {
     return event.reason() != Qt::PopupFocusReason && event.reason() != Qt::ActiveWindowFocusReason;

@@ -10,9 +10,9 @@ class QLineEdit;
 
 namespace ardiphon {
 
-/// Keeps the fields of a form to texts that may be numbers. A change to any other text is
-/// silently refused as a whole, whether it was typed, pasted or dropped: text, caret and undo
-/// history stay. A field that is left empty gets its default.
+/// Restricts the fields of a form to texts that may be numbers. A change to any other text is
+/// refused as a whole, without a message, whether it was typed, pasted or dropped: text, caret and
+/// undo history stay. A field that is left empty gets its default.
 class NumericFields : public QObject
 {
 public:

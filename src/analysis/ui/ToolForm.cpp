@@ -19,7 +19,7 @@ namespace ardiphon {
 
 namespace {
 
-/// What should not be seen by half.
+/// Whether \a widget is a control that should not be covered only in part.
 bool isControl(const QWidget &widget)
 {
     return qobject_cast<const QLineEdit *>(&widget) || qobject_cast<const QComboBox *>(&widget) ||
@@ -28,7 +28,7 @@ bool isControl(const QWidget &widget)
 
 } // namespace
 
-/// What the row's field holds when the user has changed nothing; the combo box may decide it.
+/// The text of the row's field when the user has changed nothing; the combo box may decide it.
 QString ToolForm::initialOf(const ToolRow &row) const
 {
     if (row.choices.empty())
@@ -37,7 +37,7 @@ QString ToolForm::initialOf(const ToolRow &row) const
     return item < 0 ? QString() : QLatin1String(row.choices[size_t(item)].initial);
 }
 
-/// Of the output, by the format that is chosen.
+/// The output's suffix, by the format that is chosen.
 const char *ToolForm::suffix() const
 {
     for (qsizetype i = 0; i < m_formats.size(); ++i)
@@ -130,7 +130,7 @@ void ToolForm::revertMoreFlags()
 
 void ToolForm::analyze()
 {
-    CommandAnalyze->setFocus(); // the access key leaves the field too, which may be empty
+    CommandAnalyze->setFocus(); // so the access key leaves an empty field too
     const auto obstacle = startObstacle(m_tool, m_context.config.FileCSound, values());
     if (obstacle)
         m_context.dialogs.message(*obstacle);
@@ -183,8 +183,8 @@ QRect ToolForm::lineOf(int hint) const
     return line;
 }
 
-/// The panel lies by the line that it explains and covers other ones, in the frame of that line and
-/// to the left of its marks, so that another hint can be asked for.
+/// Places the panel next to the line that it explains, over other lines of the same frame but not
+/// over their help marks, so that another hint can be asked for.
 void ToolForm::placeHint()
 {
     m_all->activate();
@@ -217,7 +217,7 @@ void ToolForm::resizeEvent(QResizeEvent *event)
 void ToolForm::showEvent(QShowEvent *event)
 {
     QDialog::showEvent(event);
-    placeHint(); // by the first mark
+    placeHint(); // next to the first line with a mark
 }
 
 } // namespace ardiphon

@@ -21,8 +21,8 @@ class NumericFields;
 class PathLabel;
 
 /// The form of an analysis utility: files, options and hints, built from the tool's description. It
-/// turns what it holds into a command line and starts that, as often as the user likes, and never
-/// waits for the tool. Nothing outlives the window.
+/// makes a command line of its values and starts the tool, as often as the user likes, without
+/// waiting for it. The values are not kept when the window closes.
 class ToolForm : public QDialog
 {
     Q_OBJECT
@@ -35,15 +35,15 @@ protected:
     QPushButton *newButton(const char *name, const char *caption);
     QBoxLayout &all() const { return *m_all; }
 
-    /// The input was browsed for.
+    /// Called when the user has chosen \a path as the input.
     virtual void takeInput(const QString &path);
-    /// The default values come back.
+    /// Sets the default values again.
     virtual void revert();
-    /// So do those of the flags that are typed; for a tool that takes such flags.
+    /// Sets the default of the typed flags again; called for a tool that has such flags.
     virtual void revertMoreFlags();
-    /// What analyzing does once nothing keeps it from it.
+    /// Starts the tool; called when startObstacle() finds nothing.
     virtual void run();
-    /// Passes by with the parameters just before the tool starts.
+    /// Called with the parameters just before the tool starts.
     virtual void showParameters(const QString &) {}
 
     void keyPressEvent(QKeyEvent *event) override;
@@ -99,9 +99,9 @@ private:
     QList<QAbstractButton *> m_formats;
     NumericFields *m_numbers;
     QBoxLayout *m_all;
-    QGridLayout *m_files; ///< holds the rows without a frame too, so that all is aligned
-    QList<QToolButton *> m_helpMarks; ///< by their hints
-    int m_hint = 0;                   ///< the one that shows, or showed last
+    QGridLayout *m_files;             ///< has the rows without a frame too, for a common alignment
+    QList<QToolButton *> m_helpMarks; ///< in the order of their hints
+    int m_hint = 0;                   ///< the one that is shown, or was shown last
 
     PathLabel *LabelInput = nullptr;
     PathLabel *LabelNoise = nullptr;

@@ -20,7 +20,7 @@ namespace ardiphon {
 
 namespace {
 
-constexpr int LeastCharacters = 80; ///< the width of a form, as paths are long
+constexpr int LeastCharacters = 80; ///< the least width of a form, as paths are long
 
 enum Column { LabelColumn, ValueColumn, NoteColumn, HelpColumn };
 
@@ -58,7 +58,7 @@ ToolForm::ToolForm(const AnalysisTool &tool, const ToolContext &context, QWidget
     resize(sizeHint().expandedTo({width, leastHeight()}));
 }
 
-/// On one side of every line there is room for the hint.
+/// The least height with room for the hint above or below every line.
 int ToolForm::leastHeight() const
 {
     const QMargins margins = m_all->contentsMargins();
@@ -167,7 +167,7 @@ void ToolForm::buildRow(const ToolRow &row, QWidget *parent, QGridLayout &grid)
 {
     const int line = grid.rowCount();
     RowControls controls{&row};
-    QWidget *caption = nullptr; // what is in front of the value
+    QWidget *caption = nullptr; // the label or switch before the value
     if (row.kind != Switch::None)
         caption = controls.button = newSwitch(row, parent);
     else if (*row.label)
@@ -272,7 +272,7 @@ void ToolForm::connectControls()
     connect(CommandAnalyze, &QPushButton::clicked, this, &ToolForm::analyze);
     connect(CommandExit, &QPushButton::clicked, this, &QWidget::close);
     connect(Frame1, &HintPanel::closeRequested, this, &ToolForm::closeHint);
-    if (Combo1) // choosing the item that is chosen counts too
+    if (Combo1) // choosing the chosen item again counts too
         connect(Combo1, &QComboBox::activated, this, &ToolForm::writeChoice);
 }
 

@@ -5,8 +5,8 @@
 
 namespace ardiphon {
 
-/// The icon of that name among the program's own, drawn in the desktop's text colour and crisp at
-/// every size and scale. A name that is not among them gives an empty icon.
+/// The program's icon of that name, drawn in the desktop's text colour and sharp at every size and
+/// scale. An unknown name gives an empty icon.
 QIcon programIcon(const QString &name);
 
 } // namespace ardiphon

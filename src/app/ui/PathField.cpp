@@ -12,7 +12,7 @@ namespace {
 constexpr qsizetype LongestTipLine = 100; ///< of a tool tip, in characters
 constexpr int SideGap = 2;                ///< the toolkit's own, beside the text of a field
 
-/// How much of \a path goes into the first line: up to a separator where there is one.
+/// How much of \a path goes into the first line of a tool tip: up to a separator if there is one.
 qsizetype lineLength(QStringView path)
 {
     const qsizetype separator = path.lastIndexOf(u'/', LongestTipLine - 1);
@@ -44,7 +44,7 @@ bool PathField::textFits() const
 
 QString PathField::shownText() const
 {
-    if (hasFocus() && (!isReadOnly() || hasSelectedText())) // where one works in it
+    if (hasFocus() && (!isReadOnly() || hasSelectedText())) // the user is working in it
         return text();
     return fontMetrics().elidedText(text(), Qt::ElideMiddle, textPlace().width());
 }

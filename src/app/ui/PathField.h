@@ -4,14 +4,14 @@
 
 namespace ardiphon {
 
-/// A field for a path of any length: while it is not typed in, what does not fit is left out in its
-/// middle; the tool tip shows all of it.
+/// A field for a path of any length: while the user does not type in it, the middle of a path that
+/// does not fit is left out; the tool tip shows all of it.
 class PathField : public QLineEdit
 {
 public:
     explicit PathField(QWidget *parent);
 
-    /// What the field shows now: its text, or that with its middle left out.
+    /// What the field shows now: its text, or the text with its middle left out.
     QString shownText() const;
 
 protected:

@@ -4,8 +4,8 @@
 
 namespace ardiphon {
 
-/// A sunken label that shows a path of any length: what does not fit is left out in its middle,
-/// and shown in the tool tip.
+/// A sunken label that shows a path of any length: the middle of a path that does not fit is left
+/// out; the tool tip shows all of it.
 class PathLabel : public QLabel
 {
 public:

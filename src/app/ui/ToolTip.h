@@ -4,8 +4,8 @@
 
 namespace ardiphon {
 
-/// The tool tip that shows \a text character by character, whatever looks like markup in it, and
-/// breaks it into lines when it is long.
+/// A tool tip that shows \a text literally, even if it looks like markup, and in several lines when
+/// it is long.
 QString plainToolTip(const QString &text);
 
 } // namespace ardiphon

@@ -50,7 +50,7 @@ void FormPlayer::chooseWave()
 {
     FileQuestion question{QStringLiteral("Open Wave File (*.WAV)"),
                           QStringLiteral("Wave files |*.wav"), QDir::currentPath()};
-    question.mustExist = false; // the player tells of a file that it doesn't find
+    question.mustExist = false; // the player says when it finds no file
     const auto path = m_dialogs.openFile(question);
     if (!path)
         return;

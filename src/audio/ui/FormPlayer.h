@@ -19,7 +19,7 @@ class FormPlayer : public QDialog
 public:
     FormPlayer(const ConfigurationBlock &config, Dialogs &dialogs, QWidget *owner);
 
-    /// Every way of closing passes here; the sound ends.
+    /// Every way of closing the window calls this; the sound ends.
     void done(int result) override;
 
 private:

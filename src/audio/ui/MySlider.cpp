@@ -64,7 +64,7 @@ void MySlider::resizeEvent(QResizeEvent *event)
     TrackPixels = width();
 }
 
-// Mouse. The screen's position is used for dragging, so that leaving the control ends nothing. ---
+// Mouse. A drag uses the position on the screen, so it goes on outside the control. ---------------
 
 void MySlider::mousePressEvent(QMouseEvent *event)
 {

@@ -12,18 +12,18 @@ class MySlider : public QWidget
 public:
     explicit MySlider(QWidget *parent = nullptr);
 
-    /// The thumb's width in pixels: its left edge runs from 0 to the control's width less this.
+    /// The thumb's width in pixels: its left edge goes from 0 to the control's width minus this.
     static constexpr int ThumbWidth = 16;
 
     int Value() const { return m_value; }
     int Max() const { return m_max; }
     int Min() const { return m_min; }
-    /// Keeps \a value between 0 and Max and moves the thumb, except that with a Max of 0 the thumb
-    /// stays. Emits nothing.
+    /// Sets the value to \a value, limited to 0 to Max, and moves the thumb; with a Max of 0 the
+    /// thumb stays. Emits nothing.
     void SetValue(int value);
     /// Only stores it: the thumb follows with the next value.
     void SetMax(int max) { m_max = max; }
-    /// Only stores it: the lower bound is 0 whatever this is.
+    /// Only stores it: the lower bound is always 0.
     void SetMin(int min) { m_min = min; }
 
     /// The thumb's left edge, in pixels.
@@ -32,11 +32,11 @@ public:
     QSize sizeHint() const override;
 
 signals:
-    /// The thumb was dragged to a new place, which is in Value already.
+    /// The thumb was dragged; Value() is the new value already.
     void Scroll();
-    /// The track was pressed outside the thumb, or a key moved the thumb; Value is the new one.
+    /// The track was pressed outside the thumb, or a key moved the thumb; Value() is the new value.
     void Click();
-    /// A mouse button went down, or up again, that went down on the thumb.
+    /// A mouse button was pressed on the thumb, or released after such a press.
     void MouseDown();
     void MouseUp();
 
@@ -54,7 +54,7 @@ private:
     void moveThumb(double left);
     bool keyStep(int key, qint64 &value) const;
 
-    int GrabOffset = 0; ///< at the press, the cursor's x less the thumb's left edge
+    int GrabOffset = 0; ///< at the press, the cursor's x minus the thumb's left edge
     int m_value = 0;
     int m_max = 0;
     int m_min = 0;

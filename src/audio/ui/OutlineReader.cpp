@@ -13,7 +13,7 @@ namespace {
 constexpr qint64 BlockSamples = 16384;
 constexpr qint64 ProgressInterval = 150; // milliseconds
 
-/// As many as a wide screen has pixels, fewer where there are more channels than one can see.
+/// As many columns as a wide screen has pixels, fewer where there are too many channels to see.
 int columnsFor(int channels)
 {
     constexpr int mostColumns = 4096;
@@ -43,8 +43,8 @@ bool readColumn(SoundFile &file, qint64 frames, std::vector<float> &block, std::
 
 OutlineReader::OutlineReader(const QString &path, QObject *parent) : QThread(parent), m_path(path)
 {
-    // Not at a lower priority: where others keep the processors busy, it would be stopped while it
-    // holds the lock that the window waits for.
+    // Not at a lower priority: where other programs keep the processors busy, it would be
+    // interrupted while it holds the lock that the window waits for.
     start();
 }
 

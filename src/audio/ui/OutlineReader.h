@@ -9,22 +9,22 @@
 
 namespace ardiphon {
 
-/// Reads a sound file once from beginning to end in a thread of its own, and gathers its outline.
+/// Reads a sound file once from beginning to end in a thread of its own, and makes its outline.
 /// Destroying it stops the reading.
 class OutlineReader : public QThread
 {
     Q_OBJECT
 
 public:
-    /// Begins at once. A file that cannot be decoded has an empty outline.
+    /// Starts at once. A file that cannot be decoded has an empty outline.
     explicit OutlineReader(const QString &path, QObject *parent = nullptr);
     ~OutlineReader() override;
 
-    /// As far as the file is read; the columns behind are silent.
+    /// The outline as far as the file has been read; the other columns are silent.
     Peaks peaks() const;
 
 signals:
-    /// There is more to see. Comes several times a second at most, and once at the end.
+    /// The outline has grown. Emitted a few times a second at most, and once at the end.
     void progressed();
 
 protected:

@@ -4,7 +4,7 @@
 
 namespace ardiphon {
 
-/// The wave player and the window that tells what is in a sound file.
+/// The wave player and the window that shows the header of a wave file.
 class SoundFeature : public WindowFeature
 {
 public:

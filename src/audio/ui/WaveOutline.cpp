@@ -42,7 +42,7 @@ bool WaveOutline::isReading() const { return m_reader && m_reader->isRunning(); 
 
 void WaveOutline::takePeaks()
 {
-    if (!m_reader) // news of a file that was closed meanwhile
+    if (!m_reader) // the signal is from a file that was closed meanwhile
         return;
     m_peaks = m_reader->peaks();
     update();
@@ -52,7 +52,7 @@ void WaveOutline::setPosition(int position, int length)
 {
     const double place = length > 0 ? std::clamp(double(position) / length, 0.0, 1.0) : 0.0;
     if (qRound(place * width()) == qRound(linePlace()))
-        return; // comes 20 times a second, but the line moves slowly in a long file
+        return; // called 20 times a second, but the line moves slowly in a long file
     updateLine();
     m_place = place;
     updateLine();

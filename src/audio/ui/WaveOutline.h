@@ -19,9 +19,9 @@ public:
     explicit WaveOutline(QWidget *parent);
     ~WaveOutline() override;
 
-    /// Begins to gather the outline of that file, in the background.
+    /// Starts to read the outline of that file, in the background.
     void read(const QString &path);
-    /// Shows nothing any more and closes the file.
+    /// Clears the outline and closes the file.
     void clear();
     /// Closes the file and shows \a words instead of an outline.
     void say(const QString &words);

@@ -55,7 +55,7 @@ WavePlayer::WavePlayer(const ConfigurationBlock &config, Dialogs &dialogs, WaveP
     auto *times = new QHBoxLayout;
     times->addWidget(TextTime);
     times->addWidget(Lbl_Durata, 1);
-    auto *picture = new QHBoxLayout; // ends where the middle of the slider's thumb does
+    auto *picture = new QHBoxLayout; // ends where the middle of the slider's thumb ends
     picture->setContentsMargins(MySlider::ThumbWidth / 2, 0, MySlider::ThumbWidth / 2, 0);
     picture->addWidget(m_outline);
     auto *all = new QVBoxLayout(this);
@@ -140,7 +140,7 @@ void WavePlayer::OpenPlayerWave()
     const QFileInfo file(wavePath());
     if (!file.isFile() || file.size() <= 0)
         return;
-    m_outline->clear(); // nothing else is decoded while this file is opened
+    m_outline->clear(); // no other file is decoded while this one is opened
     MMControl1->SetFileName(file.filePath());
     MMControl1->SetCommand(QStringLiteral("Open"));
     PlayerLengthMs = MMControl1->Length();
@@ -149,7 +149,7 @@ void WavePlayer::OpenPlayerWave()
     rewind();
     Lbl_Durata->setText(totalTime(PlayerLengthMs));
     setTitle(ReadyCaption);
-    setPlaying(false); // a sound that this opening cut off
+    setPlaying(false); // for a sound that opening has stopped
     if (MMControl1->Mode() == MMControl::NotOpen)
         m_outline->say(tr("This file cannot be played.") + u'\n' + MMControl1->ErrorMessage());
     else

@@ -15,17 +15,17 @@ class MySlider;
 class WaveOutline;
 struct ConfigurationBlock;
 
-/// What a window tells the player that it holds.
+/// What the player gets from the window that it is a part of.
 struct WavePlayerHost
 {
     std::function<QString()> wave;         ///< the path in the window's `Wave`
-    QString noWaveMessage;                 ///< of "&Wave Editor" when that is empty
+    QString noWaveMessage;                 ///< the message of "&Wave Editor" when that is empty
     QList<QWidget *> disabledWhilePlaying; ///< beside the player's own `EditorFileWave`
-    std::function<void()> close;           ///< leaves the window
+    std::function<void()> close;           ///< closes the window
 };
 
-/// Plays one wave file: buttons, seek bar, times, the wave's outline, and a button that hands the
-/// file to the user's wave editor. Its caption tells its state. It is a part of a window.
+/// Plays one wave file: buttons, seek bar, times, the wave's outline, and a button that opens the
+/// file in the user's wave editor. Its caption shows its state. It is a part of a window.
 class WavePlayer : public QGroupBox
 {
     Q_OBJECT
@@ -34,13 +34,13 @@ public:
     WavePlayer(const ConfigurationBlock &config, Dialogs &dialogs, WavePlayerHost host,
                QWidget *parent);
 
-    /// Opens what `Wave` names. Nothing changes when there is no such file or it is empty.
+    /// Opens the file that `Wave` names. Nothing changes when it does not exist or is empty.
     void OpenPlayerWave();
-    /// Lets go of the file, so that others can write it; the times and the caption stay.
+    /// Closes the file, so that others can write it; the times and the caption stay.
     void closeWave();
-    /// Closes the file, sets everything back, and opens what `Wave` names now.
+    /// Closes the file, resets everything, and opens the file that `Wave` names now.
     void openNewWave();
-    /// What a window whose `Wave` is known when it opens does then: opens it at its beginning.
+    /// For a window whose `Wave` is known when it opens: opens the file at its beginning.
     void openFirstWave();
 
 private:

@@ -141,7 +141,7 @@ void FormManual::find(bool backward)
     const QTextCursor before = m_browser->textCursor();
     bool found = m_browser->find(text, flags);
     if (!found) {
-        // From the other end of the page.
+        // Go on from the other end of the page.
         m_browser->moveCursor(backward ? QTextCursor::End : QTextCursor::Start);
         found = m_browser->find(text, flags);
     }

@@ -45,8 +45,8 @@ private:
     QLabel *LabelFind = nullptr;
 };
 
-/// Help in a FormManual that \a owner owns, made when it is first wanted and again after it was
-/// closed; other files go to the system.
+/// Shows help in a FormManual that \a owner owns, made when it is first needed and again after it
+/// was closed; other files are opened by the system.
 HelpViewer manualViewer(QWidget *owner);
 
 } // namespace ardiphon

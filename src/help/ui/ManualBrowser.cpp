@@ -17,7 +17,7 @@ constexpr qint64 largestPage = qint64{2} * 1024 * 1024;
 constexpr qint64 largestPicture = qint64{16} * 1024 * 1024;
 constexpr qint64 largestPictureArea = 25'000'000; // pixels
 
-// The text view knows little of style sheets, so the manual's own is left out for this one. Sizes
+// The text view supports little of style sheets, so the manual's own is replaced by this one. Sizes
 // are steps, which follow the text size that the reader chose.
 const char *const pageStyle = R"(
     h1 { font-size: xx-large; margin-top: 12px; margin-bottom: 8px; }
@@ -69,7 +69,7 @@ QString largePage(const QString &path)
                   QStringLiteral("It can be opened in the browser."));
 }
 
-/// Stands at the end of a page that is longer, whatever was open there.
+/// The text at the end of a page that was cut, closing whatever elements are open there.
 QString pageGoesOn()
 {
     return QStringLiteral("</title></style><hr><p><b>The page goes on. It can be opened in the "
@@ -112,8 +112,8 @@ QString ManualBrowser::contentOf(const QUrl &page) const
     return whole ? html : html + pageGoesOn();
 }
 
-/// A picture of a size that fits. The broken one replaces any other: left to itself, the toolkit
-/// would read the file whole.
+/// A picture of an acceptable size. Any other is replaced by a broken picture; otherwise the
+/// toolkit would read the whole file.
 QVariant ManualBrowser::pictureOf(const QUrl &name) const
 {
     const QImage broken(QStringLiteral(":/qt-project.org/styles/commonstyle/images/file-16.png"));

@@ -7,7 +7,7 @@
 namespace ardiphon {
 
 /// Shows the pages of the Csound manual, which are written for a web browser, as well as a text
-/// view can. What is no page or text of the manual goes outside.
+/// view can. Anything else than a page or text of the manual is opened outside.
 class ManualBrowser : public QTextBrowser
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ public:
 
     QVariant loadResource(int type, const QUrl &name) override;
 
-    /// Text one step larger or smaller, within bounds.
+    /// Makes the text \a steps steps larger, or smaller when negative, within limits.
     void changeTextSize(int steps);
 
 protected:

@@ -2,8 +2,7 @@
 
 #include <QColor>
 
-/// The colours of the choosers. They are the choosers' own, so that these look the same on a light
-/// and on a dark desktop.
+/// The colours of the choosers, the same on a light and on a dark desktop.
 namespace ardiphon::chooser {
 
 inline constexpr QColor Back{246, 247, 249};

@@ -48,11 +48,11 @@ void ChooserLabel::paintEvent(QPaintEvent *)
                                  : fontMetrics().elidedText(text(), Qt::ElideMiddle, area.width()));
 }
 
-void ChooserLabel::mouseMoveEvent(QMouseEvent *) { emit pointed(); }
+void ChooserLabel::mouseMoveEvent(QMouseEvent *) { emit mouseMoved(); }
 
 void ChooserLabel::mousePressEvent(QMouseEvent *event)
 {
-    event->accept(); // so that the release comes here
+    event->accept(); // so that this widget gets the release
 }
 
 void ChooserLabel::mouseReleaseEvent(QMouseEvent *event)

@@ -4,8 +4,8 @@
 
 namespace ardiphon {
 
-/// A line of text in a chooser, drawn on one line: a text that is too long loses its middle, while
-/// text() stays whole. With an access key, "&" underlines the letter behind it.
+/// A line of text in a chooser, drawn on one line: a text that is too long is shown without its
+/// middle, while text() stays whole. With an access key, "&" underlines the letter after it.
 class ChooserLabel : public QLabel
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ public:
 
     void showAccessKey() { m_accessKey = true; }
 
-    /// Whether the back is opaque, which tells that the mouse is over the label.
+    /// Whether the background is opaque, as when the mouse is over the label.
     bool isLit() const { return m_lit; }
     void setLit(bool lit);
 
@@ -25,7 +25,7 @@ public:
 
 signals:
     /// The mouse moves over the label.
-    void pointed();
+    void mouseMoved();
     void clicked();
 
 protected:

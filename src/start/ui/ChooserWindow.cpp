@@ -45,7 +45,7 @@ ChooserWindow::ChooserWindow(const QString &caption, QWidget *owner, Qt::WindowF
     setWindowTitle(caption);
     setPalette(fixedPalette());
     setMouseTracking(true);
-    // The window itself has the focus until Tab is pressed, so that no picture looks chosen.
+    // The window itself has the focus until Tab is pressed, so that no picture looks selected.
     setFocusPolicy(Qt::StrongFocus);
     setFocus();
 
@@ -61,7 +61,7 @@ PictureButton *ChooserWindow::addPicture(Picture picture, const QString &name,
     auto *const button = new PictureButton(picture, this);
     button->setObjectName(name);
     button->setAccessibleName(accessibleName);
-    connect(button, &PictureButton::pointed, this, [this, button] { lightPicture(button); });
+    connect(button, &PictureButton::mouseMoved, this, [this, button] { lightPicture(button); });
     connect(button, &PictureButton::pressed, this, [this, button] { press(button); });
     connect(button, &PictureButton::released, this, [this, button] { release(button); });
     connect(button, &PictureButton::clicked, this, std::move(choice));
@@ -89,7 +89,7 @@ QLayout *ChooserWindow::addDocumentPictures(const std::function<void()> &newCsd,
 
 void ChooserWindow::addLabel(ChooserLabel *label)
 {
-    connect(label, &ChooserLabel::pointed, this, [this, label] { lightLabel(label); });
+    connect(label, &ChooserLabel::mouseMoved, this, [this, label] { lightLabel(label); });
     m_labels.append(label);
 }
 
@@ -167,7 +167,7 @@ void ChooserWindow::release(PictureButton *picture)
     ButtonPressed = false;
 }
 
-/// The mouse may leave the window without a move over its background.
+/// The mouse may leave the window without an event over its background.
 void ChooserWindow::darkenWhenLeft()
 {
     if (!WindowRect().contains(QCursor::pos()))
@@ -176,7 +176,7 @@ void ChooserWindow::darkenWhenLeft()
 
 QRect ChooserWindow::WindowRect() const
 {
-    // Its right and bottom are left plus width and top plus height, and count as inside.
+    // The right and bottom edges are at left plus width and top plus height, and count as inside.
     return QRect(m_origin.value_or(frameGeometry().topLeft()), size()).adjusted(0, 0, 1, 1);
 }
 
@@ -192,8 +192,8 @@ void ChooserWindow::moveEvent(QMoveEvent *event)
     m_origin.reset();
 }
 
-/// Some window managers put a window without a frame where it belongs and do not tell it, which is
-/// then taken to be elsewhere. Each event of the mouse tells where it is.
+/// Some window managers place a window without a frame and do not report where; the toolkit then
+/// assumes another place. Each event of the mouse shows where the window is.
 bool ChooserWindow::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == windowHandle()) {
@@ -208,8 +208,8 @@ bool ChooserWindow::eventFilter(QObject *watched, QEvent *event)
     return QDialog::eventFilter(watched, event);
 }
 
-/// Once, when the window is on the screen: the answer tells where it is, for the windows that open
-/// over it.
+/// Asks once, when the window is on the screen: the answer says where it is, for the windows that
+/// open over it.
 void ChooserWindow::askForPlaceAgain()
 {
     if (std::exchange(m_asksForPlace, false) && windowHandle()->position() != m_place)
@@ -231,7 +231,7 @@ void ChooserWindow::mouseMoveEvent(QMouseEvent *) { darken(); }
 
 void ChooserWindow::leaveEvent(QEvent *)
 {
-    // Some systems tell where the mouse is only while it is over a window of ours.
+    // Some systems report where the mouse is only while it is over a window of the program.
     darken();
 }
 

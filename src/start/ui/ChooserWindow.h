@@ -16,8 +16,8 @@ namespace ardiphon {
 class ChooserLabel;
 class PictureButton;
 
-/// What the two choosers share: a small window without a frame whose pictures and labels are lit
-/// under the mouse and whose choices have a key each.
+/// The base of the two choosers: a small window without a frame, whose pictures and labels are lit
+/// under the mouse and whose choices each have a key.
 class ChooserWindow : public QDialog
 {
     Q_OBJECT
@@ -43,7 +43,7 @@ protected:
     /// Places the window, which must be laid out, in the middle of \a area of the screen.
     void centerIn(const QRect &area);
 
-    /// From now on the window stays where it is, wherever it was to be.
+    /// The user has moved the window: from now on it stays where it is.
     void placeIsTheUsers() { m_asksForPlace = false; }
 
     /// Turns every picture gray and every label transparent; nothing while a picture is pressed.
@@ -72,9 +72,9 @@ private:
     QHash<int, std::function<void()>> m_keys;
     QTimer Timer1{this}; ///< runs only while something is lit
     bool ButtonPressed = false;
-    QPoint m_place; ///< that was asked for
+    QPoint m_place; ///< the place that was asked for
     bool m_asksForPlace = false;
-    /// Of the window, as in the last event of the mouse; none since the window moved.
+    /// The window's place by the last event of the mouse; none after the window has moved.
     std::optional<QPoint> m_origin;
 };
 

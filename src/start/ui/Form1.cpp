@@ -85,7 +85,7 @@ void Form1::prepareChooser()
         ReadRegistryString(m_store, registry::InstallPathKey, QStringLiteral("First"));
     if (first == QLatin1String("1")) {
         showAssociate(this);
-        activateWindow(); // it was not yet on the screen when the question took the focus
+        activateWindow(); // it was not on the screen when the question took the focus
     }
 }
 
@@ -103,7 +103,7 @@ QWidget *Form1::buildTitle()
 {
     auto *const labelBAR = new TitleStrip(windowTitle(), this);
     labelBAR->setObjectName(QStringLiteral("labelBAR"));
-    connect(labelBAR, &TitleStrip::pointed, this, [this] {
+    connect(labelBAR, &TitleStrip::mouseMoved, this, [this] {
         placeIsTheUsers();
         darken();
     });

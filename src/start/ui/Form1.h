@@ -12,8 +12,8 @@ class ChooserLabel;
 class Dialogs;
 class SettingsStore;
 
-/// The start window. Its load is the start of the program; it stays on the screen, as a chooser,
-/// only when nothing tells which document to open.
+/// The start window. Loading it starts the program; it stays on the screen, as a chooser, only when
+/// nothing else says which document to open.
 class Form1 : public ChooserWindow
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
           QWidget *parent = nullptr);
 
     /// Show the information about the program, and the question about the file types, over the
-    /// window given. Both are to be set before the load.
+    /// given window. Both must be set before Load().
     std::function<void(QWidget *)> showAbout;
     std::function<void(QWidget *)> showAssociate;
 

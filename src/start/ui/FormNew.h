@@ -6,8 +6,8 @@ namespace ardiphon {
 
 struct ConfigurationBlock;
 
-/// The chooser for a new document, shown over an editor window. `NewDocumentChoice` mirrors what is
-/// chosen.
+/// The chooser for a new document, shown over an editor window. `NewDocumentChoice` mirrors the
+/// choice.
 class FormNew : public ChooserWindow
 {
     Q_OBJECT
@@ -15,8 +15,8 @@ class FormNew : public ChooserWindow
 public:
     FormNew(ConfigurationBlock &config, QWidget *owner);
 
-    /// Shows the chooser over \a owner and waits for the choice: "NEWCSD", "NEWORCSCO" or, for a
-    /// cancel, "".
+    /// Shows the chooser over \a owner and waits for the choice: "NEWCSD", "NEWORCSCO" or, after
+    /// Cancel, "".
     static QString choose(ConfigurationBlock &config, QWidget *owner);
 
 private:

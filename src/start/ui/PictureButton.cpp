@@ -33,7 +33,7 @@ void PictureButton::paintEvent(QPaintEvent *)
     }
 }
 
-void PictureButton::mouseMoveEvent(QMouseEvent *) { emit pointed(); }
+void PictureButton::mouseMoveEvent(QMouseEvent *) { emit mouseMoved(); }
 
 void PictureButton::mousePressEvent(QMouseEvent *event)
 {

@@ -6,9 +6,9 @@
 
 namespace ardiphon {
 
-/// A button that is one picture in three states. Its state is set from outside: the window that
-/// it is in decides which picture is lit. It signals pressed() and released() of the left mouse
-/// button, and clicked() when that counts as a choice, by the keyboard too.
+/// A button that is one picture in three states. Its window sets the state and so decides which
+/// picture is lit. It signals pressed() and released() of the left mouse button, and clicked() when
+/// that counts as a choice, also by the keyboard.
 class PictureButton : public QAbstractButton
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ public:
 
 signals:
     /// The mouse moves over the picture.
-    void pointed();
+    void mouseMoved();
 
 protected:
     void paintEvent(QPaintEvent *event) override;

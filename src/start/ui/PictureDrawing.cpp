@@ -11,7 +11,7 @@ namespace ardiphon {
 
 namespace {
 
-/// One line of writing on a page: where it begins, how long it is, and which ink it takes.
+/// One line of writing on a page: where it begins, its length and its colour.
 struct Stroke
 {
     int left;
@@ -122,7 +122,7 @@ void drawDocuments(QPainter &painter, const QRect &area, Picture picture, Pictur
                 picture == Picture::Csd ? QStringLiteral("CSD") : QStringLiteral("ORC/SCO"), state);
 }
 
-/// The back of a small picture on the title strip, and the colour of its sign.
+/// Draws the background of a small picture on the title strip; returns the colour of its sign.
 QColor drawSmallBack(QPainter &painter, const QRect &area, const QColor &lit, PictureState state)
 {
     if (state == PictureState::Gray)

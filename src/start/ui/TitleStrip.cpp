@@ -19,10 +19,11 @@ void TitleStrip::mousePressEvent(QMouseEvent *event)
 
 void TitleStrip::mouseMoveEvent(QMouseEvent *event)
 {
-    emit pointed();
+    emit mouseMoved();
     if (!m_grip || !event->buttons().testFlag(Qt::LeftButton))
         return;
-    // The system moves the window best, with its snapping; where it can't we follow the mouse.
+    // The system moves the window best, with its snapping; where it cannot, the window follows the
+    // mouse here.
     if (window()->windowHandle() && window()->windowHandle()->startSystemMove())
         m_grip.reset();
     else

@@ -16,7 +16,7 @@ public:
 
 signals:
     /// The mouse moves over the strip.
-    void pointed();
+    void mouseMoved();
 
 protected:
     void mouseMoveEvent(QMouseEvent *event) override;
