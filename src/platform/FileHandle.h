@@ -25,7 +25,7 @@ public:
         other.m_descriptor = -1;
     }
     FileHandle &operator=(FileHandle &&) = delete;
-    ~FileHandle() { std::ignore = close(); } // whoever wrote has closed it and looked
+    ~FileHandle() { std::ignore = close(); } // a writer has called close() and checked it
 
     bool isValid() const { return m_descriptor >= 0; }
     int descriptor() const { return m_descriptor; }

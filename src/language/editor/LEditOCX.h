@@ -193,8 +193,7 @@ signals:
     void KeyPress(int &character);
     void MouseButton(ardiphon::EditorMouseButton &button);
 
-    // For followers of the text.
-    // ---------------------------------------------------------------------
+    // For followers of the text. ------------------------------------------------------------------
 
     /// The text changed, by whatever way: keys, mouse, an input method, an assistive tool, or a
     /// call of the contract. \a revision grows by one each time.

@@ -39,9 +39,9 @@ public:
     /// Carries out one of these commands; other words do nothing:
     ///   "Open"   the file, in place of the one that was open
     ///   "Close"
-    ///   "Play"   from the start point, else from the position, to the end; goes on if it is
-    ///   playing "Prev"   goes to the beginning; if it is playing it goes on from there "Stop"
-    ///   stops and stays at the position
+    ///   "Play"   from the start point, else from the position, to the end; goes on if playing
+    ///   "Prev"   to the beginning; if playing, goes on from there
+    ///   "Stop"   stops and stays at the position
     void SetCommand(const QString &command);
 
     int Mode() const;
