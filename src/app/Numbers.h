@@ -12,8 +12,8 @@ double leadingNumber(QStringView text);
 /// perhaps an exponent, blanks around it allowed.
 bool isNumber(const QString &text);
 
-/// \a number rounded to the nearest whole number, a half to the even neighbour, limited to [\a
-/// lowest, \a highest].
+/// \a number rounded to the nearest whole number, a half to the even neighbour, limited to
+/// [\a lowest, \a highest].
 int roundedWithin(double number, int lowest, int highest);
 
 } // namespace ardiphon

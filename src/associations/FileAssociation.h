@@ -11,10 +11,10 @@ namespace ardiphon {
 // what failed first, as a sentence, or "" when all was done.
 
 /// Makes \a Executable, in the running program's folder, the opener of the files that end in
-/// \a Extension (with its dot). \a ClassKey is the name of the kind of file, which is shown as \a
-/// Description. \a Icon is the path of its SVG picture or "": pictures of fixed sizes are beside it
-/// as "48x48/<name>.png". \a Arguments is what the opener gets; when empty, only the document. An
-/// empty ClassKey does nothing.
+/// \a Extension (with its dot). \a ClassKey is the name of the kind of file, which is shown as
+/// \a Description. \a Icon is the path of its SVG picture or "": pictures of fixed sizes are beside
+/// it as "48x48/<name>.png". \a Arguments is what the opener gets; when empty, only the document.
+/// An empty ClassKey does nothing.
 [[nodiscard]] QString CreateFileAssociation(const QString &ClassKey, const QString &Extension,
                                             const QString &Description, const QString &Icon,
                                             const QString &Executable,
