@@ -44,7 +44,7 @@ void tst_Launchers::init()
     m_orchestra = new LEditOCX(m_owner.get());
     m_score = new LEditOCX(m_owner.get());
     m_orchestra->SetText(QStringLiteral("<CsOptions>\r\n-odac\r\n</CsOptions>"));
-    m_orchestra->ClearState(2);
+    m_orchestra->ClearState(TextState);
     m_owner->show();
 }
 
@@ -102,7 +102,7 @@ void tst_Launchers::csd_modified_saysSo()
 void tst_Launchers::csdCompile_ownLogFlag_saysSo()
 {
     m_orchestra->SetText(QStringLiteral("<CsOptions>\r\n-Olog.txt\r\n</CsOptions>"));
-    m_orchestra->ClearState(2);
+    m_orchestra->ClearState(TextState);
     m_program->expectWarning(QStringLiteral("Don't use '-O' flag in Ardiphon!"),
                              QStringLiteral("Error"));
     QCOMPARE(shown([&](const auto &context) { launchCsdCompile(context, *m_orchestra); }),
@@ -140,7 +140,7 @@ void tst_Launchers::csdWinsound_refused_asksNothing()
         QStringLiteral("Cannot find Winsound.exe!\r\nSelect File->Settings->Winsound.exe!"));
     launchCsdWinsound(m_program->compileContext(m_owner.get()), *m_orchestra);
     m_orchestra->ClearDocument();
-    m_orchestra->ClearState(2);
+    m_orchestra->ClearState(TextState);
     launchCsdWinsound(m_program->compileContext(m_owner.get()), *m_orchestra);
 }
 
@@ -177,7 +177,7 @@ void tst_Launchers::compiler_thatIsNoProgram_opensNoTerminal()
 void tst_Launchers::csdCSoundAV_emptyText_showsTheDialog()
 {
     m_orchestra->ClearDocument();
-    m_orchestra->ClearState(2);
+    m_orchestra->ClearState(TextState);
     QCOMPARE(shown([&](const auto &context) { launchCsdCSoundAV(context, *m_orchestra); }),
              QStringLiteral("FormCSoundAV"));
     QCOMPARE(shown([&](const auto &context) { launchCsdCompile(context, *m_orchestra); }),
@@ -216,7 +216,7 @@ void tst_Launchers::project_modifiedHalf_saysSo()
 void tst_Launchers::project_bothEmpty_saysNothing()
 {
     m_orchestra->ClearDocument();
-    m_orchestra->ClearState(2);
+    m_orchestra->ClearState(TextState);
     const auto launched = [this](auto launch) {
         return shown([&](const CompileContext &context) {
             launch(context, ProjectEditors{*m_orchestra, *m_score});

@@ -60,7 +60,7 @@ void tst_CsdDocument::load_namedFile_showsItAndPutsItOnTheRecentList()
     open(path);
     QCOMPARE(m_editor->Text(), QStringLiteral("instr 1\r\nendin\r\n"));
     QCOMPARE(m_window->windowTitle(), path + TitleEnd);
-    QVERIFY(!m_editor->GetState(2));
+    QVERIFY(!m_editor->GetState(TextState));
     QCOMPARE(
         ReadRegistryString(m_program->settings, registry::RecentFilesKey, QStringLiteral("File1")),
         path);
@@ -84,7 +84,7 @@ void tst_CsdDocument::load_directory_isEmptyAndCannotBeOverwritten()
     type(QStringLiteral("x"));
     m_program->dialogs.expect({unreadText(path)});
     trigger("menuFileSalvaOrchestra");
-    QVERIFY(m_editor->GetState(2));
+    QVERIFY(m_editor->GetState(TextState));
     QVERIFY(QFileInfo(path).isDir());
 }
 
@@ -124,7 +124,7 @@ void tst_CsdDocument::save_otherUntitledName_asksForAName()
     type(QStringLiteral("e"));
     m_program->dialogs.expectSave(QStringLiteral("Save File As ..."), std::nullopt);
     trigger("menuFileSalvaOrchestra");
-    QVERIFY(m_editor->GetState(2));
+    QVERIFY(m_editor->GetState(TextState));
 }
 
 void tst_CsdDocument::save_cancelledName_keepsUntitledAndTheStar()
@@ -134,7 +134,7 @@ void tst_CsdDocument::save_cancelledName_keepsUntitledAndTheStar()
     m_program->dialogs.expectSave(QStringLiteral("Save File As ..."), std::nullopt);
     trigger("menuFileSalvaOrchestra");
     QCOMPARE(m_program->config.CSDFileName, QStringLiteral("[Untitled]"));
-    QVERIFY(m_editor->GetState(2));
+    QVERIFY(m_editor->GetState(TextState));
 }
 
 void tst_CsdDocument::save_named_writesTheBytesAndDropsTheStar()
@@ -146,7 +146,7 @@ void tst_CsdDocument::save_named_writesTheBytesAndDropsTheStar()
     QTest::keyClick(m_editor->focusProxy(), Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(m_program->read(QStringLiteral("piece.csd")), QByteArray("xa\nb\xff\n"));
     QCOMPARE(m_window->windowTitle(), path + TitleEnd);
-    QVERIFY(!m_editor->GetState(2));
+    QVERIFY(!m_editor->GetState(TextState));
 }
 
 void tst_CsdDocument::save_changedByAnotherProgram_asksFirst()
@@ -162,7 +162,7 @@ void tst_CsdDocument::save_changedByAnotherProgram_asksFirst()
     m_program->dialogs.expect(question, Answer::No);
     trigger("menuFileSalvaOrchestra");
     QCOMPARE(m_program->read(QStringLiteral("piece.csd")), QByteArray("someone else's"));
-    QVERIFY(m_editor->GetState(2));
+    QVERIFY(m_editor->GetState(TextState));
 
     m_program->dialogs.expect(question, Answer::Yes);
     trigger("menuFileSalvaOrchestra");
@@ -369,7 +369,7 @@ void tst_CsdDocument::new_cancelledChoice_keepsTheText()
     chooseInFormNew(Qt::Key_Escape);
     trigger("menuFileNuovaOrchestra");
     QCOMPARE(m_editor->Text(), QStringLiteral("e"));
-    QVERIFY(m_editor->GetState(2));
+    QVERIFY(m_editor->GetState(TextState));
 }
 
 void tst_CsdDocument::new_csd_beginsAnEmptyDocument()
@@ -386,7 +386,7 @@ void tst_CsdDocument::new_csd_beginsAnEmptyDocument()
     QTest::keyClick(elsewhere, Qt::Key_N, Qt::ControlModifier);
     QCOMPARE(m_editor->Text(), QString());
     QCOMPARE(m_window->windowTitle(), QStringLiteral("[Untitled]") + TitleEnd);
-    QVERIFY(!m_editor->GetState(2));
+    QVERIFY(!m_editor->GetState(TextState));
     auto *second = m_window->findChild<LEditOCX *>(QStringLiteral("LEDIT2"));
     QVERIFY(second->isHidden());
     QCOMPARE(second->Text(), QString());

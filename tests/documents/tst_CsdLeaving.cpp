@@ -102,7 +102,7 @@ void tst_CsdLeaving::recent_textFile_opensHereInBothViews()
     trigger("buttonSplit");
     trigger("menuLastFile(0)");
     QCOMPARE(m_editor->Text(), QStringLiteral("notes"));
-    QVERIFY(!m_editor->GetState(2));
+    QVERIFY(!m_editor->GetState(TextState));
     auto *second = m_window->findChild<LEditOCX *>(QStringLiteral("LEDIT2"));
     QCOMPARE(second->Text(), QStringLiteral("notes"));
     second->Undo();
@@ -235,7 +235,7 @@ void tst_CsdLeaving::export_parts_areWrittenAsTheyStand()
     QCOMPARE(question.filter, QStringLiteral("Csound Orc/Sco (*.orc/*.sco)|*.orc"));
     QCOMPARE(question.proposedName, QStringLiteral("piece.orc"));
     QCOMPARE(m_program->config.CSDFileName, m_program->path(QStringLiteral("piece.csd")));
-    QVERIFY(!m_editor->GetState(2));
+    QVERIFY(!m_editor->GetState(TextState));
 }
 
 void tst_CsdLeaving::import_pair_makesAnUntitledText()
@@ -253,7 +253,7 @@ void tst_CsdLeaving::import_pair_makesAnUntitledText()
     QCOMPARE(m_program->config.CSDFileName, QStringLiteral("[Untitled]"));
     QVERIFY(m_window->windowTitle().startsWith(ProgramFirst + QStringLiteral("[Untitled]")));
     QCOMPARE(m_program->config.OrchestraFileName, QString());
-    QVERIFY(m_editor->GetState(2));
+    QVERIFY(m_editor->GetState(TextState));
     QCOMPARE(m_program->dialogs.fileQuestions.back().filter,
              QStringLiteral("Csound files (orc & sco)|*.orc"));
     QCOMPARE(m_program->read(QStringLiteral("piece.csd")), QByteArray("old"));

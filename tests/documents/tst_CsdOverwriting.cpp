@@ -104,7 +104,7 @@ void tst_CsdOverwriting::refused_beforeTheTextGoes_asksAgain()
     perform(command);
     QVERIFY(m_window && m_window->isVisible());
     QCOMPARE(m_editor->Text(), QStringLiteral("xmine"));
-    QVERIFY(m_editor->GetState(2));
+    QVERIFY(m_editor->GetState(TextState));
     QCOMPARE(onDisk(), QByteArray("someone else's"));
 }
 
@@ -152,7 +152,7 @@ void tst_CsdOverwriting::leave_secondAnswer_decides()
     if (leaves)
         QTRY_VERIFY(!m_window);
     else
-        QVERIFY(m_window->isVisible() && m_editor->GetState(2));
+        QVERIFY(m_window->isVisible() && m_editor->GetState(TextState));
     QTEST(onDisk(), "atPiece");
     QTEST(m_program->read(QStringLiteral("other.csd")), "atOther");
 }
@@ -168,7 +168,7 @@ void tst_CsdOverwriting::save_otherName_isWrittenThere()
     QCOMPARE(m_program->read(QStringLiteral("other.csd")), QByteArray("xmine"));
     QCOMPARE(m_program->config.CSDFileName, other);
     QCOMPARE(m_window->windowTitle(), other + TitleEnd);
-    QVERIFY(!m_editor->GetState(2));
+    QVERIFY(!m_editor->GetState(TextState));
     type(QStringLiteral("y")); // the next save asks nothing
     trigger("menuFileSalvaOrchestra");
     QCOMPARE(m_program->read(QStringLiteral("other.csd")), QByteArray("xymine"));
@@ -182,7 +182,7 @@ void tst_CsdOverwriting::save_otherNameCancelled_writesNothing()
     trigger("menuFileSalvaOrchestra");
     QCOMPARE(onDisk(), QByteArray("someone else's"));
     QCOMPARE(m_program->config.CSDFileName, m_program->path(QStringLiteral("piece.csd")));
-    QVERIFY(m_editor->GetState(2));
+    QVERIFY(m_editor->GetState(TextState));
 }
 
 /// What was not written there is not the document's file, and the next save goes to its own.
@@ -197,7 +197,7 @@ void tst_CsdOverwriting::saveAs_failedOverAFile_asksNoMore()
     m_program->dialogs.expectSave(SaveAsTitle, other);
     m_program->dialogs.expect({notSaved(other, PermissionDenied)});
     trigger("menuFileSalvaOrchestraNome");
-    QVERIFY(m_editor->GetState(2));
+    QVERIFY(m_editor->GetState(TextState));
     QVERIFY(QFile::setPermissions(other, QFile::ReadOwner | QFile::WriteOwner));
     trigger("menuFileSalvaOrchestra");
     QCOMPARE(m_program->read(QStringLiteral("piece.csd")), QByteArray("xmine"));
@@ -213,7 +213,7 @@ void tst_CsdOverwriting::saveAs_failedWhereNoFileIs_leavesTheFileThatIsThereLate
     m_program->dialogs.expectSave(SaveAsTitle, other);
     m_program->dialogs.expect({notSaved(other, FolderGone)});
     trigger("menuFileSalvaOrchestraNome");
-    QVERIFY(m_editor->GetState(2));
+    QVERIFY(m_editor->GetState(TextState));
     QVERIFY(QDir(m_program->folder.path()).mkdir(QStringLiteral("away")));
     m_program->write(QStringLiteral("away/other.csd"), "of long ago");
     trigger("menuFileSalvaOrchestra");

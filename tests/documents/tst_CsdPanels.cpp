@@ -195,7 +195,7 @@ void tst_CsdPanels::tools_millionLines_widenTheGutter()
         QTest::keyClick(first()->focusProxy(), Qt::Key_Return);
     QTRY_COMPARE(gutter->width(), widthOf("0000000"));
     QCOMPARE(first()->x(), gutter->x() + gutter->width());
-    first()->ClearState(2);
+    first()->ClearState(TextState);
 }
 
 void tst_CsdPanels::window_halves_fillTheWorkArea()
@@ -257,7 +257,7 @@ void tst_CsdPanels::tags_emptyUnmodifiedText_leavesTheTree()
     const auto *tree = control<QTreeWidget>("Tree");
     QTRY_COMPARE(tree->topLevelItem(6)->text(0), QStringLiteral("<CsScore>"));
     first()->SetText(QString());
-    first()->ClearState(2);
+    first()->ClearState(TextState);
     auto *timer = control<QTimer>("Timer1");
     for (qsizetype tick = 0; tick <= m_program->config.Words.CsdWords.size(); ++tick) {
         QTimerEvent event(timer->timerId());

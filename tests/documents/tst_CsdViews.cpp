@@ -69,7 +69,7 @@ void tst_CsdViews::split_letterInEitherView_showsInTheOtherAtOnce()
     QCOMPARE(second()->Text(), QStringLiteral("oney\r\ntxwo\r\n"));
     QTest::keyClicks(first()->focusProxy(), QStringLiteral(" ~")); // the first and the last of them
     QCOMPARE(second()->Text(), QStringLiteral("oney ~\r\ntxwo\r\n"));
-    QVERIFY(first()->GetState(2));
+    QVERIFY(first()->GetState(TextState));
 }
 
 void tst_CsdViews::split_enter_isCopiedAndKeepsTheScrollPosition()

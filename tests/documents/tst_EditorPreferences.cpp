@@ -398,7 +398,7 @@ void tst_EditorPreferences::font_commands_setTheStylesOff()
             QVERIFY(textBelowTheCaret(*editor) == plain.takeFirst());
     }
     for (LEditOCX *editor : openEditors())
-        editor->ClearState(2);
+        editor->ClearState(TextState);
 }
 
 void tst_EditorPreferences::font_commands_giveTheFirstEditorTheFocus_data() { bothCommands(); }

@@ -106,13 +106,13 @@ void tst_FailedFiles::csd_save_folderGone_saysWhyAndKeepsTheStar()
         expect(notSaved(path, FolderGone));
         trigger("menuFileSalvaOrchestra");
         QCOMPARE(m_program->dialogs.verify(), QString());
-        QVERIFY(m_editor->GetState(2));
+        QVERIFY(m_editor->GetState(TextState));
         QTRY_COMPARE(m_window->windowTitle(), path + TitleEnd + u'*');
     }
     QVERIFY(QDir().mkdir(m_program->path(QStringLiteral("sub"))));
     trigger("menuFileSalvaOrchestra");
     QCOMPARE(m_program->read(QStringLiteral("sub/piece.csd")), "xtext\n");
-    QVERIFY(!m_editor->GetState(2));
+    QVERIFY(!m_editor->GetState(TextState));
 }
 
 void tst_FailedFiles::csd_saveAs_folderInItsPlace_saysWhy()
@@ -124,7 +124,7 @@ void tst_FailedFiles::csd_saveAs_folderInItsPlace_saysWhy()
     m_program->dialogs.expectSave(QStringLiteral("Save File As ..."), folder);
     expect(notSaved(folder, IsFolder));
     trigger("menuFileSalvaOrchestraNome");
-    QVERIFY(m_editor->GetState(2));
+    QVERIFY(m_editor->GetState(TextState));
     QCOMPARE(m_program->read(QStringLiteral("piece.csd")), "text\n");
 }
 
@@ -220,7 +220,7 @@ void tst_FailedFiles::csd_bookmarks_saysWhyOnce()
     for (int i = 0; i < 2; ++i) {
         type(QStringLiteral("x"));
         trigger("menuFileSalvaOrchestra");
-        QVERIFY(!m_editor->GetState(2));
+        QVERIFY(!m_editor->GetState(TextState));
     }
     QCOMPARE(m_program->read(QStringLiteral("piece.csd")), "xxtext\nmore\n");
     QVERIFY(m_program->config.CSDModified);
@@ -267,7 +267,7 @@ void tst_FailedFiles::csd_tooLarge_saysSoAndStaysUntouched()
     type(QStringLiteral("x"));
     expect(unreadText(path));
     trigger("menuFileSalvaOrchestra");
-    QVERIFY(m_editor->GetState(2));
+    QVERIFY(m_editor->GetState(TextState));
     QCOMPARE(QFileInfo(path).size(), qint64(LargestDocument) + 1);
 }
 
@@ -295,7 +295,7 @@ void tst_FailedFiles::csd_import_leavesReadOnlyFilesAlone()
     QVERIFY(m_editor->Text().contains(QStringLiteral("\r\no\r\n")));
     QCOMPARE(QFile::permissions(orchestra), before);
     QCOMPARE(QFile::permissions(score), before);
-    m_editor->ClearState(2); // nothing is to be asked when the window goes
+    m_editor->ClearState(TextState); // nothing is to be asked when the window goes
 }
 
 /// Who gave the other program's file up is told why the save failed, and not asked once more.
@@ -316,7 +316,7 @@ void tst_FailedFiles::csd_overwriteThatFails_isNotAskedForAgain()
         QCOMPARE(m_program->dialogs.verify(), QString());
     }
     QCOMPARE(QFileInfo(path).size(), LargestDocument + 2);
-    m_editor->ClearState(2); // nothing is to be asked when the window goes
+    m_editor->ClearState(TextState); // nothing is to be asked when the window goes
 }
 
 void tst_FailedFiles::csd_importTooLarge_saysSo()
@@ -328,7 +328,7 @@ void tst_FailedFiles::csd_importTooLarge_saysSo()
     expect(notOpened(score, TooLarge));
     trigger("menuFileImportaORCSCO");
     QCOMPARE(m_editor->Text(), QStringLiteral("text\r\n"));
-    QVERIFY(!m_editor->GetState(2));
+    QVERIFY(!m_editor->GetState(TextState));
 }
 
 void tst_FailedFiles::csd_nameThatIsNoText_opensNothing_data()
@@ -384,7 +384,7 @@ void tst_FailedFiles::project_save_saysWhyOfEachHalf()
     project.expectMessage(notSaved(folder + QStringLiteral("/piece.sco"), FolderGone));
     project.trigger("menuFileSalvaProgetto");
     QCOMPARE(project.dialogs.verify(), QString());
-    QVERIFY(project.orchestra->GetState(2) && project.score->GetState(2));
+    QVERIFY(project.orchestra->GetState(TextState) && project.score->GetState(TextState));
     QTRY_COMPARE(project.label("LabelOrchestra"),
                  QStringLiteral("File Orchestra: %1/piece.orc*").arg(folder));
     QTRY_COMPARE(project.label("LabelScore"),
@@ -402,7 +402,7 @@ void tst_FailedFiles::project_oneHalf_saysWhy()
     project.expectMessage(notSaved(folder, IsFolder));
     project.trigger("menuFileSalvaScoreNome");
     QCOMPARE(project.dialogs.verify(), QString());
-    QVERIFY(project.score->GetState(2));
+    QVERIFY(project.score->GetState(TextState));
 }
 
 /// What was written bears the new name, what was not keeps its own.
@@ -420,8 +420,8 @@ void tst_FailedFiles::project_saveAs_oneHalfFails_onlyTheOtherTakesItsName()
     QCOMPARE(project.dialogs.verify(), QString());
     QCOMPARE(project.config.OrchestraFileName, project.path(QStringLiteral("piece.orc")));
     QCOMPARE(project.config.ScoreFileName, project.path(QStringLiteral("new.sco")));
-    QVERIFY(project.orchestra->GetState(2));
-    QVERIFY(!project.score->GetState(2));
+    QVERIFY(project.orchestra->GetState(TextState));
+    QVERIFY(!project.score->GetState(TextState));
     QCOMPARE(project.read(QStringLiteral("piece.orc")), "o\n");
     QCOMPARE(project.read(QStringLiteral("piece.sco")), "s\n");
     QCOMPARE(project.read(QStringLiteral("new.sco")), "ys\n");
@@ -429,7 +429,7 @@ void tst_FailedFiles::project_saveAs_oneHalfFails_onlyTheOtherTakesItsName()
                  QStringLiteral("File Orchestra: %1*").arg(project.config.OrchestraFileName));
     QCOMPARE(project.label("LabelScore"),
              QStringLiteral("File Score: %1").arg(project.config.ScoreFileName));
-    project.orchestra->ClearState(2); // nothing is to be asked when the window goes
+    project.orchestra->ClearState(TextState); // nothing is to be asked when the window goes
 }
 
 void tst_FailedFiles::project_export_saysWhyOnce()

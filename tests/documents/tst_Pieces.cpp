@@ -172,7 +172,7 @@ void tst_Pieces::open_showsEveryCharacter()
 {
     PieceWindow opened(piece());
     QCOMPARE(opened.editor->Text(), textOf(opened.file));
-    QVERIFY(!opened.editor->GetState(2));
+    QVERIFY(!opened.editor->GetState(TextState));
     QVERIFY2(opened.window->windowTitle().contains("ArdiphonPro"),
              qPrintable(opened.window->windowTitle()));
     if (!opened.partner.isEmpty()) {
@@ -209,11 +209,11 @@ void tst_Pieces::save_afterAnUndoneEdit_writesTheSameBytes()
     const QByteArray before = bytesOf(opened.file);
     const ino_t oldFile = numberOf(opened.file);
     opened.editor->SetSelText("x\r\n");
-    QVERIFY(opened.editor->GetState(2));
+    QVERIFY(opened.editor->GetState(TextState));
     opened.editor->Undo();
     opened.trigger(opened.editor->objectName() == "LEDIT2" ? "menuFileSalvaScore"
                                                            : "menuFileSalvaOrchestra");
-    QVERIFY(!opened.editor->GetState(2));
+    QVERIFY(!opened.editor->GetState(TextState));
     QCOMPARE(bytesOf(opened.file), before);
     QVERIFY(numberOf(opened.file) != oldFile);
     QCOMPARE(opened.dialogs.verify(), "");

@@ -290,8 +290,8 @@ void tst_Printing::unsavedText_isPrintedAndStaysUnsaved()
     EditorInput::type(*csd(), QStringLiteral("new "));
     printCsd();
     QCOMPARE(m_pdf->bodyLines(), QStringList{QStringLiteral("new text")});
-    QVERIFY(csd()->GetState(2));
-    csd()->ClearState(2);
+    QVERIFY(csd()->GetState(TextState));
+    csd()->ClearState(TextState);
 }
 
 // The project's window. ---------------------------------------------------------------------------
@@ -453,8 +453,8 @@ void tst_Printing::untitledHalves_havePlaceholders()
     m->trigger("menuFileStampaProgetto");
     QCOMPARE(m_pdf->headers(), (QStringList{QStringLiteral("[Untitled] - Page 1"),
                                             QStringLiteral("[Untitled] - Page 1")}));
-    m->orchestra->ClearState(2);
-    m->score->ClearState(2);
+    m->orchestra->ClearState(TextState);
+    m->score->ClearState(TextState);
 }
 
 ARDIPHON_TEST(tst_Printing, QApplication)

@@ -326,7 +326,7 @@ void tst_ProjectArrangements::tools_millionLines_widenBothGutters()
     QTRY_COMPARE(place("PicNumeri2").width(), wide);
     QCOMPARE(place("PicNumeri1").width(), wide);
     QCOMPARE(place("LEDIT2").x(), place("PicNumeri2").x() + wide);
-    m->score->ClearState(2);
+    m->score->ClearState(TextState);
 }
 
 void tst_ProjectArrangements::tools_hideAll_staysHiddenThroughAnArrangement()

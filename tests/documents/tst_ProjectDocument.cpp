@@ -72,7 +72,7 @@ void tst_ProjectDocument::load_orchestra_bringsItsScoreAndBothBookmarks()
              QStringLiteral("File Score: ") + m->path(QStringLiteral("piece.sco")));
     QCOMPARE(m->orchestra->GetBookmarkLine(1), 2);
     QCOMPARE(m->score->GetBookmarkLine(2), 2);
-    QVERIFY(!m->orchestra->GetState(2) && !m->score->GetState(2));
+    QVERIFY(!m->orchestra->GetState(TextState) && !m->score->GetState(TextState));
     QVERIFY(m->orchestra->hasFocus());
     QCOMPARE(m->config.LastFileName, m->path(QStringLiteral("piece.orc")));
     QCOMPARE(m->recent("File1"), m->path(QStringLiteral("piece.orc")));
@@ -220,7 +220,7 @@ void tst_ProjectDocument::open_missingScore_emptiesBoth()
     QCOMPARE(m->config.OrchestraFileName, Untitled);
     QCOMPARE(m->config.ScoreFileName, Untitled);
     QCOMPARE(m->label("LabelScore"), QStringLiteral("File Score: [Untitled]"));
-    QVERIFY(!m->orchestra->GetState(2));
+    QVERIFY(!m->orchestra->GetState(TextState));
     QCOMPARE(m->read(QStringLiteral("piece.orc")), QByteArray("instr 1\nendin\n"));
 }
 
@@ -319,7 +319,7 @@ void tst_ProjectDocument::open_unreadableScore_isNotOverwritten()
                                     "it holds would be lost.")
                          .arg(score));
     m->trigger("menuFileSalvaProgetto");
-    QVERIFY(m->score->GetState(2));
+    QVERIFY(m->score->GetState(TextState));
     QVERIFY(QFile::setPermissions(score, QFile::ReadOwner));
     QCOMPARE(m->read(QStringLiteral("piece.sco")), QByteArray("s"));
 }
@@ -350,7 +350,7 @@ void tst_ProjectDocument::new_answers()
     }
     QCOMPARE(m->orchestra->Text() + m->score->Text(), text);
     QCOMPARE(m->config.ScoreFileName == Untitled, text.isEmpty());
-    QVERIFY(!m->orchestra->GetState(2) && !m->score->GetState(2));
+    QVERIFY(!m->orchestra->GetState(TextState) && !m->score->GetState(TextState));
 }
 
 void tst_ProjectDocument::save_pair_writesBothAndDropsTheStars()
@@ -444,7 +444,7 @@ void tst_ProjectDocument::save_failed_asksAgain()
     m->expectQuestion(OpenProject, ProjectChanged, Answer::Cancel);
     m->trigger("menuFileApriProgetto");
     QCOMPARE(m->score->Text(), QStringLiteral("xs"));
-    QVERIFY(m->score->GetState(2));
+    QVERIFY(m->score->GetState(TextState));
 }
 
 ARDIPHON_TEST(tst_ProjectDocument, QApplication)

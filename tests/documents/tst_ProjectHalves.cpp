@@ -102,7 +102,7 @@ void tst_ProjectHalves::half_new_leavesTheOther()
                       QStringLiteral("File %1 has changed!").arg(half.name), Answer::No);
     m->trigger(half.New);
     QCOMPARE(half.editor->Text(), QString());
-    QVERIFY(!half.editor->GetState(2));
+    QVERIFY(!half.editor->GetState(TextState));
     QVERIFY(half.editor->hasFocus());
     QCOMPARE(*half.fileName, Untitled);
     QCOMPARE(m->label(half.label), QStringLiteral("File %1: [Untitled]").arg(half.name));
@@ -142,7 +142,7 @@ void tst_ProjectHalves::half_openCancelled_keepsEverythingButTheBookmarks()
     m->dialogs.expectOpen(QStringLiteral("Open Orchestra (*.ORC)"), std::nullopt);
     m->trigger("menuFileApriOrchestra");
     QCOMPARE(m->orchestra->Text(), QStringLiteral("xo"));
-    QVERIFY(m->orchestra->GetState(2));
+    QVERIFY(m->orchestra->GetState(TextState));
     QVERIFY(!m->read(QStringLiteral("piece.bko")).isEmpty());
 }
 
@@ -158,7 +158,7 @@ void tst_ProjectHalves::half_save_asksForAName()
     QCOMPARE(m->read(QStringLiteral("named")), QByteArray("x"));
     QCOMPARE(*half.fileName, path);
     QCOMPARE(*half.otherName, Untitled);
-    QVERIFY(!half.editor->GetState(2));
+    QVERIFY(!half.editor->GetState(TextState));
     QVERIFY(half.editor->hasFocus());
     m->type(half.editor, QStringLiteral("y"));
     m->trigger(half.Save); // it has its name now
@@ -207,7 +207,7 @@ void tst_ProjectHalves::export_pair_writesOneCsd()
     QCOMPARE(question.filter, QStringLiteral("Csound CSD (*.csd)|*.csd|All Files (*.*)|*.*"));
     QCOMPARE(question.proposedName, QStringLiteral("piece.csd"));
     QVERIFY(m->orchestra->hasFocus());
-    QVERIFY(!m->orchestra->GetState(2));
+    QVERIFY(!m->orchestra->GetState(TextState));
     QCOMPARE(m->config.OrchestraFileName, m->path(QStringLiteral("piece.orc")));
 }
 
@@ -248,7 +248,7 @@ void tst_ProjectHalves::import_csd_replacesBothTexts()
                 .startsWith(QStringLiteral("File Score: ") + m->path(QStringLiteral("new.sco"))));
     QCOMPARE(m->orchestra->FontSize(), 15.0);
     QCOMPARE(m->score->FontSize(), 15.0);
-    QVERIFY(m->orchestra->GetState(2));
+    QVERIFY(m->orchestra->GetState(TextState));
     QVERIFY(!QFile::exists(m->path(QStringLiteral("new.orc")))); // only a name until it is saved
     QCOMPARE(m->dialogs.fileQuestions.back().filter,
              QStringLiteral("Csound CSD (*.csd)|*.csd|All Files (*.*)|*.*"));

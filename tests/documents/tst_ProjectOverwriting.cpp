@@ -137,7 +137,7 @@ void tst_ProjectOverwriting::refused_beforeTheTextGoes_asksAgain()
     QVERIFY(m->window && m->window->isVisible());
     QCOMPARE(m->orchestra->Text(), inScore ? QStringLiteral("o") : QStringLiteral("xo"));
     QCOMPARE(m->score->Text(), inScore ? QStringLiteral("xs") : QStringLiteral("s"));
-    QVERIFY((inScore ? m->score : m->orchestra)->GetState(2));
+    QVERIFY((inScore ? m->score : m->orchestra)->GetState(TextState));
     QCOMPARE(onDisk(file), QByteArray("someone else's"));
     QVERIFY(m->orchestra->hasFocus());
 }
@@ -209,7 +209,7 @@ void tst_ProjectOverwriting::save_otherNameForAHalf_isWrittenThere()
     QCOMPARE(onDisk("piece.sco"), QByteArray("xs"));
     QCOMPARE(m->label("LabelOrchestra"),
              QStringLiteral("File Orchestra: ") + m->path(QStringLiteral("other.orc")));
-    QVERIFY(!m->orchestra->GetState(2) && !m->score->GetState(2));
+    QVERIFY(!m->orchestra->GetState(TextState) && !m->score->GetState(TextState));
 }
 
 void tst_ProjectOverwriting::import_overFiles_saysThatTheyExist_data()
@@ -282,7 +282,7 @@ void tst_ProjectOverwriting::saveAs_newOrchestraOverAScore_asksFirst()
     QCOMPARE(onDisk("b.sco"), QByteArray(replaced ? "s" : "precious"));
     QCOMPARE(onDisk("b.orc"), QByteArray(replaced ? "xo" : ""));
     QCOMPARE(m->config.OrchestraFileName, replaced ? path : m->path(QStringLiteral("piece.orc")));
-    QCOMPARE(m->orchestra->GetState(2), !replaced);
+    QCOMPARE(m->orchestra->GetState(TextState), !replaced);
     QCOMPARE(m->dialogs.fileQuestions.front().proposedName, QString());
     QCOMPARE(m->dialogs.fileQuestions.back().proposedName, replaced ? QString() : path);
 }
@@ -348,7 +348,7 @@ void tst_ProjectOverwriting::saveAs_refusedBeforeTheTextGoes_asksAgain()
     m->trigger("menuFileApriProgetto");
     QVERIFY(!QFile::exists(m->path(QStringLiteral("b.sco"))));
     QCOMPARE(m->orchestra->Text(), QStringLiteral("x"));
-    QVERIFY(m->orchestra->GetState(2));
+    QVERIFY(m->orchestra->GetState(TextState));
 }
 
 ARDIPHON_TEST(tst_ProjectOverwriting, QApplication)

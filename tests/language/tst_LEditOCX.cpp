@@ -90,7 +90,7 @@ void tst_LEditOCX::text_newControl_isEmpty()
 {
     QCOMPARE(m_editor->Text(), QString());
     QCOMPARE(m_editor->LineCount(), 1);
-    QVERIFY(!m_editor->GetState(2));
+    QVERIFY(!m_editor->GetState(TextState));
     QCOMPARE(saved(), QByteArray());
 }
 
@@ -166,7 +166,7 @@ void tst_LEditOCX::setText_sameText_changesNothing()
 {
     load("a\nb\r");
     m_editor->SetText("a\r\nb\r\n");
-    QVERIFY(!m_editor->GetState(2));
+    QVERIFY(!m_editor->GetState(TextState));
 }
 
 void tst_LEditOCX::setTextOf_takesTheTextInItsOwnLineEnds()
@@ -191,7 +191,7 @@ void tst_LEditOCX::setTextOf_sameText_changesNothing()
     other.SetText("a\r\nb\r\nc\r\n");
     m_editor->SetTextOf(other);
     m_editor->SetTextOf(*m_editor);
-    QVERIFY(!m_editor->GetState(2));
+    QVERIFY(!m_editor->GetState(TextState));
     QCOMPARE(saved(), QByteArray("a\nb\rc\r\n"));
 }
 
@@ -254,35 +254,35 @@ void tst_LEditOCX::state_otherFlags_areIgnored()
 {
     type(*m_editor, "x");
     QVERIFY(!m_editor->GetState(1));
-    QVERIFY(m_editor->GetState(2));
+    QVERIFY(m_editor->GetState(TextState));
     m_editor->ClearState(1);
-    QVERIFY(m_editor->GetState(2));
-    m_editor->ClearState(2);
-    QVERIFY(!m_editor->GetState(2));
+    QVERIFY(m_editor->GetState(TextState));
+    m_editor->ClearState(TextState);
+    QVERIFY(!m_editor->GetState(TextState));
 }
 
 void tst_LEditOCX::state_followsUndoToTheSavedText()
 {
     type(*m_editor, "x");
-    m_editor->ClearState(2);
+    m_editor->ClearState(TextState);
     type(*m_editor, "y");
-    QVERIFY(m_editor->GetState(2));
+    QVERIFY(m_editor->GetState(TextState));
     m_editor->Undo();
-    QVERIFY(!m_editor->GetState(2));
+    QVERIFY(!m_editor->GetState(TextState));
     m_editor->Undo();
-    QVERIFY(m_editor->GetState(2));
+    QVERIFY(m_editor->GetState(TextState));
 }
 
 void tst_LEditOCX::resetUndo_keepsTheModifiedState()
 {
     type(*m_editor, "x");
     m_editor->ResetUndo();
-    QVERIFY(m_editor->GetState(2));
+    QVERIFY(m_editor->GetState(TextState));
     m_editor->Undo();
     QCOMPARE(m_editor->Text(), "x");
-    m_editor->ClearState(2);
+    m_editor->ClearState(TextState);
     m_editor->ResetUndo();
-    QVERIFY(!m_editor->GetState(2));
+    QVERIFY(!m_editor->GetState(TextState));
 }
 
 void tst_LEditOCX::clearDocument_forgetsTextAndHistory()
@@ -290,7 +290,7 @@ void tst_LEditOCX::clearDocument_forgetsTextAndHistory()
     load("\xE8\n");
     m_editor->ClearDocument();
     QCOMPARE(m_editor->Text(), "");
-    QVERIFY(!m_editor->GetState(2));
+    QVERIFY(!m_editor->GetState(TextState));
     m_editor->Undo();
     QCOMPARE(m_editor->Text(), "");
     type(*m_editor, QString::fromUtf8("è"));
@@ -313,14 +313,14 @@ void tst_LEditOCX::loadFile_anyBytes_saveGivesThemBack()
 {
     QFETCH(QByteArray, bytes);
     load(bytes);
-    QVERIFY(!m_editor->GetState(2));
+    QVERIFY(!m_editor->GetState(TextState));
     QCOMPARE(saved(), bytes);
     goTo(*m_editor, 1, 0);
     type(*m_editor, "12");
     press(*m_editor, Qt::Key_Return);
     m_editor->Undo();
     m_editor->Undo();
-    QVERIFY(!m_editor->GetState(2));
+    QVERIFY(!m_editor->GetState(TextState));
     QCOMPARE(saved(), bytes);
 }
 
@@ -388,7 +388,7 @@ void tst_LEditOCX::saveFile_failed_staysModified()
     type(*m_editor, "x");
     QVERIFY(!m_editor->SaveFile(m_folder.path()));
     QVERIFY(!m_editor->SaveFile(QString()));
-    QVERIFY(m_editor->GetState(2));
+    QVERIFY(m_editor->GetState(TextState));
 }
 
 void tst_LEditOCX::saveFile_latin1WithCharacterOutside_writesUtf8()

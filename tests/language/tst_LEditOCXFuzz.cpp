@@ -187,7 +187,7 @@ void tst_LEditOCXFuzz::loadEditUndoSave_anyBytes_givesThemBack()
         verifySoundness();
         if (QTest::currentTestFailed())
             QFAIL(describe(round, bytes));
-        for (int i = 0; i < 200 && m_editor->GetState(2); ++i)
+        for (int i = 0; i < 200 && m_editor->GetState(TextState); ++i)
             m_editor->Undo();
         QVERIFY(m_editor->SaveFile(m_file));
         QVERIFY(file.open(QIODevice::ReadOnly));

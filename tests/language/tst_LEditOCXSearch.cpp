@@ -324,11 +324,11 @@ void tst_LEditOCXSearch::replaceAll_isOneStepOfHistory()
     QCOMPARE(m_editor->Text(), "i1\r\ni1 i1\r\ni1\r\ni11 i1\r\ni1\r\n");
     QCOMPARE(m_editor->GetBookmarkLine(3), 4);
     m_editor->Undo();
-    QVERIFY(!m_editor->GetState(2));
+    QVERIFY(!m_editor->GetState(TextState));
     QCOMPARE(saved(), QByteArray("i1 i1\ni11 I1\r"));
     m_editor->SetFindText("none");
     m_editor->ReplaceAll();
-    QVERIFY(!m_editor->GetState(2));
+    QVERIFY(!m_editor->GetState(TextState));
 }
 
 void tst_LEditOCXSearch::replaceAll_randomText_asTheModel()

@@ -82,7 +82,7 @@ struct EditorPair
         first->SetText(orchestra);
         second->SetText(score);
         for (ardiphon::LEditOCX *editor : {first, second}) {
-            editor->ClearState(2);
+            editor->ClearState(ardiphon::TextState);
             editor->ResetUndo();
         }
         window->resize(700, 600);

@@ -64,7 +64,7 @@ void tst_ReplaceWindow::replace_nothingSelected_doesNothing()
     search.type(QStringLiteral("y"), "Text2");
     search.click("Command2");
     QCOMPARE(project.first->Text(), QStringLiteral("x"));
-    QVERIFY(!project.first->GetState(2));
+    QVERIFY(!project.first->GetState(TextState));
     QCOMPARE(project.dialogs.verify(), QString());
     QCOMPARE(project.beeps, 0);
 }
@@ -80,7 +80,7 @@ void tst_ReplaceWindow::replace_selection_isOverwrittenWhateverTheText()
     search.click("Command2");
     QCOMPARE(project.first->Text(), QStringLiteral("one 2 three"));
     QCOMPARE(selection(*project.first), QStringLiteral("1:5-1:5")); // and no search
-    QVERIFY(project.first->GetState(2));
+    QVERIFY(project.first->GetState(TextState));
     search.click("Command2");
     QCOMPARE(project.first->Text(), QStringLiteral("one 2 three"));
     search.type(QString()); // nor is that tested
@@ -117,7 +117,7 @@ void tst_ReplaceWindow::replaceAll_everyMatch_isOneStep()
     search.click("Command3");
     QCOMPARE(project.first->Text(), QStringLiteral("xy x xy x\r\nxx xy x"));
     QCOMPARE(focusName(), QStringLiteral("Text1"));
-    QVERIFY(project.first->GetState(2));
+    QVERIFY(project.first->GetState(TextState));
     project.first->Undo();
     QCOMPARE(project.first->Text(), QStringLiteral("x X\r\nxx x"));
     QCOMPARE(project.beeps, 0);
@@ -323,7 +323,7 @@ void tst_ReplaceWindow::replace_wholeWord_leavesLongerWordsWhole()
         search.click("Command1");
         QCOMPARE(project.first->Text(), text);
     }
-    QVERIFY(!project.first->GetState(2));
+    QVERIFY(!project.first->GetState(TextState));
     QCOMPARE(project.dialogs.verify(), QString());
     project.first->SetText(text + QStringLiteral("\r\nbeta"));
     for (const char *button : {"Command3", "Command1"}) {
