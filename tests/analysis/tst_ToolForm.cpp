@@ -1,6 +1,7 @@
 // What all forms of the analysis tools have in common, on the form of HETRO.
 
 #include "analysis/ShownForm.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QApplication>
@@ -549,13 +550,13 @@ void tst_ToolForm::hint_liesBesideItsField()
     };
     for (int hint = 0; hint < int(tool->hints.size()); ++hint) {
         m_form->help(hint);
-        check(hint);
+        CHECKED(check(hint));
     }
     m_form->form->resize(m_form->form->width() + 200, m_form->form->height() + 50);
     const int last = int(tool->hints.size()) - 1;
     const auto *const mark = m_form->control<QWidget>(QStringLiteral("ImageHelp(%1)").arg(last));
     QTRY_VERIFY(placeOf(mark).left() - m_form->frame()->geometry().right() < 30);
-    check(last);
+    CHECKED(check(last));
 }
 
 void tst_ToolForm::escape_closesTheForm()

@@ -4,6 +4,7 @@
 #include "analysis/ShownForm.h"
 #include "platform/CommandText.h"
 #include "platform/Terminal.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 #include "support/WaveBytes.h"
 
@@ -95,7 +96,8 @@ void tst_ToolRuns::show(const AnalysisTool &tool)
         QStringLiteral("x-terminal-emulator"),
         "#!/bin/sh\ncd \"${0%/*}\"\nhere=$PWD\nprintf '%s\\n' \"$@\" >arguments\nshift\n"
         "\"$@\" >\"$here/log\" 2>&1 </dev/null\n: >\"$here/done\"\n");
-    QVERIFY(QFile::setPermissions(terminal, QFile::ReadOwner | QFile::ExeOwner));
+    require(QFile::setPermissions(terminal, QFile::ReadOwner | QFile::ExeOwner),
+            "cannot make the terminal a program");
     qputenv("PATH", QFile::encodeName(m_form->program.folder.path()));
 }
 
@@ -104,7 +106,8 @@ void tst_ToolRuns::run()
 {
     QFile::remove(path(QStringLiteral("done")));
     m_form->click("CommandAnalyze");
-    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(path(QStringLiteral("done"))), 60000);
+    const auto isDone = [this] { return QFile::exists(path(QStringLiteral("done"))); };
+    require(QTest::qWaitFor(isDone, 60000), "what was started does not end");
 }
 
 /// What the line of the last start writes to \a output when a shell runs it.
@@ -233,7 +236,8 @@ void tst_ToolRuns::terminal_console_startsInTheDirectory()
     QVERIFY(QDir(path(QString())).mkdir(QStringLiteral("a folder")));
     startInTerminal({QStringLiteral("/bin/pwd"), {}, path(QStringLiteral("a folder"))},
                     m_programFolder);
-    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(path(QStringLiteral("done"))), 60000);
+    const auto isDone = [this] { return QFile::exists(path(QStringLiteral("done"))); };
+    require(QTest::qWaitFor(isDone, 60000), "what was started does not end");
     QVERIFY(read("log").startsWith(path(QStringLiteral("a folder")).toUtf8() + '\n'));
     QVERIFY(read("log").endsWith("\nPress a key to close this window."));
 }

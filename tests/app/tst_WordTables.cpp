@@ -1,5 +1,6 @@
 #include "app/WordTables.h"
 #include "support/Fifo.h"
+#include "support/FileBytes.h"
 #include "support/TestMain.h"
 
 #include <QFile>
@@ -95,9 +96,7 @@ void tst_WordTables::init()
 
 void tst_WordTables::write(const char *name, const QByteArray &bytes)
 {
-    QFile file(m_folder->filePath(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
+    writeBytes(m_folder->filePath(name), bytes);
 }
 
 void tst_WordTables::csdWords_keepLastItem()

@@ -1,6 +1,7 @@
 #include "app/modRegistry.h"
 #include "platform/FileFailure.h"
 #include "support/Fifo.h"
+#include "support/FileBytes.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -64,10 +65,7 @@ void tst_modRegistry::init()
 
 void tst_modRegistry::fill(const QByteArray &bytes)
 {
-    QFile file(path());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
-    file.close();
+    writeBytes(path(), bytes);
     m_store = std::make_unique<SettingsStore>(path());
 }
 

@@ -1,5 +1,6 @@
 #include "associations/FileAssociation.h"
 #include "associations/OpenerEntry.h"
+#include "support/FileBytes.h"
 #include "support/TestMain.h"
 
 #include <QCoreApplication>
@@ -84,10 +85,8 @@ void tst_FileAssociation::init()
 
 void tst_FileAssociation::write(const QString &name, const QByteArray &bytes) const
 {
-    QVERIFY(QDir().mkpath(QFileInfo(path(name)).path()));
-    QFile file(path(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
+    QDir().mkpath(QFileInfo(path(name)).path());
+    writeBytes(path(name), bytes);
 }
 
 QByteArray tst_FileAssociation::read(const QString &name) const

@@ -1,6 +1,7 @@
 #include "compile/FlagFile.h"
 #include "platform/FileFailure.h"
 #include "support/Fifo.h"
+#include "support/FileBytes.h"
 #include "support/TestMain.h"
 #include "support/TimeLimit.h"
 
@@ -69,12 +70,7 @@ private:
         QFile file(m_path);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
     }
-    void setBytes(const QByteArray &bytes) const
-    {
-        QFile file(m_path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(bytes), bytes.size());
-    }
+    void setBytes(const QByteArray &bytes) const { writeBytes(m_path, bytes); }
 
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_path;

@@ -2,6 +2,7 @@
 #include "compile/ProjectDialog.h"
 #include "compile/ui/CompilerOutput.h"
 #include "compile/ui/FormCSound.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QGroupBox>
@@ -43,14 +44,15 @@ private:
     static void useRealCompiler(ProjectDialog &dialog)
     {
         dialog.config.FileCSound = QStandardPaths::findExecutable(QStringLiteral("csound"));
-        QVERIFY2(!dialog.config.FileCSound.isEmpty(), "csound is not installed");
+        require(!dialog.config.FileCSound.isEmpty(), "csound is not installed");
     }
     static void copyPiece(ProjectDialog &dialog, const QString &folder)
     {
         dialog.choose(QStringLiteral("piece"));
-        QVERIFY(
-            QFile::copy(folder + QStringLiteral("/piece.orc"), dialog.config.OrchestraFileName));
-        QVERIFY(QFile::copy(folder + QStringLiteral("/piece.sco"), dialog.config.ScoreFileName));
+        require(
+            QFile::copy(folder + QStringLiteral("/piece.orc"), dialog.config.OrchestraFileName) &&
+                QFile::copy(folder + QStringLiteral("/piece.sco"), dialog.config.ScoreFileName),
+            "the piece cannot be copied");
     }
     /// Where the button leads, and each line of the log that is a link, as an expected.txt has it.
     static QString findings(const ProjectDialog &dialog);

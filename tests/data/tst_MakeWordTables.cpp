@@ -1,3 +1,5 @@
+#include "support/FileBytes.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -42,9 +44,7 @@ private:
 
 void tst_MakeWordTables::Run::write(const char *name, const QByteArray &bytes) const
 {
-    QFile file(path(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
+    writeBytes(path(name), bytes);
 }
 
 QByteArray tst_MakeWordTables::Run::read(const char *name) const
@@ -63,7 +63,7 @@ void tst_MakeWordTables::Run::make(const QStringList &opcodes)
     tool.setWorkingDirectory(folder.path());
     tool.start(QStringLiteral(MAKE_WORD_TABLES),
                QStringList{"out", "6.18", "csd", "sco"} + opcodes);
-    QVERIFY(tool.waitForFinished());
+    require(tool.waitForFinished(), "the tool does not end");
     exitCode = tool.exitCode();
     errors = QString::fromLatin1(tool.readAllStandardError());
 }

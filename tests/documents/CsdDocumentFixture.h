@@ -2,6 +2,7 @@
 
 #include "documents/CsdFixture.h"
 #include "start/ui/FormNew.h"
+#include "support/Require.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -38,7 +39,7 @@ protected:
         m_window = new ardiphon::FormCSD(m_program->context);
         m_window->show();
         m_editor = first();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window));
+        require(QTest::qWaitForWindowExposed(m_window), "the window does not show");
     }
 
     void type(const QString &text) const { QTest::keyClicks(m_editor->focusProxy(), text); }

@@ -17,7 +17,7 @@ class tst_CsdArriving : public QObject, private CsdDocumentFixture
 
 private slots:
     void init() { start(); }
-    void cleanup() { finish(); }
+    void cleanup() { QCOMPARE(finish(), QString()); }
 
     void recent_eachOfFour_isShownAndOpens_data();
     void recent_eachOfFour_isShownAndOpens();

@@ -16,7 +16,7 @@ class tst_CsdDocument : public QObject, private CsdDocumentFixture
 
 private slots:
     void init() { start(); }
-    void cleanup() { finish(); }
+    void cleanup() { QCOMPARE(finish(), QString()); }
 
     // Loading.
     void load_namedFile_showsItAndPutsItOnTheRecentList();

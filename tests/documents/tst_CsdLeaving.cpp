@@ -24,7 +24,7 @@ class tst_CsdLeaving : public QObject, private CsdDocumentFixture
 
 private slots:
     void init() { start(); }
-    void cleanup() { finish(); }
+    void cleanup() { QCOMPARE(finish(), QString()); }
 
     // Recent files.
     void recent_missingFile_saysSo();

@@ -24,7 +24,7 @@ class tst_CsdOverwriting : public QObject, private CsdDocumentFixture
 
 private slots:
     void init() { start(); }
-    void cleanup() { finish(); }
+    void cleanup() { QCOMPARE(finish(), QString()); }
 
     void refused_beforeTheTextGoes_asksAgain_data();
     void refused_beforeTheTextGoes_asksAgain();

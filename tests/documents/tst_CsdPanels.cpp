@@ -16,7 +16,7 @@ class tst_CsdPanels : public QObject, private CsdFixture
 
 private slots:
     void init() { start(); }
-    void cleanup() { finish(); }
+    void cleanup() { QCOMPARE(finish(), QString()); }
 
     // Tools.
     void tools_keptValues_areApplied();

@@ -1,4 +1,5 @@
 #include "documents/CsdFixture.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QApplication>
@@ -19,7 +20,7 @@ class tst_CsdViews : public QObject, private CsdFixture
 
 private slots:
     void init() { start(); }
-    void cleanup() { finish(); }
+    void cleanup() { QCOMPARE(finish(), QString()); }
 
     // Split view.
     void split_letterInEitherView_showsInTheOtherAtOnce();
@@ -351,7 +352,8 @@ void tst_CsdViews::scroll(int delta)
         QWheelEvent wheel(QPointF(20, 20), view->mapToGlobal(QPointF(20, 20)), {}, QPoint(0, delta),
                           Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(receiver, &wheel);
-        QCOMPARE(wheel.isAccepted(), receiver == m_window);
+        require(wheel.isAccepted() == (receiver == m_window),
+                "the wheel does not go to the window");
     }
 }
 
@@ -428,7 +430,7 @@ void tst_CsdViews::popup_rightClick_movesTheCaretUnlessInTheSelection()
         const QPoint at =
             first()->PositionToPixels(line, column) + QPoint(2, first()->LineHeight() / 2);
         QTest::mouseClick(view, Qt::RightButton, {}, view->mapFrom(first(), at));
-        QTRY_VERIFY(popup->isVisible());
+        require(QTest::qWaitFor([popup] { return popup->isVisible(); }), "no popup");
         popup->close();
     };
     caret(first(), 1, 2, 2, 3);

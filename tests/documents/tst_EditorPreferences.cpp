@@ -3,6 +3,7 @@
 #include "language/editor/LEditOCX.h"
 #include "language/ui/Gutter.h"
 #include "support/Controls.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 #include "support/TestProgram.h"
 
@@ -116,7 +117,7 @@ void tst_EditorPreferences::show(bool project)
     else
         m_window = new FormCSD(m_program->context);
     m_window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window));
+    require(QTest::qWaitForWindowExposed(m_window), "the window does not show");
 }
 
 void tst_EditorPreferences::trigger(const char *command,
@@ -126,14 +127,14 @@ void tst_EditorPreferences::trigger(const char *command,
     if (step) {
         QTimer::singleShot(0, this, [&opened, &step] {
             auto *window = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-            QVERIFY(window);
+            require(window, "the window does not show");
             opened = true;
             step(*window);
             window->close(); // so that a test that failed comes to an end
         });
     }
     control<QAction>(command)->trigger();
-    QVERIFY(opened);
+    require(opened, "no window was opened");
 }
 
 void tst_EditorPreferences::press(const QDialog &window, const char *button)

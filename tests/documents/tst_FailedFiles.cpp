@@ -51,7 +51,7 @@ class tst_FailedFiles : public QObject, private CsdDocumentFixture
 
 private slots:
     void init() { start(); }
-    void cleanup() { finish(); }
+    void cleanup() { QCOMPARE(finish(), QString()); }
 
     void csd_save_folderGone_saysWhyAndKeepsTheStar();
     void csd_saveAs_folderInItsPlace_saysWhy();

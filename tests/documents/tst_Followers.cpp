@@ -19,7 +19,7 @@ class tst_Followers : public QObject, private CsdFixture
 
 private slots:
     void init() { start(); }
-    void cleanup() { finish(); }
+    void cleanup() { QCOMPARE(finish(), QString()); }
 
     void split_key_isToldByEachViewOnce();
     void split_randomEdits_keepAShadowOfEachView();

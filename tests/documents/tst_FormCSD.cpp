@@ -3,6 +3,7 @@
 #include "documents/ProgramStarts.h"
 #include "help/KeySummary.h"
 #include "support/EditorInput.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QApplication>
@@ -23,7 +24,7 @@ class tst_FormCSD : public QObject, private CsdFixture
 
 private slots:
     void init() { start(); }
-    void cleanup() { finish(); }
+    void cleanup() { QCOMPARE(finish(), QString()); }
 
     // Menus and tables.
     void commands_shown_haveOneHandlerAndTheirCaption();
@@ -245,9 +246,9 @@ void tst_FormCSD::programs_everyWay_leadsToItsOwn()
     show();
     m_program->config.CSDFileName.clear();
     QWidget &editor = *first()->focusProxy();
-    ProgramStarts::goToCompilers(*m_program, *m_window, editor, QStringLiteral("File"));
-    ProgramStarts::goToTools(*m_program, *m_window, editor);
-    ProgramStarts::goToMissingHtmlHelp(*m_program, *m_window, editor);
+    CHECKED(ProgramStarts::goToCompilers(*m_program, *m_window, editor, QStringLiteral("File")));
+    CHECKED(ProgramStarts::goToTools(*m_program, *m_window, editor));
+    CHECKED(ProgramStarts::goToMissingHtmlHelp(*m_program, *m_window, editor));
 }
 
 // Editing. ----------------------------------------------------------------------------------------

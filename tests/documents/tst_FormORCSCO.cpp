@@ -1,6 +1,7 @@
 #include "documents/CommandChecks.h"
 #include "documents/ProgramStarts.h"
 #include "documents/ProjectFixture.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QClipboard>
@@ -20,7 +21,7 @@ class tst_FormORCSCO : public QObject, private ProjectFixture
 
 private slots:
     void init() { start(); }
-    void cleanup() { finish(); }
+    void cleanup() { QCOMPARE(finish(), QString()); }
 
     // Commands.
     void commands_haveHandlersCaptionsKeysAndPictures();
@@ -188,9 +189,9 @@ void tst_FormORCSCO::programs_everyWay_leadsToItsOwn()
     m->show();
     m->config.OrchestraFileName.clear();
     QWidget &editor = *m->orchestra->focusProxy();
-    ProgramStarts::goToCompilers(*m, *m->window, editor, QStringLiteral("File Orchestra"));
-    ProgramStarts::goToTools(*m, *m->window, editor);
-    ProgramStarts::goToMissingHtmlHelp(*m, *m->window, editor);
+    CHECKED(ProgramStarts::goToCompilers(*m, *m->window, editor, QStringLiteral("File Orchestra")));
+    CHECKED(ProgramStarts::goToTools(*m, *m->window, editor));
+    CHECKED(ProgramStarts::goToMissingHtmlHelp(*m, *m->window, editor));
 }
 
 void tst_FormORCSCO::window_keepsItsTitle()

@@ -1,6 +1,7 @@
 // The pieces that stand for a composer's files, in the real windows.
 
 #include "documents/PieceWindow.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -237,7 +238,7 @@ void tst_Pieces::convert_csd_losesNoPart()
     QCOMPARE(opened.editor->Text(), text);
     QCOMPARE(QFile::exists(orc), orchestra && score);
     if (orchestra && score)
-        importBack(opened, *orchestra, *score);
+        CHECKED(importBack(opened, *orchestra, *score));
 }
 
 /// The two files hold the parts, and the CSD made of them holds both again.

@@ -5,6 +5,7 @@
 #include "support/EditorInput.h"
 #include "support/FailingPrinter.h"
 #include "support/PrintedPdf.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QFontDatabase>
@@ -105,7 +106,7 @@ void tst_Printing::showCsd(const QByteArray &text)
     m->config.CSDFileName = m->write(QStringLiteral("my piece.csd"), text);
     m_csd = new FormCSD(m->context);
     m_csd->show();
-    QVERIFY(QTest::qWaitForWindowActive(m_csd));
+    require(QTest::qWaitForWindowActive(m_csd), "the window does not come to the front");
     csd()->setFocus();
 }
 

@@ -16,7 +16,7 @@ class tst_ProjectArrangements : public QObject, private ProjectFixture
 
 private slots:
     void init() { start(); }
-    void cleanup() { finish(); }
+    void cleanup() { QCOMPARE(finish(), QString()); }
 
     // Arrangements.
     void arrangement_keys_data();

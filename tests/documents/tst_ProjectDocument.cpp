@@ -17,7 +17,7 @@ class tst_ProjectDocument : public QObject, private ProjectFixture
 
 private slots:
     void init() { start(); }
-    void cleanup() { finish(); }
+    void cleanup() { QCOMPARE(finish(), QString()); }
 
     // Load.
     void load_orchestra_bringsItsScoreAndBothBookmarks();

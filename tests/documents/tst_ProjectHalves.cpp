@@ -14,7 +14,7 @@ class tst_ProjectHalves : public QObject, private ProjectFixture
 
 private slots:
     void init() { start(); }
-    void cleanup() { finish(); }
+    void cleanup() { QCOMPARE(finish(), QString()); }
 
     // One half.
     void half_new_leavesTheOther_data() { halves(); }

@@ -1,4 +1,5 @@
 #include "documents/ProjectLayout.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QTest>
@@ -120,33 +121,33 @@ void tst_ProjectLayout::compareVerticalFollowers(const ProjectLayout &at) const
 
 void tst_ProjectLayout::horizontal_everyCombination()
 {
-    fetch(Arrangement::Horizontal);
+    CHECKED(fetch(Arrangement::Horizontal));
     const ProjectLayout at = arrangeProject(m_state);
     const int left = 360 + m_gutter;
     const int height = (m_state.innerHeight - m_top - 280) / 2;
     QCOMPARE(at.orchestra.editor, QRect(left, m_top, m_state.innerWidth - left, height));
     QCOMPARE(at.score.editor, QRect(left, m_top + height + 300, m_state.innerWidth - left, height));
-    compareHorizontalFollowers(at);
+    CHECKED(compareHorizontalFollowers(at));
     QCOMPARE(at.SplitterH, QPoint(m_state.innerWidth - 350, m_top + height + 80));
 }
 
 void tst_ProjectLayout::vertical_everyCombination()
 {
-    fetch(Arrangement::Vertical);
+    CHECKED(fetch(Arrangement::Vertical));
     const ProjectLayout at = arrangeProject(m_state);
     const int top = m_top + 450;
     const int width = (m_state.innerWidth - 2 * m_gutter) / 2;
     const int height = m_state.innerHeight - top;
     QCOMPARE(at.orchestra.editor, QRect(m_gutter, top, width, height));
     QCOMPARE(at.score.editor, QRect(2 * m_gutter + width, top, width, height));
-    compareVerticalFollowers(at);
+    CHECKED(compareVerticalFollowers(at));
     QCOMPARE(at.SplitterV, QPoint(m_gutter + width - 250, top - 650));
 }
 
 void tst_ProjectLayout::alone_everyCombination()
 {
     for (const Arrangement arrangement : {Arrangement::Orchestra, Arrangement::Score}) {
-        fetch(arrangement);
+        CHECKED(fetch(arrangement));
         const ProjectLayout at = arrangeProject(m_state);
         const HalfLayout &half = arrangement == Arrangement::Score ? at.score : at.orchestra;
         const int width = m_state.innerWidth;
@@ -177,7 +178,7 @@ void tst_ProjectLayout::column_takesWhatItsButtonsNeed()
 
 void tst_ProjectLayout::dragH_everyCombination()
 {
-    fetch(Arrangement::Horizontal);
+    CHECKED(fetch(Arrangement::Horizontal));
     const ProjectLayout start = arrangeProject(m_state);
     const int least = m_top + 800;
     const int most = m_state.innerHeight - 1000;
@@ -189,7 +190,7 @@ void tst_ProjectLayout::dragH_everyCombination()
         const int width = m_state.innerWidth - left;
         QCOMPARE(at->orchestra.editor, QRect(left, m_top, width, top - m_top - 80));
         QCOMPARE(at->score.editor, QRect(left, top + 220, width, m_state.innerHeight - top - 220));
-        compareHorizontalFollowers(*at);
+        CHECKED(compareHorizontalFollowers(*at));
     }
     QVERIFY(!dragSplitterH(m_state, start, least - 1));
     QVERIFY(!dragSplitterH(m_state, start, most + 1));
@@ -197,7 +198,7 @@ void tst_ProjectLayout::dragH_everyCombination()
 
 void tst_ProjectLayout::dragV_everyCombination()
 {
-    fetch(Arrangement::Vertical);
+    CHECKED(fetch(Arrangement::Vertical));
     const ProjectLayout start = arrangeProject(m_state);
     const int most = m_state.innerWidth - 1200;
     for (const int left : {800, 4321, most}) {
@@ -209,7 +210,7 @@ void tst_ProjectLayout::dragV_everyCombination()
         QCOMPARE(first, QRect(m_gutter, top, left - m_gutter + 250, m_state.innerHeight - top));
         const int second = left + 250 + m_gutter;
         QCOMPARE(at->score.editor, QRect(second, top, m_state.innerWidth - second, first.height()));
-        compareVerticalFollowers(*at);
+        CHECKED(compareVerticalFollowers(*at));
     }
     QVERIFY(!dragSplitterV(m_state, start, 799));
     QVERIFY(!dragSplitterV(m_state, start, most + 1));

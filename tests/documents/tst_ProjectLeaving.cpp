@@ -14,7 +14,7 @@ class tst_ProjectLeaving : public QObject, private ProjectFixture
 
 private slots:
     void init() { start(); }
-    void cleanup() { finish(); }
+    void cleanup() { QCOMPARE(finish(), QString()); }
 
     void recent_endings_decide();
     void recent_csd_asksForBothHalves();

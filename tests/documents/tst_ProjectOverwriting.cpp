@@ -26,7 +26,7 @@ class tst_ProjectOverwriting : public QObject, private ProjectFixture
 
 private slots:
     void init() { start(); }
-    void cleanup() { finish(); }
+    void cleanup() { QCOMPARE(finish(), QString()); }
 
     void refused_beforeTheTextGoes_asksAgain_data();
     void refused_beforeTheTextGoes_asksAgain();

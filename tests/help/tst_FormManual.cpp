@@ -1,5 +1,7 @@
 #include "help/ui/FormManual.h"
 #include "support/Fifo.h"
+#include "support/FileBytes.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -101,15 +103,13 @@ void tst_FormManual::cleanup() { delete m_form; }
 
 void tst_FormManual::write(const char *name, const QByteArray &bytes)
 {
-    QFile file(m_folder.filePath(QLatin1String(name)));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
+    writeBytes(m_folder.filePath(QLatin1String(name)), bytes);
 }
 
 void tst_FormManual::clickOn(const QString &text)
 {
     QTextCursor place = m_browser->document()->find(text);
-    QVERIFY(!place.isNull());
+    require(!place.isNull(), qPrintable(text));
     place.setPosition(place.selectionStart() + 1);
     QTest::mouseClick(m_browser->viewport(), Qt::LeftButton, {},
                       m_browser->cursorRect(place).center());

@@ -1,5 +1,6 @@
 #include "help/ui/FormAbout.h"
 #include "help/ui/FormHelp.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QLabel>
@@ -45,7 +46,7 @@ private:
 void tst_HelpWindows::show(QDialog &window)
 {
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    require(QTest::qWaitForWindowExposed(&window), "the window does not show");
 }
 
 void tst_HelpWindows::window_closesOnItsButtonAndOnEsc_data()

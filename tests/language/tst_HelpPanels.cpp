@@ -2,6 +2,7 @@
 #include "language/editor/LEditOCX.h"
 #include "language/ui/HelpPanels.h"
 #include "support/EditorInput.h"
+#include "support/FileBytes.h"
 #include "support/ShownToolTip.h"
 #include "support/TestMain.h"
 
@@ -98,10 +99,7 @@ void tst_HelpPanels::cleanup()
 
 void tst_HelpPanels::loadTable(const QByteArray &bytes)
 {
-    QFile file(m_folder->filePath(QStringLiteral("opcode.txt")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-    file.close();
+    writeBytes(m_folder->filePath(QStringLiteral("opcode.txt")), bytes);
     m_words->LoadWordTables(m_folder->path());
 }
 

@@ -1,5 +1,6 @@
 #include "app/WordTables.h"
 #include "language/HelpWord.h"
+#include "support/FileBytes.h"
 #include "support/TestMain.h"
 
 #include <QFile>
@@ -30,9 +31,7 @@ private:
 void tst_HelpWord::initTestCase()
 {
     const auto write = [this](const char *name, const QByteArray &bytes) {
-        QFile file(m_folder.filePath(QLatin1String(name)));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
+        writeBytes(m_folder.filePath(QLatin1String(name)), bytes);
     };
     QByteArray opcodes;
     // "ab" stands behind the group of its first letter, where only a scan of all finds it.

@@ -3,6 +3,7 @@
 #include "language/ui/EditorPopup.h"
 #include "language/ui/KeywordHelp.h"
 #include "support/EditorInput.h"
+#include "support/FileBytes.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestMain.h"
 
@@ -130,9 +131,7 @@ void tst_KeywordHelp::cleanup()
 
 void tst_KeywordHelp::write(const QString &name, const QByteArray &bytes)
 {
-    QFile file(m_folder.filePath(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
+    writeBytes(m_folder.filePath(name), bytes);
 }
 
 QString tst_KeywordHelp::taken() { return std::exchange(m_asked, {}).join(u','); }

@@ -2,6 +2,8 @@
 
 #include "language/editor/LEditOCX.h"
 #include "support/EditorInput.h"
+#include "support/FileBytes.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -72,10 +74,8 @@ void tst_LEditOCX::init()
 
 void tst_LEditOCX::load(const QByteArray &bytes)
 {
-    QFile file(m_folder.filePath("in"));
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-    file.close();
-    QVERIFY(m_editor->LoadFile(file.fileName()));
+    writeBytes(m_folder.filePath("in"), bytes);
+    require(bool(m_editor->LoadFile(m_folder.filePath("in"))), "the file is not read");
 }
 
 QByteArray tst_LEditOCX::saved()

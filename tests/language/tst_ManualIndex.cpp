@@ -1,6 +1,7 @@
 #include "app/WordTables.h"
 #include "language/ManualIndex.h"
 #include "language/ManualText.h"
+#include "support/FileBytes.h"
 #include "support/TestMain.h"
 #include "support/TimeLimit.h"
 
@@ -62,9 +63,7 @@ void tst_ManualIndex::write(const QString &name, const QByteArray &bytes) const
 {
     const QString path = m_folder.filePath(name);
     QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
+    writeBytes(path, bytes);
 }
 
 void tst_ManualIndex::keyword_arrivesAtItsPage_data()

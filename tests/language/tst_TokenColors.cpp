@@ -1,6 +1,7 @@
 #include "language/TokenColors.h"
 
 #include "app/ConfigurationBlock.h"
+#include "support/FileBytes.h"
 #include "support/TestMain.h"
 
 #include <QTemporaryDir>
@@ -51,9 +52,7 @@ private:
 void tst_TokenColors::initTestCase()
 {
     const auto write = [this](const char *name, const QByteArray &bytes) {
-        QFile file(m_folder.filePath(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
+        writeBytes(m_folder.filePath(name), bytes);
     };
     QByteArray opcodes;
     for (const char *name : {"$OPCODE", "0dbfs", "=", "bothcsd", "endin", "everywhere", "instr",

@@ -2,6 +2,7 @@
 
 #include "EditorWindows.h"
 #include "navigation/ui/Definitions.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QMenu>
@@ -35,7 +36,7 @@ void rightClick(const CsdWindow &csd, LEditOCX *view, int line, int column)
 {
     auto *popup = csd.control<QMenu>("menuPopup");
     click(*view, line, column, Qt::RightButton);
-    QTRY_VERIFY(popup->isVisible());
+    require(QTest::qWaitFor([popup] { return popup->isVisible(); }), "no popup");
 }
 
 /// Chooses an entry of the open popup by its place, as a user does.
@@ -44,7 +45,7 @@ void choose(const CsdWindow &csd, const char *entry)
     auto *popup = csd.control<QMenu>("menuPopup");
     auto *action = csd.control<QAction>(entry);
     QTest::mouseClick(popup, Qt::LeftButton, {}, popup->actionGeometry(action).center());
-    QTRY_VERIFY(!popup->isVisible());
+    require(QTest::qWaitFor([popup] { return !popup->isVisible(); }), entry);
 }
 
 void definition(const CsdWindow &csd, int line, int column)

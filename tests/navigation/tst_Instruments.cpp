@@ -4,6 +4,7 @@
 #include "EditorWindows.h"
 #include "navigation/ui/InstrumentPanel.h"
 #include "navigation/ui/Instruments.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QLabel>
@@ -139,13 +140,13 @@ void tst_Instruments::buttons_doWhatTheKeysDo()
         QTest::mouseClick(csd.control<QToolButton>(button), Qt::LeftButton);
         QVERIFY(csd.first->hasFocus());
     };
-    click("Toolbar_INSTR(4)");
+    CHECKED(click("Toolbar_INSTR(4)"));
     QCOMPARE(selection(*csd.first), wholeWord(Bass));
-    click("Toolbar_INSTR(2)");
+    CHECKED(click("Toolbar_INSTR(2)"));
     QCOMPARE(selection(*csd.first), wholeWord(One, 2));
-    click("Toolbar_INSTR(1)");
+    CHECKED(click("Toolbar_INSTR(1)"));
     QCOMPARE(selection(*csd.first), wholeWord(Ten));
-    click("Toolbar_INSTR(3)");
+    CHECKED(click("Toolbar_INSTR(3)"));
     QCOMPARE(selection(*csd.first), wholeWord(One, 2));
 }
 

@@ -1,5 +1,6 @@
 #include "platform/ChildProcess.h"
 #include "platform/StartDetached.h"
+#include "support/Require.h"
 #include "support/StandInCompiler.h"
 #include "support/TestMain.h"
 
@@ -224,9 +225,9 @@ void tst_ChildProcess::start_cannot_leavesNoHandle()
         QTRY_VERIFY(process.end());
         QVERIFY(!StartDetached(executable, {}, directory));
     };
-    startBoth(); // what stays open from the first start on is none of each
+    CHECKED(startBoth()); // what stays open from the first start on is none of each
     const auto before = handles();
-    startBoth();
+    CHECKED(startBoth());
     QCOMPARE(handles(), before);
 }
 

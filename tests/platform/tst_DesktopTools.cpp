@@ -1,5 +1,6 @@
 #include "platform/DesktopTools.h"
 #include "platform/ProgramFolder.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -33,12 +34,12 @@ private:
     void install(const char *name, const char *shell = "/bin/sh") const
     {
         QFile file(m_folder->filePath(QLatin1String(name)));
-        QVERIFY(file.open(QIODevice::WriteOnly));
+        require(file.open(QIODevice::WriteOnly), name);
         file.write("#!" + QByteArray(shell) + "\n{ pwd; echo $#; } > '" + file.fileName().toUtf8() +
                    ".ran~'\nmv '" + file.fileName().toUtf8() + ".ran~' '" +
                    file.fileName().toUtf8() + ".ran'\n");
         file.close();
-        QVERIFY(file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+        require(file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner), name);
     }
     QByteArray traceOf(const char *name) const
     {

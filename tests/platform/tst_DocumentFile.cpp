@@ -2,6 +2,8 @@
 
 #include "platform/DocumentFile.h"
 #include "platform/FileFailure.h"
+#include "support/FileBytes.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 #include "support/TimeLimit.h"
 
@@ -32,13 +34,6 @@ namespace {
 // The longer one is the old, so that writing in place goes over a mixture of both.
 const QByteArray OldBytes = QByteArray("old text\n").repeated(2000);
 const QByteArray NewBytes = QByteArray("the new one\r\n").repeated(900);
-
-void put(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
 
 QByteArray get(const QString &path)
 {
@@ -92,9 +87,9 @@ bool mountSmallDisk(const char *folder)
     const QByteArray group = "0 " + QByteArray::number(::getegid()) + " 1";
     if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
         return false;
-    put("/proc/self/setgroups", "deny");
-    put("/proc/self/uid_map", user);
-    put("/proc/self/gid_map", group);
+    writeBytes("/proc/self/setgroups", "deny");
+    writeBytes("/proc/self/uid_map", user);
+    writeBytes("/proc/self/gid_map", group);
     return ::mount("tmpfs", folder, "tmpfs", 0, "size=4m") == 0;
 }
 
@@ -208,17 +203,18 @@ void tst_DocumentFile::init()
 // A second name makes a rename impossible.
 void tst_DocumentFile::makeOldFile(bool inPlace)
 {
-    put(m_file, OldBytes);
+    writeBytes(m_file, OldBytes);
     if (inPlace)
-        QVERIFY(QFile::exists(path("second")) ||
-                ::link(native(m_file).c_str(), native(path("second")).c_str()) == 0);
+        require(QFile::exists(path("second")) ||
+                    ::link(native(m_file).c_str(), native(path("second")).c_str()) == 0,
+                "cannot make a second name");
 }
 
 void tst_DocumentFile::read_file_givesAllBytes()
 {
-    put(m_file, OldBytes);
+    writeBytes(m_file, OldBytes);
     QCOMPARE(*readDocumentFile(m_file), OldBytes);
-    put(m_file, {});
+    writeBytes(m_file, {});
     QCOMPARE(*readDocumentFile(m_file), QByteArray());
 }
 
@@ -267,7 +263,7 @@ void tst_DocumentFile::write_newFile_hasUsualMode()
 
 void tst_DocumentFile::write_existing_keepsModeAndGroup()
 {
-    put(m_file, OldBytes);
+    writeBytes(m_file, OldBytes);
     const std::string file = native(m_file);
     const char *name = file.c_str();
     const gid_t group = ::geteuid() == 0 ? 12345 : ::getegid();
@@ -283,7 +279,7 @@ void tst_DocumentFile::write_existing_keepsModeAndGroup()
 
 void tst_DocumentFile::write_existing_keepsAttributes()
 {
-    put(m_file, OldBytes);
+    writeBytes(m_file, OldBytes);
     const std::string file = native(m_file);
     const char *name = file.c_str();
     if (::setxattr(name, "user.composer", "Ada", 3, 0) != 0)
@@ -298,7 +294,7 @@ void tst_DocumentFile::write_existing_keepsAttributes()
 void tst_DocumentFile::write_symbolicLink_keepsIt()
 {
     QVERIFY(QDir(m_folder->path()).mkdir("pieces"));
-    put(path("pieces/first.csd"), OldBytes);
+    writeBytes(path("pieces/first.csd"), OldBytes);
     QVERIFY(QFile::link("pieces/first.csd", path("middle")));
     QVERIFY(QFile::link(path("middle"), m_file));
     QVERIFY(writeDocumentFile(m_file, NewBytes));
@@ -335,7 +331,7 @@ void tst_DocumentFile::write_hardLink_keepsIt()
 
 void tst_DocumentFile::write_otherOwner_keepsIt()
 {
-    put(m_file, OldBytes);
+    writeBytes(m_file, OldBytes);
     if (::chown(native(m_file).c_str(), 12345, 12345) != 0)
         QSKIP("only the superuser may give a file away");
     const auto before = statusOf(m_file);
@@ -357,7 +353,7 @@ void tst_DocumentFile::write_protectedFile_isRefused_data()
 void tst_DocumentFile::write_protectedFile_isRefused()
 {
     QFETCH(bool, own);
-    put(m_file, OldBytes);
+    writeBytes(m_file, OldBytes);
     if (!own && ::geteuid() != 0)
         QSKIP("only the superuser may give a file away");
     const uid_t owner = ::geteuid() != 0 ? ::geteuid() : own ? 12345 : 12346;
@@ -379,7 +375,7 @@ void tst_DocumentFile::write_protectedFile_isRefused()
 
 void tst_DocumentFile::write_folderWithoutRight_writesInPlace()
 {
-    put(m_file, OldBytes);
+    writeBytes(m_file, OldBytes);
     QCOMPARE(::chmod(native(m_file).c_str(), 0666), 0);
     QCOMPARE(::chmod(native(m_folder->path()).c_str(), 0555), 0);
     const int result = inChild([&] {
@@ -409,7 +405,7 @@ void tst_DocumentFile::write_noRegularFile_isRefused_data()
 void tst_DocumentFile::write_noRegularFile_isRefused()
 {
     QFETCH(QString, file);
-    put(m_file, OldBytes);
+    writeBytes(m_file, OldBytes);
     QVERIFY(QDir(m_folder->path()).mkdir("sub"));
     QCOMPARE(::mkfifo(native(path("fifo")).c_str(), 0600), 0);
     const QStringList before = names();
@@ -458,7 +454,7 @@ void tst_DocumentFile::write_anySize_isWhole()
             QFile::remove(m_file);
             QFile::remove(path("second"));
             if (way != "new")
-                put(m_file, bytesOf(oldSize, 'A'));
+                writeBytes(m_file, bytesOf(oldSize, 'A'));
             if (way == "links")
                 QCOMPARE(::link(native(m_file).c_str(), native(path("second")).c_str()), 0);
             if (way == "owner")
@@ -538,7 +534,7 @@ void tst_DocumentFile::write_refused_tellsWhy_data()
 void tst_DocumentFile::write_refused_tellsWhy()
 {
     QFETCH(QString, file);
-    put(m_file, OldBytes);
+    writeBytes(m_file, OldBytes);
     QVERIFY(QDir(m_folder->path()).mkdir("sub"));
     QVERIFY(QFile::link("circle", path("circle")));
     QCOMPARE(::mkfifo(native(path("fifo")).c_str(), 0600), 0);
@@ -571,7 +567,7 @@ void tst_DocumentFile::write_fullDisk_keepsOld()
         if (!mountSmallDisk(native(m_folder->path()).c_str()))
             return NotPossibleHere;
         const QByteArray old(1'000'000, 'o');
-        put(m_file, old);
+        writeBytes(m_file, old);
         if (inPlace)
             QFile::exists(path("second")) ||
                 ::link(native(m_file).c_str(), native(path("second")).c_str());
@@ -594,7 +590,7 @@ void tst_DocumentFile::write_fullDiskWithRoomInTheFile_writesInPlace()
         if (!mountSmallDisk(native(m_folder->path()).c_str()))
             return NotPossibleHere;
         ::setenv("TMPDIR", "/tmp", 1);
-        put(m_file, QByteArray(1'000'000, 'o'));
+        writeBytes(m_file, QByteArray(1'000'000, 'o'));
         fillDisk(path("ballast"));
         for (const qsizetype size : {1'000'000, 999'999, 4097, 0, 1}) {
             if (!writeDocumentFile(m_file, QByteArray(size, 'n')))
@@ -603,7 +599,7 @@ void tst_DocumentFile::write_fullDiskWithRoomInTheFile_writesInPlace()
                 return 2;
             QFile::remove(m_file);
             QFile::remove(path("ballast"));
-            put(m_file, QByteArray(1'000'000, 'o'));
+            writeBytes(m_file, QByteArray(1'000'000, 'o'));
             fillDisk(path("ballast"));
         }
         return 0;
@@ -619,7 +615,7 @@ void tst_DocumentFile::write_fullDiskWithoutRoomForACopy_keepsOld()
         if (!mountSmallDisk(native(m_folder->path()).c_str()))
             return NotPossibleHere;
         ::setenv("TMPDIR", native(m_folder->path()).c_str(), 1);
-        put(m_file, OldBytes);
+        writeBytes(m_file, OldBytes);
         fillDisk(path("ballast"));
         const auto written = writeDocumentFile(m_file, NewBytes);
         if (written)
@@ -639,7 +635,7 @@ void tst_DocumentFile::write_fullDisk_leavesFileAndTimeAlone()
     const int result = inChild([&] {
         if (!mountSmallDisk(native(m_folder->path()).c_str()))
             return NotPossibleHere;
-        put(m_file, OldBytes);
+        writeBytes(m_file, OldBytes);
         fillDisk(path("ballast"));
         const auto before = statusOf(m_file);
         if (writeDocumentFile(m_file, QByteArray(2 * OldBytes.size(), 'n')))
@@ -657,8 +653,8 @@ void tst_DocumentFile::write_fullDisk_leavesFileAndTimeAlone()
 // What stands at a mount point cannot be replaced.
 void tst_DocumentFile::write_mountedFile_writesInPlace()
 {
-    put(path("mounted"), OldBytes);
-    put(m_file, "hidden");
+    writeBytes(path("mounted"), OldBytes);
+    writeBytes(m_file, "hidden");
     const int result = inChild([&] {
         const std::string other = native(path("mounted"));
         const std::string file = native(m_file);
@@ -685,7 +681,7 @@ void tst_DocumentFile::write_readOnlyDisk_keepsOld()
         const char *folder = path8.c_str();
         if (!mountSmallDisk(folder))
             return NotPossibleHere;
-        put(m_file, OldBytes);
+        writeBytes(m_file, OldBytes);
         if (::mount(nullptr, folder, nullptr, MS_REMOUNT | MS_RDONLY, nullptr) != 0)
             return NotPossibleHere;
         for (const QString &file : {m_file, path("new.csd")})

@@ -3,6 +3,8 @@
 
 #include "platform/DocumentFile.h"
 #include "platform/FileFailure.h"
+#include "support/FileBytes.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QDateTime>
@@ -84,13 +86,6 @@ namespace {
 const QByteArray OldBytes = QByteArray("old text\n").repeated(2000);
 const QByteArray NewBytes = QByteArray("the new one\r\n").repeated(900);
 
-void put(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
-
 QByteArray get(const QString &path)
 {
     QFile file(path);
@@ -150,10 +145,10 @@ void tst_FailingDisk::cleanup() { fault = nullptr; }
 
 void tst_FailingDisk::makeOldFile(bool inPlace)
 {
-    put(m_file, OldBytes);
+    writeBytes(m_file, OldBytes);
     const QByteArray second = QFile::encodeName(m_folder->filePath("second"));
     if (inPlace)
-        QCOMPARE(::link(m_native.constData(), second.constData()), 0);
+        require(::link(m_native.constData(), second.constData()) == 0, "cannot make a second name");
 }
 
 bool tst_FailingDisk::save(decltype(fault) steps)

@@ -1,4 +1,6 @@
 #include "platform/ChildProcess.h"
+#include "support/FileBytes.h"
+#include "support/Require.h"
 #include "support/StandInCompiler.h"
 #include "support/TestMain.h"
 
@@ -76,7 +78,7 @@ private:
     QByteArray read(const char *name) const;
     /// The process whose id is in that file; 0 when there is none yet.
     pid_t noted(const char *name) const;
-    void touch(const char *name) const { QVERIFY(QFile(path(name)).open(QIODevice::WriteOnly)); }
+    void touch(const char *name) const { writeBytes(path(name), {}); }
     /// A shell script that talks.
     ProcessStart script(const QByteArray &lines, OutputUse output = OutputUse::Lines);
     /// Of a script: waits for touch(\a name).
@@ -626,9 +628,9 @@ void tst_ProcessStreams::descriptors_ofAllRuns_areClosed()
             }
         }
     };
-    runAll(); // what stays open from the first start on is none of each
+    CHECKED(runAll()); // what stays open from the first start on is none of each
     const auto before = openDescriptors();
-    runAll();
+    CHECKED(runAll());
     QCOMPARE(openDescriptors(), before);
 }
 

@@ -1,5 +1,7 @@
 #include "platform/ui/Printer.h"
 #include "platform/ui/QtDialogs.h"
+#include "support/FileBytes.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QApplication>
@@ -50,7 +52,7 @@ void chooseType(const QFileDialog *dialog, int index)
     auto *const types = dialog->findChild<QComboBox *>("fileTypeCombo");
     types->setFocus();
     QTest::keyClick(types, index > types->currentIndex() ? Qt::Key_Down : Qt::Key_Up);
-    QCOMPARE(types->currentIndex(), index);
+    require(types->currentIndex() == index, "the type of files is not chosen");
 }
 
 } // namespace
@@ -132,7 +134,7 @@ void tst_QtDialogs::whenShown(Step step)
 {
     QTimer::singleShot(0, this, [step] {
         auto *const dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
-        QVERIFY(dialog);
+        require(dialog, "the dialog does not show");
         step(dialog);
         if (dialog->isVisible())
             dialog->reject(); // so that a test that failed comes to an end
@@ -142,7 +144,7 @@ void tst_QtDialogs::whenShown(Step step)
 void tst_QtDialogs::chooseName(QFileDialog *dialog, const QString &name)
 {
     auto *const edit = dialog->findChild<QLineEdit *>("fileNameEdit");
-    QVERIFY(edit);
+    require(edit, "the dialog has no field for the name");
     edit->setText(name);
     QTest::keyClick(edit, Qt::Key_Return);
 }
@@ -157,11 +159,7 @@ QStringList tst_QtDialogs::offeredRanges(const QPrintDialog &dialog)
     return names;
 }
 
-void tst_QtDialogs::touch(const QString &name)
-{
-    QFile file(m_folder->filePath(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-}
+void tst_QtDialogs::touch(const QString &name) { writeBytes(m_folder->filePath(name), {}); }
 
 void tst_QtDialogs::message_showsTitleTextAndIcon_data()
 {

@@ -1,4 +1,5 @@
 #include "platform/ui/SoundFile.h"
+#include "support/FileBytes.h"
 #include "support/TestMain.h"
 #include "support/TimeLimit.h"
 #include "support/WaveBytes.h"
@@ -43,12 +44,7 @@ private:
     QTemporaryDir m_folder;
 };
 
-void tst_SoundFile::write(const QByteArray &bytes)
-{
-    QFile file(path());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
+void tst_SoundFile::write(const QByteArray &bytes) { writeBytes(path(), bytes); }
 
 void tst_SoundFile::formats_areDecoded_data()
 {

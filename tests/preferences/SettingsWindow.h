@@ -5,6 +5,7 @@
 #include "preferences/SettingsValues.h"
 #include "preferences/ui/FormImpostazioni.h"
 #include "support/Controls.h"
+#include "support/Require.h"
 #include "support/TestProgram.h"
 
 #include <QApplication>
@@ -23,7 +24,8 @@ class SettingsWindow
 {
 protected:
     void begin();
-    void end();
+    /// "" where each dialog was asked as the test said; else what went wrong.
+    [[nodiscard]] QString end();
 
     void open(const QString &caller = ardiphon::CsdSettings);
     template <typename Control>
@@ -70,15 +72,14 @@ inline void SettingsWindow::begin()
     LEDIT1 = editor(0);
     LEDIT2 = editor(300);
     m_host->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_host.get()));
+    require(QTest::qWaitForWindowExposed(m_host.get()), "the window does not show");
 }
 
-inline void SettingsWindow::end()
+inline QString SettingsWindow::end()
 {
     m_window.reset();
     m_host.reset();
-    QCOMPARE(m_program->dialogs.verify(), QString());
-    m_program.reset();
+    return std::exchange(m_program, nullptr)->dialogs.verify();
 }
 
 inline void SettingsWindow::open(const QString &caller)
@@ -86,7 +87,7 @@ inline void SettingsWindow::open(const QString &caller)
     m_window = std::make_unique<ardiphon::FormImpostazioni>(
         m_program->context, ardiphon::EditorViews{*LEDIT1, *LEDIT2}, caller, m_host.get());
     m_window->show();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    require(QTest::qWaitForWindowActive(m_window.get()), "the window does not come to the front");
 }
 
 inline void SettingsWindow::turnTo(const char *sheetButton)
@@ -106,7 +107,7 @@ inline void SettingsWindow::click(const char *name)
     for (const auto &[frame, sheetButton] : sheets)
         if (control<QWidget>(frame)->isAncestorOf(button))
             turnTo(sheetButton);
-    QVERIFY2(button->isVisible(), name);
+    require(button->isVisible(), name);
     QPoint at = button->rect().center();
     if (qobject_cast<QCheckBox *>(button) || qobject_cast<QRadioButton *>(button))
         at.setX(8); // on the mark
@@ -122,7 +123,7 @@ inline void SettingsWindow::type(const char *name, const QString &text)
     QTest::keyClick(edit, Qt::Key_Delete);
     for (const QChar character : text)
         QTest::sendKeyEvent(QTest::Click, edit, Qt::Key_unknown, character, Qt::NoModifier);
-    QCOMPARE(edit->text(), text);
+    require(edit->text() == text, "the field does not take the text");
 }
 
 inline void SettingsWindow::pick(const char *patch, ardiphon::Color first,

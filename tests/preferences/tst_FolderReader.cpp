@@ -1,4 +1,5 @@
 #include "preferences/FolderReader.h"
+#include "support/FileBytes.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -33,11 +34,7 @@ private slots:
 private:
     QTemporaryDir m_folder;
     QString inFolder(const QString &name) const { return m_folder.filePath(name); }
-    void makeFile(const QString &name) const
-    {
-        QFile file(inFolder(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-    }
+    void makeFile(const QString &name) const { writeBytes(inFolder(name), {}); }
 };
 
 void tst_FolderReader::names_areFoldersInOrder()

@@ -2,6 +2,7 @@
 #include "preferences/ui/FormDefaultFont.h"
 #include "preferences/ui/FormFont.h"
 #include "support/Controls.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 #include "support/TestProgram.h"
 
@@ -101,7 +102,7 @@ void tst_FontWindows::openDefaultFont()
 void tst_FontWindows::show()
 {
     m_window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    require(QTest::qWaitForWindowExposed(m_window.get()), "the window does not show");
 }
 
 QString tst_FontWindows::clickEntry(int row)
@@ -174,7 +175,7 @@ void tst_FontWindows::formFont_load_showsBothFonts()
     QCOMPARE(control<QPushButton>("Command2")->text(), "&Cancel");
     QCOMPARE(control<QPushButton>("Command3")->text(), "&Restore Default Font");
     QCOMPARE(selected(), m_fonts.at(1));
-    compareSample(m_fonts.at(1));
+    CHECKED(compareSample(m_fonts.at(1)));
 }
 
 void tst_FontWindows::formFont_load_selectsTrimmedName()
@@ -190,7 +191,7 @@ void tst_FontWindows::formFont_click_showsTheSampleAlone()
 {
     openFont();
     const QString name = clickEntry(0);
-    compareSample(name);
+    CHECKED(compareSample(name));
     QCOMPARE(control<QLabel>("lblEsempio")->text(), "Example (" + name + "):");
     QCOMPARE(m_program->config.FontName, m_fonts.at(1));
     QCOMPARE(control<QLabel>("lblActual")->text(), m_fonts.at(1));
@@ -200,7 +201,7 @@ void tst_FontWindows::formFont_arrowKeys_showTheSample()
 {
     openFont();
     QTest::keyClick(control<QListView>("List1"), Qt::Key_Down);
-    compareSample(m_fonts.at(2));
+    CHECKED(compareSample(m_fonts.at(2)));
 }
 
 void tst_FontWindows::formFont_apply_takesTheFontAndCloses()
@@ -248,7 +249,7 @@ void tst_FontWindows::formFont_restoreDefault_changesTheDefaultAlone()
     QCOMPARE(m_program->config.FontName, m_fonts.at(1));
     QCOMPARE(control<QLabel>("lblDefault")->text(), ' ' + m_fonts.at(2) + ' ');
     QCOMPARE(control<QLabel>("lblEsempio")->text(), "Example (Courier New):");
-    compareSample("Courier New");
+    CHECKED(compareSample("Courier New"));
     QCOMPARE(selected(), m_fonts.contains("Courier New") ? "Courier New" : "");
 }
 
@@ -279,7 +280,7 @@ void tst_FontWindows::formDefaultFont_load_showsTheName()
     QCOMPARE(control<QPushButton>("Command2")->text(), "&OK");
     QCOMPARE(control<QPushButton>("Command3")->text(), "&Cancel");
     QCOMPARE(selected(), m_fonts.at(2));
-    compareSample(m_fonts.at(2));
+    CHECKED(compareSample(m_fonts.at(2)));
 }
 
 void tst_FontWindows::formDefaultFont_click_countsAtOnce()
@@ -288,7 +289,7 @@ void tst_FontWindows::formDefaultFont_click_countsAtOnce()
     const QString name = clickEntry(0);
     QCOMPARE(m_program->config.DefaultFontName, name);
     QCOMPARE(control<QLineEdit>("TextFont")->text(), name);
-    compareSample(name);
+    CHECKED(compareSample(name));
     m_window->close(); // neither button: the choice stays
     QCOMPARE(m_program->config.DefaultFontName, name);
 }
@@ -330,7 +331,7 @@ void tst_FontWindows::formDefaultFont_restoreDefault_keepsTheWindow()
     QVERIFY(m_window->isVisible());
     QCOMPARE(m_program->config.DefaultFontName, "Courier New");
     QCOMPARE(control<QLineEdit>("TextFont")->text(), "Courier New");
-    compareSample("Courier New");
+    CHECKED(compareSample("Courier New"));
     QCOMPARE(selected(), m_fonts.contains("Courier New") ? "Courier New" : "");
     clickButton("Command2");
     QCOMPARE(m_program->config.DefaultFontName, "Courier New");

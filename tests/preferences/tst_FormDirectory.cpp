@@ -2,6 +2,7 @@
 #include "app/ui/PathField.h"
 #include "preferences/ui/FolderTree.h"
 #include "preferences/ui/FormDirectory.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -56,7 +57,7 @@ void tst_FormDirectory::init()
 void tst_FormDirectory::show(QDialog &window)
 {
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    require(QTest::qWaitForWindowExposed(&window), "the window does not show");
 }
 
 void tst_FormDirectory::window_closesOnItsButtonAndOnEsc()
@@ -148,11 +149,11 @@ void tst_FormDirectory::directory_moving_choosesAtOnce()
         QCOMPARE(m_config.WorkingDirectory, expected);
         QCOMPARE(Text1->text(), expected);
     };
-    press(Qt::Key_Down, inFolder("alpha"));
-    press(Qt::Key_Right, inFolder("alpha")); // opens it
-    press(Qt::Key_Down, inFolder("alpha/inner"));
-    press(Qt::Key_Down, inFolder("Beta"));
-    press(Qt::Key_Left, m_folder->path());
+    CHECKED(press(Qt::Key_Down, inFolder("alpha")));
+    CHECKED(press(Qt::Key_Right, inFolder("alpha"))); // opens it
+    CHECKED(press(Qt::Key_Down, inFolder("alpha/inner")));
+    CHECKED(press(Qt::Key_Down, inFolder("Beta")));
+    CHECKED(press(Qt::Key_Left, m_folder->path()));
 }
 
 void tst_FormDirectory::directory_click_choosesAtOnce()

@@ -25,7 +25,7 @@ class tst_FormImpostazioni : public QObject, private SettingsWindow
 
 private slots:
     void init() { begin(); }
-    void cleanup() { end(); }
+    void cleanup() { QCOMPARE(end(), QString()); }
 
     // The window.
     void window_opens_onDirectory();

@@ -52,7 +52,7 @@ class tst_SettingsEffects : public QObject, private SettingsWindow
 
 private slots:
     void init() { begin(); }
-    void cleanup() { end(); }
+    void cleanup() { QCOMPARE(end(), QString()); }
 
     // Values.
     void isNumberWithin_text_data();

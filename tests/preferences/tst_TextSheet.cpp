@@ -14,7 +14,7 @@ class tst_TextSheet : public QObject, private SettingsWindow
 
 private slots:
     void init() { begin(); }
-    void cleanup() { end(); }
+    void cleanup() { QCOMPARE(end(), QString()); }
 
     void tabSize_isChecked_data();
     void tabSize_isChecked();

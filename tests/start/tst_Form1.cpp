@@ -12,7 +12,7 @@ class tst_Form1 : public Form1Fixture
 
 private slots:
     void init() { setUp(); }
-    void cleanup() { tearDown(); }
+    void cleanup() { QCOMPARE(tearDown(), QString()); }
 
     void load_fillsEverythingBeforeTheWindowShows();
     void load_commandLine_opensWithoutChooser_data();

@@ -16,7 +16,7 @@ class tst_Form1Chooser : public Form1Fixture
 
 private slots:
     void init() { setUp(); }
-    void cleanup() { tearDown(); }
+    void cleanup() { QCOMPARE(tearDown(), QString()); }
 
     void window_hasCaptionAndNoFrame();
     void controls_haveCaptionsAndTooltips();

@@ -2,6 +2,7 @@
 #include "start/StartRules.h"
 #include "start/ui/FormNew.h"
 #include "start/ui/PictureButton.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QLabel>
@@ -56,7 +57,7 @@ void tst_FormNew::open()
 {
     m_form = std::make_unique<FormNew>(m_config, m_owner.get());
     m_form->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_form.get()));
+    require(QTest::qWaitForWindowExposed(m_form.get()), "the window does not show");
 }
 
 void tst_FormNew::load_clearsTheChoice() { QCOMPARE(m_config.NewDocumentChoice, ""); }

@@ -1,4 +1,6 @@
 #include "support/Form1Fixture.h"
+#include "support/FileBytes.h"
+#include "support/Require.h"
 
 using namespace ardiphon;
 
@@ -11,23 +13,20 @@ void Form1Fixture::setUp()
     m_dialogs = std::make_unique<ScriptedDialogs>();
     m_shown.clear();
     m_windows = {[this] { m_shown << "FormCSD"; }, [this] { m_shown << "FormORCSCO"; }};
-    QFile opcodes(m_folder->filePath("opcode.txt"));
-    QVERIFY(opcodes.open(QIODevice::WriteOnly));
-    opcodes.write(QByteArray("oscil").leftJustified(430, ' '));
+    writeBytes(m_folder->filePath("opcode.txt"), QByteArray("oscil").leftJustified(430, ' '));
 }
 
-void Form1Fixture::tearDown() { QCOMPARE(m_dialogs->verify(), ""); }
+QString Form1Fixture::tearDown() const { return m_dialogs->verify(); }
 
 void Form1Fixture::load(const QString &commandText)
 {
     m_form = std::make_unique<Form1>(*m_config, *m_store, *m_dialogs, m_windows);
     m_form->showAbout = [this](QWidget *owner) {
-        QCOMPARE(owner, m_form.get());
+        require(owner == m_form.get(), "the start window does not own what it opens");
         m_shown << "FormAbout";
     };
     m_form->showAssociate = [this](QWidget *owner) {
-        QCOMPARE(owner, m_form.get());
-        QVERIFY(owner->isVisible());
+        require(owner == m_form.get() && owner->isVisible(), "the start window is not shown");
         m_shown << "FormAssociate";
     };
     m_form->Load(commandText, m_folder->path(), "/run/folder/");

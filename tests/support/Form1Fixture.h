@@ -15,9 +15,10 @@
 class Form1Fixture : public QObject
 {
 protected:
-    /// To be called before each test, and after it.
+    /// To be called before each test.
     void setUp();
-    void tearDown();
+    /// To be called after it: "" where each dialog was asked as the test said.
+    [[nodiscard]] QString tearDown() const;
 
     void load(const QString &commandText = {});
     void setRecent(int number, const QString &path);

@@ -18,7 +18,7 @@ class tst_WindowFeature : public QObject, private CsdFixture
 
 private slots:
     void init() { start(); }
-    void cleanup() { finish(); }
+    void cleanup() { QCOMPARE(finish(), QString()); }
 
     void dock_closed_changesNothing();
     void dock_shownByItsKey_theCentreMakesRoom();
