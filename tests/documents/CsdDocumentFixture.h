@@ -10,7 +10,7 @@
 inline const QString SaveQuestion = QStringLiteral("File has changed!\r\nDo you want to save it?");
 inline const QString LeaveQuestion =
     QStringLiteral("File CSD has changed!\r\nDo you want to save it?");
-inline const QString TitleEnd = QStringLiteral(" - ArdiphonPro - Version 2.3.0");
+inline const QString TitleEnd = QStringLiteral(" - ArdiphonPro - Version " ARDIPHON_VERSION);
 inline const QString ProgramFirst = QStringLiteral("ArdiphonPro - ");
 
 /// What a save over a file says that could not be read.

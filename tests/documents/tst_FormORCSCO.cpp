@@ -199,7 +199,7 @@ void tst_FormORCSCO::window_keepsItsTitle()
     m->showPair();
     m->type(m->orchestra, QStringLiteral("x"));
     QTRY_VERIFY(m->label("LabelOrchestra").endsWith(u'*'));
-    QCOMPARE(m->window->windowTitle(), QStringLiteral("ArdiphonPro - Version 2.3.0"));
+    QCOMPARE(m->window->windowTitle(), QStringLiteral("ArdiphonPro - Version " ARDIPHON_VERSION));
     QVERIFY(!m->label("LabelScore").endsWith(u'*'));
 }
 

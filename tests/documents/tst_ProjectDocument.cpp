@@ -77,7 +77,7 @@ void tst_ProjectDocument::load_orchestra_bringsItsScoreAndBothBookmarks()
     QCOMPARE(m->config.LastFileName, m->path(QStringLiteral("piece.orc")));
     QCOMPARE(m->recent("File1"), m->path(QStringLiteral("piece.orc")));
     QCOMPARE(m->recent("File2"), QString()); // the partner is not listed here
-    QCOMPARE(m->window->windowTitle(), QStringLiteral("ArdiphonPro - Version 2.3.0"));
+    QCOMPARE(m->window->windowTitle(), QStringLiteral("ArdiphonPro - Version " ARDIPHON_VERSION));
 }
 
 void tst_ProjectDocument::load_score_bringsItsOrchestraAndHasTheFocus()

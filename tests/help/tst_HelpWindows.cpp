@@ -182,7 +182,7 @@ void tst_HelpWindows::about_tellsBothVersions()
     const QString version = QStringLiteral("Csound 9, 7 words").leftJustified(230);
     FormAbout window(version, nullptr);
     QCOMPARE(window.findChild<QLabel *>(QStringLiteral("Label8"))->text(),
-             QStringLiteral("Version 2.3.0"));
+             QStringLiteral("Version " ARDIPHON_VERSION));
     QCOMPARE(window.findChild<QLabel *>(QStringLiteral("lbl_Aggiornamento"))->text(),
              QStringLiteral("Opcode On-Line Help Version ") + version);
 }
