@@ -1,6 +1,7 @@
 #include "compile/CompileRules.h"
 #include "compile/CompileSession.h"
 #include "platform/CommandText.h"
+#include "support/Require.h"
 #include "support/StandInCompiler.h"
 #include "support/TestMain.h"
 
@@ -42,6 +43,9 @@ private:
     CompileRequest request(const QString &piece,
                            const QString &root = QStringLiteral("root/")) const;
 
+    /// A whole run of another session, so that anything late of the one before comes meanwhile.
+    void runAnother() const;
+
     std::unique_ptr<QTemporaryDir> m_folder;
 };
 
@@ -67,6 +71,14 @@ CompileRequest tst_CompileSession::request(const QString &piece, const QString &
         m_folder->path()};
     request.logFile = CompileLogFile(path(root));
     return request;
+}
+
+void tst_CompileSession::runAnother() const
+{
+    QDir(m_folder->path()).mkdir(QStringLiteral("other"));
+    CompileSession other;
+    other.start(request(QStringLiteral("lists"), QStringLiteral("other/")));
+    require(QTest::qWaitFor([&] { return other.end().has_value(); }), "the other does not end");
 }
 
 void tst_CompileSession::run_logged_hasItsLog()
@@ -217,7 +229,7 @@ void tst_CompileSession::end_everyWay_comesOnce()
     }
     QTRY_COMPARE(session.end(), end);
     session.stop();
-    QTest::qWait(20); // nothing tells of what does not happen
+    runAnother();
     QCOMPARE(ended.size(), 1);
     QCOMPARE(ended.first().first().value<ProcessEnd>(), end);
     const bool runs = end == ProcessEnd::Ended || end == ProcessEnd::Stopped;
@@ -234,7 +246,7 @@ void tst_CompileSession::start_again_doesNothing()
     session.start(request(QStringLiteral("logged")));
     QTRY_VERIFY(session.end());
     session.start(request(QStringLiteral("quiet")));
-    QTest::qWait(20); // nothing tells of what does not happen
+    runAnother();
     QCOMPARE(ended.size(), 1);
     QCOMPARE(session.readLog(), QStringLiteral("this is the log\r\n"));
     QVERIFY(!pids(path(QStringLiteral("quiet.csd"))).leader);

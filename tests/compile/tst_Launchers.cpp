@@ -129,8 +129,14 @@ void tst_Launchers::csdWinsound_cancel_startsNothing()
                                MessageIcon::Question, MessageButtons::OkCancel},
                               Answer::Cancel);
     launchCsdWinsound(m_program->compileContext(m_owner.get()), *m_orchestra);
-    QTest::qWait(100); // nothing tells of what does not happen
-    QCOMPARE(StandInCompiler::pids(m_program->config.CSDFileName).leader, 0);
+    const QString cancelled = std::exchange(m_program->config.CSDFileName,
+                                            m_program->write(QStringLiteral("other.csd"), {}));
+    m_program->dialogs.expect({QStringLiteral("Compile File?"), QStringLiteral("Winsound Compiler"),
+                               MessageIcon::Question, MessageButtons::OkCancel},
+                              Answer::Ok);
+    launchCsdWinsound(m_program->compileContext(m_owner.get()), *m_orchestra);
+    QTRY_VERIFY(StandInCompiler::pids(m_program->config.CSDFileName).leader != 0);
+    QCOMPARE(StandInCompiler::pids(cancelled).leader, 0);
 }
 
 void tst_Launchers::csdWinsound_refused_asksNothing()

@@ -81,6 +81,8 @@ private:
     void touch(const char *name) const { writeBytes(path(name), {}); }
     /// A shell script that talks.
     ProcessStart script(const QByteArray &lines, OutputUse output = OutputUse::Lines);
+    /// A whole run of another process, so that anything late of the one before comes meanwhile.
+    void runAnother();
     /// Of a script: waits for touch(\a name).
     static QByteArray waitFor(const char *name)
     {
@@ -148,6 +150,13 @@ ProcessStart tst_ProcessStreams::script(const QByteArray &lines, OutputUse outpu
     start.command.directory = m_folder->path();
     start.output = output;
     return start;
+}
+
+void tst_ProcessStreams::runAnother()
+{
+    ChildProcess other;
+    other.start(script("echo another\n"));
+    require(QTest::qWaitFor([&] { return other.end().has_value(); }), "the other does not end");
 }
 
 void tst_ProcessStreams::lines_ofAnyBytes_areTold_data()
@@ -507,7 +516,7 @@ void tst_ProcessStreams::end_everyWay_comesOnce()
     QTRY_VERIFY(process.end());
     QTEST(*process.end(), "end");
     process.stop();
-    QTest::qWait(20); // nothing tells of what does not happen
+    runAnother();
     QCOMPARE(listener.told.count("ended"), 1);
     QCOMPARE(listener.told.last(), "ended");
     const bool startFails =
@@ -527,7 +536,7 @@ void tst_ProcessStreams::start_again_doesNothing()
     touch("go");
     QTRY_VERIFY(process.end());
     process.start(script("echo three\n"));
-    QTest::qWait(20); // nothing tells of what does not happen
+    runAnother();
     QCOMPARE(listener.told, QByteArrayList({"started", "out one|", "ended"}));
 }
 
@@ -606,7 +615,7 @@ void tst_ProcessStreams::destroyed_inAnySignal_isSilent()
     QTRY_VERIFY(!process);
     const QByteArrayList told = listener.told;
     QTRY_VERIFY(!isAlive(noted("leader")));
-    QTest::qWait(20); // nothing tells of what does not happen
+    runAnother();
     QCOMPARE(listener.told, told);
     QCOMPARE(told.count("ended"), when == QLatin1String("ended") ? 1 : 0);
 }

@@ -150,15 +150,16 @@ void tst_TerminalRun::stop_endsAllAndClosesTheWindow()
 void tst_TerminalRun::stop_beforeTheWindow_startsNothing()
 {
     write("x-terminal-emulator",
-          QByteArray(Terminal).replace("shift\n", "shift\nwhile [ ! -e \"${0%/*}/go\" ]; do sleep "
-                                                  "0.01; done\n") +
-              "\n");
+          QByteArray(Terminal)
+                  .replace("shift\n", "shift\nwhile [ ! -e \"${0%/*}/go\" ]; do sleep 0.01; done\n")
+                  .replace("exec setsid", "setsid -w") +
+              "echo $$ >\"${0%/*}/closed\"\n");
     ChildProcess process;
     process.start(script("echo $$ >leader\n"));
     process.stop();
     QTRY_COMPARE(process.end(), ProcessEnd::Stopped);
     write("go", "");
-    QTest::qWait(200); // nothing tells of what does not happen
+    QTRY_VERIFY(noted("closed"));
     QCOMPARE(noted("leader"), 0);
 }
 
