@@ -236,8 +236,7 @@ void tst_ToolRuns::terminal_console_startsInTheDirectory()
     QVERIFY(QDir(path(QString())).mkdir(QStringLiteral("a folder")));
     startInTerminal({QStringLiteral("/bin/pwd"), {}, path(QStringLiteral("a folder"))},
                     m_programFolder);
-    const auto isDone = [this] { return QFile::exists(path(QStringLiteral("done"))); };
-    require(QTest::qWaitFor(isDone, 60000), "what was started does not end");
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(path(QStringLiteral("done"))), 60000);
     QVERIFY(read("log").startsWith(path(QStringLiteral("a folder")).toUtf8() + '\n'));
     QVERIFY(read("log").endsWith("\nPress a key to close this window."));
 }

@@ -238,10 +238,10 @@ void tst_EditorPreferences::settings_opened_knowTheirCaller()
 {
     QFETCH(bool, project);
     show(project);
-    trigger("menuFilePreferenze", [this](QDialog &window) {
+    CHECKED(trigger("menuFilePreferenze", [this](QDialog &window) {
         QCOMPARE(window.objectName(), "FormImpostazioni");
         QCOMPARE(window.parentWidget(), m_window.data());
-    });
+    }));
     QCOMPARE(m_program->config.SettingsCaller, project ? "ORCSCO" : "CSD");
 }
 
@@ -252,14 +252,14 @@ void tst_EditorPreferences::settings_color_showsInTheOpenEditors()
     QFETCH(bool, project);
     show(project);
     const QColor green(0, 200, 0);
-    trigger("menuFilePreferenze", [&](QDialog &window) {
+    CHECKED(trigger("menuFilePreferenze", [&](QDialog &window) {
         m_program->dialogs.expectColor(Color::rgb(0, 0, 0), Color::rgb(0, 200, 0));
         press(window, "mostraColors");
         press(window, "picBackColor");
         QApplication::processEvents();
         for (LEditOCX *editor : openEditors()) // while the settings are still open
             QCOMPARE(onScreen(*editor).pixelColor(editor->rect().center()), green);
-    });
+    }));
     QCOMPARE(m_program->config.ColorBackground, Color::rgb(0, 200, 0));
 }
 
@@ -304,12 +304,12 @@ void tst_EditorPreferences::font_applied_reachesEditorsAndGutters()
         editor->SetFontItalic(true);
     }
     const QString kept = m_program->config.DefaultFontName;
-    trigger("menuFormatoTipocarattere", [this](QDialog &window) {
+    CHECKED(trigger("menuFormatoTipocarattere", [this](QDialog &window) {
         QCOMPARE(window.objectName(), "FormFont");
         QCOMPARE(window.parentWidget(), m_window.data());
         chooseFont(window, 2);
         press(window, "Command1");
-    });
+    }));
     QCOMPARE(m_program->config.FontName, m_fonts.at(2));
     QCOMPARE(m_program->config.DefaultFontName, kept);
     for (LEditOCX *editor : openEditors())
@@ -330,8 +330,8 @@ void tst_EditorPreferences::font_open_showsTheHourglass()
 {
     QFETCH(bool, project);
     show(project);
-    trigger("menuFormatoTipocarattere",
-            [this](QDialog &) { QCOMPARE(m_window->cursor().shape(), Qt::WaitCursor); });
+    CHECKED(trigger("menuFormatoTipocarattere",
+                    [this](QDialog &) { QCOMPARE(m_window->cursor().shape(), Qt::WaitCursor); }));
     QCOMPARE(m_window->cursor().shape(), Qt::ArrowCursor);
 }
 
