@@ -1,9 +1,11 @@
 #include "app/WordTables.h"
 #include "support/Fifo.h"
 #include "support/FileBytes.h"
+#include "support/RandomSeed.h"
 #include "support/TestMain.h"
 
 #include <QFile>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -249,11 +251,9 @@ void tst_WordTables::opcodeFile_shorterThanARecord_givesEmptyTable()
 void tst_WordTables::opcodeFile_randomBytes_neverFails()
 {
     QByteArray bytes(430 * 100 + 17, '\0');
-    quint32 seed = 4711;
-    for (char &byte : bytes) {
-        seed = seed * 1664525 + 1013904223;
-        byte = char(seed >> 24);
-    }
+    QRandomGenerator random(randomSeed(4711));
+    for (char &byte : bytes)
+        byte = char(random.bounded(256));
     write("opcode.txt", bytes);
     write("csd.txt", bytes);
     write("score.txt", bytes);

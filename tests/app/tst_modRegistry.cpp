@@ -2,10 +2,12 @@
 #include "platform/FileFailure.h"
 #include "support/Fifo.h"
 #include "support/FileBytes.h"
+#include "support/RandomSeed.h"
 #include "support/TestMain.h"
 
 #include <QDir>
 #include <QFile>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -196,11 +198,9 @@ void tst_modRegistry::garbageFile_readsDefaultsAndTakesWrites_data()
     QTest::newRow("no keys") << QByteArray("this is no settings file\n\n[\n]=\n");
     QTest::newRow("NUL bytes") << QByteArray(4096, '\0');
     QByteArray random(20000, '\0');
-    quint32 seed = 12345;
-    for (char &byte : random) {
-        seed = seed * 1664525 + 1013904223;
-        byte = char(seed >> 24);
-    }
+    QRandomGenerator generator(randomSeed(12345));
+    for (char &byte : random)
+        byte = char(generator.bounded(256));
     QTest::newRow("random bytes") << random;
     QTest::newRow("cut in a quoted value") << QByteArray("[Software]\nArdiphon\\Settings\\X=\"abc");
     QTest::newRow("cut in a section") << QByteArray("[Softw");

@@ -1,4 +1,5 @@
 #include "associations/DefaultApplications.h"
+#include "support/RandomSeed.h"
 #include "support/TestMain.h"
 
 #include <QElapsedTimer>
@@ -151,7 +152,7 @@ void tst_DefaultApplications::anyList_isGivenBackToTheByte()
                                    "[",
                                    "\xff",
                                    Marker};
-    QRandomGenerator random(7);
+    QRandomGenerator random(randomSeed(7));
     for (int round = 0; round < 20'000; ++round) {
         QByteArray before = random.bounded(2) ? "[Z]\n" : "[Default Applications]\n";
         for (int length = random.bounded(12); length > 0; --length)

@@ -1,4 +1,5 @@
 #include "documents/CsdFixture.h"
+#include "support/RandomSeed.h"
 #include "support/Require.h"
 #include "support/TestMain.h"
 
@@ -195,7 +196,7 @@ void tst_CsdViews::split_randomEdits_endEqual()
     show(QByteArray("instr 1\nasig oscil 1, 440\nendin\n").repeated(20));
     trigger("buttonSplit");
     auto *timer = control<QTimer>("TimerAggiorna");
-    QRandomGenerator random(20261120);
+    QRandomGenerator random(randomSeed(20261120));
     const Qt::Key keys[] = {Qt::Key_A,      Qt::Key_Return, Qt::Key_Backspace, Qt::Key_Down,
                             Qt::Key_Delete, Qt::Key_Tab,    Qt::Key_End,       Qt::Key_Up};
     for (int i = 0; i < 300; ++i) {

@@ -2,6 +2,7 @@
 #include "documents/DocumentTexts.h"
 #include "documents/ProjectWindow.h"
 #include "support/FileDrop.h"
+#include "support/RandomSeed.h"
 #include "support/ShadowText.h"
 #include "support/TestMain.h"
 
@@ -80,9 +81,7 @@ void tst_Followers::split_randomEdits_keepAShadowOfEachView()
     trigger("buttonSplit");
     ShadowText upper(*first());
     ShadowText lower(*second());
-    constexpr quint32 seed = 20261122;
-    qInfo("seed %u", seed);
-    QRandomGenerator random(seed);
+    QRandomGenerator random(randomSeed(20261122));
     static constexpr std::pair<Qt::Key, int> keys[] = {
         {Qt::Key_A, 0},    {Qt::Key_Return, 0},    {Qt::Key_Backspace, 0},
         {Qt::Key_Tab, 0},  {Qt::Key_Down, 0},      {Qt::Key_Down, int(Qt::ShiftModifier)},

@@ -2,6 +2,7 @@
 
 #include "language/editor/LEditOCX.h"
 #include "support/EditorInput.h"
+#include "support/RandomSeed.h"
 #include "support/TestMain.h"
 
 #include <QRandomGenerator>
@@ -302,7 +303,7 @@ void tst_LEditOCXBookmarks::randomEdits_undoneAndRedone_asTheyWere()
         bool operator==(const State &) const = default;
     };
     const auto state = [this] { return State{m_editor->Text(), lines()}; };
-    QRandomGenerator random(11);
+    QRandomGenerator random(randomSeed(11));
     const QStringList pieces{"a", "\r\n", "b\r\n\r\nc", "d\r\n", "e\r\nf\r\ng\r\n", "\r\nh", ""};
     for (int round = 0; round < 300; ++round) {
         setUp("1\r\n2\r\n3\r\n4\r\n5\r\n6", {1, 3, 4, 4, 6});

@@ -1,8 +1,9 @@
 // Random bytes, edits and calls thrown at the editor control. The number of cases may be given as
-// the first argument, and the seed as the second.
+// the first argument, and the seed as the second or, before that, in ARDIPHON_TEST_SEED.
 
 #include "language/editor/LEditOCX.h"
 #include "support/EditorInput.h"
+#include "support/RandomSeed.h"
 #include "support/TestMain.h"
 
 #include <QFile>
@@ -58,7 +59,7 @@ private:
     void callBookmarks();
     void verifySoundness();
 
-    QRandomGenerator m_random{seed};
+    QRandomGenerator m_random{randomSeed(seed)};
     std::unique_ptr<LEditOCX> m_editor;
     QTemporaryDir m_folder{folderTemplate()};
     QString m_file = m_folder.filePath("document");

@@ -1,4 +1,5 @@
 #include "language/TextChange.h"
+#include "support/RandomSeed.h"
 #include "support/TestMain.h"
 
 #include <QRandomGenerator>
@@ -45,7 +46,7 @@ void tst_TextChange::join_coversBothChanges()
 /// Many changes of a list of numbers, and a copy of it to which all of them are done as one.
 void tst_TextChange::join_randomChanges_giveTheSameLines()
 {
-    QRandomGenerator random(20261122);
+    QRandomGenerator random(randomSeed(20261122));
     const auto below = [&](qsizetype limit) { return int(random.bounded(int(limit))); };
     int newest = 0;
     for (int round = 0; round < 2000; ++round) {

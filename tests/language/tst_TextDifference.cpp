@@ -1,4 +1,5 @@
 #include "language/TextDifference.h"
+#include "support/RandomSeed.h"
 #include "support/TestMain.h"
 
 #include <QRandomGenerator>
@@ -113,7 +114,7 @@ void tst_TextDifference::repetition_differs_whereTheChangeEnds()
 /// What is typed, pasted or deleted in a text that repeats itself is found where it happened.
 void tst_TextDifference::randomEdits_endOfTheChange_isTheEdit()
 {
-    QRandomGenerator random(5);
+    QRandomGenerator random(randomSeed(5));
     const auto make = [&](int most) {
         QByteArray text;
         for (int i = random.bounded(most); i > 0; --i)
@@ -137,7 +138,7 @@ void tst_TextDifference::randomEdits_endOfTheChange_isTheEdit()
 
 void tst_TextDifference::randomTexts_replaced_becomeAlike()
 {
-    QRandomGenerator random(42);
+    QRandomGenerator random(randomSeed(42));
     const QByteArray pieces[] = {"a", "b", "\n", "\r\n", "\r", "\xC3\xA9", "\xE2\x82\xAC"};
     const auto make = [&] {
         QByteArray text;
@@ -164,7 +165,7 @@ void tst_TextDifference::randomTexts_replaced_becomeAlike()
 
 void tst_TextDifference::longTexts_withOtherLineEnds_differInTheChangeAlone()
 {
-    QRandomGenerator random(7);
+    QRandomGenerator random(randomSeed(7));
     const QByteArray lineEnds[] = {"\n", "\r\n", "\r"};
     const auto joined = [&](const QByteArrayList &lines) {
         QByteArray text;
