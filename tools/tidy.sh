@@ -5,7 +5,7 @@ set -eu
 cd "$(dirname "$(readlink -f "$0")")/.."
 . tools/packages.sh
 
-install_missing $program_packages $test_packages clang-format clang-tidy
-git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror
+install_missing $program_packages $test_packages clang-tidy
+tools/check_format.sh
 cmake --preset tidy >/dev/null
 exec run-clang-tidy -p build/tidy -j "$(nproc)" -quiet "$PWD/(src|tools)/.*${1:-}.*\.cpp$"
