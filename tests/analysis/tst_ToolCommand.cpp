@@ -69,7 +69,7 @@ private slots:
     void cvanal_rules();
     void dnoise_rules_data();
     void dnoise_rules();
-    void parameters_names_standAsTheyAreBetweenQuotes();
+    void parameters_names_areQuotedAsTheyAre();
     void withSuffix_cutsThreeCharacters_data();
     void withSuffix_cutsThreeCharacters();
     void obstacle_comesInOrder();
@@ -271,7 +271,7 @@ void tst_ToolCommand::dnoise_rules()
     QTEST(flagString(DNoise, values), "flags");
 }
 
-void tst_ToolCommand::parameters_names_standAsTheyAreBetweenQuotes()
+void tst_ToolCommand::parameters_names_areQuotedAsTheyAre()
 {
     const auto files = [](const QString &input, const QString &output) {
         return with(defaults(CVAnal), {{"LabelInput", input}, {"TextOutput", output}});

@@ -19,7 +19,7 @@ const QString csoundIsMissing =
     QStringLiteral("Cannot find CSound.exe!\r\nSelect File->Settings->Csound.exe!");
 const QString defaultFlags = QStringLiteral("-b0.0 -d0.0 -M32767 -m64 -c1 -h10 -n256");
 
-/// Whether \a text may stand in a numeric field, told character by character.
+/// Whether \a text is allowed in a numeric field, checked character by character.
 bool slowIsNumber(const QString &text)
 {
     int points = 0;
@@ -93,7 +93,7 @@ private slots:
     void analyze_obstacles_comeInOrder();
     void analyze_emptyFieldWithTheFocus_getsItsDefault_data();
     void analyze_emptyFieldWithTheFocus_getsItsDefault();
-    void analyze_inputThatIsGone_startsAllTheSame();
+    void analyze_missingInput_startsAllTheSame();
     void typing_letter_changesNothing();
     void typing_secondPoint_isRefused();
     void typing_oddNumbers_areTaken();
@@ -113,7 +113,7 @@ private slots:
     void hint_escapeInThePanel_closesOnlyTheHint();
     void hint_coversNoControlByHalf();
     void hint_isTakenBackByItsButton();
-    void hint_beforeAny_standsByTheFirstMark();
+    void hint_beforeAny_isByTheFirstMark();
     void hint_liesBesideItsField_data();
     void hint_liesBesideItsField();
     void escape_closesTheForm();
@@ -213,7 +213,7 @@ void tst_ToolForm::analyze_emptyFieldWithTheFocus_getsItsDefault()
     QVERIFY(m_form->starts[0][1].contains(QStringLiteral(" -n256 ")));
 }
 
-void tst_ToolForm::analyze_inputThatIsGone_startsAllTheSame()
+void tst_ToolForm::analyze_missingInput_startsAllTheSame()
 {
     const QString path = m_form->program.write(QStringLiteral("a.wav"), "x");
     m_form->browse(path);
@@ -495,7 +495,7 @@ void tst_ToolForm::hint_isTakenBackByItsButton()
     QVERIFY(m_form->button("CommandAnalyze")->isEnabled());
 }
 
-void tst_ToolForm::hint_beforeAny_standsByTheFirstMark()
+void tst_ToolForm::hint_beforeAny_isByTheFirstMark()
 {
     const QRect panel = m_form->frame()->geometry();
     const QRect mark = m_form->button("ImageHelp(0)")->geometry();

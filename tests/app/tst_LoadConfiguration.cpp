@@ -66,7 +66,7 @@ private slots:
     void init();
     void emptyStore_givesAllDefaults();
     void runValues_areReset();
-    void freeTexts_areTakenAsTheyStand();
+    void freeTexts_areTakenAsTheyAre();
     void helpFiles_areTrimmed();
     void text_isCheckedAtLoad_data();
     void text_isCheckedAtLoad();
@@ -139,7 +139,7 @@ void tst_LoadConfiguration::runValues_areReset()
     QVERIFY(!config.FormCSDClosing);
 }
 
-void tst_LoadConfiguration::freeTexts_areTakenAsTheyStand()
+void tst_LoadConfiguration::freeTexts_areTakenAsTheyAre()
 {
     for (const TextSetting &setting : freeTexts)
         set(setting.name, QString("/opt/") + setting.name + "/a b");

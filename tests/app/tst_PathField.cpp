@@ -32,8 +32,8 @@ private slots:
     void typing_showsTheTextItself();
     void readOnly_withFocus_staysElided();
     void toolTip_isShownWhereTextIsLeftOut();
-    void toolTip_tellsTheWholePath_data();
-    void toolTip_tellsTheWholePath();
+    void toolTip_showsTheWholePath_data();
+    void toolTip_showsTheWholePath();
 
 private:
     bool looksLikeAPlainField(const QString &text);
@@ -134,7 +134,7 @@ void tst_PathField::toolTip_isShownWhereTextIsLeftOut()
     QToolTip::hideText();
 }
 
-void tst_PathField::toolTip_tellsTheWholePath_data()
+void tst_PathField::toolTip_showsTheWholePath_data()
 {
     QTest::addColumn<QString>("path");
     QTest::newRow("none") << QString();
@@ -146,7 +146,7 @@ void tst_PathField::toolTip_tellsTheWholePath_data()
     QTest::newRow("long markup") << longPath + "<h1>";
 }
 
-void tst_PathField::toolTip_tellsTheWholePath()
+void tst_PathField::toolTip_showsTheWholePath()
 {
     QFETCH(QString, path);
     m_field->setText(QStringLiteral("another"));

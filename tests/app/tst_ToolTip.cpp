@@ -17,9 +17,9 @@ class tst_ToolTip : public QObject
 
 private slots:
     void cleanup() { QToolTip::hideText(); }
-    void text_isReadAsItStands_data();
-    void text_isReadAsItStands();
-    void opcodes_areReadAsTheyStand();
+    void text_isReadAsItIs_data();
+    void text_isReadAsItIs();
+    void opcodes_areReadAsTheyAre();
     void longText_fitsTheScreen_data();
     void longText_fitsTheScreen();
     void pathLabel_showsItsPath();
@@ -35,7 +35,7 @@ private:
     }
 };
 
-void tst_ToolTip::text_isReadAsItStands_data()
+void tst_ToolTip::text_isReadAsItIs_data()
 {
     QTest::addColumn<QString>("text");
     for (const char *text : {"plain", "a & b", "\"a\"", "&amp;", "&lt;b&gt;", "<b>", "<html>",
@@ -45,7 +45,7 @@ void tst_ToolTip::text_isReadAsItStands_data()
     QTest::newRow("long") << QStringLiteral("<b> & \"  ").repeated(40).trimmed();
 }
 
-void tst_ToolTip::text_isReadAsItStands()
+void tst_ToolTip::text_isReadAsItIs()
 {
     QFETCH(QString, text);
     const QLabel *const tip = shown(plainToolTip(text));
@@ -54,7 +54,7 @@ void tst_ToolTip::text_isReadAsItStands()
 }
 
 /// Many of their descriptions hold marks that markup gives a meaning of its own.
-void tst_ToolTip::opcodes_areReadAsTheyStand()
+void tst_ToolTip::opcodes_areReadAsTheyAre()
 {
     WordTables words;
     words.LoadWordTables(QStringLiteral(PROGRAM_DIR));

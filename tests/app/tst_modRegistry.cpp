@@ -39,7 +39,7 @@ private slots:
     void garbageFile_readsDefaultsAndTakesWrites_data();
     void garbageFile_readsDefaultsAndTakesWrites();
     void unwritableFile_isNotReported();
-    void failedWrite_tellsWhyWhenAsked();
+    void failedWrite_givesTheReasonWhenAsked();
     void noRegularFile_isNeitherWaitedForNorTouched();
     void missingFolder_isMade();
     void twoStores_writeInTurn_keepBothValues();
@@ -226,7 +226,7 @@ void tst_modRegistry::unwritableFile_isNotReported()
     QCOMPARE(file.readAll(), "in the way");
 }
 
-void tst_modRegistry::failedWrite_tellsWhyWhenAsked()
+void tst_modRegistry::failedWrite_givesTheReasonWhenAsked()
 {
     WriteRegistryString(*m_store, SettingsKey, "TabSize", "4");
     QVERIFY(m_store->lastWrite());

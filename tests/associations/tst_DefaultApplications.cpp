@@ -24,7 +24,7 @@ class tst_DefaultApplications : public QObject
 private slots:
     void default_isAddedAndUndoneToTheByte_data();
     void default_isAddedAndUndoneToTheByte();
-    void default_givenTwice_standsOnce();
+    void default_givenTwice_isWrittenOnce();
     void default_notFirst_becomesFirst();
     void default_ofThreeTypes_undoneInAnyOrder_data();
     void default_ofThreeTypes_undoneInAnyOrder();
@@ -80,7 +80,7 @@ void tst_DefaultApplications::default_isAddedAndUndoneToTheByte()
     QCOMPARE(withoutDefault(with, Type, Ours), before);
 }
 
-void tst_DefaultApplications::default_givenTwice_standsOnce()
+void tst_DefaultApplications::default_givenTwice_isWrittenOnce()
 {
     const QByteArray once = withDefault("[Default Applications]\nx/y=a.desktop\n", Type, Ours);
     QCOMPARE(withDefault(once, Type, Ours), once);

@@ -42,10 +42,10 @@ private slots:
     void association_oneOfTwoRemoved_keepsTheOther();
     void association_madeTwice_isUndoneOnce();
     void association_removedTwice_isNoFailure();
-    void association_defaultsThatAreNoFile_areLeftAloneAndTold();
-    void association_foldersThatCannotBeWritten_areTold();
-    void association_fileThatCannotBeWritten_isTold();
-    void removal_fileThatStays_isTold();
+    void association_defaultsThatAreNoFile_areLeftAloneAndReported();
+    void association_foldersThatCannotBeWritten_areReported();
+    void association_fileThatCannotBeWritten_isReported();
+    void removal_fileThatStays_isReported();
     void association_withoutUpdater_isReported();
     void removal_ofNothing_needsNoUpdater();
     void association_ofAnother_keepsItsBytes();
@@ -319,7 +319,7 @@ void tst_FileAssociation::association_removedTwice_isNoFailure()
     QCOMPARE(everything(), before);
 }
 
-void tst_FileAssociation::association_defaultsThatAreNoFile_areLeftAloneAndTold()
+void tst_FileAssociation::association_defaultsThatAreNoFile_areLeftAloneAndReported()
 {
     QVERIFY(QDir().mkpath(path(Defaults)));
     const QString failure = path(Defaults) + " cannot be read.";
@@ -330,7 +330,7 @@ void tst_FileAssociation::association_defaultsThatAreNoFile_areLeftAloneAndTold(
     QVERIFY(!QFileInfo::exists(path("data"))); // the rest was done and undone
 }
 
-void tst_FileAssociation::association_foldersThatCannotBeWritten_areTold()
+void tst_FileAssociation::association_foldersThatCannotBeWritten_areReported()
 {
     write("data", "a file where the folder should be");
     QVERIFY(QDir(path("config")).removeRecursively());
@@ -342,7 +342,7 @@ void tst_FileAssociation::association_foldersThatCannotBeWritten_areTold()
 }
 
 /// Each of the files in its turn; what can be written is.
-void tst_FileAssociation::association_fileThatCannotBeWritten_isTold()
+void tst_FileAssociation::association_fileThatCannotBeWritten_isReported()
 {
     for (const char *name : {Package, Opener, Defaults}) {
         init();
@@ -355,7 +355,7 @@ void tst_FileAssociation::association_fileThatCannotBeWritten_isTold()
     }
 }
 
-void tst_FileAssociation::removal_fileThatStays_isTold()
+void tst_FileAssociation::removal_fileThatStays_isReported()
 {
     QVERIFY(create());
     QVERIFY(QFile::remove(path(Package)));

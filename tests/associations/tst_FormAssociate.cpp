@@ -49,14 +49,14 @@ private slots:
     void window_hasItsTexts();
     void yes_associatesAndAsksNoMore_data();
     void yes_associatesAndAsksNoMore();
-    void yes_withoutUpdater_tellsAndStaysOpen();
-    void yes_folderThatCannotBeWritten_tellsWhichAndStaysOpen();
+    void yes_withoutUpdater_saysSoAndStaysOpen();
+    void yes_folderThatCannotBeWritten_namesItAndStaysOpen();
     void no_associatesNothingAndAsksNoMore();
     void esc_leavesTheQuestionForLater();
     void start_asksUntilAnswered_data();
     void start_asksUntilAnswered();
     void removal_twice_reportsBothTimes();
-    void removal_withoutUpdater_tells();
+    void removal_withoutUpdater_saysSo();
 
 private:
     QString first();
@@ -138,7 +138,7 @@ void tst_FormAssociate::yes_associatesAndAsksNoMore()
     }
 }
 
-void tst_FormAssociate::yes_withoutUpdater_tellsAndStaysOpen()
+void tst_FormAssociate::yes_withoutUpdater_saysSoAndStaysOpen()
 {
     FormAssociate form(m_program->settings, m_program->dialogs, nullptr);
     form.show();
@@ -152,7 +152,7 @@ void tst_FormAssociate::yes_withoutUpdater_tellsAndStaysOpen()
     QCOMPARE(first(), "1");
 }
 
-void tst_FormAssociate::yes_folderThatCannotBeWritten_tellsWhichAndStaysOpen()
+void tst_FormAssociate::yes_folderThatCannotBeWritten_namesItAndStaysOpen()
 {
     m_program->write("data", "a file where the folder should be");
     FormAssociate form(m_program->settings, m_program->dialogs, nullptr);
@@ -246,7 +246,7 @@ void tst_FormAssociate::removal_twice_reportsBothTimes()
     QCOMPARE(m_program->dialogs.verify(), "");
 }
 
-void tst_FormAssociate::removal_withoutUpdater_tells()
+void tst_FormAssociate::removal_withoutUpdater_saysSo()
 {
     m_program->dialogs.expect(Executed);
     m_program->dialogs.expect(failed("Remove Association Error!", NoUpdater));

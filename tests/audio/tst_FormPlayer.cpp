@@ -63,8 +63,8 @@ private slots:
     void outline_press_seeksAsTheTrackDoes();
     void outline_hugeFile_stopsWithTheWindow();
     void editor_noSetting_comesFirst();
-    void editor_noWave_isTold();
-    void editor_noFile_isTold();
+    void editor_noWave_isReported();
+    void editor_noFile_isReported();
     void editor_isStartedWithTheWave();
     void exitAndEscape_closeAndEndTheSound_data();
     void exitAndEscape_closeAndEndTheSound();
@@ -409,7 +409,7 @@ void tst_FormPlayer::outline_press_seeksAsTheTrackDoes()
 
 void tst_FormPlayer::outline_hugeFile_stopsWithTheWindow()
 {
-    // 16-bit samples for hours upon hours, up to the end of the file, that take no room.
+    // 16-bit samples for many hours, up to the end of the file, that take no room.
     const auto number = [](quint32 value) {
         QByteArray bytes(4, '\0');
         qToBigEndian(value, bytes.data());
@@ -440,7 +440,7 @@ void tst_FormPlayer::editor_noSetting_comesFirst()
     QVERIFY(m_form->isVisible());
 }
 
-void tst_FormPlayer::editor_noWave_isTold()
+void tst_FormPlayer::editor_noWave_isReported()
 {
     m_program->config.WaveEditor = QStringLiteral("editor");
     m_program->dialogs.expect({QStringLiteral("No wave file!"), QStringLiteral("ArdiphonPro"),
@@ -449,7 +449,7 @@ void tst_FormPlayer::editor_noWave_isTold()
     QVERIFY(m_form->isVisible());
 }
 
-void tst_FormPlayer::editor_noFile_isTold()
+void tst_FormPlayer::editor_noFile_isReported()
 {
     m_program->config.WaveEditor = QStringLiteral("editor");
     openSound(100);

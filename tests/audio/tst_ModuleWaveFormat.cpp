@@ -31,7 +31,7 @@ qint32 numberOf(QByteArrayView file, qint64 at, int width)
     return width == 2 ? qint16(value) : qint32(value);
 }
 
-/// The reader told step by step, byte by byte, to compare the real one with.
+/// The reader written out step by step, byte by byte, to compare the real one with.
 WaveFormatRecord readSlowly(QByteArrayView file)
 {
     if (!file.startsWith("RIFF") || file.size() < 12 || file.sliced(8, 4) != QByteArrayView("WAVE"))

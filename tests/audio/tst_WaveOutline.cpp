@@ -59,11 +59,11 @@ private slots:
     void line_movesLessThanAPixel_repaintsNothing();
     void part_isPaintedAsInTheWhole_data();
     void part_isPaintedAsInTheWhole();
-    void words_standInThePlaceOfTheOutline();
+    void words_replaceTheOutline();
     void read_again_hasTheLineAtTheStart();
 
 private:
-    /// What stands on the screen, put together by all the repaints.
+    /// What is on the screen, put together by all the repaints.
     QImage onScreen() const;
     QImage paintedAnew() const { return m_outline->grab().toImage().convertToFormat(Format); }
     QList<int> lineColumns(const QImage &picture) const;
@@ -187,7 +187,7 @@ void tst_WaveOutline::part_isPaintedAsInTheWhole()
     QCOMPARE(picture, rest);
 }
 
-void tst_WaveOutline::words_standInThePlaceOfTheOutline()
+void tst_WaveOutline::words_replaceTheOutline()
 {
     m_outline->clear();
     QTRY_COMPARE(onScreen(), paintedAnew());

@@ -64,7 +64,7 @@ struct CsdConsole
         when(running, std::move(action));
     }
 
-    /// How each line is drawn: its colour and where it stands.
+    /// How each line is drawn: its colour and where it is.
     QStringList look() const
     {
         output->grab(); // has it laid out

@@ -75,7 +75,7 @@ struct ProjectDialog : TestProgram
 
     StandInCompiler::Pids pids() const { return StandInCompiler::pids(config.OrchestraFileName); }
     QString logFile() const { return ardiphon::CompileLogFile(config.RootPath); }
-    /// How the stand-in was started, as it told in its log: see the behaviour without a name.
+    /// How the stand-in was started, as its log says: see the behaviour without a name.
     QStringList argumentsIn(const QString &log) const
     {
         QStringList arguments;

@@ -1,4 +1,4 @@
-// Stands in for a compiler. It is called as one is, `stand_in_compiler <piece> ... -O<log>`, and
+// Plays a compiler. It is called as one is, `stand_in_compiler <piece> ... -O<log>`, and
 // the base name of the piece, an orchestra or else the first argument, chooses how it behaves. It
 // leaves its process id, and on the next line that of the process it has started, in a file named
 // after the piece with ".pid" behind it.
@@ -99,7 +99,7 @@ void scored()
     leavePids();
 }
 
-/// The way in which today's compilers tell of a line.
+/// The way in which today's compilers name a line.
 void links()
 {
     const std::string score = piece.substr(0, piece.size() - 3) + "sco";

@@ -28,9 +28,9 @@ private slots:
     void run_oldLog_isRemovedFirst();
     void run_folderOfTheLog_isMadeAgain();
     void run_namesNoLog_touchesNone();
-    void run_lines_areToldAndKept();
+    void run_lines_areReportedAndKept();
     void run_flood_keepsBeginningAndEnd();
-    void run_linesNotAskedFor_areNotTold();
+    void run_linesNotAskedFor_areNotReported();
     void end_everyWay_comesOnce_data();
     void end_everyWay_comesOnce();
     void start_again_doesNothing();
@@ -149,7 +149,7 @@ void tst_CompileSession::run_namesNoLog_touchesNone()
     QCOMPARE(session.readLog(), std::nullopt);
 }
 
-void tst_CompileSession::run_lines_areToldAndKept()
+void tst_CompileSession::run_lines_areReportedAndKept()
 {
     QFile script(path(QStringLiteral("compiler")));
     QVERIFY(script.open(QIODevice::WriteOnly));
@@ -184,7 +184,7 @@ void tst_CompileSession::run_flood_keepsBeginningAndEnd()
     QVERIFY(text.endsWith(" ...]\r\n\r\nline 199999" + rest + "line 200000" + rest));
 }
 
-void tst_CompileSession::run_linesNotAskedFor_areNotTold()
+void tst_CompileSession::run_linesNotAskedFor_areNotReported()
 {
     CompileSession session;
     QSignalSpy lines(&session, &CompileSession::lineRead);

@@ -193,7 +193,7 @@ void tst_FlagFile::read_fifo_isNotWaitedFor()
     QVERIFY(!fifo.wasWaitedFor());
 }
 
-/// What stands behind a text means nothing, but it is not ours to change.
+/// What follows a text means nothing, but it is not ours to change.
 void tst_FlagFile::write_sameFlags_leavesTheBytesAlone()
 {
     const QByteArray foreign = tagged("-W", 8, 'x') + tagged("", 0, 'y') + tagged("-\xe8 ", 8, 'z');

@@ -18,7 +18,7 @@ private slots:
     void opening_fileWithoutFlags_keepsTheDefault();
     void add_text_isLastAndNotSelected();
     void add_empty_nothing();
-    void add_again_isToldAsTheDialogDoes();
+    void add_again_isReportedAsTheDialogDoes();
     void add_otherCaseOrBlanks_isAnother();
     void remove_selected_keepsTheText();
     void remove_typedText_removesNothing();
@@ -103,7 +103,7 @@ void tst_FlagList::add_empty_nothing()
     QCOMPARE(flags(dialog).count(), 0);
 }
 
-void tst_FlagList::add_again_isToldAsTheDialogDoes()
+void tst_FlagList::add_again_isReportedAsTheDialogDoes()
 {
     ProjectDialog dialog;
     const QString told = QStringLiteral("Flag already inserted!");

@@ -269,7 +269,7 @@ void tst_FormCSoundCSD::realCompiler_brokenPiece_linksLeadToTheLine_data()
     row("wrong arguments", "a2 oscili \"x\", \"y\", \"z\"", "Line: 12");
     row("wrong arguments, file", "a2 oscili \"x\", \"y\", \"z\"", " from file");
     row("at initialisation", "a2 oscili 0.2, 440, 77", "INIT ERROR");
-    // The compiler itself tells the line of the instrument.
+    // The compiler itself gives the line of the instrument.
     row("undefined variable", "out a1 * kamp", "Line 11", "instr 1");
 }
 

@@ -7,7 +7,7 @@
 
 using namespace ardiphon;
 
-/// The way from a command to its dialog. Which check refuses what, the rules' own tests tell.
+/// The way from a command to its dialog. Which check refuses what is tested with the rules.
 class tst_Launchers : public QObject
 {
     Q_OBJECT

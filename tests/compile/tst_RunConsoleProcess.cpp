@@ -12,7 +12,7 @@ namespace {
 
 const QString Log = QStringLiteral("this is the log\r\n");
 
-/// What is told of a run that left no log.
+/// What is shown for a run that left no log.
 const QString NoLog = QStringLiteral("There is no log of this run: the compiler has written none.");
 
 /// Waits without handling any event until the process is dead.
@@ -68,7 +68,7 @@ private slots:
     void nested_stop_endsBoth();
     void nested_stopAfterOuterEnded_isHonouredByBoth();
     void nested_innerCannotStart_outerGoesOn();
-    void nested_innerCannotStart_earlierStopStands();
+    void nested_innerCannotStart_earlierStopHolds();
     void close_anyWayDuringRun_leavesNothing_data();
     void close_anyWayDuringRun_leavesNothing();
     void close_duringNestedRuns_leavesNothing();
@@ -361,7 +361,7 @@ void tst_RunConsoleProcess::nested_innerCannotStart_outerGoesOn()
     QCOMPARE(console.dialogs.verify(), QString());
 }
 
-void tst_RunConsoleProcess::nested_innerCannotStart_earlierStopStands()
+void tst_RunConsoleProcess::nested_innerCannotStart_earlierStopHolds()
 {
     CsdConsole console(QStringLiteral("slow"));
     console.dialogs.expect(

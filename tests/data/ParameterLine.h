@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-/// How many arguments may stand somewhere.
+/// How many arguments are allowed in a place.
 struct ArgumentCount
 {
     int least = 0;
@@ -57,8 +57,8 @@ inline ArgumentCount argumentsIn(QString text)
     return count;
 }
 
-/// The ways to call \a name that a parameters line tells, separated by " / ". A part that does not
-/// hold the name is a remark.
+/// The ways to call \a name that a parameters line describes, separated by " / ". A part that does
+/// not hold the name is a remark.
 inline QList<Signature> signaturesIn(const QString &line, const QString &name)
 {
     QList<Signature> signatures;
@@ -78,7 +78,7 @@ inline QList<Signature> signaturesIn(const QString &line, const QString &name)
     return signatures;
 }
 
-/// The arguments that the compiler's letters stand for: one a letter, "[]" behind an array's, ":"
+/// The arguments that the compiler's letters mean: one a letter, "[]" behind an array's, ":"
 /// to
 /// ";" around a type's name, "(null)" for none.
 inline ArgumentCount argumentsOfTypes(QString types, bool outputs)
@@ -116,7 +116,7 @@ inline bool outputsAgree(const Signature &told, const Signature &real)
     return told.outputs.most == real.outputs.most && told.outputs.least == told.outputs.most;
 }
 
-/// A line with dots tells a beginning and sometimes the end: more may stand between.
+/// A line with dots shows a beginning and sometimes the end: more may come between.
 inline bool shortenedAgrees(const ArgumentCount &told, const ArgumentCount &real)
 {
     return real.openEnded ? told.most >= real.least : told.most <= real.most;

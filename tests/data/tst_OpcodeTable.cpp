@@ -23,7 +23,7 @@ private slots:
     void everyParametersLine_holdsItsName();
     void parameters_agreeWithTheCompilersTypes();
     void exceptions_areAllStillNeeded();
-    void versionRecord_tellsCompilerAndSize();
+    void versionRecord_namesCompilerAndSize();
     void csdWords_beginWithTheSectionTags();
     void scoreWords_areTheStatements();
 
@@ -181,7 +181,7 @@ void tst_OpcodeTable::exceptions_areAllStillNeeded()
     QVERIFY2(useless.isEmpty(), qPrintable(useless.join(u' ')));
 }
 
-void tst_OpcodeTable::versionRecord_tellsCompilerAndSize()
+void tst_OpcodeTable::versionRecord_namesCompilerAndSize()
 {
     QCOMPARE(m_words.OpcodeHelpVersion.size(), WordTables::ParametersLength);
     QCOMPARE(m_words.OpcodeHelpVersion.trimmed(),

@@ -178,7 +178,7 @@ inline QString windowOpenedBy(const QWidget &window, const QString &action)
     return opened;
 }
 
-/// Entries of the analysis menu, and of the one beneath the toolbar's button, that open another
+/// Entries of the analysis menu, and of the one below the toolbar's button, that open another
 /// window than their own.
 inline QStringList wrongAnalysisEntries(const QWidget &window)
 {

@@ -47,7 +47,7 @@ inline void go(QWidget &window, QWidget &editor, const Way &way)
 }
 
 /// Goes every way to a compiler with a \a document, such as "File", that has no name: what
-/// \a program is told then names the compiler.
+/// \a program shows then names the compiler.
 inline void goToCompilers(TestProgram &program, QWidget &window, QWidget &editor,
                           const QString &document)
 {

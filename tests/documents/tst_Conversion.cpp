@@ -15,11 +15,11 @@ private slots:
     void split_parts_keepTheirLineEnds();
     void split_missingTag_fails_data();
     void split_missingTag_fails();
-    void split_tagInComment_countsWhenItStandsFirst();
+    void split_tagInComment_countsWhenItComesFirst();
     void split_closingTagFirst_isEmpty();
     void build_texts_areJoinedToTheByte();
     void build_thenSplit_addsTwoBlankLinesToEachEnd();
-    void split_example_isWhatStandsBetweenTheTags();
+    void split_example_isTheTextBetweenTheTags();
     void proposedName_cutsFourCharacters_data();
     void proposedName_cutsFourCharacters();
 };
@@ -59,7 +59,7 @@ void tst_Conversion::split_missingTag_fails()
     QVERIFY(!scoreOfCsd(csd));
 }
 
-void tst_Conversion::split_tagInComment_countsWhenItStandsFirst()
+void tst_Conversion::split_tagInComment_countsWhenItComesFirst()
 {
     QCOMPARE(scoreOfCsd(QStringLiteral("; the <CsScore> part\n<CsScore>e</CsScore>")),
              QStringLiteral(" part\n<CsScore>e"));
@@ -106,7 +106,7 @@ void tst_Conversion::build_thenSplit_addsTwoBlankLinesToEachEnd()
     QCOMPARE(scoreOfCsd(csd), QStringLiteral("\r\n\r\ns\r\n\r\n"));
 }
 
-void tst_Conversion::split_example_isWhatStandsBetweenTheTags()
+void tst_Conversion::split_example_isTheTextBetweenTheTags()
 {
     QFile file(QStringLiteral(TEST_SOURCE_DIR "/../data/examples/first.csd"));
     QVERIFY(file.open(QIODevice::ReadOnly));

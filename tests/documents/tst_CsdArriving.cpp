@@ -26,7 +26,7 @@ private slots:
     void drop_pageBeforeAFile_opensTheFile();
     void drop_withoutAFile_isNotTaken_data();
     void drop_withoutAFile_isNotTaken();
-    void title_nameWithTheToolkitsMark_standsWhole();
+    void title_nameWithTheToolkitsMark_isShownWhole();
 };
 
 void tst_CsdArriving::recent_eachOfFour_isShownAndOpens_data()
@@ -135,7 +135,7 @@ void tst_CsdArriving::drop_withoutAFile_isNotTaken()
     }
 }
 
-void tst_CsdArriving::title_nameWithTheToolkitsMark_standsWhole()
+void tst_CsdArriving::title_nameWithTheToolkitsMark_isShownWhole()
 {
     const auto shown = [this] { return m_window->windowHandle()->title(); };
     const QString path = m_program->write(QStringLiteral("q[*][*].csd"), "x");

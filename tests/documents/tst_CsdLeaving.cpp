@@ -16,7 +16,7 @@
 
 using namespace ardiphon;
 
-/// How a CSD document comes and goes besides its menu entries, and what is told of it: recent
+/// How a CSD document opens and closes besides its menu entries, and what is shown of it: recent
 /// files, conversions, drops, properties, title and closing.
 class tst_CsdLeaving : public QObject, private CsdDocumentFixture
 {
@@ -40,7 +40,7 @@ private slots:
     // To and from an orchestra and a score.
     void export_emptyText_saysSo();
     void export_noScore_writesNothing();
-    void export_parts_areWrittenAsTheyStand();
+    void export_parts_areWrittenAsTheyAre();
     void import_pair_makesAnUntitledText();
     void import_missingScore_saysSo();
     void import_cancelledQuestion_changesNothing();
@@ -223,7 +223,7 @@ void tst_CsdLeaving::export_noScore_writesNothing()
     QCOMPARE(m_editor->Text(), QStringLiteral("<CsInstruments>o</CsInstruments>"));
 }
 
-void tst_CsdLeaving::export_parts_areWrittenAsTheyStand()
+void tst_CsdLeaving::export_parts_areWrittenAsTheyAre()
 {
     open(m_program->write(QStringLiteral("piece.csd"), "<CsInstruments>\no\n</CsInstruments>"
                                                        "<CsScore>s</CsScore>"));

@@ -9,7 +9,7 @@
 
 using namespace ardiphon;
 
-/// What stands around the text of the CSD window: tools, tags and bookmarks.
+/// What is around the text of the CSD window: tools, tags and bookmarks.
 class tst_CsdPanels : public QObject, private CsdFixture
 {
     Q_OBJECT
@@ -161,7 +161,7 @@ void tst_CsdPanels::tools_menuWindow_checksMatchTheFlags()
     QVERIFY(action("menuWindowToolbar")->isChecked());
 }
 
-/// Restore shows the control, which draws no number as long as the flag is off, and stands behind
+/// Restore shows the control, which draws no number as long as the flag is off, and is behind
 /// the text.
 void tst_CsdPanels::tools_restoreAll_gutterWithoutItsFlag_isNotSeen()
 {

@@ -367,7 +367,7 @@ void tst_CsdViews::wheel_scrollsTheFocusedView()
     QCOMPARE(first()->TopLine(), 7);
     QCOMPARE(second()->TopLine(), 1);
     for (int turned = 0; turned < 7; ++turned) {
-        scroll(-15); // as a touchpad tells it
+        scroll(-15); // as a touchpad reports it
         QCOMPARE(first()->TopLine(), 7);
     }
     scroll(-15);

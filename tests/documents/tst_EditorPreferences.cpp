@@ -71,13 +71,13 @@ private:
     /// Carries a command out, and \a step in the window that it opens.
     void trigger(const char *command, const std::function<void(QDialog &window)> &step = {});
     static void press(const QDialog &window, const char *button);
-    /// What stands in the editor on the screen, drawn when the program drew it.
+    /// What the editor shows on the screen, drawn when the program drew it.
     static QImage onScreen(const LEditOCX &editor);
     static void chooseFont(const QDialog &window, int row);
     static void bothCommands();
     /// Gives the editors a font by one of the two commands that do.
     void giveFont(bool bySelection, const QString &name);
-    /// What the editor shows below the line that the caret stands in.
+    /// What the editor shows below the line of the caret.
     static QImage textBelowTheCaret(LEditOCX &editor);
     /// The font whose numbers differ most in width from those of \a font.
     QString fontOfOtherWidth(const QFont &font) const;

@@ -1,4 +1,4 @@
-// Files that cannot be written or read: the user is told why, once, and nothing is lost.
+// Files that cannot be written or read: the user learns why, once, and nothing is lost.
 
 #include "documents/CsdDocumentFixture.h"
 #include "documents/DocumentTexts.h"
@@ -53,7 +53,7 @@ private slots:
     void init() { start(); }
     void cleanup() { QCOMPARE(finish(), QString()); }
 
-    void csd_save_folderGone_saysWhyAndKeepsTheStar();
+    void csd_save_missingFolder_saysWhyAndKeepsTheStar();
     void csd_saveAs_folderInItsPlace_saysWhy();
     void csd_saveAs_failing_keepsNameBookmarksAndFile();
     void csd_saveAs_untitledFailing_staysUntitled();
@@ -81,7 +81,7 @@ private slots:
     void project_nameThatIsNoText_opensNothing();
 
 private:
-    /// A document in a folder that is gone by now, changed.
+    /// A document in a folder that was removed, changed.
     QString openInAFolderThatGoes();
     void expect(const QString &text, Answer answer = Answer::Ok)
     {
@@ -99,7 +99,7 @@ QString tst_FailedFiles::openInAFolderThatGoes()
     return path;
 }
 
-void tst_FailedFiles::csd_save_folderGone_saysWhyAndKeepsTheStar()
+void tst_FailedFiles::csd_save_missingFolder_saysWhyAndKeepsTheStar()
 {
     const QString path = openInAFolderThatGoes();
     for (int i = 0; i < 2; ++i) {
@@ -246,7 +246,7 @@ void tst_FailedFiles::csd_bookmarksOfAFailedSave_sayNothingMore()
     expect(notSaved(path, FolderGone));
     trigger("menuFileSalvaOrchestra");
     QVERIFY(m_program->config.CSDModified);
-    m_program->config.CSDModified = false; // nothing is to be told when the window goes
+    m_program->config.CSDModified = false; // nothing is to be asked when the window closes
 }
 
 void tst_FailedFiles::csd_sideFileThatIsAFifo_isNotWaitedFor()
@@ -298,7 +298,7 @@ void tst_FailedFiles::csd_import_leavesReadOnlyFilesAlone()
     m_editor->ClearState(TextState); // nothing is to be asked when the window goes
 }
 
-/// Who gave the other program's file up is told why the save failed, and not asked once more.
+/// A user who gave up the other program's file learns why the save failed, and is asked no more.
 void tst_FailedFiles::csd_overwriteThatFails_isNotAskedForAgain()
 {
     const QString path = makeLarge(m_program->path(QStringLiteral("large.csd")));

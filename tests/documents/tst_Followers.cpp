@@ -22,9 +22,9 @@ private slots:
     void init() { start(); }
     void cleanup() { QCOMPARE(finish(), QString()); }
 
-    void split_key_isToldByEachViewOnce();
+    void split_key_isReportedByEachViewOnce();
     void split_randomEdits_keepAShadowOfEachView();
-    void split_document_isToldByTheViewThatTakesIt();
+    void split_document_isReportedByTheViewThatTakesIt();
     void csd_atRest_doesNotTick();
     void csd_atRest_wakesForItsTags();
     void csd_titleOfAModifiedText_getsItsStarAgain();
@@ -53,7 +53,7 @@ private:
     }
 };
 
-void tst_Followers::split_key_isToldByEachViewOnce()
+void tst_Followers::split_key_isReportedByEachViewOnce()
 {
     show("one\ntwo\n");
     trigger("buttonSplit");
@@ -104,7 +104,7 @@ void tst_Followers::split_randomEdits_keepAShadowOfEachView()
     QCOMPARE(upper.lines(), lower.lines());
 }
 
-void tst_Followers::split_document_isToldByTheViewThatTakesIt()
+void tst_Followers::split_document_isReportedByTheViewThatTakesIt()
 {
     show("one\ntwo\n");
     ShadowText upper(*first());
@@ -173,7 +173,7 @@ void tst_Followers::csd_sameDocumentAgain_findsItsTagsAgain()
     QTRY_COMPARE(tag(6), QStringLiteral("<CsScore>"));
 }
 
-/// The text stays as it is, so it tells of no change; the tags were cleared all the same.
+/// The text stays as it is, so it reports no change; the tags were cleared all the same.
 void tst_Followers::csd_sameTextImportedAgain_findsItsTagsAgain()
 {
     show();

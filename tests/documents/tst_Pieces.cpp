@@ -1,4 +1,4 @@
-// The pieces that stand for a composer's files, in the real windows.
+// The pieces that represent a composer's files, in the real windows.
 
 #include "documents/PieceWindow.h"
 #include "support/Require.h"
@@ -36,7 +36,7 @@ QString shownText(QByteArray bytes)
 
 QString textOf(const QString &path) { return shownText(bytesOf(path)); }
 
-/// What stands between the first places of two tags; nothing where one of them is missing.
+/// What is between the first places of two tags; nothing where one of them is missing.
 std::optional<QString> between(const QString &text, const char *section)
 {
     const QString name = QLatin1String(section);
@@ -65,7 +65,7 @@ struct Place
     int column = 0;
 };
 
-/// Where a word stands first as a word of its own.
+/// Where a word first occurs as a word of its own.
 std::optional<Place> placeOf(const QString &word, const QString &text)
 {
     const QRegularExpression whole(
@@ -83,7 +83,7 @@ bool same(QColor drawn, Color color)
     return drawn == QColor(color.red(), color.green(), color.blue());
 }
 
-/// The class of the word that is drawn there, told by its back, or else by its darkest point.
+/// The class of the word that is drawn there, recognised by its back, or else by its darkest point.
 QString drawnColor(const ConfigurationBlock &config, const QImage &image, const QRect &word)
 {
     const QColor back = image.pixelColor(word.topLeft());

@@ -1,4 +1,4 @@
-// What the real compiler says to the pieces that stand for a composer's files.
+// What the real compiler says to the pieces that represent a composer's files.
 
 #include "documents/Pieces.h"
 #include "support/TestMain.h"

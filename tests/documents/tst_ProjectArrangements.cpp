@@ -267,7 +267,7 @@ void tst_ProjectArrangements::gripV_draggedFar_leavesEachButtonItsPlace()
     QCOMPARE(place("Toolbar2").width(), 24);
 }
 
-/// Without line numbers the two texts would stand in one white field.
+/// Without line numbers the two texts would be in one white field.
 void tst_ProjectArrangements::line_partsHalvesThatTouch()
 {
     m->showPair();

@@ -430,7 +430,7 @@ void tst_ProjectDocument::save_changedByAnotherProgram_asksWithTheHalfsTitle()
     QCOMPARE(m->read(QStringLiteral("piece.sco")), QByteArray("longer"));
 }
 
-/// The user has not been told of the failure, so the question comes back before the text goes.
+/// The user has not seen the failure, so the question comes back before the text goes.
 void tst_ProjectDocument::save_failed_asksAgain()
 {
     m->showPair("o", "s");

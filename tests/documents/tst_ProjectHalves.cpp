@@ -32,7 +32,7 @@ private slots:
     void export_untitled_proposesTheCutMarker();
     void export_unwritableTarget_saysWhy();
     void import_csd_replacesBothTexts();
-    void label_nameLikeMarkup_isShownAsItStands();
+    void label_nameLikeMarkup_isShownAsItIs();
     void import_modified_asksForEachHalf();
     void import_noScore_leavesTheNewOrchestra();
     void import_noTags_changesNothing_data();
@@ -256,7 +256,7 @@ void tst_ProjectHalves::import_csd_replacesBothTexts()
     QCOMPARE(m->read(QStringLiteral("new.orc")), QByteArray("\r\nO\r\n"));
 }
 
-void tst_ProjectHalves::label_nameLikeMarkup_isShownAsItStands()
+void tst_ProjectHalves::label_nameLikeMarkup_isShownAsItIs()
 {
     const QString path = m->write(QStringLiteral("<b>a<b> & \"b\".orc"), "o");
     m->config.OrchestraFileName = path;

@@ -90,7 +90,7 @@ void tst_ProjectLayout::arrangement_names_goThereAndBack()
     QCOMPARE(arrangementNamed(QString()), Arrangement::Horizontal);
 }
 
-/// The rules of what stands around each editor, from the editor's own place.
+/// The rules of what is around each editor, from the editor's own place.
 void tst_ProjectLayout::compareHorizontalFollowers(const ProjectLayout &at) const
 {
     for (const HalfLayout *half : {&at.orchestra, &at.score}) {

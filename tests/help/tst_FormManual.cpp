@@ -44,8 +44,8 @@ private slots:
     void pageOutOfMeasure_isShownAsFarAsItFits_data();
     void pageOutOfMeasure_isShownAsFarAsItFits();
     void picture_outOfMeasure_isLeftOut();
-    void pageThatIsNone_isToldSo_data();
-    void pageThatIsNone_isToldSo();
+    void pageThatIsNone_saysSo_data();
+    void pageThatIsNone_saysSo();
     void randomBytes_areShownSomehow();
     void esc_closes();
     void nothing_isRemembered();
@@ -361,7 +361,7 @@ void tst_FormManual::picture_outOfMeasure_isLeftOut()
     }
 }
 
-void tst_FormManual::pageThatIsNone_isToldSo_data()
+void tst_FormManual::pageThatIsNone_saysSo_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("title");
@@ -381,7 +381,7 @@ void tst_FormManual::pageThatIsNone_isToldSo_data()
     QVERIFY(huge.open(QIODevice::ReadWrite) && huge.resize(qint64(1) << 32));
 }
 
-void tst_FormManual::pageThatIsNone_isToldSo()
+void tst_FormManual::pageThatIsNone_saysSo()
 {
     QFETCH(QString, name);
     QFETCH(QString, title);

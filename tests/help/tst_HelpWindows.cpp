@@ -29,14 +29,14 @@ class tst_HelpWindows : public QObject
 private slots:
     void window_closesOnItsButtonAndOnEsc_data();
     void window_closesOnItsButtonAndOnEsc();
-    void help_tellsTitleAndNotes();
-    void help_tellsKeyViewAndAction_data();
-    void help_tellsKeyViewAndAction();
+    void help_describesTitleAndNotes();
+    void help_describesKeyViewAndAction_data();
+    void help_describesKeyViewAndAction();
     void help_hasARowForEachKey();
-    void help_tellsTheMouse();
+    void help_describesTheMouse();
     void help_isReadOnly();
-    void about_tellsBothVersions();
-    void about_withoutTable_tellsNoVersion();
+    void about_showsBothVersions();
+    void about_withoutTable_showsNoVersion();
     void about_isAsNarrowAsEver();
 
 private:
@@ -83,7 +83,7 @@ void tst_HelpWindows::window_closesOnItsButtonAndOnEsc()
     }
 }
 
-void tst_HelpWindows::help_tellsTitleAndNotes()
+void tst_HelpWindows::help_describesTitleAndNotes()
 {
     FormHelp window(nullptr);
     const QStringList rows = rowsOf(*window.findChild<QTextEdit *>(QStringLiteral("RichTextBox1")));
@@ -94,7 +94,7 @@ void tst_HelpWindows::help_tellsTitleAndNotes()
                                      "not csound_new."));
 }
 
-void tst_HelpWindows::help_tellsKeyViewAndAction_data()
+void tst_HelpWindows::help_describesKeyViewAndAction_data()
 {
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("view");
@@ -128,7 +128,7 @@ void tst_HelpWindows::help_tellsKeyViewAndAction_data()
     add("CTRL + D", "", "to the end of the visible text");
 }
 
-void tst_HelpWindows::help_tellsKeyViewAndAction()
+void tst_HelpWindows::help_describesKeyViewAndAction()
 {
     QFETCH(QString, key);
     QFETCH(QString, view);
@@ -156,7 +156,7 @@ void tst_HelpWindows::help_hasARowForEachKey()
     QCOMPARE(tables, 1);
 }
 
-void tst_HelpWindows::help_tellsTheMouse()
+void tst_HelpWindows::help_describesTheMouse()
 {
     FormHelp window(nullptr);
     const QStringList rows = rowsOf(*window.findChild<QTextEdit *>(QStringLiteral("RichTextBox1")));
@@ -177,7 +177,7 @@ void tst_HelpWindows::help_isReadOnly()
     QCOMPARE(text->toPlainText(), before);
 }
 
-void tst_HelpWindows::about_tellsBothVersions()
+void tst_HelpWindows::about_showsBothVersions()
 {
     const QString version = QStringLiteral("Csound 9, 7 words").leftJustified(230);
     FormAbout window(version, nullptr);
@@ -187,7 +187,7 @@ void tst_HelpWindows::about_tellsBothVersions()
              QStringLiteral("Opcode On-Line Help Version ") + version);
 }
 
-void tst_HelpWindows::about_withoutTable_tellsNoVersion()
+void tst_HelpWindows::about_withoutTable_showsNoVersion()
 {
     FormAbout window(QString(), nullptr);
     QCOMPARE(window.findChild<QLabel *>(QStringLiteral("lbl_Aggiornamento"))->text(),

@@ -33,7 +33,7 @@ private slots:
     void gutter_digits_sixAndWhatANumberNeeds();
 
     void wheel_smallTurns_addUpToANotch();
-    void wheel_turnedBack_beginsAnew();
+    void wheel_turnedBack_beginsAgain();
 };
 
 namespace {
@@ -207,7 +207,7 @@ void tst_EditingAids::wheel_smallTurns_addUpToANotch()
     WheelNotches wheel;
     QCOMPARE(wheel.turn(120), 1);
     QCOMPARE(wheel.turn(-120), -1);
-    QCOMPARE(wheel.turn(240), 2); // two notches told at once
+    QCOMPARE(wheel.turn(240), 2); // two notches reported at once
     for (int notch = 0; notch < 3; ++notch) {
         for (int part = 1; part < 8; ++part)
             QCOMPARE(wheel.turn(-15), 0);
@@ -220,7 +220,7 @@ void tst_EditingAids::wheel_smallTurns_addUpToANotch()
     QCOMPARE(wheel.turn(0), 0);
 }
 
-void tst_EditingAids::wheel_turnedBack_beginsAnew()
+void tst_EditingAids::wheel_turnedBack_beginsAgain()
 {
     WheelNotches wheel;
     QCOMPARE(wheel.turn(119), 0);

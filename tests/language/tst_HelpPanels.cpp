@@ -40,7 +40,7 @@ private slots:
     void fields_areReadOnly();
     void click_onOpcode_showsRecordWithPadding();
     void click_onOpcode_showsItsBeginning();
-    void click_onOpcode_tipShowsMarksAsTheyStand();
+    void click_onOpcode_tipShowsMarksAsTheyAre();
     void click_inSecondView_showsItsOpcode();
     void click_inViewNotFollowed_changesNothing();
     void click_onOtherThanOpcode_keepsTexts_data();
@@ -138,7 +138,7 @@ void tst_HelpPanels::click_onOpcode_showsItsBeginning()
     QCOMPARE(m_panels->TextParametri->toolTip(), QStringLiteral("ares oscil xamp, xcps"));
 }
 
-void tst_HelpPanels::click_onOpcode_tipShowsMarksAsTheyStand()
+void tst_HelpPanels::click_onOpcode_tipShowsMarksAsTheyAre()
 {
     loadTable(record("oscil", "Swings \"a\" & <b>.", "a1 oscil \"file\", p < q"));
     EditorInput::click(m_window->first, 1, 4);
@@ -186,7 +186,7 @@ void tst_HelpPanels::click_onOtherThanOpcode_keepsTexts()
     QCOMPARE(opcode() + parameters(), before);
 }
 
-/// There the caret comes to stand behind the last word of a line, which was not clicked.
+/// There the caret ends up behind the last word of a line, which was not clicked.
 void tst_HelpPanels::click_besideOrBelowTheText_keepsTexts()
 {
     LEditOCX &view = m_window->first;

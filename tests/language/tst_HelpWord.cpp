@@ -34,7 +34,7 @@ void tst_HelpWord::initTestCase()
         writeBytes(m_folder.filePath(QLatin1String(name)), bytes);
     };
     QByteArray opcodes;
-    // "ab" stands behind the group of its first letter, where only a scan of all finds it.
+    // "ab" is behind the group of its first letter, where only a scan of all finds it.
     for (const char *name : {"aa", "bb", "bc", "cc", "instr", "ab"})
         opcodes += QByteArray(name).leftJustified(430);
     write("opcode.txt", opcodes);

@@ -1,4 +1,4 @@
-// What the editor control tells of changes to its text. The number of random edits may be
+// What the editor control reports of changes to its text. The number of random edits may be
 // given as the first argument.
 
 #include "language/editor/LEditOCX.h"
@@ -24,8 +24,8 @@ namespace {
 
 int editCount = 4000;
 
-/// "3:1>2" for one line that became two, in the order in which it was told.
-QString told(ShadowText &shadow)
+/// "3:1>2" for one line that became two, in the order in which it was reported.
+QString reported(ShadowText &shadow)
 {
     QStringList all;
     for (const TextChange &change : shadow.changes())
@@ -45,20 +45,20 @@ class tst_LEditOCXChanges : public QObject
 
 private slots:
     void init();
-    void key_tellsOneChange_data();
-    void key_tellsOneChange();
-    void keyThatChangesNothing_tellsNothing();
-    void call_tellsTheLinesThatChanged();
-    void document_isToldAsWhole();
-    void inputMethod_tellsEachCharacter();
-    void droppedText_isToldBeforeItsKeyPress();
-    void assistiveTool_isTold();
-    void crAndLfThatMeet_areToldRight();
-    void modified_isToldBehindTheText();
+    void key_reportsOneChange_data();
+    void key_reportsOneChange();
+    void keyThatChangesNothing_reportsNothing();
+    void call_reportsTheLinesThatChanged();
+    void document_isReportedAsWhole();
+    void inputMethod_reportsEachCharacter();
+    void droppedText_isReportedBeforeItsKeyPress();
+    void assistiveTool_isReported();
+    void crAndLfThatMeet_areReportedRight();
+    void modified_isReportedAfterTheText();
     void modified_followsSavesAndHistory();
-    void follower_thatChangesTheText_isToldBehind();
-    void handlerOfKeyPress_thatChangesTheText_isToldBefore();
-    void copyOfAnotherView_isToldByEach();
+    void follower_thatChangesTheText_isReportedAfter();
+    void handlerOfKeyPress_thatChangesTheText_isReportedBefore();
+    void copyOfAnotherView_isReportedByEach();
     void randomEdits_keepAShadow();
 
 private:
@@ -95,7 +95,7 @@ void tst_LEditOCXChanges::load(const QByteArray &bytes)
     m_shadow->forgetChanges();
 }
 
-void tst_LEditOCXChanges::key_tellsOneChange_data()
+void tst_LEditOCXChanges::key_reportsOneChange_data()
 {
     QTest::addColumn<QString>("selected"); // line:column-line:column
     QTest::addColumn<int>("key");
@@ -127,7 +127,7 @@ void tst_LEditOCXChanges::key_tellsOneChange_data()
     row("Paste over a selection", "2:1-4:1", Qt::Key_V, "2:3>3", ctrl);
 }
 
-void tst_LEditOCXChanges::key_tellsOneChange()
+void tst_LEditOCXChanges::key_reportsOneChange()
 {
     QFETCH(QString, selected);
     QFETCH(int, key);
@@ -137,9 +137,9 @@ void tst_LEditOCXChanges::key_tellsOneChange()
     QGuiApplication::clipboard()->setText(QStringLiteral("a\nb\nc"));
     const QStringList ends = selected.split(QRegularExpression(QStringLiteral("[:-]")));
     select(*m_editor, ends[0].toInt(), ends[1].toInt(), ends[2].toInt(), ends[3].toInt());
-    QCOMPARE(told(*m_shadow), QString());
+    QCOMPARE(reported(*m_shadow), QString());
     press(*m_editor, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
-    QCOMPARE(told(*m_shadow), change);
+    QCOMPARE(reported(*m_shadow), change);
     QCOMPARE(m_shadow->faults(), QString());
     const QStringList after = m_shadow->lines();
     press(*m_editor, Qt::Key_Z, Qt::ControlModifier);
@@ -151,7 +151,7 @@ void tst_LEditOCXChanges::key_tellsOneChange()
     QCOMPARE(m_shadow->faults(), QString());
 }
 
-void tst_LEditOCXChanges::keyThatChangesNothing_tellsNothing()
+void tst_LEditOCXChanges::keyThatChangesNothing_reportsNothing()
 {
     load("one\r\ntwo\r\n");
     const quint64 revision = m_editor->TextRevision();
@@ -174,58 +174,58 @@ void tst_LEditOCXChanges::keyThatChangesNothing_tellsNothing()
     m_editor->SetBookmarkLine(1, 2);
     m_editor->SetFontSize(20);
     m_editor->grab();
-    QCOMPARE(told(*m_shadow), QString());
+    QCOMPARE(reported(*m_shadow), QString());
     QCOMPARE(m_editor->TextRevision(), revision);
 }
 
-void tst_LEditOCXChanges::call_tellsTheLinesThatChanged()
+void tst_LEditOCXChanges::call_reportsTheLinesThatChanged()
 {
     load("one\ntwo\nthree\ntwo\nfive\n");
     m_editor->SetText(QStringLiteral("one\r\ntwo\r\nother\r\nlines\r\ntwo\r\nfive\r\n"));
-    QCOMPARE(told(*m_shadow), "3:1>2");
+    QCOMPARE(reported(*m_shadow), "3:1>2");
     m_editor->Undo();
-    QCOMPARE(told(*m_shadow), "3:2>1");
+    QCOMPARE(reported(*m_shadow), "3:2>1");
     m_editor->SetFindText(QStringLiteral("two"));
     m_editor->SetReplaceText(QStringLiteral("2\r\n2"));
     m_editor->ReplaceAll();
-    QCOMPARE(told(*m_shadow), "2:3>5");
+    QCOMPARE(reported(*m_shadow), "2:3>5");
     m_editor->Undo();
-    QCOMPARE(told(*m_shadow), "2:5>3");
+    QCOMPARE(reported(*m_shadow), "2:5>3");
     goTo(*m_editor, 1, 0);
     m_editor->SetFindDirection(1);
     QCOMPARE(m_editor->FindFirst(), 1);
     m_editor->ReplaceCurrent();
-    QCOMPARE(told(*m_shadow), "2:1>2");
+    QCOMPARE(reported(*m_shadow), "2:1>2");
     select(*m_editor, 1, 1, 4, 1);
     m_editor->SetSelText(QStringLiteral("x"));
-    QCOMPARE(told(*m_shadow), "1:4>1");
+    QCOMPARE(reported(*m_shadow), "1:4>1");
     select(*m_editor, 1, 0, 1, 1);
     m_editor->Cut();
     m_editor->Paste();
-    QCOMPARE(told(*m_shadow), "1:1>1 1:1>1");
+    QCOMPARE(reported(*m_shadow), "1:1>1 1:1>1");
     QCOMPARE(m_shadow->faults(), QString());
 }
 
-void tst_LEditOCXChanges::document_isToldAsWhole()
+void tst_LEditOCXChanges::document_isReportedAsWhole()
 {
     const QString file = m_folder.filePath(QStringLiteral("three"));
     load("a\nb\nc");
     QVERIFY(m_editor->SaveFile(file));
-    QCOMPARE(told(*m_shadow), QString());
+    QCOMPARE(reported(*m_shadow), QString());
     QVERIFY(m_editor->LoadFile(file)); // the same text again
-    QCOMPARE(told(*m_shadow), "1:3>3");
+    QCOMPARE(reported(*m_shadow), "1:3>3");
     m_editor->ClearDocument();
-    QCOMPARE(told(*m_shadow), "1:3>1");
+    QCOMPARE(reported(*m_shadow), "1:3>1");
     m_editor->ClearDocument();
-    QCOMPARE(told(*m_shadow), "1:1>1");
+    QCOMPARE(reported(*m_shadow), "1:1>1");
     QVERIFY(m_editor->LoadFile(file));
-    QCOMPARE(told(*m_shadow), "1:1>3");
+    QCOMPARE(reported(*m_shadow), "1:1>3");
     QVERIFY(!m_editor->LoadFile(m_folder.filePath(QStringLiteral("missing"))));
-    QCOMPARE(told(*m_shadow), "1:3>1");
+    QCOMPARE(reported(*m_shadow), "1:3>1");
     QCOMPARE(m_shadow->faults(), QString());
 }
 
-void tst_LEditOCXChanges::inputMethod_tellsEachCharacter()
+void tst_LEditOCXChanges::inputMethod_reportsEachCharacter()
 {
     load("one\r\n");
     const auto send = [this](const char *composed, const char *committed) {
@@ -235,14 +235,14 @@ void tst_LEditOCXChanges::inputMethod_tellsEachCharacter()
         return m_shadow->faults();
     };
     QCOMPARE(send("に", ""), QString());
-    QCOMPARE(told(*m_shadow), "1:1>1");
+    QCOMPARE(reported(*m_shadow), "1:1>1");
     QCOMPARE(send("", "日本"), QString());
-    QCOMPARE(told(*m_shadow), "1:1>1 1:1>1 1:1>1"); // what was composed is taken away
+    QCOMPARE(reported(*m_shadow), "1:1>1 1:1>1 1:1>1"); // what was composed is taken away
     QCOMPARE(send("", "🎵"), QString());
-    QCOMPARE(told(*m_shadow), "1:1>1");
+    QCOMPARE(reported(*m_shadow), "1:1>1");
 }
 
-void tst_LEditOCXChanges::droppedText_isToldBeforeItsKeyPress()
+void tst_LEditOCXChanges::droppedText_isReportedBeforeItsKeyPress()
 {
     load("one two");
     QStringList order;
@@ -256,13 +256,13 @@ void tst_LEditOCXChanges::droppedText_isToldBeforeItsKeyPress()
     QApplication::sendEvent(viewport, &enter);
     QDropEvent drop(at, Qt::CopyAction, &text, Qt::LeftButton, {});
     QApplication::sendEvent(viewport, &drop);
-    QCOMPARE(told(*m_shadow), "1:1>2");
+    QCOMPARE(reported(*m_shadow), "1:1>2");
     QCOMPARE(order, QStringList({"text", "key"}));
     QCOMPARE(m_shadow->faults(), QString());
 }
 
 /// The library changes the text by itself, and the control hears of it as the view is drawn.
-void tst_LEditOCXChanges::assistiveTool_isTold()
+void tst_LEditOCXChanges::assistiveTool_isReported()
 {
     load("one\r\ntwo");
     QAccessible::setActive(true);
@@ -270,25 +270,25 @@ void tst_LEditOCXChanges::assistiveTool_isTold()
     QVERIFY(view && view->editableTextInterface());
     view->editableTextInterface()->insertText(0, QStringLiteral("x\r\n"));
     QTRY_COMPARE(m_shadow->changes().size(), 1);
-    QCOMPARE(told(*m_shadow), "1:1>2");
+    QCOMPARE(reported(*m_shadow), "1:1>2");
     QCOMPARE(m_shadow->faults(), QString());
     QAccessible::setActive(false);
 }
 
-void tst_LEditOCXChanges::crAndLfThatMeet_areToldRight()
+void tst_LEditOCXChanges::crAndLfThatMeet_areReportedRight()
 {
     load("a\rx\nb");
     select(*m_editor, 2, 0, 2, 1);
     press(*m_editor, Qt::Key_Delete); // one line end is left of two
-    QCOMPARE(told(*m_shadow), "2:1>0");
+    QCOMPARE(reported(*m_shadow), "2:1>0");
     QCOMPARE(m_shadow->lines(), QStringList({"a", "b"}));
     m_editor->Undo();
-    QCOMPARE(told(*m_shadow), "1:1>2"); // between the two the line before has not ended
+    QCOMPARE(reported(*m_shadow), "1:1>2"); // between the two the line before has not ended
     QCOMPARE(m_shadow->faults(), QString());
     QCOMPARE(m_shadow->lines(), QStringList({"a", "x", "b"}));
 }
 
-void tst_LEditOCXChanges::modified_isToldBehindTheText()
+void tst_LEditOCXChanges::modified_isReportedAfterTheText()
 {
     QStringList order;
     connect(m_editor.get(), &LEditOCX::textChanged, this, [&] {
@@ -326,8 +326,9 @@ void tst_LEditOCXChanges::modified_followsSavesAndHistory()
     QCOMPARE(states, (QList{true, false, true, false}));
 }
 
-/// The one that is connected first changes the text; the second is told of both in their order.
-void tst_LEditOCXChanges::follower_thatChangesTheText_isToldBehind()
+/// The one that is connected first changes the text; both are reported to the second in their
+/// order.
+void tst_LEditOCXChanges::follower_thatChangesTheText_isReportedAfter()
 {
     LEditOCX editor;
     QStringList order;
@@ -345,31 +346,31 @@ void tst_LEditOCXChanges::follower_thatChangesTheText_isToldBehind()
              QStringList({"first 1", "second 1 of 2", "first 2", "second 2 of 2", "modified"}));
 }
 
-void tst_LEditOCXChanges::handlerOfKeyPress_thatChangesTheText_isToldBefore()
+void tst_LEditOCXChanges::handlerOfKeyPress_thatChangesTheText_isReportedBefore()
 {
     load("one");
     connect(m_editor.get(), &LEditOCX::KeyPress, this,
             [this] { m_editor->SetText(QStringLiteral("one\r\ntwo")); });
     type(*m_editor, QStringLiteral("x"));
-    QCOMPARE(told(*m_shadow), "1:1>2 1:1>1");
+    QCOMPARE(reported(*m_shadow), "1:1>2 1:1>1");
     QCOMPARE(m_shadow->lines(), QStringList({"xone", "two"}));
     QCOMPARE(m_shadow->faults(), QString());
 }
 
-void tst_LEditOCXChanges::copyOfAnotherView_isToldByEach()
+void tst_LEditOCXChanges::copyOfAnotherView_isReportedByEach()
 {
     load("one\r\ntwo\r\nthree");
     LEditOCX copy;
     ShadowText shadow(copy);
     copy.SetTextOf(*m_editor);
-    QCOMPARE(told(shadow), "1:1>3");
+    QCOMPARE(reported(shadow), "1:1>3");
     goTo(*m_editor, 2, 0);
     press(*m_editor, Qt::Key_Return);
-    QCOMPARE(told(shadow), QString());
+    QCOMPARE(reported(shadow), QString());
     copy.SetTextOf(*m_editor);
     copy.SetTextOf(*m_editor);
-    QCOMPARE(told(*m_shadow), "2:1>2");
-    QCOMPARE(told(shadow), "2:1>2");
+    QCOMPARE(reported(*m_shadow), "2:1>2");
+    QCOMPARE(reported(shadow), "2:1>2");
     QCOMPARE(shadow.faults() + m_shadow->faults(), QString());
 }
 

@@ -366,7 +366,7 @@ ARDIPHON_TEST_RUN_BY(tst_LEditOCXFuzz, [](int argc, char **argv) {
         *value = number;
         std::rotate(argv + 1, argv + 2, argv + argc--);
     }
-    // No font here has every script that random bytes come upon.
+    // No font here has every script that random bytes produce.
     QLoggingCategory::setFilterRules(QStringLiteral("*.warning=false"));
     return runTest<tst_LEditOCXFuzz, QApplication>(argc, argv);
 })

@@ -29,12 +29,12 @@ private slots:
     void key_insert_overwrites();
     void key_tabOnLines_indentsThem();
     void key_enter_indentsAsTheLineAbove();
-    void keyDown_tellsKeyAndShift_data();
-    void keyDown_tellsKeyAndShift();
+    void keyDown_reportsKeyAndShift_data();
+    void keyDown_reportsKeyAndShift();
     void keyDown_zero_swallowsTheKey();
     void keyDown_handlerThatDeletesTheControl_isSafe();
-    void keyPress_tellsCharacters_data();
-    void keyPress_tellsCharacters();
+    void keyPress_reportsCharacters_data();
+    void keyPress_reportsCharacters();
     void keyPress_anotherCharacter_isTyped();
     void keyPress_handlerThatMirrors_keepsTwoViewsAlike();
     void shortcut_ofTheWindow_reachesIt();
@@ -267,7 +267,7 @@ void tst_LEditOCXKeys::key_enter_indentsAsTheLineAbove()
     QCOMPARE(m_editor->Text(), " \t one\r\n \t x");
 }
 
-void tst_LEditOCXKeys::keyDown_tellsKeyAndShift_data()
+void tst_LEditOCXKeys::keyDown_reportsKeyAndShift_data()
 {
     QTest::addColumn<int>("key");
     QTest::addColumn<int>("modifiers");
@@ -283,7 +283,7 @@ void tst_LEditOCXKeys::keyDown_tellsKeyAndShift_data()
     QTest::newRow("function key") << int(Qt::Key_F12) << int(Qt::NoModifier) << 0;
 }
 
-void tst_LEditOCXKeys::keyDown_tellsKeyAndShift()
+void tst_LEditOCXKeys::keyDown_reportsKeyAndShift()
 {
     QFETCH(int, key);
     QFETCH(int, modifiers);
@@ -322,7 +322,7 @@ void tst_LEditOCXKeys::keyDown_handlerThatDeletesTheControl_isSafe()
     QVERIFY(!m_editor);
 }
 
-void tst_LEditOCXKeys::keyPress_tellsCharacters_data()
+void tst_LEditOCXKeys::keyPress_reportsCharacters_data()
 {
     QTest::addColumn<int>("key");
     QTest::addColumn<int>("modifiers");
@@ -338,7 +338,7 @@ void tst_LEditOCXKeys::keyPress_tellsCharacters_data()
     QTest::newRow("alt") << int(Qt::Key_F) << int(Qt::AltModifier) << QList<int>{};
 }
 
-void tst_LEditOCXKeys::keyPress_tellsCharacters()
+void tst_LEditOCXKeys::keyPress_reportsCharacters()
 {
     QFETCH(int, key);
     QFETCH(int, modifiers);

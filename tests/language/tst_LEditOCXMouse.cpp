@@ -37,7 +37,7 @@ private slots:
     void init();
     void cleanup() { m_window.reset(); }
 
-    void mouse_buttons_areTold();
+    void mouse_buttons_areReported();
     void mouse_click_comesAfterTheCaretMoved();
     void mouse_rightButton_leavesCaretAndSelection();
     void mouse_doubleAndTripleClick_selectWordAndLine();
@@ -70,7 +70,7 @@ void tst_LEditOCXMouse::init()
     m_editor->setFocus();
 }
 
-void tst_LEditOCXMouse::mouse_buttons_areTold()
+void tst_LEditOCXMouse::mouse_buttons_areReported()
 {
     m_editor->SetText("one\r\ntwo");
     QStringList told;

@@ -169,7 +169,7 @@ void tst_LEditOCXSearch::findFirst_wholeWord_neverInsideALongerOne_data()
     row("caret at the match's start", "a beta z", "beta", 1, 2, "", "1:2-1:6", "1:2-1:6");
     row("caret at the match's end", "a beta z", "beta", 1, 6, "1:2-1:6", "", "1:2-1:6");
     row("at the line's ends", "beta\nbeta", "beta", 1, 4, "1:0-1:4", "2:0-2:4", "2:0-2:4");
-    // What stands before the caret belongs to the word in which it is.
+    // What is before the caret belongs to the word in which it is.
     row("caret inside a word", "alphabeta", "beta", 1, 5, "", "", "");
     row("caret behind a letter of two bytes", "ébeta", "beta", 1, 1, "", "", "");
     row("caret behind a letter of four bytes", "\U0001D400beta", "beta", 1, 2, "", "", "");
@@ -301,7 +301,7 @@ void tst_LEditOCXSearch::replaceCurrent_withoutMatch_doesNothing()
     QCOMPARE(m_editor->Text(), "a b");
 }
 
-/// What stands now where the match was may be anything.
+/// What is now where the match was may be anything.
 void tst_LEditOCXSearch::replaceCurrent_textChangedSince_doesNothing()
 {
     m_editor->SetText("one two");

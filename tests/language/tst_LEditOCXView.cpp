@@ -26,7 +26,7 @@ private slots:
     void bookmark_clearDocument_keepsItsLine();
     void bookmark_line_isDrawnInItsColors();
     void topLine_isClamped();
-    void resized_tellsThatTheViewHasChanged();
+    void resized_reportsThatTheViewHasChanged();
     void positionToPixels_growsWithLineAndColumn();
     void font_setAndRead();
     void font_missingFamily_keepsItsName();
@@ -182,7 +182,7 @@ void tst_LEditOCXView::topLine_isClamped()
     QCOMPARE(m_editor->TopLine(), 1);
 }
 
-void tst_LEditOCXView::resized_tellsThatTheViewHasChanged()
+void tst_LEditOCXView::resized_reportsThatTheViewHasChanged()
 {
     m_editor->SetText("one\r\ntwo");
     m_editor->grab();
@@ -304,7 +304,7 @@ void tst_LEditOCXView::tokenColors_commentOpened_recolorsBelow()
     QCOMPARE(pixel(3, 0), QColor(1, 2, 3));
     QCoreApplication::processEvents();
     asked.clear();
-    // Only the first line changes, and yet the third is drawn anew.
+    // Only the first line changes, and yet the third is drawn again.
     m_editor->Undo();
     QTRY_VERIFY(asked.contains("word"));
     QCOMPARE(pixel(3, 0), QColor(0, 200, 0));

@@ -119,7 +119,7 @@ void tst_LongLines::init()
     QVERIFY(QTest::qWaitForWindowExposed(m_editor.get()));
 }
 
-/// Brings a column into view, and tells "ink on ground" of its character.
+/// Brings a column into view, and gives "ink on ground" of its character.
 QString tst_LongLines::look(int line, int column)
 {
     m_editor->grab(); // a line that was never drawn is measured otherwise
@@ -357,7 +357,7 @@ void tst_LongLines::far_everyColumn_isColoredAsTokenized()
                              "/*",  "*/",  "MMM", " / ", " * ",        "$M. ",      "MMMMMMM "};
     for (int round = 0; round < 12; ++round) {
         QString text;
-        const int rare = 6 + random.bounded(300); // how seldom an unclosed quote or comment comes
+        const int rare = 6 + random.bounded(300); // how rarely an unclosed quote or comment comes
         while (text.size() < 60'000) {
             const int piece = random.bounded(int(pieces.size()));
             if ((piece < 6 || piece > 8) || random.bounded(rare) == 0)

@@ -151,7 +151,7 @@ void tst_ManualIndex::everyTag_hasAPage()
 
 void tst_ManualIndex::everyOpcodeWithAPage_resolves()
 {
-    // What has a page: it is named so, the quick reference links it, or a page tells its syntax.
+    // What has a page: it is named so, the quick reference links it, or a page shows its syntax.
     QSet<QString> explained;
     const QStringList files = QDir(m_manual).entryList({QStringLiteral("*.html")});
     static const QRegularExpression command(QStringLiteral("<pre class=\"synopsis\">(.*?)</pre>"),

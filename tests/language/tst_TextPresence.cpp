@@ -1,4 +1,4 @@
-// Whether texts stand in a document: what is told, and how much of the document is read for it.
+// Whether texts are in a document: what is answered, and how much of the document is read for it.
 
 #include "language/TextPresence.h"
 #include "support/RandomSeed.h"
@@ -16,11 +16,11 @@ class tst_TextPresence : public QObject
 private slots:
     void contains_placesInTheText_data();
     void contains_placesInTheText();
-    void contains_randomEdits_isAsIfReadAnew();
+    void contains_randomEdits_isAsIfReadAgain();
     void contains_askedAgain_readsNothing();
     void contains_afterAnEdit_readsOnlyAroundIt();
-    void contains_textThatStoodThere_isFoundElsewhere();
-    void contains_manyTexts_areStillTold();
+    void contains_textThatWasThere_isFoundElsewhere();
+    void contains_manyTexts_areStillFound();
 };
 
 namespace {
@@ -96,7 +96,7 @@ void tst_TextPresence::contains_placesInTheText()
     }
 }
 
-void tst_TextPresence::contains_randomEdits_isAsIfReadAnew()
+void tst_TextPresence::contains_randomEdits_isAsIfReadAgain()
 {
     QRandomGenerator random(randomSeed(18));
     const QByteArrayList wanted{"a", "ab", "aab", "abba", "bbbbbb"};
@@ -151,7 +151,7 @@ void tst_TextPresence::contains_afterAnEdit_readsOnlyAroundIt()
     QVERIFY2(document.read < 200, qPrintable(QString::number(document.read)));
 }
 
-void tst_TextPresence::contains_textThatStoodThere_isFoundElsewhere()
+void tst_TextPresence::contains_textThatWasThere_isFoundElsewhere()
 {
     Document document("tag " + QByteArray(1000, 'x') + " tag");
     TextPresence presence(document);
@@ -162,7 +162,7 @@ void tst_TextPresence::contains_textThatStoodThere_isFoundElsewhere()
     QVERIFY(!presence.contains("tag"));
 }
 
-void tst_TextPresence::contains_manyTexts_areStillTold()
+void tst_TextPresence::contains_manyTexts_areStillFound()
 {
     QByteArray text;
     for (int number = 0; number < 1000; ++number)

@@ -145,14 +145,14 @@ void tst_Tokenizer::stateInside_lineCutAtABoundary_hasTheSameTokens()
         const qsizetype cut = boundaryInside(line, 1 + random.bounded(int(line.size())));
         QVERIFY(cut > 0 && cut <= line.size());
         LineState inside = stateInside(line.first(cut), before);
-        QList<Token> expected; // what of the tokens stands behind the cut
+        QList<Token> expected; // what of the tokens is behind the cut
         for (const Token &token : whole) {
             const qsizetype start = std::max(token.start, cut);
             if (start < token.end())
                 expected.append({start - cut, token.end() - start, token.kind, token.comment});
         }
         QList<Token> tokens = tokenizeLine(QByteArrayView(line).sliced(cut), inside);
-        // A comment or a quotation that the cut leaves nothing of may be told without length.
+        // A comment or a quotation of which the cut leaves nothing may be given without length.
         tokens.removeIf([](const Token &token) { return token.length == 0; });
         for (QList<Token> *each : {&expected, &tokens})
             for (Token &token : *each)

@@ -44,7 +44,7 @@ public:
     {
         QTest::mouseClick(control<QPushButton>(name), Qt::LeftButton);
     }
-    /// Types over what stands in the field.
+    /// Types over what is in the field.
     void type(const QString &words, const char *field = "Text1") const
     {
         text(field)->setFocus();

@@ -15,8 +15,8 @@ class tst_BookmarkFile : public QObject
     Q_OBJECT
 
 private slots:
-    void path_replacesWhatStandsBehindTheLastPoint_data();
-    void path_replacesWhatStandsBehindTheLastPoint();
+    void path_replacesWhatFollowsTheLastPoint_data();
+    void path_replacesWhatFollowsTheLastPoint();
     void text_isTheBeginningOfTheLine_data();
     void text_isTheBeginningOfTheLine();
     void write_usedSlots_givesTheseBytes();
@@ -40,7 +40,7 @@ private:
     }
 };
 
-void tst_BookmarkFile::path_replacesWhatStandsBehindTheLastPoint_data()
+void tst_BookmarkFile::path_replacesWhatFollowsTheLastPoint_data()
 {
     QTest::addColumn<QString>("document");
     QTest::addColumn<QString>("path");
@@ -54,7 +54,7 @@ void tst_BookmarkFile::path_replacesWhatStandsBehindTheLastPoint_data()
                                         << "/music.bkm";
 }
 
-void tst_BookmarkFile::path_replacesWhatStandsBehindTheLastPoint()
+void tst_BookmarkFile::path_replacesWhatFollowsTheLastPoint()
 {
     QFETCH(QString, document);
     QFETCH(QString, path);

@@ -47,14 +47,14 @@ private slots:
     void open_caller_isInTheCaption();
     void open_controls_haveTheirCaptions();
     void open_selection_isTakenTrimmed();
-    void open_again_startsAnewInOneWindow();
+    void open_again_startsAgainInOneWindow();
     void open_menuOfTwoEditors_followsTheFocus();
     void open_emptyScore_focusDependsOnTheCommand();
     void keys_escapeAnywhere_closes_data();
     void keys_escapeAnywhere_closes();
     void keys_tab_reachesEveryControl();
     void exit_focus_asEachWindowHasIt();
-    void owner_closes_windowsAreGoneAtOnce();
+    void owner_closes_windowsCloseAtOnce();
     void owner_handOver_newWindowsServeTheNewEditors();
     void caller_changes_servesTheOtherEditor();
     void match_underItsWindow_isUncovered_data();
@@ -207,7 +207,7 @@ void tst_SearchWindows::open_selection_isTakenTrimmed()
     }
 }
 
-void tst_SearchWindows::open_again_startsAnewInOneWindow()
+void tst_SearchWindows::open_again_startsAgainInOneWindow()
 {
     CsdWindow csd("text");
     csd.trigger("menuModificaTrova");
@@ -335,7 +335,7 @@ void tst_SearchWindows::exit_focus_asEachWindowHasIt()
     }
 }
 
-void tst_SearchWindows::owner_closes_windowsAreGoneAtOnce()
+void tst_SearchWindows::owner_closes_windowsCloseAtOnce()
 {
     CsdWindow csd("text");
     csd.trigger("menuModificaTrova");
@@ -391,7 +391,7 @@ void tst_SearchWindows::caller_changes_servesTheOtherEditor()
 
 namespace {
 
-/// The rows of these lines, as they stand on the screen.
+/// The rows of these lines, as they appear on the screen.
 QRect rowsOf(const LEditOCX &editor, int first, int last)
 {
     const QPoint top = editor.mapToGlobal(QPoint(0, editor.PositionToPixels(first, 0).y()));

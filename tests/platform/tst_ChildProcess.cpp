@@ -374,7 +374,7 @@ void tst_ChildProcess::parent_killed_takesTheGroupAlong_data()
 void tst_ChildProcess::parent_killed_takesTheGroupAlong()
 {
     QFETCH(QString, name);
-    // A process of its own stands for the program that is killed.
+    // A process of its own plays the program that is killed.
     const pid_t program = ::fork();
     if (program == 0) {
         ChildProcess process;
@@ -454,7 +454,7 @@ void tst_ChildProcess::fugitive_ofAnyKind_endsWithTheRun()
     QTRY_VERIFY(!isAlive(noted("leader")));
 }
 
-/// Each is gone before the next look, and has left another.
+/// Each has ended before the next look, and has left another.
 void tst_ChildProcess::fugitives_startedAllTheTime_end()
 {
     ChildProcess process;

@@ -159,10 +159,10 @@ private slots:
     void write_anySize_isWhole_data();
     void write_anySize_isWhole();
 
-    void read_refused_tellsWhy_data();
-    void read_refused_tellsWhy();
-    void write_refused_tellsWhy_data();
-    void write_refused_tellsWhy();
+    void read_refused_givesTheReason_data();
+    void read_refused_givesTheReason();
+    void write_refused_givesTheReason_data();
+    void write_refused_givesTheReason();
     void write_done_leavesTheReasonAlone();
 
     void write_fullDisk_keepsOld_data();
@@ -220,7 +220,7 @@ void tst_DocumentFile::read_file_givesAllBytes()
 
 void tst_DocumentFile::read_sizeUnknownBeforehand_givesAllBytes()
 {
-    // As a file that grows while it is read: the system tells 0 bytes for it.
+    // As a file that grows while it is read: the system reports 0 bytes for it.
     const auto bytes = readDocumentFile("/proc/self/status");
     QVERIFY(bytes && bytes->startsWith("Name:") && bytes->endsWith('\n'));
 }
@@ -474,7 +474,7 @@ void tst_DocumentFile::write_anySize_isWhole()
     ::chmod(folder.c_str(), 0700);
 }
 
-void tst_DocumentFile::read_refused_tellsWhy_data()
+void tst_DocumentFile::read_refused_givesTheReason_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("reason");
@@ -495,7 +495,7 @@ void tst_DocumentFile::read_refused_tellsWhy_data()
         << QString::fromLatin1("piece\0.csd", 10) << "the system reports \"Invalid argument\"";
 }
 
-void tst_DocumentFile::read_refused_tellsWhy()
+void tst_DocumentFile::read_refused_givesTheReason()
 {
     QFETCH(QString, file);
     QVERIFY(QDir(m_folder->path()).mkdir("sub"));
@@ -510,7 +510,7 @@ void tst_DocumentFile::read_refused_tellsWhy()
              "The file \"a.csd\" cannot be opened: " + reason + ".");
 }
 
-void tst_DocumentFile::write_refused_tellsWhy_data()
+void tst_DocumentFile::write_refused_givesTheReason_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("reason");
@@ -531,7 +531,7 @@ void tst_DocumentFile::write_refused_tellsWhy_data()
     QTest::newRow("name too long") << QString(300, u'x') << "its name is too long";
 }
 
-void tst_DocumentFile::write_refused_tellsWhy()
+void tst_DocumentFile::write_refused_givesTheReason()
 {
     QFETCH(QString, file);
     writeBytes(m_file, OldBytes);
@@ -583,7 +583,7 @@ void tst_DocumentFile::write_fullDisk_keepsOld()
     QCOMPARE(result, 0);
 }
 
-// The bytes fit where the old ones stand, and the old ones find a safe place elsewhere.
+// The bytes fit where the old ones are, and the old ones find a safe place elsewhere.
 void tst_DocumentFile::write_fullDiskWithRoomInTheFile_writesInPlace()
 {
     const int result = inChild([&] {
@@ -650,7 +650,7 @@ void tst_DocumentFile::write_fullDisk_leavesFileAndTimeAlone()
     QCOMPARE(result, 0);
 }
 
-// What stands at a mount point cannot be replaced.
+// What is at a mount point cannot be replaced.
 void tst_DocumentFile::write_mountedFile_writesInPlace()
 {
     writeBytes(path("mounted"), OldBytes);

@@ -26,8 +26,8 @@ namespace {
 
 enum class Call { Write, Flush, Truncate, Rename };
 
-// Gives the error number with which a call on that file is to fail, or 0. It is told of every call
-// while it is set.
+// Gives the error number with which a call on that file is to fail, or 0. It is asked at every
+// call while it is set.
 std::function<int(Call call, const QByteArray &path)> fault;
 
 QByteArray pathOf(int descriptor)
@@ -48,7 +48,7 @@ bool fails(Call call, const QByteArray &path)
 
 } // namespace
 
-// These stand before the library's own for the whole program.
+// These replace the library's own for the whole program.
 extern "C" {
 ssize_t write(int descriptor, const void *bytes, size_t size)
 {
@@ -114,8 +114,8 @@ private slots:
     void inPlace_puttingBackFails_leavesTheCopyAndNamesIt();
     void inPlace_noCopyCanBeMade_leavesTheFileAlone_data();
     void inPlace_noCopyCanBeMade_leavesTheFileAlone();
-    void inPlace_copyFailsInTwoWays_tellsTheLackOfRoom_data();
-    void inPlace_copyFailsInTwoWays_tellsTheLackOfRoom();
+    void inPlace_copyFailsInTwoWays_reportsTheLackOfRoom_data();
+    void inPlace_copyFailsInTwoWays_reportsTheLackOfRoom();
 
 private:
     QStringList names() const
@@ -311,7 +311,7 @@ void tst_FailingDisk::inPlace_noCopyCanBeMade_leavesTheFileAlone()
     QCOMPARE(m_why.kind, FileFailure::Kind::DiskFull);
 }
 
-void tst_FailingDisk::inPlace_copyFailsInTwoWays_tellsTheLackOfRoom_data()
+void tst_FailingDisk::inPlace_copyFailsInTwoWays_reportsTheLackOfRoom_data()
 {
     QTest::addColumn<int>("beside");
     QTest::addColumn<int>("elsewhere");
@@ -319,8 +319,8 @@ void tst_FailingDisk::inPlace_copyFailsInTwoWays_tellsTheLackOfRoom_data()
     QTest::newRow("in the temporary folder") << EIO << ENOSPC;
 }
 
-/// Only one of the two reasons can be told: the one that the user can do something about.
-void tst_FailingDisk::inPlace_copyFailsInTwoWays_tellsTheLackOfRoom()
+/// Only one of the two reasons can be reported: the one that the user can do something about.
+void tst_FailingDisk::inPlace_copyFailsInTwoWays_reportsTheLackOfRoom()
 {
     QFETCH(int, beside);
     QFETCH(int, elsewhere);

@@ -47,7 +47,7 @@ private slots:
     void initTestCase();
     void init();
     void fileManager_isAskedForTheFile();
-    void noFileManager_aDialogTells();
+    void noFileManager_aDialogSaysSo();
     void missingFile_showsNothing();
     void windowGoneMeanwhile_doesNoHarm();
     void cleanupTestCase();
@@ -104,7 +104,7 @@ void tst_FileProperties::fileManager_isAskedForTheFile()
     QVERIFY(!dialog());
 }
 
-void tst_FileProperties::noFileManager_aDialogTells()
+void tst_FileProperties::noFileManager_aDialogSaysSo()
 {
     ShowFileProperties(m_owner.get(), m_path);
     QTRY_VERIFY(dialog() && dialog()->isVisible());

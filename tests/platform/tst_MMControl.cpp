@@ -30,7 +30,7 @@ private slots:
     void cleanup();
 
     // Without a sound device; these come first.
-    void device_missing_openAndLengthWorkAndPlayTells();
+    void device_missing_openAndLengthWorkAndPlayReportsIt();
     void close_forgetsTheStartPointAndTheFailure();
     void device_appears_playWorks();
 
@@ -54,7 +54,7 @@ private slots:
     void file_deletedWhilePlaying_goesOn();
     void file_cutWhilePlaying_endsThere();
     void file_overwrittenWhilePlaying_neverHarms();
-    void device_goesWhilePlaying_isTold();
+    void device_goesWhilePlaying_isReported();
     void device_comesBack_isFoundAtTheNextPlay_data();
     void device_comesBack_isFoundAtTheNextPlay();
 
@@ -126,7 +126,7 @@ QList<int> tst_MMControl::hear(int frames)
 
 // Without a sound device. -------------------------------------------------------------------------
 
-void tst_MMControl::device_missing_openAndLengthWorkAndPlayTells()
+void tst_MMControl::device_missing_openAndLengthWorkAndPlayReportsIt()
 {
     open(write("a.wav", TimedSound::wave(500)));
     QCOMPARE(m_control->Mode(), int(MMControl::Stopped));
@@ -387,7 +387,7 @@ void tst_MMControl::stop_thenPlayElsewhere_leavesNothingOfTheOldSound()
     QCOMPARE(*second, 6000 * 441 / 10);
     QVERIFY(std::is_sorted(second, places.end())); // nothing of before comes behind
     QVERIFY(std::is_sorted(places.begin(), second));
-    // What was handed over but not heard yet is gone, but for what the server was about to play.
+    // What was handed over but not heard yet is dropped, but for what the server was about to play.
     QVERIFY2(*(second - 1) < stoppedAt + 250 * 441 / 10,
              qPrintable(QString::number(*(second - 1) - stoppedAt)));
 }
@@ -455,7 +455,7 @@ void tst_MMControl::file_overwrittenWhilePlaying_neverHarms()
     QCOMPARE(m_control->Mode(), int(MMControl::NotOpen));
 }
 
-void tst_MMControl::device_goesWhilePlaying_isTold()
+void tst_MMControl::device_goesWhilePlaying_isReported()
 {
     open(write("a.wav", TimedSound::wave(10'000)));
     QSignalSpy missing(m_control.get(), &MMControl::DeviceMissing);

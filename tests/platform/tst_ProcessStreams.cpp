@@ -47,10 +47,10 @@ class tst_ProcessStreams : public QObject
 private slots:
     void init();
     void cleanup();
-    void lines_ofAnyBytes_areTold_data();
-    void lines_ofAnyBytes_areTold();
+    void lines_ofAnyBytes_areReported_data();
+    void lines_ofAnyBytes_areReported();
     void lines_inParts_waitForTheirEnd();
-    void lines_ofBothChannels_areToldApart();
+    void lines_ofBothChannels_areKeptApart();
     void lines_merged_keepTheirOrder();
     void lines_longerThanAsked_comeInPieces();
     void lines_whileASlotWaits_keepTheirOrder();
@@ -95,7 +95,7 @@ private:
 
 namespace {
 
-/// Keeps all that a process tells.
+/// Keeps all that a process announces.
 struct Listener : QObject
 {
     explicit Listener(ChildProcess &process)
@@ -159,7 +159,7 @@ void tst_ProcessStreams::runAnother()
     require(QTest::qWaitFor([&] { return other.end().has_value(); }), "the other does not end");
 }
 
-void tst_ProcessStreams::lines_ofAnyBytes_areTold_data()
+void tst_ProcessStreams::lines_ofAnyBytes_areReported_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QByteArrayList>("lines");
@@ -178,7 +178,7 @@ void tst_ProcessStreams::lines_ofAnyBytes_areTold_data()
     }
 }
 
-void tst_ProcessStreams::lines_ofAnyBytes_areTold()
+void tst_ProcessStreams::lines_ofAnyBytes_areReported()
 {
     QFETCH(QByteArray, bytes);
     QFETCH(QByteArrayList, lines);
@@ -208,7 +208,7 @@ void tst_ProcessStreams::lines_inParts_waitForTheirEnd()
              QByteArrayList({"started", "out first|", "out partial|", "out last+", "ended"}));
 }
 
-void tst_ProcessStreams::lines_ofBothChannels_areToldApart()
+void tst_ProcessStreams::lines_ofBothChannels_areKeptApart()
 {
     ChildProcess process;
     Listener listener(process);

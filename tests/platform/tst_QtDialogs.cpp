@@ -66,8 +66,8 @@ private slots:
     void cleanup() { QVERIFY(QDir::setCurrent(m_current)); }
     void message_showsTitleTextAndIcon_data();
     void message_showsTitleTextAndIcon();
-    void message_markup_isShownAsItStands();
-    void message_explanation_standsBelowAsItStands();
+    void message_markup_isShownAsItIs();
+    void message_explanation_isShownBelowAsItIs();
     void message_button_givesItsAnswer_data();
     void message_button_givesItsAnswer();
     void message_saveAs_isAThirdButton();
@@ -89,15 +89,15 @@ private slots:
     void openFile_patternOfTheDescription_isShownOnce();
     void saveFile_newName_addsNoExtension();
     void saveFile_existing_asksBeforeOverwriting();
-    void saveFile_existing_markupIsShownAsItStands();
-    void saveFile_proposedName_standsInTheField();
+    void saveFile_existing_markupIsShownAsItIs();
+    void saveFile_proposedName_isInTheField();
     void saveFile_proposedPath_beginsInItsFolder();
     void saveFile_cancelled_isEmpty();
     void chosenFile_folder_becomesTheCurrentOne();
     void choosePrinter_withSelection_offersIt();
     void choosePrinter_withoutSelection_offersNone();
-    void choosePrinter_selectionLeft_isTold_data();
-    void choosePrinter_selectionLeft_isTold();
+    void choosePrinter_selectionLeft_isReported_data();
+    void choosePrinter_selectionLeft_isReported();
     void choosePrinter_cancelled_isEmpty();
     void choosePrinter_noPrinterAtAll_printsIntoAFile();
     void color_chosen_givesItsParts();
@@ -187,7 +187,7 @@ void tst_QtDialogs::message_showsTitleTextAndIcon()
                        MessageButtons::YesNoCancel});
 }
 
-void tst_QtDialogs::message_markup_isShownAsItStands()
+void tst_QtDialogs::message_markup_isShownAsItIs()
 {
     whenShown<QMessageBox>([](QMessageBox *box) {
         QCOMPARE(box->textFormat(), Qt::PlainText);
@@ -197,7 +197,7 @@ void tst_QtDialogs::message_markup_isShownAsItStands()
     m_dialogs.message({"<b>file</b>"});
 }
 
-void tst_QtDialogs::message_explanation_standsBelowAsItStands()
+void tst_QtDialogs::message_explanation_isShownBelowAsItIs()
 {
     whenShown<QMessageBox>([](QMessageBox *box) {
         QCOMPARE(box->text(), "Association Error!");
@@ -512,9 +512,9 @@ void tst_QtDialogs::saveFile_existing_asksBeforeOverwriting()
     }
 }
 
-void tst_QtDialogs::saveFile_existing_markupIsShownAsItStands()
+void tst_QtDialogs::saveFile_existing_markupIsShownAsItIs()
 {
-    touch("<b>piece<b>.csd"); // the name stands first in the box's text
+    touch("<b>piece<b>.csd"); // the name comes first in the box's text
     bool asked = false;
     whenShown<QFileDialog>([&](QFileDialog *dialog) {
         whenShown<QMessageBox>([&](QMessageBox *box) {
@@ -530,7 +530,7 @@ void tst_QtDialogs::saveFile_existing_markupIsShownAsItStands()
 }
 
 /// An untitled document proposes a name with a bracket in it.
-void tst_QtDialogs::saveFile_proposedName_standsInTheField()
+void tst_QtDialogs::saveFile_proposedName_isInTheField()
 {
     ardiphon::FileQuestion proposing = question();
     proposing.proposedName = QStringLiteral("[Untit.orc");
@@ -603,14 +603,14 @@ void tst_QtDialogs::choosePrinter_withoutSelection_offersNone()
     m_dialogs.choosePrinter({"piece.csd", false});
 }
 
-void tst_QtDialogs::choosePrinter_selectionLeft_isTold_data()
+void tst_QtDialogs::choosePrinter_selectionLeft_isReported_data()
 {
     QTest::addColumn<bool>("selectionOnly");
     QTest::newRow("left on") << true;
     QTest::newRow("all instead") << false;
 }
 
-void tst_QtDialogs::choosePrinter_selectionLeft_isTold()
+void tst_QtDialogs::choosePrinter_selectionLeft_isReported()
 {
     QFETCH(bool, selectionOnly);
     whenShown<QPrintDialog>([=](QPrintDialog *dialog) {

@@ -109,7 +109,7 @@ void tst_RunFolder::parentThatCannotBeUsed_isNotUsed()
     QVERIFY(QFileInfo(folder.path()).isDir());
 }
 
-/// A log named by a relative path would be a file of the user's. The name stands for nothing on
+/// A log named by a relative path would be a file of the user's. The name means nothing on
 /// any machine: no folder can be made there.
 void tst_RunFolder::nowhereToMakeIt_namesAFolderThatIsNone()
 {

@@ -35,7 +35,7 @@ class tst_TerminalRun : public QObject
 private slots:
     void init();
     void cleanup();
-    void end_byItself_isToldAndTheWindowStays();
+    void end_byItself_isReportedAndTheWindowStays();
     void environmentAndDirectory_reachTheProgram();
     void stop_endsAllAndClosesTheWindow();
     void stop_beforeTheWindow_startsNothing();
@@ -106,7 +106,7 @@ ProcessStart tst_TerminalRun::script(const QByteArray &lines) const
     return start;
 }
 
-void tst_TerminalRun::end_byItself_isToldAndTheWindowStays()
+void tst_TerminalRun::end_byItself_isReportedAndTheWindowStays()
 {
     ChildProcess process;
     QSignalSpy started(&process, &ChildProcess::started);

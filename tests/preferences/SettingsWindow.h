@@ -18,7 +18,7 @@
 
 #include <memory>
 
-/// The settings over two editors that stand for those of the open editor window, in a program of
+/// The settings over two editors that play those of the open editor window, in a program of
 /// the test's own.
 class SettingsWindow
 {
@@ -41,10 +41,10 @@ protected:
     void expectError(const QString &text);
     void save() { click("Command1"); }
     QString stored(const QString &key, const char *name);
-    /// What stands in the view on the screen, as the program left it there: a picture that the
+    /// What the view shows on the screen, as the program left it there: a picture that the
     /// widget draws for the test would be the newest one in any case.
     static QImage onScreen(const ardiphon::LEditOCX &editor);
-    /// Whether the colour stands anywhere in the view on the screen.
+    /// Whether the colour is anywhere in the view on the screen.
     static bool shows(ardiphon::LEditOCX &editor, ardiphon::Color color);
 
     std::unique_ptr<TestProgram> m_program;

@@ -25,8 +25,8 @@ private slots:
     void window_closesOnItsButtonAndOnEsc();
     void directory_empty_becomesTheRoot();
     void directory_showsWhereItIs();
-    void directory_long_isToldByTheToolTip();
-    void directory_thatIsGone_staysWithoutMessage();
+    void directory_long_isShownByTheToolTip();
+    void directory_missing_staysWithoutMessage();
     void directory_hidden_isShown();
     void directory_moving_choosesAtOnce();
     void directory_click_choosesAtOnce();
@@ -104,7 +104,7 @@ void tst_FormDirectory::directory_showsWhereItIs()
     QCOMPARE(names, (QStringList{QStringLiteral("alpha"), QStringLiteral("Beta")}));
 }
 
-void tst_FormDirectory::directory_long_isToldByTheToolTip()
+void tst_FormDirectory::directory_long_isShownByTheToolTip()
 {
     const QString deep = m_folder->filePath(QStringLiteral("a folder/").repeated(20));
     QVERIFY(QDir().mkpath(deep));
@@ -117,7 +117,7 @@ void tst_FormDirectory::directory_long_isToldByTheToolTip()
     QCOMPARE(Text1->toolTip(), pathToolTip(Text1->text()));
 }
 
-void tst_FormDirectory::directory_thatIsGone_staysWithoutMessage()
+void tst_FormDirectory::directory_missing_staysWithoutMessage()
 {
     const QString gone = inFolder("gone");
     m_config.WorkingDirectory = gone;

@@ -232,7 +232,7 @@ void tst_SettingsEffects::color_dialog_beginsWithTheLastPicked()
     pick("picRem", Red, std::nullopt);
     pick("picFiles", Red, Green);
     pick("picMacros", Green, std::nullopt);
-    open(); // a new window begins anew
+    open(); // a new window begins again
     pick("picMacros", Black, std::nullopt);
 }
 
@@ -420,7 +420,7 @@ void tst_SettingsEffects::save_nothingCanBeWritten_saysSoAndKeepsTheOldFile()
     WriteRegistryString(m_program->settings, registry::SettingsKey, "TabSize", "17");
     const QByteArray before = m_program->read("settings.ini");
     open();
-    // A file stands where its folder was: so nobody can write there, not even the system's owner.
+    // There is a file where its folder was: so nobody can write there, not even the system's owner.
     const QString folder = m_program->folder.path();
     const QString away = folder + ".away";
     QVERIFY(QDir().rename(folder, away));

@@ -25,7 +25,7 @@ private slots:
     void ok_takesTheFields();
     void ok_roundsAndBounds_data();
     void ok_roundsAndBounds();
-    void ok_tellsEveryFailedTest();
+    void ok_reportsEveryFailedTest();
     void ok_failed_keepsTheTextsAndTheWindow();
     void cancel_setsTheMarginsBack_data();
     void cancel_setsTheMarginsBack();
@@ -163,7 +163,7 @@ void tst_FormImpostaMargini::ok_roundsAndBounds()
     QCOMPARE(m_config.MarginRight, 2L);
 }
 
-void tst_FormImpostaMargini::ok_tellsEveryFailedTest()
+void tst_FormImpostaMargini::ok_reportsEveryFailedTest()
 {
     for (const char *which : {"left", "right", "top", "bottom"})
         expect(which);

@@ -34,12 +34,12 @@ private slots:
     void emptyLines_takeTheirRoom();
     void longLine_breaksBetweenWords();
     void longWord_breaksAnywhere();
-    void tabs_standWhereTheEditorHasThem_data();
-    void tabs_standWhereTheEditorHasThem();
+    void tabs_arePlacedAsInTheEditor_data();
+    void tabs_arePlacedAsInTheEditor();
     void otherScripts_arePrinted();
     void strangeCharacters_printSomehow();
 
-    void header_standsInTheSecondLineAtTheLeftMargin();
+    void header_isInTheSecondLineAtTheLeftMargin();
     void header_hasTheFontOfTheText();
     void rule_crossesThePageAtTheTopMargin();
     void edgesOutOfReach_moveTheHeaderOnly();
@@ -242,7 +242,7 @@ void tst_PrintModule::longWord_breaksAnywhere()
         QVERIFY(word.box.right() < 11904 - 550);
 }
 
-void tst_PrintModule::tabs_standWhereTheEditorHasThem_data()
+void tst_PrintModule::tabs_arePlacedAsInTheEditor_data()
 {
     QTest::addColumn<int>("tabSize");
     QTest::newRow("2") << 2;
@@ -251,7 +251,7 @@ void tst_PrintModule::tabs_standWhereTheEditorHasThem_data()
     QTest::newRow("30") << 30;
 }
 
-void tst_PrintModule::tabs_standWhereTheEditorHasThem()
+void tst_PrintModule::tabs_arePlacedAsInTheEditor()
 {
     QFETCH(int, tabSize);
     const QString blanks(tabSize, u' ');
@@ -293,7 +293,7 @@ void tst_PrintModule::strangeCharacters_printSomehow()
 
 // The page around it. -----------------------------------------------------------------------------
 
-void tst_PrintModule::header_standsInTheSecondLineAtTheLeftMargin()
+void tst_PrintModule::header_isInTheSecondLineAtTheLeftMargin()
 {
     PrintRichText(*m_pdf->printer(), box(QStringLiteral("one\r\ntwo")), {2000, 3000, 570, 570},
                   QStringLiteral("piece.csd"));
@@ -392,7 +392,7 @@ void tst_PrintModule::printerThatFailsInMidJob_isAskedForNothingMore_data()
 {
     QTest::addColumn<int>("state");
     QTest::addColumn<int>("asked");
-    // One that tells of its trouble is not even asked for the page.
+    // One that reports its trouble is not even asked for the page.
     QTest::newRow("error") << int(QPrinter::Error) << 1;
     QTest::newRow("aborted") << int(QPrinter::Aborted) << 1;
     QTest::newRow("page refused") << int(QPrinter::Active) << 2;

@@ -7,7 +7,7 @@
 
 using namespace ardiphon;
 
-/// Where things stand on a printed page.
+/// Where things are on a printed page.
 class tst_PrintPage : public QObject
 {
     Q_OBJECT

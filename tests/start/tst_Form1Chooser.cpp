@@ -453,7 +453,7 @@ void tst_Form1Chooser::hover_leavingTheWindow_darkensAll()
     QTRY_VERIFY(isDark());
 }
 
-/// Where the window was when the mouse last told does not count any more.
+/// Where the window was at the last move of the mouse no longer counts.
 void tst_Form1Chooser::hover_windowMovedFromUnderTheMouse_darkensAll()
 {
     load();

@@ -7,8 +7,8 @@
 class FailingPrinter : public QPrinter
 {
 public:
-    /// \a lastPage: after that page no other can be begun. \a state: what the printer then tells of
-    /// itself. \a asked counts the pages that it is asked for.
+    /// \a lastPage: after that page no other can be begun. \a state: what the printer then reports
+    /// of itself. \a asked counts the pages that it is asked for.
     FailingPrinter(const QString &pdf, int lastPage, QPrinter::PrinterState state, int &asked)
         : m_engine(pdf, lastPage, state, asked)
     {

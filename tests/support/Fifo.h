@@ -38,7 +38,7 @@ private:
         std::unique_lock lock(m_mutex);
         m_ended.wait_for(lock, std::chrono::seconds(3), [this] { return m_over; });
         while (!m_over) {
-            // Opens only where a reader stands already.
+            // Opens only when there is a reader already.
             const int end = ::open(m_path.constData(), O_WRONLY | O_NONBLOCK);
             m_wasWaitedFor |= end >= 0;
             if (end >= 0)

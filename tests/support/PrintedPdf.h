@@ -14,7 +14,7 @@ class Printer;
 }
 
 /// A printer that prints into a PDF of the test's own, and what others read in that PDF. The file
-/// is whole once the printer is gone.
+/// is complete once the printer is destroyed.
 class PrintedPdf
 {
 public:

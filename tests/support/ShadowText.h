@@ -4,7 +4,7 @@
 
 #include <QStringList>
 
-/// A copy of an editor's lines that reads only the lines that the editor tells to have changed.
+/// A copy of an editor's lines that reads only the lines that the editor reports as changed.
 class ShadowText : public QObject
 {
 public:
@@ -26,7 +26,7 @@ public:
     const QList<ardiphon::TextChange> &changes() const { return m_changes; }
     void forgetChanges() { m_changes.clear(); }
 
-    /// What is not as it was told, "" when all is.
+    /// What is not as it was reported, "" when all is.
     QString faults() const
     {
         QString all = m_faults;

@@ -9,9 +9,10 @@
 #include <mutex>
 #include <thread>
 
-/// Fails the test when what stands before the end of its life has not come to an end by then. It
-/// is for rules whose breach has a call wait for ever, or read a file without an end: such a test
-/// cannot go on, so the program ends there. The limit is far beyond what the slowest machine needs.
+/// Fails the test when what comes before the end of its life has not ended by then. It
+/// is for rules which, when broken, have a call wait for ever, or read a file without an end: such
+/// a test cannot go on, so the program ends there. The limit is far beyond what the slowest machine
+/// needs.
 class TimeLimit
 {
 public:

@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-/// Sounds whose samples tell at which frame of the file they stand, so that a recording tells what
+/// Sounds whose samples give their own frame in the file, so that a recording shows what
 /// was played and from where. They last at most 20 seconds.
 namespace TimedSound {
 
