@@ -29,7 +29,7 @@ public:
                [this] { type(Qt::Key_A, QStringLiteral("a")); });
         report("split copy of Enter", lines, 11, large ? 150 : 30,
                [this] { type(Qt::Key_Return, QStringLiteral("\r")); });
-        first()->ClearState(2);
+        first()->ClearState(TextState);
         delete m_window;
     }
 

@@ -147,13 +147,13 @@ void tst_FullDisk::save_csd_keepsTheFileAndTheChange()
     expectFull("piece.csd"); // and nothing more of the bookmarks
     trigger("menuFileSalvaOrchestra");
     QCOMPARE(bytesOf(path("piece.csd")), OldText);
-    QVERIFY(editor("LEDIT1")->GetState(2));
+    QVERIFY(editor("LEDIT1")->GetState(TextState));
     QCOMPARE(files(), before);
 
     freeAgain();
     trigger("menuFileSalvaOrchestra");
     QCOMPARE(bytesOf(path("piece.csd")), LongText.toLatin1() + OldText);
-    QVERIFY(!editor("LEDIT1")->GetState(2));
+    QVERIFY(!editor("LEDIT1")->GetState(TextState));
     QCOMPARE(bytesOf(path("piece.bkm")).size(), 15 * 40);
 }
 
@@ -169,7 +169,7 @@ void tst_FullDisk::save_csdThatFits_isWrittenInPlace()
     expectFull("piece.bkm");
     trigger("menuFileSalvaOrchestra");
     QCOMPARE(bytesOf(path("piece.csd")), "; new\r\n" + OldText);
-    QVERIFY(!editor("LEDIT1")->GetState(2));
+    QVERIFY(!editor("LEDIT1")->GetState(TextState));
     QCOMPARE(files(), QStringList({"ballast", "piece.csd"}));
 }
 
@@ -187,7 +187,7 @@ void tst_FullDisk::save_project_keepsBothFiles()
     trigger("menuFileSalvaProgetto");
     QCOMPARE(bytesOf(path("piece.orc")), OldText);
     QCOMPARE(bytesOf(path("piece.sco")), OldText);
-    QVERIFY(editor("LEDIT1")->GetState(2) && editor("LEDIT2")->GetState(2));
+    QVERIFY(editor("LEDIT1")->GetState(TextState) && editor("LEDIT2")->GetState(TextState));
     QCOMPARE(files(), QStringList({"ballast", "piece.orc", "piece.sco"}));
 }
 

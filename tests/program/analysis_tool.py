@@ -12,7 +12,7 @@ import subprocess
 import sys
 import wave
 
-from desktop import Desktop, wait_for
+from desktop import VERSION, Desktop, wait_for
 
 PROGRAM_FOLDER, TOOLS_FOLDER = sys.argv[1:]
 
@@ -65,7 +65,7 @@ with Desktop(PROGRAM_FOLDER) as desktop:
         file.write("<CsoundSynthesizer>\n</CsoundSynthesizer>\n")
 
     program = desktop.start_program(piece)
-    editor = "ArdiphonPro - Version 2.3.0"
+    editor = f"ArdiphonPro - Version {VERSION}"
     desktop.window(editor)
     form = "CVANAL - Impulse Response Soundfile Analysis"
     open_form(desktop, form)

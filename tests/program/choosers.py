@@ -9,11 +9,11 @@ import subprocess
 import sys
 import time
 
-from desktop import Desktop, wait_for
+from desktop import VERSION, Desktop, wait_for
 
 (PROGRAM_FOLDER,) = sys.argv[1:]
 STARTUP = "ArdiphonPro Startup"
-EDITOR = "ArdiphonPro - Version 2.3.0"
+EDITOR = f"ArdiphonPro - Version {VERSION}"
 TICKS = 0.3  # seconds in which the timer of a chooser looks thirty times
 
 # The keys of the keyboard by their places, whatever they type.

@@ -3,6 +3,7 @@ keys and the clipboard of a user who sits in front of it."""
 
 import contextlib
 import os
+import re
 import shutil
 import signal
 import subprocess
@@ -10,6 +11,10 @@ import tempfile
 import time
 
 PATIENCE = 60  # seconds until a condition that never comes true is called a failure
+
+SOURCES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..")
+with open(os.path.join(SOURCES, "CMakeLists.txt")) as file:
+    VERSION = re.search(r"^project\(Ardiphon VERSION (\S+)", file.read(), re.M)[1]
 
 
 def wait_for(what, condition):

@@ -10,10 +10,10 @@ import subprocess
 import sys
 from contextlib import contextmanager
 
-from desktop import Desktop, wait_for
+from desktop import VERSION, Desktop, wait_for
 
 PROGRAM_FOLDER, TOOLS_FOLDER = sys.argv[1:]
-TITLE = "ArdiphonPro - Version 2.3.0"
+TITLE = f"ArdiphonPro - Version {VERSION}"
 
 # Places on the screen, with the window maximised.
 FIRST_MENU = (40, 20, 4, 20)  # width, height, left, top

@@ -7,10 +7,10 @@ import os
 import shutil
 import sys
 
-from desktop import Desktop, wait_for
+from desktop import VERSION, Desktop, wait_for
 
 PROGRAM_FOLDER, TOOLS_FOLDER = sys.argv[1:]
-TITLE_END = " - ArdiphonPro - Version 2.3.0"
+TITLE_END = f" - ArdiphonPro - Version {VERSION}"
 BOX = "ArdiphonPro"
 
 

@@ -10,12 +10,12 @@ import subprocess
 import sys
 import tempfile
 
-from desktop import Desktop, wait_for
+from desktop import VERSION, Desktop, wait_for
 
 PROGRAM_FOLDER, TOOLS_FOLDER = sys.argv[1:]
 OPENER = "ardiphon-opener.desktop"
 ENDINGS = ["csd", "orc", "sco"]
-PROJECT = "ArdiphonPro - Version 2.3.0"
+PROJECT = f"ArdiphonPro - Version {VERSION}"
 MINE = b"# mine\n[Default Applications]\ntext/plain=another.desktop\n"
 
 

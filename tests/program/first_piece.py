@@ -10,7 +10,7 @@ import subprocess
 import sys
 import wave
 
-from desktop import Desktop, wait_for
+from desktop import VERSION, Desktop, wait_for
 
 PROGRAM_FOLDER, TOOLS_FOLDER, EXAMPLE = sys.argv[1:]
 
@@ -24,7 +24,7 @@ def first_settings(desktop):
 
 
 def compile_the_piece(desktop, piece):
-    desktop.window(f"{piece} - ArdiphonPro - Version 2.3.0")
+    desktop.window(f"{piece} - ArdiphonPro - Version {VERSION}")
     console = "CSound Console Compiler"
     desktop.key_until(["F3"], console, lambda: desktop.has_focus(console))
     desktop.key("alt+c")
@@ -53,7 +53,7 @@ def check_sound(path):
 
 
 def leave(desktop, program):
-    editor = "ArdiphonPro - Version 2.3.0"
+    editor = f"ArdiphonPro - Version {VERSION}"
     desktop.key_until(["alt+x"], editor, lambda: desktop.has_focus(editor))
     desktop.key_until(["alt+F4"], "the program's end", lambda: program.poll() is not None)
     assert program.returncode == 0, program.returncode

@@ -8,7 +8,7 @@ import os
 import subprocess
 import sys
 
-from desktop import Desktop
+from desktop import VERSION, Desktop
 
 PROGRAM_FOLDER, TOOLS_FOLDER, EXAMPLES = sys.argv[1:]
 
@@ -32,7 +32,7 @@ def open_by_name(desktop, name):
     dialog = "Open Files"
     desktop.key_until(["b"], dialog, lambda: desktop.has_focus(dialog))
     desktop.type(name)
-    title = f"{os.path.join(EXAMPLES, name)} - ArdiphonPro - Version 2.3.0"
+    title = f"{os.path.join(EXAMPLES, name)} - ArdiphonPro - Version {VERSION}"
     desktop.key_until(["Return"], title, lambda: desktop.has_focus(title))
 
 

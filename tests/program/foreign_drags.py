@@ -12,10 +12,10 @@ import re
 import sys
 import time
 
-from desktop import Desktop, wait_for
+from desktop import VERSION, Desktop, wait_for
 
 (PROGRAM_FOLDER,) = sys.argv[1:]
-TITLE = "ArdiphonPro - Version 2.3.0"
+TITLE = f"ArdiphonPro - Version {VERSION}"
 FIRST_LINE = (210, 103)  # in an editor's window with all its tools
 EMPTY_PLACE = (400, 500)
 FIRST_FILE = (160, 70)  # in the dialog that opens files

@@ -11,6 +11,8 @@ import subprocess
 import sys
 import tempfile
 
+from desktop import VERSION
+
 BUILD = sys.argv[1]
 TESTS = os.path.dirname(os.path.abspath(__file__))
 USER = "65534"  # nobody, where root runs the test
@@ -53,7 +55,7 @@ def check_control(package):
         assert library in depends, (library, depends)
     recommends = run("dpkg-deb", "-f", package, "Recommends").strip().split(", ")
     assert "csound" in recommends and "csound-doc" in recommends, recommends
-    assert run("dpkg-deb", "-f", package, "Version").strip() == "2.3.0"
+    assert run("dpkg-deb", "-f", package, "Version").strip() == VERSION
 
 
 def check_files(package, folder):

@@ -7,10 +7,10 @@ before: what is typed goes there.
 import os
 import sys
 
-from desktop import Desktop, wait_for
+from desktop import VERSION, Desktop, wait_for
 
 (PROGRAM_FOLDER,) = sys.argv[1:]
-TITLE = "ArdiphonPro - Version 2.3.0"
+TITLE = f"ArdiphonPro - Version {VERSION}"
 DIALOG = "CSound Console Compiler"
 COMPILER = """#!/bin/sh
 for argument in "$@"; do

@@ -7,10 +7,10 @@ import os
 import subprocess
 import sys
 
-from desktop import Desktop
+from desktop import VERSION, Desktop
 
 PROGRAM_FOLDER, TOOLS_FOLDER = sys.argv[1:]
-EDITOR = "ArdiphonPro - Version 2.3.0"
+EDITOR = f"ArdiphonPro - Version {VERSION}"
 STEP = 12  # pixels: no box is as low or as narrow
 
 

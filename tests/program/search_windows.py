@@ -10,10 +10,10 @@ import subprocess
 import sys
 import time
 
-from desktop import Desktop, wait_for
+from desktop import VERSION, Desktop, wait_for
 
 PROGRAM_FOLDER = sys.argv[1]
-TITLE = "ArdiphonPro - Version 2.3.0"
+TITLE = f"ArdiphonPro - Version {VERSION}"
 WIDTH, HEIGHT = 1280, 1024  # of the screen
 LINES = 120
 LINE_HEIGHT = 16

@@ -9,10 +9,10 @@ import shutil
 import sys
 import time
 
-from desktop import Desktop, wait_for
+from desktop import VERSION, Desktop, wait_for
 
 (PROGRAM_FOLDER,) = sys.argv[1:]
-EDITOR = "ArdiphonPro - Version 2.3.0"
+EDITOR = f"ArdiphonPro - Version {VERSION}"
 TERMINAL = "xterm"
 
 # Leaves its process id and that of one that has left its session, says so, and plays on.

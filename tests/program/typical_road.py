@@ -10,10 +10,10 @@ import shutil
 import subprocess
 import sys
 
-from desktop import Desktop, wait_for
+from desktop import VERSION, Desktop, wait_for
 
 PROGRAM_FOLDER, TOOLS_FOLDER = sys.argv[1:]
-TITLE = "ArdiphonPro - Version 2.3.0"
+TITLE = f"ArdiphonPro - Version {VERSION}"
 OPCODE_FIELD = 60  # pixels from the top of the window, under its menu bar and toolbar
 FIRST_LINE = 124
 LINE_HEIGHT = 16

@@ -9,10 +9,10 @@ import os
 import re
 import sys
 
-from desktop import Desktop, wait_for
+from desktop import VERSION, Desktop, wait_for
 
 (PROGRAM_FOLDER,) = sys.argv[1:]
-TITLE = "ArdiphonPro - Version 2.3.0"
+TITLE = f"ArdiphonPro - Version {VERSION}"
 SCREEN = (1280, 1024)
 MARGINS = {"left": 40, "top": 10, "right": 20, "bottom": 30}  # as panels would take them
 MENU_KEYS = {"upper": "u", "lower": "d", "left": "e", "right": "i"}
