@@ -39,10 +39,7 @@ def place_of(desktop, title):
 
 def look(desktop, x, y):
     """The pixels of a piece of the screen."""
-    return subprocess.run(
-        ["import", "-window", "root", "-crop", f"60x20+{x}+{y}", "rgb:-"],
-        env=desktop.environment, capture_output=True, check=True,
-    ).stdout
+    return desktop.display.rows(x, y, 60, 20)
 
 
 def point(desktop, x, y):

@@ -10,6 +10,8 @@ import subprocess
 import tempfile
 import time
 
+from display import Display
+
 PATIENCE = 60  # seconds until a condition that never comes true is called a failure
 
 SOURCES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..")
@@ -34,6 +36,7 @@ class Desktop:
         self.folder = tempfile.mkdtemp(prefix="desktop-")
         self.temporary = os.path.join(self.folder, "tmp")
         self.processes = []
+        self.display = None
         self.environment = {
             "PATH": os.environ["PATH"],
             "HOME": self.folder,
@@ -63,12 +66,18 @@ class Desktop:
             pass_fds=[write_end],
         )
         os.close(write_end)
-        with os.fdopen(read_end) as display:
-            self.environment["DISPLAY"] = ":" + display.readline().strip()
+        with os.fdopen(read_end) as number:
+            self.environment["DISPLAY"] = ":" + number.readline().strip()
+        self.display = Display(self.environment["DISPLAY"])
         self.manager = self.start(["openbox"])
-        wait_for("the window manager", lambda: self.tell("xdotool", "get_num_desktops"))
+        root = self.display.root.value
+        wait_for(
+            "the window manager", lambda: self.display.property(root, "_NET_NUMBER_OF_DESKTOPS")
+        )
 
     def __exit__(self, *_):
+        if self.display:
+            self.display.close()
         for process in reversed(self.processes):
             process.kill()
             process.wait()
@@ -98,8 +107,8 @@ class Desktop:
         """Whether a window whose title matches has the focus: the window manager has turned to it,
         and keys arrive there."""
         return all(
-            title in self.tell("xdotool", which, "getwindowname")
-            for which in ["getactivewindow", "getwindowfocus"]
+            title in self.display.name(window)
+            for window in [self.display.active(), self.display.focus()]
         )
 
     def window(self, title):
@@ -154,4 +163,4 @@ class Desktop:
 
     def shows(self, title):
         """Whether a window whose title matches is on the screen."""
-        return bool(self.tell("xdotool", "search", "--onlyvisible", "--name", title))
+        return bool(self.display.visible(title))

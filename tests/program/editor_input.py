@@ -78,10 +78,7 @@ def click(desktop, x, y, button=1):
 
 def pixels(desktop, width, height, left, top):
     """The rows of a part of the screen, each three bytes a pixel."""
-    part = f"{width}x{height}+{left}+{top}"
-    command = ["import", "-window", "root", "-crop", part, "-depth", "8", "rgb:-"]
-    rows = subprocess.run(command, env=desktop.environment, capture_output=True, check=True).stdout
-    return [rows[at : at + 3 * width] for at in range(0, len(rows), 3 * width)]
+    return desktop.display.rows(left, top, width, height)
 
 
 def text_is(desktop, text):

@@ -34,7 +34,7 @@ def write(folder, name, text):
 
 def box_is_shown(desktop):
     """A message box has the program's name alone as its title."""
-    return desktop.tell("xdotool", "getactivewindow", "getwindowname") == BOX
+    return desktop.display.name(desktop.display.active()) == BOX
 
 
 def dismiss_box(desktop):

@@ -5,8 +5,6 @@ there as long as it covers nothing that was found, and moves out of the way of w
   search_windows.py PROGRAM-FOLDER"""
 
 import os
-import re
-import subprocess
 import sys
 import time
 
@@ -18,6 +16,7 @@ WIDTH, HEIGHT = 1280, 1024  # of the screen
 LINES = 120
 LINE_HEIGHT = 16
 SELECTED = bytes((255, 0, 255))  # the colour of a selection, as the settings say
+COLUMNS = (560, 400)  # left and width of the part of the screen in which words are seen
 SHORTEST = 40  # pixels of a row that a found word has at least in that colour
 SETTINGS = """[Software]
 Ardiphon\\Colors\\ColorSelectionBack=16711935
@@ -44,20 +43,9 @@ def document():
 def frame(desktop, title):
     """Left, top, right and bottom of a window with its frame, as the display has them; None when
     there is no such window in sight."""
-    found = desktop.tell("xdotool", "search", "--onlyvisible", "--name", title).split()
-    if not found:
-        return None
-    told = desktop.tell("xwininfo", "-id", found[0])
-    borders = desktop.tell("xprop", "-id", found[0], "_NET_FRAME_EXTENTS")
-    if not told or "=" not in borders:
-        return None
-    values = [
-        int(re.search(rf"{name}:\s+(-?\d+)", told)[1])
-        for name in ["upper-left X", "upper-left Y", "Width", "Height"]
-    ]
-    left, right, top, bottom = map(int, borders.split("=")[1].split(","))
-    x, y, width, height = values
-    return x - left, y - top, x + width + right, y + height + bottom
+    found = desktop.display.visible(title)
+    place = desktop.display.framed_place(found[0]) if found else None
+    return place and (place[0], place[1], place[0] + place[2], place[1] + place[3])
 
 
 def at_rest(desktop, title):
@@ -81,17 +69,12 @@ def covers(window, spot):
 
 def seen_selection(desktop):
     """What is seen of the selection, as left, top, right and bottom on the screen, or None."""
-    screen = subprocess.run(
-        ["import", "-window", "root", "-depth", "8", "rgb:-"],
-        env=desktop.environment,
-        capture_output=True,
-    ).stdout
+    left, width = COLUMNS
     rows = []
-    for y in range(100, HEIGHT) if len(screen) == 3 * WIDTH * HEIGHT else ():
-        row = screen[3 * WIDTH * y : 3 * WIDTH * (y + 1)]
+    for y, row in enumerate(desktop.display.rows(left, 100, width, HEIGHT - 100), 100):
         x = row.find(SELECTED * SHORTEST)
         if x >= 0 and x % 3 == 0:
-            rows.append((x // 3, y))
+            rows.append((left + x // 3, y))
     return (rows[0][0], rows[0][1], rows[0][0] + SHORTEST, rows[-1][1] + 1) if rows else None
 
 
@@ -133,8 +116,8 @@ def open_search(desktop, key, caption):
 
 
 def close(desktop, caption):
-    found = desktop.tell("xdotool", "search", "--onlyvisible", "--name", caption).split()[0]
-    desktop.tell("xdotool", "windowactivate", "--sync", found)
+    found = desktop.display.visible(caption)[0]
+    desktop.tell("xdotool", "windowactivate", "--sync", str(found))
     desktop.key("Escape")
     wait_for("the window's end", lambda: frame(desktop, caption) is None)
 
@@ -149,8 +132,8 @@ def is_in_the_middle(window, owner):
 
 
 def move(desktop, caption, x, y):
-    found = desktop.tell("xdotool", "search", "--onlyvisible", "--name", caption).split()[0]
-    desktop.tell("xdotool", "windowmove", found, str(x), str(y))
+    found = desktop.display.visible(caption)[0]
+    desktop.tell("xdotool", "windowmove", str(found), str(x), str(y))
     return at_rest(desktop, caption)
 
 
@@ -231,11 +214,11 @@ def for_each_other(desktop):
 def in_a_small_window(desktop):
     """The same where the editor window is not maximised, and after it was moved."""
     desktop.tell("xdotool", "mousemove", "640", "8", "click", "--repeat", "2", "1")
-    window = desktop.tell("xdotool", "search", "--onlyvisible", "--name", TITLE).split()[0]
+    window = desktop.display.visible(TITLE)[0]
     wait_for("a smaller window", lambda: max(frame(desktop, TITLE)[:2]) > 0)
     for x, y in [(150, 120), (310, 90)]:
-        desktop.tell("xdotool", "windowsize", window, "900", "600")
-        desktop.tell("xdotool", "windowmove", window, str(x), str(y))
+        desktop.tell("xdotool", "windowsize", str(window), "900", "600")
+        desktop.tell("xdotool", "windowmove", str(window), str(x), str(y))
         at_rest(desktop, TITLE)
         find_under(desktop, "^Find$", "ctrl+f")
         close(desktop, "^Find$")

@@ -61,20 +61,16 @@ def first_settings(desktop):
 
 
 def click(desktop, x, y):
-    window = desktop.tell("xdotool", "getactivewindow")
+    window = str(desktop.display.active())
     desktop.tell("xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1")
 
 
-def pixels(desktop, width, height, x, y):
-    """The colours of a part of the window, as text."""
-    window = desktop.tell("xdotool", "getactivewindow")
-    part = f"{width}x{height}+{x}+{y}"
-    return desktop.tell("import", "-window", window, "-crop", part, "-depth", "8", "txt:-")
-
-
 def line_shows(desktop, line, color):
-    top = FIRST_LINE + (line - 1) * LINE_HEIGHT - 7
-    return color in pixels(desktop, 200, 14, TEXT_LEFT - 10, top)
+    """Whether a part of the line has a point of that red, green and blue."""
+    left, top, _, _ = desktop.display.place(desktop.display.active())
+    top += FIRST_LINE + (line - 1) * LINE_HEIGHT - 7
+    rows = desktop.display.rows(left + TEXT_LEFT - 10, top, 200, 14)
+    return any(bytes(color) == row[at : at + 3] for row in rows for at in range(0, len(row), 3))
 
 
 def explained(desktop):
@@ -94,8 +90,8 @@ def open_project(desktop, orchestra):
 
 def look_around(desktop):
     desktop.key("F11", "ctrl+Home")
-    wait_for("the opcode's colour", lambda: line_shows(desktop, 1, "#0000FF"))
-    wait_for("the bookmark", lambda: line_shows(desktop, BOOKMARKED_LINE, "#F00000"))
+    wait_for("the opcode's colour", lambda: line_shows(desktop, 1, (0, 0, 255)))
+    wait_for("the bookmark", lambda: line_shows(desktop, BOOKMARKED_LINE, (240, 0, 0)))
     wait_for("the opcode's explanation", lambda: explained(desktop).startswith("[oscili] - "))
 
 

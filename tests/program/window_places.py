@@ -8,6 +8,7 @@ the name in the title.
 import os
 import re
 import sys
+import time
 
 from desktop import VERSION, Desktop, wait_for
 
@@ -15,6 +16,7 @@ from desktop import VERSION, Desktop, wait_for
 TITLE = f"ArdiphonPro - Version {VERSION}"
 SCREEN = (1280, 1024)
 MARGINS = {"left": 40, "top": 10, "right": 20, "bottom": 30}  # as panels would take them
+MOMENT = 0.2  # seconds
 MENU_KEYS = {"upper": "u", "lower": "d", "left": "e", "right": "i"}
 
 
@@ -44,27 +46,14 @@ def half(which):
     }[which]
 
 
-def numbers(text, pattern):
-    return [int(number) for number in re.findall(pattern, text)]
-
-
 def frame(desktop, window):
     """Left, top, width and height of a window with its frame."""
-    inner = desktop.tell("xwininfo", "-id", window)
-    x, y = numbers(inner, r"Absolute upper-left [XY]:\s+(-?\d+)")
-    (width,) = numbers(inner, r"Width: (\d+)")
-    (height,) = numbers(inner, r"Height: (\d+)")
-    edges = desktop.tell("xprop", "-id", window, "_NET_FRAME_EXTENTS").partition("=")[2]
-    left, right, top, bottom = numbers(edges, r"\d+")
-    return (x - left, y - top, width + left + right, height + top + bottom)
-
-
-def state(desktop, window):
-    return desktop.tell("xprop", "-id", window, "_NET_WM_STATE")
+    return desktop.display.framed_place(int(window))
 
 
 def is_maximised(desktop, window):
-    return "MAXIMIZED_VERT" in state(desktop, window)
+    maximised = desktop.display.atom("_NET_WM_STATE_MAXIMIZED_VERT").value
+    return maximised in (desktop.display.property(int(window), "_NET_WM_STATE") or [])
 
 
 def toggle_maximised(desktop, window):
@@ -76,11 +65,22 @@ def toggle_maximised(desktop, window):
     wait_for("the other state", lambda: is_maximised(desktop, window) != before)
 
 
+def at_rest(desktop, window):
+    """Where the window is when it moves no more."""
+    return wait_for(
+        "the window to stand still",
+        lambda: (place := frame(desktop, window)) and stays_at(desktop, window, place) and place,
+    )
+
+
 def stays_at(desktop, window, place):
     """Whether the window is there and is still there a moment later."""
-    return frame(desktop, window) == place and not any(
-        frame(desktop, window) != place for _ in range(20)
-    )
+    end = time.monotonic() + MOMENT
+    while frame(desktop, window) == place:
+        if time.monotonic() > end:
+            return True
+        time.sleep(0.02)
+    return False
 
 
 def click(desktop, window, x, y):
@@ -127,7 +127,7 @@ def check_halves(desktop, name):
 def check_normal_size(desktop, name):
     program, window = open_maximised(desktop, name)
     toggle_maximised(desktop, window)
-    place = frame(desktop, window)
+    place = at_rest(desktop, window)
     whole = half("whole")
     assert place[0] >= whole[0] and place[1] >= whole[1], place
     assert place[0] + place[2] <= whole[0] + whole[2], place
@@ -139,14 +139,14 @@ def check_normal_size(desktop, name):
 
 def windows_titled(desktop, title):
     """The windows that are seen."""
-    return desktop.tell("xdotool", "search", "--onlyvisible", "--name", title).split()
+    return desktop.display.visible(title)
 
 
 def colors(desktop, window):
     """How many colours a part of the text's first line shows."""
-    return desktop.tell(
-        "import", "-window", window, "-crop", "200x20+190+110", "-format", "%k", "info:"
-    )
+    left, top, _, _ = desktop.display.place(int(window))
+    rows = desktop.display.rows(left + 190, top + 110, 200, 20)
+    return len({row[at : at + 3] for row in rows for at in range(0, len(row), 3)})
 
 
 def check_minimised(desktop):
@@ -160,13 +160,13 @@ def check_minimised(desktop):
     wait_for("the window", lambda: windows_titled(desktop, TITLE))
     wait_for("the search window again", lambda: windows_titled(desktop, "^Find"))
     assert is_maximised(desktop, window)
-    assert frame(desktop, window) == half("whole"), frame(desktop, window)
+    assert at_rest(desktop, window) == half("whole"), frame(desktop, window)
     desktop.tell("xdotool", "windowactivate", "--sync", window)
     click(desktop, window, 600, 300)
     desktop.key("ctrl+Home")
     desktop.type(";")
     wait_for("the star of a modified text", lambda: desktop.has_focus(TITLE + "*"))
-    wait_for("the text on the screen", lambda: int(colors(desktop, window) or 0) > 1)
+    wait_for("the text on the screen", lambda: colors(desktop, window) > 1)
     desktop.key("ctrl+s")
     wait_for("the saved text", lambda: not desktop.has_focus(TITLE + "*"))
     with open(os.path.join(desktop.folder, "piece.csd"), encoding="utf-8") as file:
@@ -178,17 +178,17 @@ def check_title(desktop):
     """What a toolkit may take for a mark of its own stands in the name."""
     path = os.path.join(desktop.folder, "q[*].csd")
     program, window = open_maximised(desktop, "q[*].csd")
-    assert desktop.tell("xdotool", "getwindowname", window) == f"{path} - {TITLE}"
+    assert desktop.display.name(int(window)) == f"{path} - {TITLE}"
     click(desktop, window, 600, 300)
     desktop.type("x")
     wait_for(
         "the star",
-        lambda: desktop.tell("xdotool", "getwindowname", window) == f"{path} - {TITLE}*",
+        lambda: desktop.display.name(int(window)) == f"{path} - {TITLE}*",
     )
     desktop.key("ctrl+s")
     wait_for(
         "the title without the star",
-        lambda: desktop.tell("xdotool", "getwindowname", window) == f"{path} - {TITLE}",
+        lambda: desktop.display.name(int(window)) == f"{path} - {TITLE}",
     )
     stop(desktop, program)
 
