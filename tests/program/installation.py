@@ -164,8 +164,10 @@ with tempfile.TemporaryDirectory(prefix="ardiphon-installation-", dir="/tmp") as
     check_desktop_files(root, folder)
     root.make_read_only(True)
     installed = root.tree()
-    scripts = os.path.join(folder, "scripts")
-    shutil.copytree(TESTS, scripts)  # that user may not look into our folders
+    # That user may not look into our folders.
+    scripts = os.path.join(folder, "tests", "program")
+    shutil.copytree(TESTS, scripts)
+    shutil.copy(os.path.join(TESTS, "..", "..", "CMakeLists.txt"), folder)  # names the version
     use(root, scripts)
     assert root.tree() == installed
     root.make_read_only(False)
