@@ -13,6 +13,8 @@
 #include <QTest>
 
 #include <algorithm>
+#include <map>
+#include <memory>
 
 #include <sys/stat.h>
 
@@ -83,10 +85,10 @@ bool same(QColor drawn, Color color)
     return drawn == QColor(color.red(), color.green(), color.blue());
 }
 
-/// The class of the word that is drawn there, recognised by its back, or else by its darkest point.
-QString drawnColor(const ConfigurationBlock &config, const QImage &image, const QRect &word)
+/// The class of the word in a picture, recognised by its back, or else by its darkest point.
+QString drawnColor(const ConfigurationBlock &config, const QImage &image)
 {
-    const QColor back = image.pixelColor(word.topLeft());
+    const QColor back = image.pixelColor(0, 0);
     const std::pair<Color, const char *> backs[] = {
         {config.ColorOrchestraBK, "Orchestra"},   {config.ColorCSDBK, "CSD"},
         {config.ColorFilesBK, "Files"},           {config.ColorMacroBK, "Macro"},
@@ -97,8 +99,8 @@ QString drawnColor(const ConfigurationBlock &config, const QImage &image, const 
             return QLatin1String(name);
 
     QColor darkest = back;
-    for (int x = word.left() + 1; x <= word.right(); ++x)
-        for (int y = word.top(); y <= word.bottom(); ++y)
+    for (int x = 1; x < image.width(); ++x)
+        for (int y = 0; y < image.height(); ++y)
             if (const QColor each = image.pixelColor(x, y);
                 qGray(each.rgb()) < qGray(darkest.rgb()))
                 darkest = each;
@@ -127,8 +129,19 @@ private slots:
     void convert_project_losesNoText_data() { addPieces(DocumentRole::Orchestra); }
     void convert_project_losesNoText();
 
+    void cleanupTestCase() { m_windows.clear(); }
+
 private:
     static void addPieces(std::optional<DocumentRole> kind = {});
+    /// The window of the current row, which stays open for the other functions that leave the text
+    /// as it is.
+    PieceWindow &window()
+    {
+        auto &window = m_windows[QString::fromUtf8(QTest::currentDataTag())];
+        if (!window)
+            window = std::make_unique<PieceWindow>(piece());
+        return *window;
+    }
     /// The piece of the current row.
     static Piece piece()
     {
@@ -139,6 +152,8 @@ private:
         return *std::find_if(pieces.begin(), pieces.end(), named);
     }
     static void importBack(PieceWindow &csd, const QString &orchestra, const QString &score);
+
+    std::map<QString, std::unique_ptr<PieceWindow>> m_windows;
 };
 
 void tst_Pieces::addPieces(std::optional<DocumentRole> kind)
@@ -171,7 +186,7 @@ void tst_Pieces::table_namesEveryPieceOnce()
 
 void tst_Pieces::open_showsEveryCharacter()
 {
-    PieceWindow opened(piece());
+    PieceWindow &opened = window();
     QCOMPARE(opened.editor->Text(), textOf(opened.file));
     QVERIFY(!opened.editor->GetState(TextState));
     QVERIFY2(opened.window->windowTitle().contains("ArdiphonPro"),
@@ -186,7 +201,7 @@ void tst_Pieces::open_showsEveryCharacter()
 void tst_Pieces::words_haveTheirColors()
 {
     const Piece expected = piece();
-    PieceWindow opened(expected);
+    PieceWindow &opened = window();
     LEditOCX &editor = *opened.editor;
     const QString text = editor.Text();
     QStringList differing;
@@ -197,7 +212,7 @@ void tst_Pieces::words_haveTheirColors()
         const QPoint start = editor.PositionToPixels(at->line, at->column);
         const QPoint end = editor.PositionToPixels(at->line, at->column + int(word.text.size()));
         const QRect place(start + QPoint(1, 1), end + QPoint(-1, editor.LineHeight() - 2));
-        const QString drawn = drawnColor(opened.config, editor.grab().toImage(), place);
+        const QString drawn = drawnColor(opened.config, editor.grab(place).toImage());
         if (drawn != word.color)
             differing.append(word.text + ':' + drawn);
     }
@@ -206,7 +221,7 @@ void tst_Pieces::words_haveTheirColors()
 
 void tst_Pieces::save_afterAnUndoneEdit_writesTheSameBytes()
 {
-    PieceWindow opened(piece());
+    PieceWindow &opened = window();
     const QByteArray before = bytesOf(opened.file);
     const ino_t oldFile = numberOf(opened.file);
     opened.editor->SetSelText("x\r\n");
