@@ -21,6 +21,14 @@ if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
       ${CCACHE_PROGRAM})
 endif()
 
+# The linker for what is built to be run here alone: it takes a third of the time.
+find_program(FAST_LINKER ld.gold)
+function(link_fast target)
+  if(FAST_LINKER)
+    target_link_options(${target} PRIVATE -fuse-ld=gold)
+  endif()
+endfunction()
+
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion)
 if(ARDIPHON_WARNINGS_AS_ERRORS)
   add_compile_options(-Werror)

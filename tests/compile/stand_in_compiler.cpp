@@ -6,9 +6,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
-#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -27,7 +25,7 @@ void leavePids(pid_t started = 0)
 {
     const std::string name = piece + ".pid";
     std::ofstream(name + "~") << getpid() << '\n' << started << '\n';
-    std::filesystem::rename(name + "~", name);
+    std::rename((name + "~").c_str(), name.c_str());
 }
 
 void writeLog(std::string_view text)
@@ -139,7 +137,7 @@ void crashes()
 void deletes()
 {
     logged();
-    std::filesystem::remove(logFile);
+    unlink(logFile.c_str());
 }
 
 /// Makes its log again as soon as somebody has deleted it.
@@ -147,7 +145,7 @@ void stubborn()
 {
     logged();
     for (;;) {
-        if (!std::filesystem::exists(logFile))
+        if (access(logFile.c_str(), F_OK) != 0)
             writeLog("here again\n");
         usleep(200);
     }
@@ -178,6 +176,13 @@ void fails()
     std::exit(3);
 }
 
+std::string target(const char *link)
+{
+    char path[4096];
+    const ssize_t length = readlink(link, path, sizeof path);
+    return {path, std::size_t(length < 0 ? 0 : length)};
+}
+
 void lists()
 {
     std::string text;
@@ -186,30 +191,20 @@ void lists()
     for (const char *name : {"SFDIR", "LC_MESSAGES", "LC_ALL", "LANG"})
         if (const char *value = std::getenv(name))
             text += std::string(name) + '=' + value + '\n';
-    text += "directory " + std::filesystem::current_path().string() + '\n';
-    text += "output " + std::filesystem::read_symlink("/proc/self/fd/1").string() + '\n';
+    text += "directory " + target("/proc/self/cwd") + '\n';
+    text += "output " + target("/proc/self/fd/1") + '\n';
     text += getpgrp() == getpid() ? "leads its group\n" : "in another's group\n";
     writeLog(text);
     leavePids();
 }
 
-const std::map<std::string, std::function<void()>> behaviours{
-    {"quiet", [] { leavePids(); }},
-    {"logged", logged},
-    {"slow", slow},
-    {"flood", flood},
-    {"deluge", deluge},
-    {"errors", errors},
-    {"scored", scored},
-    {"links", links},
-    {"ignores", ignores},
-    {"forks", forks},
-    {"leaves", leaves},
-    {"crashes", crashes},
-    {"deletes", deletes},
-    {"stubborn", stubborn},
-    {"escapes", escapes},
-    {"fails", fails},
+void quiet() { leavePids(); }
+
+const std::map<std::string, void (*)()> behaviours{
+    {"quiet", quiet},     {"logged", logged},     {"slow", slow},       {"flood", flood},
+    {"deluge", deluge},   {"errors", errors},     {"scored", scored},   {"links", links},
+    {"ignores", ignores}, {"forks", forks},       {"leaves", leaves},   {"crashes", crashes},
+    {"deletes", deletes}, {"stubborn", stubborn}, {"escapes", escapes}, {"fails", fails},
     {"waits", waits},
 };
 
@@ -229,7 +224,8 @@ int main(int count, char **values)
     }
     if (logFile.empty()) // as Winsound and CSoundAV are called
         logFile = piece + ".log";
-    const auto behaviour = behaviours.find(std::filesystem::path(piece).stem().string());
+    const auto name = piece.substr(piece.rfind('/') + 1);
+    const auto behaviour = behaviours.find(name.substr(0, name.rfind('.')));
     if (behaviour == behaviours.end())
         lists(); // whatever the piece is called
     else

@@ -136,3 +136,5 @@ void Session::endStep()
     }
     QTimer::singleShot(10, this, &Session::step);
 }
+
+#include "moc_Session.cpp"
