@@ -168,7 +168,7 @@ void tst_PrintModule::randomText_isPrintedWhole()
     QRandomGenerator random(randomSeed(7));
     for (int round = 0; round < 12; ++round) {
         QString text;
-        const int words = random.bounded(1, 4000);
+        const int words = random.bounded(1, 1500);
         for (int i = 0; i < words; ++i) {
             text += QString(random.bounded(1, round % 3 ? 12 : 300), QChar(u'a' + i % 26));
             text += QStringLiteral("%1").arg(i);

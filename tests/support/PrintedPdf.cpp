@@ -2,6 +2,7 @@
 
 #include "platform/ui/Printer.h"
 
+#include <QDateTime>
 #include <QFileInfo>
 #include <QPrinter>
 #include <QProcess>
@@ -13,17 +14,24 @@ namespace {
 
 constexpr double TwipsPerPoint = 20;
 
-/// What a tool of poppler-utils prints.
-QString told(const QString &tool, const QStringList &arguments)
+} // namespace
+
+QString PrintedPdf::told(const QString &tool, const QStringList &arguments) const
 {
+    const QFileInfo file(path());
+    const QString question = QStringLiteral("%1 %2 %3 %4")
+                                 .arg(tool, arguments.join(u' '))
+                                 .arg(file.lastModified().toMSecsSinceEpoch())
+                                 .arg(file.size());
+    QString &answer = m_told[question];
+    if (!answer.isEmpty())
+        return answer;
     QProcess process;
     process.start(tool, arguments);
     if (!process.waitForFinished() || process.exitCode() != 0)
         qFatal("%s failed: is poppler-utils installed?", qPrintable(tool));
-    return QString::fromUtf8(process.readAllStandardOutput());
+    return answer = QString::fromUtf8(process.readAllStandardOutput());
 }
-
-} // namespace
 
 std::shared_ptr<Printer> PrintedPdf::printer(QPageSize::PageSizeId paper, int resolution,
                                              double unreachable) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QImage>
 #include <QList>
 #include <QPageSize>
@@ -45,5 +46,9 @@ public:
     QImage picture(int page) const;
 
 private:
+    /// What a tool of poppler-utils prints; it is started once for each file and question.
+    QString told(const QString &tool, const QStringList &arguments) const;
+
     QTemporaryDir m_folder;
+    mutable QHash<QString, QString> m_told;
 };
