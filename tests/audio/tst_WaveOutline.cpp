@@ -1,3 +1,4 @@
+#include "audio/ui/OutlineReader.h"
 #include "audio/ui/WaveOutline.h"
 #include "support/TestMain.h"
 #include "support/WaveBytes.h"
@@ -5,6 +6,7 @@
 #include <QFile>
 #include <QPaintEvent>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -61,6 +63,7 @@ private slots:
     void part_isPaintedAsInTheWhole();
     void words_replaceTheOutline();
     void read_again_hasTheLineAtTheStart();
+    void reader_beginsWhenItIsStarted();
 
 private:
     /// What is on the screen, put together by all the repaints.
@@ -210,6 +213,19 @@ void tst_WaveOutline::read_again_hasTheLineAtTheStart()
     QTRY_VERIFY_WITH_TIMEOUT(m_outline->peaks().columns() > 0 && !m_outline->isReading(), 60'000);
     QTRY_COMPARE(onScreen(), paintedAnew());
     QCOMPARE(lineColumns(onScreen()), QList<int>());
+}
+
+/// A file may be read before the next line of whoever asks for it: the signal is connected first.
+void tst_WaveOutline::reader_beginsWhenItIsStarted()
+{
+    OutlineReader reader(m_folder.filePath(QStringLiteral("a.wav")));
+    QVERIFY(!reader.isRunning());
+    QVERIFY(!reader.isFinished());
+    const QSignalSpy progressed(&reader, &OutlineReader::progressed);
+    reader.start();
+    QVERIFY(reader.wait(60'000));
+    QTRY_VERIFY(progressed.count() > 0);
+    QVERIFY(reader.peaks().columns() > 0);
 }
 
 ARDIPHON_TEST(tst_WaveOutline, QApplication)

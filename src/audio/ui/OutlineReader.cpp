@@ -41,12 +41,7 @@ bool readColumn(SoundFile &file, qint64 frames, std::vector<float> &block, std::
 
 } // namespace
 
-OutlineReader::OutlineReader(const QString &path, QObject *parent) : QThread(parent), m_path(path)
-{
-    // Not at a lower priority: where other programs keep the processors busy, it would be
-    // interrupted while it holds the lock that the window waits for.
-    start();
-}
+OutlineReader::OutlineReader(const QString &path, QObject *parent) : QThread(parent), m_path(path) {}
 
 OutlineReader::~OutlineReader()
 {

@@ -10,13 +10,14 @@
 namespace ardiphon {
 
 /// Reads a sound file once from beginning to end in a thread of its own, and makes its outline.
+/// start() begins, once the signal is connected: a short file is read before the caller's next line.
 /// Destroying it stops the reading.
 class OutlineReader : public QThread
 {
     Q_OBJECT
 
 public:
-    /// Starts at once. A file that cannot be decoded has an empty outline.
+    /// A file that cannot be decoded has an empty outline.
     explicit OutlineReader(const QString &path, QObject *parent = nullptr);
     ~OutlineReader() override;
 

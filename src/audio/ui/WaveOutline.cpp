@@ -24,6 +24,9 @@ void WaveOutline::read(const QString &path)
     clear();
     m_reader = std::make_unique<OutlineReader>(path);
     connect(m_reader.get(), &OutlineReader::progressed, this, &WaveOutline::takePeaks);
+    // Not at a lower priority: where other programs keep the processors busy, it would be
+    // interrupted while it holds the lock that the window waits for.
+    m_reader->start();
 }
 
 void WaveOutline::clear() { say({}); }
