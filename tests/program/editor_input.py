@@ -204,21 +204,25 @@ def score_alone(desktop):
         choose_file(desktop, "Save Project As", "saved.orc")
         score.takes_what_is_typed()
         score.save("saved.sco")
+        write(desktop, "next.orc", orchestra)
+        write(desktop, "next.sco", "i1 0 2 ;")
         desktop.key("ctrl+o")
-        choose_file(desktop, "Open Project", "saved.orc")
+        choose_file(desktop, "Open Project", "next.orc")
+        score = VisibleEditor(desktop, "i1 0 2 ;")
+        text_is(desktop, score.text)  # the window has the focus before it has the text
         score.takes_what_is_typed()
         desktop.key("ctrl+n")
         desktop.window("New Project")
         desktop.key_until(["Escape"], "the editor", lambda: desktop.has_focus(TITLE))
         score.takes_what_is_typed()
-        score.save("saved.sco")
+        score.save("next.sco")
         desktop.key("F7")
         text_is(desktop, orchestra.rstrip("\n"))  # the clipboard's reader drops the last line end
         desktop.key("F8")
 
         desktop.key("alt", "h", "1")  # a header, for the hidden orchestra
         score.takes_what_is_typed()
-        score.save("saved.sco")
+        score.save("next.sco")
         choose(desktop, "New Orchestra")
         score.takes_what_is_typed()
 
