@@ -41,7 +41,9 @@ bool readColumn(SoundFile &file, qint64 frames, std::vector<float> &block, std::
 
 } // namespace
 
-OutlineReader::OutlineReader(const QString &path, QObject *parent) : QThread(parent), m_path(path) {}
+OutlineReader::OutlineReader(const QString &path, QObject *parent) : QThread(parent), m_path(path)
+{
+}
 
 OutlineReader::~OutlineReader()
 {

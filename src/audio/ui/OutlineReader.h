@@ -10,8 +10,8 @@
 namespace ardiphon {
 
 /// Reads a sound file once from beginning to end in a thread of its own, and makes its outline.
-/// start() begins, once the signal is connected: a short file is read before the caller's next line.
-/// Destroying it stops the reading.
+/// start() begins, once the signal is connected: a short file is read before the caller's next
+/// line. Destroying it stops the reading.
 class OutlineReader : public QThread
 {
     Q_OBJECT
