@@ -1,11 +1,9 @@
 #include "language/editor/LEditOCX.h"
 
-#include "language/TextDifference.h"
 #include "language/Utf8.h"
 #include "language/editor/LEditOCXPrivate.h"
 #include "platform/DocumentFile.h"
 
-#include <QFileInfo>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -13,107 +11,6 @@
 namespace ardiphon {
 
 using Sci = QsciScintillaBase;
-
-namespace {
-
-QString canonical(const QString &path) { return QFileInfo(path).canonicalFilePath(); }
-
-} // namespace
-
-LEditOCX::Private::Private(LEditOCX &editor)
-    : control(editor),
-      view(*new TextView(*this, &editor)),
-      text(view),
-      styling(view, text),
-      bookmarks(view, text),
-      presence(text),
-      recorder(text)
-{
-    text.setLineEndKind(form.lineEnd);
-    QObject::connect(&view, &TextView::SCN_MODIFIED, &control,
-                     [this](int at, int type, const char *, int length) {
-                         if (type & (Sci::SC_MOD_BEFOREINSERT | Sci::SC_MOD_BEFOREDELETE))
-                             aboutToChange(at, type, length);
-                     });
-}
-
-void LEditOCX::Private::aboutToChange(int at, int type, int length)
-{
-    const int removed = type & Sci::SC_MOD_BEFOREDELETE ? length : 0;
-    match.reset();
-    ++changes;
-    presence.aboutToChange(at, removed);
-    recorder.aboutToChange(at, removed);
-}
-
-void LEditOCX::Private::reportChanges()
-{
-    if (isReporting)
-        return;
-    isReporting = true;
-    for (;;) {
-        if (const auto change = recorder.take())
-            emit control.textChanged(*change, recorder.revision());
-        else if (const bool modified = control.GetState(TextState); modified != reportedModified)
-            emit control.modifiedChanged(reportedModified = modified);
-        else
-            break;
-    }
-    isReporting = false;
-}
-
-void LEditOCX::Private::aboutToDraw(int first, int last)
-{
-    styling.prepare(first, last, [this](int line) { return bookmarks.colorsOf(line); });
-}
-
-void LEditOCX::Private::keyDown(EditorKey &key) { emit control.KeyDown(key); }
-
-int LEditOCX::Private::keyPress(int character)
-{
-    emit control.KeyPress(character);
-    return character;
-}
-
-void LEditOCX::Private::mouseButton(EditorMouseButton button) { emit control.MouseButton(button); }
-
-void LEditOCX::Private::click() { emit control.Click(); }
-
-// An assistive tool changes the text by calls of the library, and nothing reports their end.
-void LEditOCX::Private::viewChanged()
-{
-    if (recorder.isPending())
-        QMetaObject::invokeMethod(
-            &control, [this] { reportChanges(); }, Qt::QueuedConnection);
-    emit control.Repaint();
-}
-
-void LEditOCX::Private::replaceDocument(const DocumentText &document)
-{
-    const Operation operation(*this);
-    form = document.form;
-    unreadFile.clear();
-    modifiedBefore = false;
-    match.reset();
-    bookmarks.detach();
-    text.reset(document.utf8);
-    recorder.documentReplaced();
-    text.setLineEndKind(form.lineEnd);
-    bookmarks.attach();
-    styling.prepareLongLines();
-}
-
-void LEditOCX::Private::changeText(QByteArrayView wanted, qsizetype changeEnd)
-{
-    const TextDifference difference = differenceOf(text.bytes(0, text.size()), wanted, changeEnd);
-    if (difference.isNone())
-        return;
-    const Operation operation(*this);
-    const auto [start, end] = difference.wanted;
-    const EditStep step(view);
-    const qsizetype behind = text.replace(difference.present, wanted.sliced(start, end - start));
-    bookmarks.inserted({difference.present.start, behind});
-}
 
 LEditOCX::LEditOCX(QWidget *parent) : QWidget(parent), d(std::make_unique<Private>(*this))
 {
@@ -132,6 +29,8 @@ void LEditOCX::setVisible(bool visible)
     QWidget::setVisible(visible);
     setEnabled(visible);
 }
+
+// The document. -----------------------------------------------------------------------------------
 
 QString LEditOCX::Text() const { return d->text.text({0, d->text.size()}); }
 
@@ -174,36 +73,21 @@ Result<DocumentForm> LEditOCX::LoadFile(const QString &path)
     Result<QByteArray> bytes = readDocumentFile(path);
     d->replaceDocument(bytes ? decodeDocument(*std::move(bytes)) : DocumentText());
     if (bytes)
-        return d->form;
-    d->unreadFile = canonical(path);
+        return d->document.form();
+    d->document.noteUnread(path);
     return bytes.failure();
 }
 
-Result<DocumentForm> LEditOCX::SaveFile(const QString &path)
-{
-    if (!d->unreadFile.isEmpty() && canonical(path) == d->unreadFile)
-        return FileFailure{FileFailure::Kind::NotRead};
-    DocumentForm form = d->form;
-    const QByteArray utf8 = d->text.bytes(0, d->text.size()).toByteArray();
-    if (const auto written = writeDocumentFile(path, encodeDocument(utf8, form)); !written)
-        return written.failure();
-    d->form = form;
-    return form;
-}
+Result<DocumentForm> LEditOCX::SaveFile(const QString &path) { return d->document.save(path); }
 
-bool LEditOCX::GetState(int flag) const
-{
-    return flag == TextState &&
-           (d->modifiedBefore || d->view.SendScintilla(Sci::SCI_GETMODIFY) != 0);
-}
+bool LEditOCX::GetState(int flag) const { return flag == TextState && d->document.isModified(); }
 
 void LEditOCX::ClearState(int flag)
 {
     if (flag != TextState)
         return;
     const Operation operation(*d);
-    d->modifiedBefore = false;
-    d->view.SendScintilla(Sci::SCI_SETSAVEPOINT);
+    d->document.clearModified();
 }
 
 void LEditOCX::Undo()
@@ -220,11 +104,205 @@ void LEditOCX::Redo()
 
 void LEditOCX::ResetUndo()
 {
-    d->modifiedBefore = GetState(TextState);
-    d->view.SendScintilla(Sci::SCI_EMPTYUNDOBUFFER);
+    d->document.forgetHistory();
     d->bookmarks.forgetHistory();
 }
 
 quint64 LEditOCX::TextRevision() const { return d->recorder.revision(); }
+
+// Caret and selection. ----------------------------------------------------------------------------
+
+void LEditOCX::GetSelection() { d->setRecord(d->selection.range()); }
+
+void LEditOCX::SetSelection() { d->selection.show(d->record()); }
+
+int LEditOCX::SelectionLength() const { return int(SelText().size()); }
+
+QString LEditOCX::SelText() const { return d->selection.text(); }
+
+void LEditOCX::SetSelText(const QString &text)
+{
+    const Operation operation(*d);
+    d->selection.replace(text);
+}
+
+void LEditOCX::SelectAll() { d->view.SendScintilla(Sci::SCI_SELECTALL); }
+
+void LEditOCX::Copy() { d->view.SendScintilla(Sci::SCI_COPY); }
+
+void LEditOCX::Cut()
+{
+    const Operation operation(*d);
+    d->view.SendScintilla(Sci::SCI_CUT);
+}
+
+void LEditOCX::Paste()
+{
+    const Operation operation(*d);
+    d->view.SendScintilla(Sci::SCI_PASTE);
+}
+
+void LEditOCX::UpdateCurrentWord()
+{
+    const qsizetype caret = d->text.caret();
+    const int line = d->text.lineOf(caret);
+    const LineState state = d->styling.stateAt(line);
+    d->currentWord = wordAt(d->text.lineBytes(line), caret - d->text.lineStart(line), state);
+}
+
+QString LEditOCX::CurrentWord() const { return d->currentWord; }
+
+// Search. -----------------------------------------------------------------------------------------
+
+void LEditOCX::SetFindText(const QString &text) { d->search.setFindText(text); }
+
+void LEditOCX::SetReplaceText(const QString &text) { d->search.setReplaceText(text); }
+
+void LEditOCX::SetFindDirection(int direction) { d->search.setDirection(direction); }
+
+void LEditOCX::SetFindWholeWord(bool wholeWord) { d->search.setWholeWord(wholeWord); }
+
+int LEditOCX::FindFirst()
+{
+    const auto found = d->search.find(d->selection.range());
+    if (!found)
+        return 0;
+    d->selection.show(*found);
+    d->setRecord(*found);
+    d->search.keepMatch(*found);
+    return 1;
+}
+
+int LEditOCX::FindNext()
+{
+    const auto found = d->search.find(d->record());
+    if (found)
+        d->setRecord(*found);
+    return found ? 1 : 0;
+}
+
+void LEditOCX::ReplaceCurrent()
+{
+    if (d->search.isMatch(d->selection.range()))
+        SetSelText(d->search.replaceText());
+}
+
+void LEditOCX::ReplaceAll()
+{
+    const std::vector<TextRange> matches = d->search.findAll();
+    if (matches.empty())
+        return;
+    const Operation operation(*d);
+    d->search.replace(matches);
+}
+
+// The view. ---------------------------------------------------------------------------------------
+
+void LEditOCX::SetGetTokenColors(TokenColorsCallback callback)
+{
+    d->styling.setTokenColors(std::move(callback));
+}
+
+int LEditOCX::TopLine() const
+{
+    return int(d->view.SendScintilla(Sci::SCI_GETFIRSTVISIBLELINE)) + 1;
+}
+
+void LEditOCX::SetTopLine(int line)
+{
+    d->view.SendScintilla(Sci::SCI_SETFIRSTVISIBLELINE, std::max(line, 1) - 1);
+}
+
+int LEditOCX::LineHeight() const { return int(d->view.SendScintilla(Sci::SCI_TEXTHEIGHT)); }
+
+QPoint LEditOCX::PositionToPixels(int line, int column) const
+{
+    const long offset = long(d->text.offsetOf({line, column}));
+    const QPoint inView(int(d->view.SendScintilla(Sci::SCI_POINTXFROMPOSITION, 0UL, offset)),
+                        int(d->view.SendScintilla(Sci::SCI_POINTYFROMPOSITION, 0UL, offset)));
+    return d->view.viewport()->mapTo(this, inView);
+}
+
+void LEditOCX::SetBackColor(Color color) { d->styling.setBack(color); }
+
+void LEditOCX::SetForeColor(Color color) { d->styling.setCommentFore(color); }
+
+void LEditOCX::SetSelectionBackColor(Color color) { d->styling.setSelectionBack(color); }
+
+void LEditOCX::SetSelectionForeColor(Color color) { d->styling.setSelectionFore(color); }
+
+void LEditOCX::Redraw() { d->styling.redraw(); }
+
+QString LEditOCX::FontName() const { return d->styling.font().family(); }
+
+void LEditOCX::SetFontName(const QString &name)
+{
+    if (!name.isEmpty())
+        d->changeFont([&](QFont &font) { font.setFamilies({name}); });
+}
+
+double LEditOCX::FontSize() const { return d->styling.font().pointSizeF(); }
+
+void LEditOCX::SetFontSize(double points)
+{
+    if (points >= 1 && points <= 1000)
+        d->changeFont([=](QFont &font) { font.setPointSizeF(points); });
+}
+
+void LEditOCX::SetFontBold(bool on)
+{
+    d->changeFont([=](QFont &font) { font.setBold(on); });
+}
+
+void LEditOCX::SetFontItalic(bool on)
+{
+    d->changeFont([=](QFont &font) { font.setItalic(on); });
+}
+
+void LEditOCX::SetFontUnderline(bool on)
+{
+    d->changeFont([=](QFont &font) { font.setUnderline(on); });
+}
+
+void LEditOCX::SetFontStrikethrough(bool on)
+{
+    d->changeFont([=](QFont &font) { font.setStrikeOut(on); });
+}
+
+int LEditOCX::TabSize() const { return int(d->view.SendScintilla(Sci::SCI_GETTABWIDTH)); }
+
+void LEditOCX::SetTabSize(int characters)
+{
+    if (characters >= 1 && characters <= 1000)
+        d->view.SendScintilla(Sci::SCI_SETTABWIDTH, characters);
+}
+
+void LEditOCX::SetAutoIndent(bool on) { d->view.setAutoIndent(on); }
+
+// Bookmarks. --------------------------------------------------------------------------------------
+
+void LEditOCX::SetBookmarkLine(int index, int line) { d->bookmarks.setLine(index, line); }
+
+int LEditOCX::GetBookmarkLine(int index) const { return d->bookmarks.line(index); }
+
+void LEditOCX::SetBookmarkBackColor(int index, Color color)
+{
+    d->bookmarks.setColors(index, {color, d->bookmarks.colors(index).fore});
+}
+
+void LEditOCX::SetBookmarkForeColor(int index, Color color)
+{
+    d->bookmarks.setColors(index, {d->bookmarks.colors(index).back, color});
+}
+
+void LEditOCX::ClearBookmarkBackColor(int index)
+{
+    d->bookmarks.setColors(index, {std::nullopt, d->bookmarks.colors(index).fore});
+}
+
+void LEditOCX::ClearBookmarkForeColor(int index)
+{
+    d->bookmarks.setColors(index, {d->bookmarks.colors(index).back, std::nullopt});
+}
 
 } // namespace ardiphon

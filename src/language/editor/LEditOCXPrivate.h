@@ -6,11 +6,12 @@
 #include "language/editor/LEditOCX.h"
 #include "language/editor/Styling.h"
 #include "language/editor/TextBuffer.h"
+#include "language/editor/TextSelection.h"
 #include "language/editor/TextView.h"
+#include "language/editor/ViewDocument.h"
+#include "language/editor/ViewSearch.h"
 
 #include <QPointer>
-
-#include <optional>
 
 namespace ardiphon {
 
@@ -20,17 +21,14 @@ class LEditOCX::Private final : public TextViewOwner
 public:
     explicit Private(LEditOCX &control);
 
-    void replaceDocument(const DocumentText &document);
+    void replaceDocument(const DocumentText &replacement);
     /// Makes \a wanted the text, as one step of history that touches only what differs. Where the
     /// change may be in one of several places, it is the one that ends at \a changeEnd; -1 where
     /// that is not known.
     void changeText(QByteArrayView wanted, qsizetype changeEnd);
-    void select(TextRange range);
-    void setRecord(TextRange range);
+    /// The selection record of the contract.
     TextRange record() const;
-    void show(TextRange range);
-    std::optional<TextRange> find(TextRange from) const;
-    std::optional<TextRange> findBetween(qsizetype from, qsizetype to) const;
+    void setRecord(TextRange range);
     void changeFont(const std::function<void(QFont &)> &change);
     /// Reports to the followers what has changed since the last time.
     void reportChanges();
@@ -41,9 +39,10 @@ public:
     Styling styling;
     BookmarkMarkers bookmarks;
 
-    DocumentForm form;
-    QString unreadFile;          ///< a file that is there but could not be read
-    bool modifiedBefore = false; ///< modified already when the history was forgotten
+    ViewDocument document;
+    TextSelection selection;
+    ViewSearch search;
+    TextPresence presence;
     QString currentWord;
 
     quint64 changes = 0; ///< of the text so far
@@ -51,14 +50,6 @@ public:
     QPointer<const LEditOCX> source;
     quint64 sourceChanges = 0;
     quint64 changesWithSource = 0;
-
-    QString findText;
-    QString replaceText;
-    int findDirection = 1;
-    bool findWholeWord = false;
-    TextSearch search{findText, findWholeWord}; ///< made again when one of these changes
-    std::optional<TextRange> match;             ///< of the last FindFirst, until the text changes
-    TextPresence presence;
 
     ChangeRecorder recorder;
     int operations = 0; ///< of the contract, one inside the other
