@@ -8,9 +8,12 @@
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPaintEvent>
+#include <QPointer>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -47,7 +50,10 @@ constexpr int MovedIn = 22;
 } // namespace
 
 TextView::TextView(TextViewOwner &owner, QWidget *parent)
-    : QsciScintillaBase(parent), m_owner(owner)
+    : QsciScintillaBase(parent),
+      m_owner(owner),
+      m_commands(*this),
+      m_typing(*this, owner, [this](const QString &character) { typeKey(character); })
 {
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus); // the wheel takes no focus
@@ -99,6 +105,92 @@ void TextView::resizeEvent(QResizeEvent *event)
     QsciScintillaBase::resizeEvent(event);
     m_owner.viewChanged();
 }
+
+// Keys. -------------------------------------------------------------------------------------------
+
+// A key that the view itself handles is not a shortcut of the window, and a key with Alt is not the
+// access key of a menu. Alt alone belongs to the menu bar.
+bool TextView::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (commandOfKey(key->key(), key->modifiers()) != NoCommand ||
+            controlCharacterOfKey(key->key(), key->modifiers()) != 0 || typesText(*key) ||
+            (key->modifiers() == Qt::AltModifier && !isModifierKey(key->key()))) {
+            event->accept();
+            return true;
+        }
+    }
+    return QsciScintillaBase::event(event);
+}
+
+void TextView::keyPressEvent(QKeyEvent *event)
+{
+    EditorKey key{event->key(), shiftState(event->modifiers())};
+    const QPointer<TextView> self(this);
+    if (!isModifierKey(event->key()))
+        m_owner.keyDown(key);
+    event->accept();
+    if (!self) // the key closed the window
+        return;
+    if (key.KeyCode == 0 || runCommand(*event) || typeControlCharacter(*event))
+        return;
+    if (typesText(*event))
+        m_typing.typeText(event->text());
+    else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
+        openMenuAtCaret();
+    else
+        event->ignore();
+}
+
+// Whether the key is a command that moves the caret or changes the text.
+bool TextView::runCommand(const QKeyEvent &event)
+{
+    const unsigned command = commandOfKey(event.key(), event.modifiers());
+    if (!m_commands.run(command))
+        return false;
+    m_owner.edited();
+    return true;
+}
+
+bool TextView::typeControlCharacter(const QKeyEvent &event)
+{
+    const int character = controlCharacterOfKey(event.key(), event.modifiers());
+    if (character == 0)
+        return false;
+    m_typing.typeControl(character,
+                         event.key() == Qt::Key_Backtab || event.modifiers() & Qt::ShiftModifier);
+    return true;
+}
+
+void TextView::typeKey(const QString &character)
+{
+    QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, character);
+    QsciScintillaBase::keyPressEvent(&typed);
+}
+
+void TextView::inputMethodEvent(QInputMethodEvent *event)
+{
+    const QString commit = event->commitString();
+    if (commit.isEmpty()) {
+        QsciScintillaBase::inputMethodEvent(event);
+        m_owner.edited();
+        return;
+    }
+    // First what was shown while composing is removed, then the text is inserted as if it were
+    // typed.
+    QInputMethodEvent composed;
+    QsciScintillaBase::inputMethodEvent(&composed);
+    m_owner.edited();
+    m_typing.typeText(commit);
+    QInputMethodEvent rest(event->preeditString(), event->attributes());
+    if (!event->preeditString().isEmpty())
+        QsciScintillaBase::inputMethodEvent(&rest);
+    event->accept();
+    m_owner.edited();
+}
+
+// Mouse. ------------------------------------------------------------------------------------------
 
 // Runs a handler of the library for the mouse. When it changes the text, by a drag or by the middle
 // button, that is reported like the key that does the same.

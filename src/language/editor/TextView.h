@@ -1,6 +1,8 @@
 #pragma once
 
 #include "language/editor/LEditOCX.h"
+#include "language/editor/ViewCommands.h"
+#include "language/editor/ViewTyping.h"
 
 #include <Qsci/qsciscintillabase.h>
 
@@ -25,8 +27,8 @@ protected:
     ~TextViewOwner() = default;
 };
 
-/// The Scintilla view inside the control. Turns the system's events into those of the contract and
-/// binds the keys; the control does the rest.
+/// The Scintilla view inside the control. Turns the system's events into those of the contract;
+/// keys go to its commands and its typing, and the control does the rest.
 class TextView : public QsciScintillaBase
 {
     Q_OBJECT
@@ -34,7 +36,7 @@ class TextView : public QsciScintillaBase
 public:
     TextView(TextViewOwner &owner, QWidget *parent);
 
-    void setAutoIndent(bool on) { m_autoIndent = on; }
+    void setAutoIndent(bool on) { m_typing.setAutoIndent(on); }
 
 protected:
     bool event(QEvent *event) override;
@@ -57,17 +59,9 @@ private:
     void setUpScintilla();
 
     // Keys.
-    bool runCommand(int key, Qt::KeyboardModifiers modifiers);
-    bool typeControlCharacter(const QKeyEvent *event);
-    void typeControl(int character, bool back);
-    void typeText(const QString &text);
-    void typeCharacter(char32_t code);
-    void insertNewLine();
-    bool selectCharacterToOverwrite();
-    void goToVisible(bool end, bool extend);
-    void goToParagraphEnd(bool extend);
-    bool isBlankLine(long line) const;
-    void moveCaret(long caret, bool extend);
+    bool runCommand(const QKeyEvent &event);
+    bool typeControlCharacter(const QKeyEvent &event);
+    void typeKey(const QString &character);
 
     // Mouse.
     void openMenuAtCaret();
@@ -76,7 +70,8 @@ private:
     void withMouseEdits(Handler handler);
 
     TextViewOwner &m_owner;
-    bool m_autoIndent = false;
+    ViewCommands m_commands;
+    ViewTyping m_typing;
     bool m_textChanged = false;
 };
 
