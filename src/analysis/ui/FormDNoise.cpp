@@ -1,5 +1,7 @@
 #include "analysis/ui/FormDNoise.h"
 
+#include "analysis/ui/ToolFields.h"
+
 #include <QComboBox>
 #include <QLineEdit>
 
@@ -7,13 +9,16 @@ namespace ardiphon {
 
 void FormDNoise::revert()
 {
-    Combo1->setCurrentIndex(0);
+    fields().Combo1->setCurrentIndex(0);
     ToolForm::revert();
 }
 
-void FormDNoise::revertMoreFlags() { TextMoreFlags->clear(); }
+void FormDNoise::revertMoreFlags() { fields().TextMoreFlags->clear(); }
 
 /// With `CheckMoreFlags` on, the next run has this whole line among its flags.
-void FormDNoise::showParameters(const QString &parameters) { TextMoreFlags->setText(parameters); }
+void FormDNoise::showParameters(const QString &parameters)
+{
+    fields().TextMoreFlags->setText(parameters);
+}
 
 } // namespace ardiphon

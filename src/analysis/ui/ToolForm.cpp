@@ -1,23 +1,24 @@
 #include "analysis/ui/ToolForm.h"
 
 #include "analysis/ui/HintPanel.h"
-#include "analysis/ui/NumericFields.h"
+#include "analysis/ui/ToolFields.h"
 #include "app/ConfigurationBlock.h"
 #include "app/ui/PathLabel.h"
 #include "platform/StartDetached.h"
 
+#include <QBoxLayout>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QToolButton>
 
 namespace ardiphon {
 
 namespace {
+
+constexpr int LeastCharacters = 80; ///< the least width of a form, as paths are long
 
 /// Whether \a widget is a control that should not be covered only in part.
 bool isControl(const QWidget &widget)
@@ -28,44 +29,57 @@ bool isControl(const QWidget &widget)
 
 } // namespace
 
-/// The text of the row's field when the user has changed nothing; the combo box may decide it.
-QString ToolForm::initialOf(const ToolRow &row) const
+ToolForm::ToolForm(const AnalysisTool &tool, const ToolContext &context, QWidget *owner)
+    : QDialog(owner), m_tool(tool), m_context(context), m_all(new QVBoxLayout(this))
 {
-    if (row.choices.empty())
-        return QLatin1String(row.initial);
-    const int item = Combo1->currentIndex();
-    return item < 0 ? QString() : QLatin1String(row.choices[size_t(item)].initial);
+    setObjectName(QLatin1String(tool.form));
+    setWindowTitle(QLatin1String(tool.caption));
+    m_fields = new ToolFields(tool, *this, *m_all);
+    m_all->addStretch();
+    buildButtons();
+    Frame1 = new HintPanel(this);
+    ToolForm::revert();
+    connectControls();
+    const int width = LeastCharacters * fontMetrics().averageCharWidth();
+    resize(sizeHint().expandedTo({width, leastHeight()}));
 }
 
-/// The output's suffix, by the format that is chosen.
-const char *ToolForm::suffix() const
+/// The least height with room for the hint above or below every line.
+int ToolForm::leastHeight() const
 {
-    for (qsizetype i = 0; i < m_formats.size(); ++i)
-        if (m_formats[i]->isChecked())
-            return m_tool.formats[size_t(i)].suffix;
-    return m_tool.formats.front().suffix;
+    const QMargins margins = m_all->contentsMargins();
+    const int line = CommandExit->sizeHint().height() + 2 * m_fields->spacing().height();
+    const int hint = Frame1->minimumSizeHint().height() + fontMetrics().lineSpacing(); // the title
+    return margins.top() + margins.bottom() + line + 2 * hint;
 }
 
-ToolValues ToolForm::values() const
+QPushButton *ToolForm::newButton(const char *name, const char *caption)
 {
-    ToolValues values;
-    for (const RowControls &controls : m_rows) {
-        if (controls.text)
-            values.texts.insert(controls.text->objectName(), controls.text->text());
-        if (controls.button && controls.button->isChecked())
-            values.on.insert(controls.button->objectName());
-    }
-    for (const QLineEdit *field : {TextOutput, TextMoreFlags})
-        if (field)
-            values.texts.insert(field->objectName(), field->text());
-    for (const PathLabel *label : {LabelInput, LabelNoise})
-        if (label)
-            values.texts.insert(label->objectName(), label->text());
-    if (CheckMoreFlags && CheckMoreFlags->isChecked())
-        values.on.insert(CheckMoreFlags->objectName());
-    if (Combo1)
-        values.item = Combo1->currentIndex();
-    return values;
+    return newFormButton(name, caption, this);
+}
+
+void ToolForm::buildButtons()
+{
+    CommandRevert = newButton("CommandRevert", "&Revert to Default");
+    CommandAnalyze = newButton("CommandAnalyze", "&Analyze");
+    CommandExit = newButton("CommandExit", "E&xit");
+    auto *const buttons = new QHBoxLayout;
+    buttons->addWidget(CommandRevert);
+    buttons->addWidget(CommandAnalyze);
+    buttons->addStretch();
+    buttons->addWidget(CommandExit);
+    m_all->addLayout(buttons);
+}
+
+void ToolForm::connectControls()
+{
+    connect(CommandRevert, &QPushButton::clicked, this, [this] { revert(); });
+    connect(CommandAnalyze, &QPushButton::clicked, this, &ToolForm::analyze);
+    connect(CommandExit, &QPushButton::clicked, this, &QWidget::close);
+    connect(Frame1, &HintPanel::closeRequested, this, &ToolForm::closeHint);
+    connect(m_fields, &ToolFields::inputRequested, this, &ToolForm::browse);
+    connect(m_fields, &ToolFields::noiseRequested, this, &ToolForm::browseNoise);
+    connect(m_fields, &ToolFields::hintRequested, this, &ToolForm::openHint);
 }
 
 std::optional<QString> ToolForm::askForInput()
@@ -83,55 +97,28 @@ void ToolForm::browse()
 void ToolForm::browseNoise()
 {
     if (const auto path = askForInput())
-        LabelNoise->showPath(*path);
+        m_fields->LabelNoise->showPath(*path);
 }
 
-void ToolForm::takeInput(const QString &path)
-{
-    LabelInput->showPath(path);
-    if (TextOutput)
-        TextOutput->setText(withSuffix(path, suffix()));
-    for (const RowControls &controls : m_rows)
-        if (*controls.row->proposed)
-            controls.text->setText(withSuffix(path, controls.row->proposed));
-}
-
-void ToolForm::writeChoice()
-{
-    for (const RowControls &controls : m_rows)
-        if (controls.text && !controls.row->choices.empty())
-            controls.text->setText(initialOf(*controls.row));
-}
+void ToolForm::takeInput(const QString &path) { m_fields->takeInput(path); }
 
 void ToolForm::revert()
 {
-    QAbstractButton *firstOption = nullptr;
-    for (const RowControls &controls : m_rows) {
-        if (controls.text)
-            controls.text->setText(initialOf(*controls.row));
-        else if (!controls.row->choices.empty())
-            Combo1->setCurrentIndex(0);
-        if (controls.row->kind == Switch::CheckBox)
-            controls.button->setChecked(false);
-        else if (controls.row->kind == Switch::RadioButton && !firstOption)
-            firstOption = controls.button;
-    }
-    if (firstOption)
-        firstOption->setChecked(true);
-    if (CheckMoreFlags)
+    m_fields->revert();
+    if (m_fields->CheckMoreFlags)
         revertMoreFlags();
 }
 
 void ToolForm::revertMoreFlags()
 {
-    TextMoreFlags->clear();
-    CheckMoreFlags->setChecked(false);
+    m_fields->TextMoreFlags->clear();
+    m_fields->CheckMoreFlags->setChecked(false);
 }
 
 void ToolForm::analyze()
 {
     CommandAnalyze->setFocus(); // so the access key leaves an empty field too
-    const auto obstacle = startObstacle(m_tool, m_context.config.FileCSound, values());
+    const auto obstacle = startObstacle(m_tool, m_context.config.FileCSound, m_fields->values());
     if (obstacle)
         m_context.dialogs.message(*obstacle);
     else
@@ -141,7 +128,7 @@ void ToolForm::analyze()
 void ToolForm::run()
 {
     const QString &csound = m_context.config.FileCSound;
-    const QString parameters = toolParameters(m_tool, values());
+    const QString parameters = toolParameters(m_tool, m_fields->values());
     showParameters(parameters);
     m_context.start(csound, parameters, ExecutableDirectory(csound));
 }
@@ -168,36 +155,25 @@ QRect ToolForm::placeOf(const QWidget &control) const
     return {control.mapTo(this, QPoint(0, 0)), control.size()};
 }
 
-/// The line of the field that a hint explains.
-QRect ToolForm::lineOf(int hint) const
-{
-    QRect line = placeOf(*m_helpMarks[hint]);
-    for (const RowControls &controls : m_rows) {
-        if (controls.row->hint != hint)
-            continue;
-        for (const QWidget *control :
-             {static_cast<QWidget *>(controls.text), static_cast<QWidget *>(controls.button)})
-            if (control)
-                line = line.united(placeOf(*control));
-    }
-    return line;
-}
-
 /// Places the panel next to the line that it explains, over other lines of the same frame but not
 /// over their help marks, so that another hint can be asked for.
 void ToolForm::placeHint()
 {
     m_all->activate();
-    const QToolButton *const mark = m_helpMarks[m_hint];
+    const QList<QWidget *> controls = m_fields->lineOf(m_hint);
+    const QWidget *const mark = controls.first();
     QRect room = m_all->contentsRect();
     if (const QWidget *const frame = mark->parentWidget(); frame != this)
         room.setLeft(placeOf(*frame).left());
-    room.setRight(placeOf(*mark).left() - m_files->horizontalSpacing());
+    room.setRight(placeOf(*mark).left() - m_fields->spacing().width());
     QList<QRect> others;
     for (const QWidget *each : findChildren<QWidget *>())
         if (!Frame1->isAncestorOf(each) && isControl(*each))
             others.append(placeOf(*each));
-    Frame1->moveTo(room, lineOf(m_hint), others);
+    QRect line;
+    for (const QWidget *control : controls)
+        line = line.united(placeOf(*control));
+    Frame1->moveTo(room, line, others);
 }
 
 void ToolForm::keyPressEvent(QKeyEvent *event)
