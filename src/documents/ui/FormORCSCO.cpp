@@ -7,6 +7,7 @@
 #include "documents/ui/HalfDocument.h"
 #include "documents/ui/HalfView.h"
 #include "documents/ui/ProjectArea.h"
+#include "documents/ui/ProjectConversion.h"
 #include "documents/ui/ProjectDocument.h"
 #include "documents/ui/RecentMenu.h"
 #include "documents/ui/ToolToggles.h"
@@ -102,8 +103,9 @@ void FormORCSCO::bindProject()
     set.bind("menuFileApriProgetto", m_project, &ProjectDocument::Open);
     set.bind("menuFileSalvaProgetto", m_project, &ProjectDocument::Save);
     set.bind("menuFileSalvaProgettoNome", m_project, &ProjectDocument::SaveAs);
-    set.bind("menuFileImportaCSD", m_project, &ProjectDocument::ImportCsd);
-    set.bind("menuFileConvertToCSD", m_project, &ProjectDocument::ExportToCsd);
+    auto *conversion = new ProjectConversion(*m_orchestra, *m_score, program(), files(), this);
+    set.bind("menuFileImportaCSD", conversion, &ProjectConversion::ImportCsd);
+    set.bind("menuFileConvertToCSD", conversion, &ProjectConversion::ExportToCsd);
     connect(m_project, &ProjectDocument::opened, &recent(), &RecentMenu::refresh);
     connect(m_project, &ProjectDocument::csdWindowRequested, this,
             [this] { handOver(program().windows.showFormCSD); });

@@ -1,4 +1,4 @@
-// The conversion of a project to and from a CSD.
+#include "documents/ui/ProjectConversion.h"
 
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
@@ -6,7 +6,6 @@
 #include "documents/FileChooser.h"
 #include "documents/TextFile.h"
 #include "documents/ui/HalfDocument.h"
-#include "documents/ui/ProjectDocument.h"
 #include "language/editor/LEditOCX.h"
 
 namespace ardiphon {
@@ -25,7 +24,13 @@ void replaceText(HalfDocument &half, const QString &text, const QString &csdPath
 
 } // namespace
 
-void ProjectDocument::ExportToCsd()
+ProjectConversion::ProjectConversion(HalfDocument &orchestra, HalfDocument &score,
+                                     ProgramContext &program, FileChooser &files, QObject *parent)
+    : QObject(parent), m_orchestra(orchestra), m_score(score), m_program(program), m_files(files)
+{
+}
+
+void ProjectConversion::ExportToCsd()
 {
     const QString orchestra = m_orchestra.editor().Text();
     const QString score = m_score.editor().Text();
@@ -43,7 +48,7 @@ void ProjectDocument::ExportToCsd()
 }
 
 /// Where only the score's tags are missing, the orchestra has been replaced already and stays so.
-void ProjectDocument::ImportCsd()
+void ProjectConversion::ImportCsd()
 {
     const QString title = QStringLiteral("Import CSD File");
     if (m_orchestra.askToSave(title) == Answer::Cancel ||
@@ -59,10 +64,10 @@ void ProjectDocument::ImportCsd()
     const QString csd = read ? *read : QString();
     const auto orchestra = orchestraOfCsd(csd);
     if (orchestra)
-        replaceText(m_orchestra, *orchestra, *path, config().FontSize);
+        replaceText(m_orchestra, *orchestra, *path, m_program.config.FontSize);
     const auto score = scoreOfCsd(csd);
     if (orchestra && score)
-        replaceText(m_score, *score, *path, config().FontSize);
+        replaceText(m_score, *score, *path, m_program.config.FontSize);
     else
         m_program.dialogs.message(conversionError());
 }

@@ -40,11 +40,6 @@ public:
     /// Opens a file of the recent list: one half alone, or a CSD in its own window.
     void OpenRecent(const QString &path);
 
-    /// Writes both texts to one CSD.
-    void ExportToCsd();
-    /// Replaces both texts by the parts of a CSD.
-    void ImportCsd();
-
     /// Asks for each modified half whether to save it before the program ends. False after Cancel.
     /// \a saved becomes whether the tools' state is to be saved: not after No at the score.
     bool mayLeave(bool &saved);
