@@ -5,6 +5,7 @@
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
 #include "app/modRegistry.h"
+#include "language/WordTables.h"
 #include "language/editor/LEditOCX.h"
 #include "platform/ui/QtDialogs.h"
 
@@ -34,7 +35,8 @@ struct Program
     Program()
     {
         ardiphon::LoadConfiguration(config, settings);
-        config.Words.LoadWordTables(QStringLiteral(PROGRAM_DIR));
+        config.Words = std::make_shared<ardiphon::WordTables>();
+        config.Words->LoadWordTables(QStringLiteral(PROGRAM_DIR));
         config.WindowMaximized = false;
         config.WindowWidth = 1200 * 15;
         config.WindowHeight = 900 * 15;

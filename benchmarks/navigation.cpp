@@ -4,6 +4,7 @@
 #include "MeasuredEditor.h"
 
 #include "language/TokenColors.h"
+#include "language/WordTables.h"
 #include "navigation/SearchRules.h"
 #include "navigation/ui/Definitions.h"
 #include "navigation/ui/Instruments.h"
@@ -135,6 +136,7 @@ BENCHMARK(navigation)
 {
     QApplication application(argc, argv);
     ConfigurationBlock config;
+    config.Words = std::make_shared<WordTables>();
     SilentDialogs dialogs;
     LEditOCX editor;
     editor.SetGetTokenColors([&](TokenKind kind, const QString &text) {

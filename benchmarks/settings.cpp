@@ -7,6 +7,7 @@
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
 #include "app/modRegistry.h"
+#include "language/WordTables.h"
 #include "language/editor/LEditOCX.h"
 #include "language/ui/EditorSettings.h"
 #include "platform/ui/QtDialogs.h"
@@ -69,7 +70,8 @@ public:
     Bench()
     {
         LoadConfiguration(m_config, m_settings);
-        m_config.Words.LoadWordTables(QStringLiteral(PROGRAM_DIR));
+        m_config.Words = std::make_shared<WordTables>();
+        m_config.Words->LoadWordTables(QStringLiteral(PROGRAM_DIR));
         m_config.FontName = m_config.DefaultFontName;
     }
 

@@ -6,6 +6,7 @@
 #include "documents/ui/FormCSD.h"
 #include "documents/ui/FormORCSCO.h"
 #include "help/ui/FormAbout.h"
+#include "language/WordTables.h"
 #include "platform/FileName.h"
 #include "platform/RunFolder.h"
 #include "platform/ui/QtDialogs.h"
@@ -46,6 +47,7 @@ int main(int argc, char *argv[])
     application.installEventFilter(&wheelGuard);
 
     ConfigurationBlock config;
+    config.Words = std::make_shared<WordTables>();
     SettingsStore settings(SettingsStore::userFilePath());
     QtDialogs dialogs;
     const RunFolder runFolder(QDir::tempPath());
@@ -55,8 +57,10 @@ int main(int argc, char *argv[])
     program.windows.showFormORCSCO = [&program] { (new FormORCSCO(program))->show(); };
 
     Form1 start(config, settings, dialogs, program.windows);
+    start.loadWords = [&config](const QString &folder) { config.Words->LoadWordTables(folder); };
+    start.closeWords = [&config] { config.Words->CloseOpcodeFile(); };
     start.showAbout = [&config](QWidget *owner) {
-        FormAbout(config.Words.OpcodeHelpVersion, owner).exec();
+        FormAbout(config.Words->OpcodeHelpVersion, owner).exec();
     };
     start.showAssociate = [&program](QWidget *owner) {
         FormAssociate(program.settings, program.dialogs, owner).exec();

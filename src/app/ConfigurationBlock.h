@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/WordTables.h"
 #include "platform/Color.h"
 
 #include <QRect>
@@ -8,10 +7,12 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 
 namespace ardiphon {
 
 class SettingsStore;
+class WordTables;
 
 /// The default of `DefaultFontName`.
 inline const QString UsualFontName = QStringLiteral("Courier New");
@@ -111,7 +112,8 @@ struct ConfigurationBlock
     QString HelpWord; ///< mirrors the keyword that the next keyword help asks for; "" means none
     QString Arrangement;
 
-    WordTables Words;
+    /// What is known of the language, made and read by the program's start; null until then.
+    std::shared_ptr<WordTables> Words;
 };
 
 /// Fills \a config from \a store: every setting with its default and bounds, the print margins and

@@ -1,6 +1,6 @@
 #include "language/HelpWord.h"
 
-#include "app/WordTables.h"
+#include "language/WordTables.h"
 
 namespace ardiphon {
 

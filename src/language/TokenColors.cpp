@@ -1,6 +1,7 @@
 #include "language/TokenColors.h"
 
 #include "app/ConfigurationBlock.h"
+#include "language/WordTables.h"
 
 namespace ardiphon {
 
@@ -9,7 +10,7 @@ namespace {
 TokenColors colorsOfWord(ConfigurationBlock &config, DocumentRole role, const QString &word,
                          TokenColors plain)
 {
-    WordTables &words = config.Words;
+    WordTables &words = *config.Words;
     TokenColors colors = plain;
     if (role == DocumentRole::Score) {
         // A score statement gets the colours that a word of a CSD has in a CSD.

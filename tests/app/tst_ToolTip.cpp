@@ -1,6 +1,6 @@
-#include "app/WordTables.h"
 #include "app/ui/PathLabel.h"
 #include "app/ui/ToolTip.h"
+#include "language/WordTables.h"
 #include "support/ShownToolTip.h"
 #include "support/TestMain.h"
 

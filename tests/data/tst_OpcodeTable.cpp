@@ -1,5 +1,5 @@
-#include "app/WordTables.h"
 #include "data/CompilerOpcodes.h"
+#include "language/WordTables.h"
 #include "support/TestMain.h"
 
 #include <QTest>

@@ -407,7 +407,7 @@ void tst_CsdDocument::new_project_handsOver()
     QCOMPARE(m_program->config.WindowWidth, 1000L * 15);
     QVERIFY(!m_program->config.WindowMaximized);
     QTRY_VERIFY(!m_window);
-    QVERIFY(m_program->config.Words.ReadOpcodeRecord(1)); // the other window goes on with them
+    QVERIFY(m_program->config.Words->ReadOpcodeRecord(1)); // the other window goes on with them
 }
 
 ARDIPHON_TEST(tst_CsdDocument, QApplication)

@@ -406,12 +406,12 @@ void tst_CsdLeaving::leave_cancelled_keepsTheWindowButClosesTheWords()
     open();
     type(QStringLiteral("x"));
     m_program->write(QStringLiteral("tmp.txt"), "log");
-    QVERIFY(m_program->config.Words.ReadOpcodeRecord(1));
+    QVERIFY(m_program->config.Words->ReadOpcodeRecord(1));
     m_window->findChild<QLineEdit *>(QStringLiteral("TextInstr"))->setFocus();
     expectQuestion(QStringLiteral("Exit Program"), Answer::Cancel, LeaveQuestion);
     trigger("menuFileEsci");
     QVERIFY(m_window->isVisible());
-    QVERIFY(!m_program->config.Words.ReadOpcodeRecord(1));
+    QVERIFY(!m_program->config.Words->ReadOpcodeRecord(1));
     QVERIFY(!QFile::exists(m_program->path(QStringLiteral("tmp.txt"))));
     QVERIFY(m_editor->hasFocus());
 }
@@ -419,13 +419,13 @@ void tst_CsdLeaving::leave_cancelled_keepsTheWindowButClosesTheWords()
 void tst_CsdLeaving::leave_closeBox_closesTheWords()
 {
     open();
-    QVERIFY(m_program->config.Words.ReadOpcodeRecord(1));
+    QVERIFY(m_program->config.Words->ReadOpcodeRecord(1));
     QCloseEvent byTheUser;
     QSpontaneKeyEvent::setSpontaneous(&byTheUser);
     qApp->notify(m_window, &byTheUser);
     QVERIFY(byTheUser.isAccepted());
     QVERIFY(!m_program->config.FormCSDClosing);
-    QVERIFY(!m_program->config.Words.ReadOpcodeRecord(1));
+    QVERIFY(!m_program->config.Words->ReadOpcodeRecord(1));
 }
 
 void tst_CsdLeaving::leave_underADialogThatHasNotReturned_waits()
@@ -446,7 +446,7 @@ void tst_CsdLeaving::leave_underADialogThatHasNotReturned_waits()
     connect(m_window, &QObject::destroyed, &program, &QEventLoop::quit);
     program.exec();
     QVERIFY(!m_window);
-    QVERIFY(!m_program->config.Words.ReadOpcodeRecord(1)); // the user closed it
+    QVERIFY(!m_program->config.Words->ReadOpcodeRecord(1)); // the user closed it
 }
 
 void tst_CsdLeaving::title_modified_getsOneStar()

@@ -241,7 +241,7 @@ void tst_CsdPanels::tags_documentWords_appearOneByOne()
 {
     show("<CsScore>\n</CsScore>\n<csoptions>\n");
     const auto *tree = control<QTreeWidget>("Tree");
-    QCOMPARE(tree->topLevelItemCount(), int(m_program->config.Words.CsdWords.size()) - 1);
+    QCOMPARE(tree->topLevelItemCount(), int(m_program->config.Words->CsdWords.size()) - 1);
     QCOMPARE(tree->topLevelItem(0)->foreground(0).color(), QColor(0, 0, 255));
     QTRY_COMPARE(tree->topLevelItem(7)->text(0), QStringLiteral("</CsScore>"));
     QCOMPARE(tree->topLevelItem(6)->text(0), QStringLiteral("<CsScore>"));
@@ -259,7 +259,7 @@ void tst_CsdPanels::tags_emptyUnmodifiedText_leavesTheTree()
     first()->SetText(QString());
     first()->ClearState(TextState);
     auto *timer = control<QTimer>("Timer1");
-    for (qsizetype tick = 0; tick <= m_program->config.Words.CsdWords.size(); ++tick) {
+    for (qsizetype tick = 0; tick <= m_program->config.Words->CsdWords.size(); ++tick) {
         QTimerEvent event(timer->timerId());
         QCoreApplication::sendEvent(timer, &event);
     }

@@ -123,7 +123,7 @@ void tst_Followers::csd_atRest_doesNotTick()
     QVERIFY(ticks()->isActive());
     QSignalSpy told(ticks(), &QTimer::timeout);
     QTRY_VERIFY(!ticks()->isActive());
-    QCOMPARE(told.count(), m_program->config.Words.CsdWords.size() - 1); // once for each word
+    QCOMPARE(told.count(), m_program->config.Words->CsdWords.size() - 1); // once for each word
     QCOMPARE(tag(6), QStringLiteral("<CsScore>"));
     QTest::keyClick(first()->focusProxy(), Qt::Key_Right);
     trigger("menuWindowToolbar");

@@ -370,7 +370,7 @@ void tst_FormCSD::help_about_showsTheTablesVersion()
         QVERIFY(about);
         const auto *version = about->findChild<QLabel *>(QStringLiteral("lbl_Aggiornamento"));
         QCOMPARE(version->text(), QStringLiteral("Opcode On-Line Help Version ") +
-                                      m_program->config.Words.OpcodeHelpVersion);
+                                      m_program->config.Words->OpcodeHelpVersion);
         QTest::keyClick(about, Qt::Key_Escape);
     });
     trigger("menuInfoAbout");

@@ -28,11 +28,14 @@ constexpr int MostClosingSteps = 400;
 ProgramRun::ProgramRun(SettingsStore &settings, Dialogs &dialogs, const QString &temporary)
     : folder(temporary), context{config, settings, dialogs, {}}
 {
+    config.Words = std::make_shared<WordTables>();
     context.windows.showFormCSD = [this] { (new FormCSD(context))->show(); };
     context.windows.showFormORCSCO = [this] { (new FormORCSCO(context))->show(); };
     start = std::make_unique<Form1>(config, settings, dialogs, context.windows);
+    start->loadWords = [this](const QString &path) { config.Words->LoadWordTables(path); };
+    start->closeWords = [this] { config.Words->CloseOpcodeFile(); };
     start->showAbout = [this](QWidget *owner) {
-        FormAbout(config.Words.OpcodeHelpVersion, owner).exec();
+        FormAbout(config.Words->OpcodeHelpVersion, owner).exec();
     };
     start->showAssociate = [this](QWidget *owner) {
         FormAssociate(context.settings, context.dialogs, owner).exec();
@@ -137,4 +140,5 @@ void Session::endStep()
     QTimer::singleShot(10, this, &Session::step);
 }
 
+#include "language/WordTables.h"
 #include "moc_Session.cpp"

@@ -1,4 +1,4 @@
-#include "app/WordTables.h"
+#include "language/WordTables.h"
 #include "language/editor/LEditOCX.h"
 #include "language/ui/HelpPanels.h"
 #include "support/EditorInput.h"

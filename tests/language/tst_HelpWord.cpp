@@ -1,5 +1,5 @@
-#include "app/WordTables.h"
 #include "language/HelpWord.h"
+#include "language/WordTables.h"
 #include "support/FileBytes.h"
 #include "support/TestMain.h"
 

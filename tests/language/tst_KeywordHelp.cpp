@@ -1,4 +1,5 @@
 #include "app/ConfigurationBlock.h"
+#include "language/WordTables.h"
 #include "language/editor/LEditOCX.h"
 #include "language/ui/EditorPopup.h"
 #include "language/ui/KeywordHelp.h"
@@ -80,7 +81,8 @@ void tst_KeywordHelp::init()
     write(QStringLiteral("opcode.txt"), opcodes);
     write(QStringLiteral("csd.txt"), "<CsScore>\n");
     write(QStringLiteral("score.txt"), "i\nf\nend\n");
-    m_config.Words.LoadWordTables(m_folder.path());
+    m_config.Words = std::make_shared<WordTables>();
+    m_config.Words->LoadWordTables(m_folder.path());
     for (const char *page : {"oscil", "noise", "f", "gens", "flags", "front", "unified"})
         write(QLatin1String(page) + QStringLiteral(".html"), "<p>a page");
     write(QStringLiteral("noise.html"), "<pre class=\"synopsis\"><strong>rand</strong></pre>");

@@ -1,6 +1,6 @@
-#include "app/WordTables.h"
 #include "language/ManualIndex.h"
 #include "language/ManualText.h"
+#include "language/WordTables.h"
 #include "support/FileBytes.h"
 #include "support/TestMain.h"
 #include "support/TimeLimit.h"

@@ -1,6 +1,7 @@
 #include "language/TokenColors.h"
 
 #include "app/ConfigurationBlock.h"
+#include "language/WordTables.h"
 #include "support/FileBytes.h"
 #include "support/TestMain.h"
 
@@ -61,7 +62,8 @@ void tst_TokenColors::initTestCase()
     write("opcode.txt", opcodes);
     write("csd.txt", "<CsOptions>\nbothcsd\neverywhere\ncsdscore\n$CSD\n");
     write("score.txt", "i\nf\nopscore\neverywhere\ncsdscore\n$SCORE\nx\n");
-    m_config.Words.LoadWordTables(m_folder.path());
+    m_config.Words = std::make_shared<WordTables>();
+    m_config.Words->LoadWordTables(m_folder.path());
 
     std::uint32_t number = 1; // every colour another
     for (Color *color :
@@ -172,18 +174,18 @@ void tst_TokenColors::style_isAlwaysThree()
 
 void tst_TokenColors::word_setsLookUpRange()
 {
-    m_config.Words.LookupFirst = m_config.Words.LookupLast = -1;
+    m_config.Words->LookupFirst = m_config.Words->LookupLast = -1;
     GetTokenColors(m_config, Csd, TokenKind::Word, "oscil");
-    QCOMPARE(m_config.Words.LookupFirst, 8);
-    QCOMPARE(m_config.Words.LookupLast, 10);
+    QCOMPARE(m_config.Words->LookupFirst, 8);
+    QCOMPARE(m_config.Words->LookupLast, 10);
 }
 
 void tst_TokenColors::scoreView_leavesLookUpRange()
 {
-    m_config.Words.LookupFirst = m_config.Words.LookupLast = -1;
+    m_config.Words->LookupFirst = m_config.Words->LookupLast = -1;
     GetTokenColors(m_config, Score, TokenKind::Word, "oscil");
-    QCOMPARE(m_config.Words.LookupFirst, -1);
-    QCOMPARE(m_config.Words.LookupLast, -1);
+    QCOMPARE(m_config.Words->LookupFirst, -1);
+    QCOMPARE(m_config.Words->LookupLast, -1);
 }
 
 void tst_TokenColors::change_ofAColour_showsAtOnce()
@@ -197,7 +199,7 @@ void tst_TokenColors::change_ofAColour_showsAtOnce()
 void tst_TokenColors::opcodeTableMissing_leavesTheRest()
 {
     QTemporaryDir empty;
-    m_config.Words.LoadWordTables(empty.path());
+    m_config.Words->LoadWordTables(empty.path());
     const auto look = [this](const char *text) {
         return GetTokenColors(m_config, Csd, TokenKind::Word, text);
     };
@@ -205,7 +207,7 @@ void tst_TokenColors::opcodeTableMissing_leavesTheRest()
     QVERIFY(look("$MACRO") == pair(Look::Macro));
     QVERIFY(look("instr") == pair(Look::Instr));
     QVERIFY(look("endin") == pair(Look::Instr));
-    m_config.Words.LoadWordTables(m_folder.path());
+    m_config.Words->LoadWordTables(m_folder.path());
 }
 
 ARDIPHON_TEST(tst_TokenColors, QCoreApplication)

@@ -4,6 +4,7 @@
 #include "app/ProgramContext.h"
 #include "app/modRegistry.h"
 #include "documents/ui/FormCSD.h"
+#include "language/WordTables.h"
 #include "language/editor/LEditOCX.h"
 #include "navigation/SearchRules.h"
 #include "navigation/ui/SearchWindows.h"
@@ -33,7 +34,8 @@ struct CsdWindow
     explicit CsdWindow(const QByteArray &text)
     {
         ardiphon::LoadConfiguration(config, settings);
-        config.Words.LoadWordTables(QStringLiteral(PROGRAM_DIR));
+        config.Words = std::make_shared<ardiphon::WordTables>();
+        config.Words->LoadWordTables(QStringLiteral(PROGRAM_DIR));
         config.WindowMaximized = false;
         config.WindowWidth = 1000 * 15;
         config.WindowHeight = 800 * 15;

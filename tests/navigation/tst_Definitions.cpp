@@ -131,7 +131,7 @@ void tst_Definitions::popup_lastPosition_doesNothing()
 void tst_Definitions::opcode_bothCommands_doNothing()
 {
     CsdWindow csd(Orchestra);
-    QVERIFY(csd.config.Words.FindInTable(QStringLiteral("line")) > 0);
+    QVERIFY(csd.config.Words->FindInTable(QStringLiteral("line")) > 0);
     definition(csd, 10, 8);
     QCOMPARE(csd.control<QAction>("menuPopupDefinition")->text(),
              QStringLiteral("Go to definition of line"));

@@ -411,12 +411,12 @@ void tst_Instruments::tags_added_appearsAndGoes()
 {
     CsdWindow csd("<CsScore>\n");
     auto *tree = csd.control<QTreeWidget>("Tree");
-    const int words = int(csd.config.Words.CsdWords.size()) - 1;
+    const int words = int(csd.config.Words->CsdWords.size()) - 1;
     QCOMPARE(tree->topLevelItemCount(), words);
     QTRY_VERIFY_WITH_TIMEOUT(node(csd, QStringLiteral("<CsScore>")), 20000);
     QTreeWidgetItem *score = node(csd, QStringLiteral("<CsScore>"));
     QCOMPARE(tree->indexOfTopLevelItem(score) + 1,
-             csd.config.Words.CsdWords.indexOf(QStringLiteral("<CsScore>")));
+             csd.config.Words->CsdWords.indexOf(QStringLiteral("<CsScore>")));
     QCOMPARE(score->foreground(0).color(), QColor(0, 0, 255));
 
     press(*csd.first, Qt::Key_A, Qt::ControlModifier);

@@ -39,8 +39,8 @@ void tst_Form1::load_fillsEverythingBeforeTheWindowShows()
         QCOMPARE(m_config->MarginLeft, 10);
         QVERIFY(m_config->WindowMaximized);
         QVERIFY(!m_config->FormCSDClosing);
-        QCOMPARE(m_config->Words.OpcodeCount, 1);
-        QVERIFY(m_config->Words.ReadOpcodeRecord(1));
+        QCOMPARE(m_config->Words->OpcodeCount, 1);
+        QVERIFY(m_config->Words->ReadOpcodeRecord(1));
         QCOMPARE(m_config->RootPath, "/run/folder/");
         QVERIFY(QFileInfo(m_config->ProgramFolder).isWritable());
         const QRect area = QGuiApplication::primaryScreen()->availableGeometry();

@@ -307,7 +307,7 @@ void tst_Form1Chooser::picChiudi_clicked_leavesAndClosesOpcodeFile()
     QTest::mouseClick(picture("picChiudi"), Qt::LeftButton);
     QVERIFY(!m_form->isVisible());
     QVERIFY(m_config->FormCSDClosing);
-    QVERIFY(!m_config->Words.ReadOpcodeRecord(1));
+    QVERIFY(!m_config->Words->ReadOpcodeRecord(1));
     QCOMPARE(m_shown, QStringList());
 }
 
@@ -328,7 +328,7 @@ void tst_Form1Chooser::editorOpened_keepsOpcodeFileOpen()
     QTest::keyClick(m_form.get(), Qt::Key_C);
     QVERIFY(!m_form->isVisible());
     QVERIFY(!m_config->FormCSDClosing);
-    QVERIFY(m_config->Words.ReadOpcodeRecord(1));
+    QVERIFY(m_config->Words->ReadOpcodeRecord(1));
 }
 
 void tst_Form1Chooser::escape_staysOpen()

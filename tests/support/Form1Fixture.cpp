@@ -10,6 +10,7 @@ void Form1Fixture::setUp()
     m_folder = std::make_unique<QTemporaryDir>();
     m_store = std::make_unique<SettingsStore>(m_folder->filePath("settings.ini"));
     m_config = std::make_unique<ConfigurationBlock>();
+    m_config->Words = std::make_shared<WordTables>();
     m_dialogs = std::make_unique<ScriptedDialogs>();
     m_shown.clear();
     m_windows = {[this] { m_shown << "FormCSD"; }, [this] { m_shown << "FormORCSCO"; }};
@@ -21,6 +22,8 @@ QString Form1Fixture::tearDown() const { return m_dialogs->verify(); }
 void Form1Fixture::load(const QString &commandText)
 {
     m_form = std::make_unique<Form1>(*m_config, *m_store, *m_dialogs, m_windows);
+    m_form->loadWords = [this](const QString &folder) { m_config->Words->LoadWordTables(folder); };
+    m_form->closeWords = [this] { m_config->Words->CloseOpcodeFile(); };
     m_form->showAbout = [this](QWidget *owner) {
         require(owner == m_form.get(), "the start window does not own what it opens");
         m_shown << "FormAbout";

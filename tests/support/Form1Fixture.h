@@ -2,6 +2,7 @@
 
 #include "app/ConfigurationBlock.h"
 #include "app/modRegistry.h"
+#include "language/WordTables.h"
 #include "start/ui/ChooserLabel.h"
 #include "start/ui/Form1.h"
 #include "start/ui/PictureButton.h"

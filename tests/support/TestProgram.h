@@ -3,6 +3,7 @@
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
 #include "app/modRegistry.h"
+#include "language/WordTables.h"
 #include "support/ScriptedDialogs.h"
 
 #include <QDir>
@@ -16,7 +17,8 @@ struct TestProgram
     TestProgram()
     {
         ardiphon::LoadConfiguration(config, settings);
-        config.Words.LoadWordTables(QStringLiteral(PROGRAM_DIR));
+        config.Words = std::make_shared<ardiphon::WordTables>();
+        config.Words->LoadWordTables(QStringLiteral(PROGRAM_DIR));
         config.WindowMaximized = false;
         config.WindowWidth = 1000 * 15;
         config.WindowHeight = 800 * 15;

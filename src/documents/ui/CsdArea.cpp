@@ -5,6 +5,7 @@
 #include "documents/ui/EditorControls.h"
 #include "documents/ui/SplitLine.h"
 #include "documents/ui/ToolToggles.h"
+#include "language/WordTables.h"
 #include "language/editor/LEditOCX.h"
 #include "language/ui/Gutter.h"
 #include "language/ui/HelpPanels.h"
@@ -30,7 +31,7 @@ CsdArea::CsdArea(ConfigurationBlock &config) : EditorArea(config)
 {
     buildViews();
     buildSidePanel();
-    panels = new HelpPanels(config.Words, this);
+    panels = new HelpPanels(*config.Words, this);
     panels->follow(LEDIT1);
     panels->follow(LEDIT2);
     Toolbar1 = newToolbar(QStringLiteral("Toolbar1"), ToolIconSize, this);

@@ -13,6 +13,7 @@
 #include "documents/ui/RecentMenu.h"
 #include "documents/ui/ToolToggles.h"
 #include "documents/ui/WindowPlacement.h"
+#include "language/WordTables.h"
 #include "language/editor/LEditOCX.h"
 #include "language/ui/EditorPopup.h"
 #include "navigation/ui/SearchFeature.h"
@@ -155,7 +156,7 @@ void EditorWindow::handOver(const std::function<void()> &showOther)
 void EditorWindow::endClosing(QCloseEvent &event, bool leaves)
 {
     if (m_closing->takeByUser(event) || config().FormCSDClosing)
-        config().Words.CloseOpcodeFile();
+        config().Words->CloseOpcodeFile();
     QFile::remove(CompileLogFile(config().RootPath));
     event.setAccepted(leaves);
 }

@@ -11,6 +11,7 @@
 #include "documents/ui/TagPanel.h"
 #include "documents/ui/ToolToggles.h"
 #include "documents/ui/WindowPlacement.h"
+#include "language/WordTables.h"
 #include "language/editor/LEditOCX.h"
 #include "language/ui/HelpPanels.h"
 #include "navigation/ui/Bookmarks.h"
@@ -66,7 +67,7 @@ void FormCSD::buildDocument()
     m_bookmarks = new Bookmarks(first, *m_area->Tree2, QStringLiteral("bkm"), dialogs());
     const auto chooseNew = [this] { return FormNew::choose(config(), this); };
     m_document = new CsdDocument(first, *m_bookmarks, program(), files(), chooseNew, this);
-    m_tags = new TagPanel(first, *m_area->Tree, *m_area->List1, config().Words.CsdWords);
+    m_tags = new TagPanel(first, *m_area->Tree, *m_area->List1, config().Words->CsdWords);
     m_mirror = new SplitMirror(first, *m_area->LEDIT2, this);
 }
 

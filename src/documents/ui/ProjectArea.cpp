@@ -10,6 +10,7 @@
 #include "documents/ui/SplitLine.h"
 #include "documents/ui/SplitterGrip.h"
 #include "documents/ui/ToolToggles.h"
+#include "language/WordTables.h"
 #include "language/editor/LEditOCX.h"
 #include "language/ui/Gutter.h"
 #include "language/ui/HelpPanels.h"
@@ -47,7 +48,7 @@ void makeCompact(QToolBar &toolbar)
 ProjectArea::ProjectArea(ConfigurationBlock &config) : EditorArea(config)
 {
     config.Arrangement = arrangementName(Arrangement::Horizontal);
-    panels = new HelpPanels(config.Words, this);
+    panels = new HelpPanels(*config.Words, this);
     Toolbar1 = newToolbar(QStringLiteral("Toolbar1"), ToolIconSize, this);
     makeCompact(*Toolbar1);
     LEDIT1 = newEditor(QStringLiteral("LEDIT1"), DocumentRole::Orchestra, config, this);

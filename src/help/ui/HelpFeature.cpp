@@ -4,6 +4,7 @@
 #include "help/ui/FormAbout.h"
 #include "help/ui/FormHelp.h"
 #include "help/ui/FormManual.h"
+#include "language/WordTables.h"
 #include "language/ui/KeywordHelp.h"
 #include "workbench/ui/CommandSet.h"
 #include "workbench/ui/FeatureHost.h"
@@ -25,7 +26,7 @@ void HelpFeature::install(FeatureHost &host)
     host.commands().bind("menuInfoArdiphonHelp", &host.owner(),
                          [&host] { FormHelp(&host.owner()).exec(); });
     host.commands().bind("menuInfoAbout", &host.owner(), [&host] {
-        FormAbout(host.config().Words.OpcodeHelpVersion, &host.owner()).exec();
+        FormAbout(host.config().Words->OpcodeHelpVersion, &host.owner()).exec();
     });
 }
 

@@ -1,8 +1,8 @@
 #include "language/ui/HelpPanels.h"
 
-#include "app/WordTables.h"
 #include "app/ui/ToolTip.h"
 #include "language/GutterNumbers.h"
+#include "language/WordTables.h"
 #include "language/editor/LEditOCX.h"
 #include "platform/Twips.h"
 

@@ -3,6 +3,7 @@
 #include "app/ConfigurationBlock.h"
 #include "language/HelpWord.h"
 #include "language/ManualText.h"
+#include "language/WordTables.h"
 #include "language/editor/LEditOCX.h"
 #include "platform/Dialogs.h"
 
@@ -22,7 +23,7 @@ void KeywordHelp::keyHelp(LEditOCX &view, DocumentRole role)
     if (!hasManualForView())
         return;
     view.UpdateCurrentWord();
-    setHelpWord(keyHelpWord(m_config.Words, role, view.CurrentWord()));
+    setHelpWord(keyHelpWord(*m_config.Words, role, view.CurrentWord()));
     ShowHelp(m_helpWord);
 }
 
@@ -35,7 +36,7 @@ void KeywordHelp::keyIndex()
 QString KeywordHelp::prepareMenu(LEditOCX &view, DocumentRole role)
 {
     view.UpdateCurrentWord();
-    const PopupHelpWord found = popupHelpWord(m_config.Words, role, view.CurrentWord());
+    const PopupHelpWord found = popupHelpWord(*m_config.Words, role, view.CurrentWord());
     setHelpWord(found.HelpWord);
     return found.caption();
 }

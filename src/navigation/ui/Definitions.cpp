@@ -1,6 +1,6 @@
 #include "navigation/ui/Definitions.h"
 
-#include "app/WordTables.h"
+#include "language/WordTables.h"
 #include "language/editor/LEditOCX.h"
 #include "navigation/SearchRules.h"
 #include "navigation/ui/EditorSearch.h"

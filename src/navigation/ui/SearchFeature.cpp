@@ -1,6 +1,7 @@
 #include "navigation/ui/SearchFeature.h"
 
 #include "app/ConfigurationBlock.h"
+#include "language/WordTables.h"
 #include "navigation/SearchRules.h"
 #include "navigation/ui/Definitions.h"
 #include "navigation/ui/SearchWindows.h"
@@ -100,7 +101,7 @@ void SearchFeature::bindKeys(FeatureHost &host)
 void SearchFeature::bindDefinitions(FeatureHost &host)
 {
     CommandSet &commands = host.commands();
-    m_definitions = new Definitions(*host.editors().constFirst(), host.config().Words,
+    m_definitions = new Definitions(*host.editors().constFirst(), *host.config().Words,
                                     *commands.action("menuPopupDefinition"),
                                     *commands.action("menuPopupReference"));
     commands.bind("menuPopupDefinition", m_definitions, &Definitions::GoToDefinition);

@@ -50,7 +50,7 @@ Form1::Form1(ConfigurationBlock &config, SettingsStore &store, Dialogs &dialogs,
 void Form1::Load(const QString &commandText, const QString &programFolder, const QString &rootPath)
 {
     LoadConfiguration(m_config, m_store);
-    m_config.Words.LoadWordTables(programFolder);
+    loadWords(programFolder);
     setDefaultGeometry();
     m_config.RootPath = rootPath;
     m_config.ProgramFolder = writableProgramFolder(programFolder);
@@ -230,7 +230,7 @@ void Form1::leave()
 void Form1::closeEvent(QCloseEvent *event)
 {
     if (m_config.FormCSDClosing)
-        m_config.Words.CloseOpcodeFile();
+        closeWords();
     ChooserWindow::closeEvent(event);
 }
 

@@ -22,6 +22,10 @@ public:
     Form1(ConfigurationBlock &config, SettingsStore &store, Dialogs &dialogs, EditorWindows windows,
           QWidget *parent = nullptr);
 
+    /// Read the word tables of a folder, and close the file that they keep open. Until they are set
+    /// nothing is read or closed.
+    std::function<void(const QString &folder)> loadWords = [](const QString &) {};
+    std::function<void()> closeWords = [] {};
     /// Show the information about the program, and the question about the file types, over the
     /// given window. Both must be set before Load().
     std::function<void(QWidget *)> showAbout;

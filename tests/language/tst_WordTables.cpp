@@ -1,4 +1,4 @@
-#include "app/WordTables.h"
+#include "language/WordTables.h"
 #include "support/Fifo.h"
 #include "support/FileBytes.h"
 #include "support/RandomSeed.h"

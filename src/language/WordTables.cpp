@@ -1,4 +1,4 @@
-#include "app/WordTables.h"
+#include "language/WordTables.h"
 
 #include "app/Blanks.h"
 #include "platform/RegularFile.h"
