@@ -78,7 +78,6 @@ struct ConfigurationBlock
     long WindowWidth = 0;
     long WindowHeight = 0;
     bool WindowMaximized = true;
-    QRect WorkArea; ///< in logical pixels
 
     std::array<QString, 5> RecentFiles; ///< indices 1 to 4, 1 the newest
 
@@ -94,8 +93,6 @@ struct ConfigurationBlock
     bool OnLineHelpVisible = false;
     bool ToolbarVisible = false;
 
-    bool FormCSDClosing = false; ///< the user ends the whole program
-
     // Mirrors whether the bookmarks of that text have changed, not whether the text has.
     bool CSDModified = false;
     bool OrchestraModified = false;
@@ -108,9 +105,13 @@ struct ConfigurationBlock
     QString FindLineCaller;    ///< as above
     QString NewDocumentChoice; ///< "NEWCSD", "NEWORCSCO", or "" after Cancel
 
+    // What the windows know of themselves; only mirrored here (WindowMirror), nothing reads it.
+    QRect WorkArea;              ///< of the screen when a window last asked, in logical pixels
+    QString Arrangement;         ///< "orizzontale", "verticale", "orchestra" or "score"
+    bool FormCSDClosing = false; ///< the user ends the whole program
+
     QString CurrentWord;
     QString HelpWord; ///< mirrors the keyword that the next keyword help asks for; "" means none
-    QString Arrangement;
 
     /// What is known of the language, made and read by the program's start; null until then.
     std::shared_ptr<WordTables> Words;

@@ -116,12 +116,6 @@ QString arrangementName(Arrangement arrangement)
     return QLatin1String(names[std::size_t(arrangement)]);
 }
 
-Arrangement arrangementNamed(const QString &name)
-{
-    const auto found = std::find(names.begin(), names.end(), name);
-    return found == names.end() ? Arrangement::Horizontal : Arrangement(found - names.begin());
-}
-
 bool showsOrchestra(Arrangement arrangement) { return arrangement != Arrangement::Score; }
 
 bool showsScore(Arrangement arrangement) { return arrangement != Arrangement::Orchestra; }

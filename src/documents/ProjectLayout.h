@@ -10,10 +10,8 @@ namespace ardiphon {
 /// How the project's window shows its two editors.
 enum class Arrangement { Horizontal, Vertical, Orchestra, Score };
 
-/// The word for an arrangement in the configuration, and the reverse; an unknown word is
-/// Horizontal.
+/// The word for an arrangement in the configuration.
 QString arrangementName(Arrangement arrangement);
-Arrangement arrangementNamed(const QString &name);
 
 bool showsOrchestra(Arrangement arrangement);
 bool showsScore(Arrangement arrangement);

@@ -56,6 +56,7 @@ private slots:
     void leave_answers();
     void leave_cancelled_keepsTheWindowButClosesTheWords();
     void leave_closeBox_closesTheWords();
+    void leave_handOver_keepsTheWordsWhateverTheMirrorSays();
     void leave_underADialogThatHasNotReturned_waits();
     void title_modified_getsOneStar();
 };
@@ -426,6 +427,18 @@ void tst_CsdLeaving::leave_closeBox_closesTheWords()
     QVERIFY(byTheUser.isAccepted());
     QVERIFY(!m_program->config.FormCSDClosing);
     QVERIFY(!m_program->config.Words->ReadOpcodeRecord(1));
+}
+
+void tst_CsdLeaving::leave_handOver_keepsTheWordsWhateverTheMirrorSays()
+{
+    UpdateRecentFiles(m_program->config, m_program->settings,
+                      m_program->write(QStringLiteral("piece.sco"), "e"));
+    open();
+    m_program->config.FormCSDClosing = true; // the window knows that nobody has asked it to end
+    trigger("menuLastFile(0)");
+    QCOMPARE(m_projectWindows, 1);
+    QTRY_VERIFY(!m_window);
+    QVERIFY(m_program->config.Words->ReadOpcodeRecord(1));
 }
 
 void tst_CsdLeaving::leave_underADialogThatHasNotReturned_waits()

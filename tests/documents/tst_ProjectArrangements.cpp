@@ -22,6 +22,7 @@ private slots:
     void arrangement_keys_data();
     void arrangement_keys();
     void arrangement_startsHorizontal();
+    void arrangement_isTheWindowsOwn();
     void arrangement_vertical_shortensTheLabels();
     void arrangement_labels_keepTheirStar();
     void arrangement_labels_coverNoLineNumber();
@@ -98,6 +99,17 @@ void tst_ProjectArrangements::arrangement_startsHorizontal()
     QCOMPARE(m->config.Arrangement, QStringLiteral("orizzontale"));
     QVERIFY(m->control<QAction>("menuVisualizzaOrizzontale")->isChecked());
     QVERIFY(shown("LEDIT1") && shown("SplitterH") && !shown("SplitterV"));
+}
+
+void tst_ProjectArrangements::arrangement_isTheWindowsOwn()
+{
+    m->show();
+    m->trigger("menuVisualizzaVerticale");
+    m->config.Arrangement = QStringLiteral("score"); // only a mirror
+    m->trigger("menuVisualizzaReset");
+    QVERIFY(shown("LEDIT1") && shown("SplitterV") && !shown("SplitterH"));
+    QVERIFY(m->control<QAction>("menuVisualizzaVerticale")->isChecked());
+    QCOMPARE(m->config.Arrangement, QStringLiteral("verticale"));
 }
 
 void tst_ProjectArrangements::arrangement_vertical_shortensTheLabels()

@@ -2,6 +2,7 @@
 
 #include "app/ConfigurationBlock.h"
 #include "app/ProgramContext.h"
+#include "app/WindowMirror.h"
 #include "compile/CompileRules.h"
 #include "documents/Commands.h"
 #include "documents/ui/DeferredClose.h"
@@ -78,7 +79,8 @@ void EditorWindow::install(std::unique_ptr<WindowFeature> feature)
 void EditorWindow::bindOwn()
 {
     m_commands.bind("menuFileEsci", this, [this] {
-        config().FormCSDClosing = true;
+        m_isLeaving = true;
+        mirrorLeaving(config());
         close();
     });
     m_commands.bind("buttonDefaultDir", this, [this] { m_files.returnToWorkingDirectory(); });
@@ -155,7 +157,7 @@ void EditorWindow::handOver(const std::function<void()> &showOther)
 
 void EditorWindow::endClosing(QCloseEvent &event, bool leaves)
 {
-    if (m_closing->takeByUser(event) || config().FormCSDClosing)
+    if (m_closing->takeByUser(event) || m_isLeaving)
         config().Words->CloseOpcodeFile();
     QFile::remove(CompileLogFile(config().RootPath));
     event.setAccepted(leaves);

@@ -82,6 +82,7 @@ private:
     FileChooser m_files;
     RecentMenu *m_recent;
     DeferredClose *m_closing;
+    bool m_isLeaving = false; ///< the user has asked to end the program, even if then cancelled
     EditorArea *m_centre = nullptr;
     SearchWindows *m_search = nullptr;
     std::vector<std::function<void(const EditorView &)>> m_popupPreparations;

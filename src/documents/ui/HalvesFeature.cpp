@@ -1,6 +1,6 @@
 #include "documents/ui/HalvesFeature.h"
 
-#include "app/ConfigurationBlock.h"
+#include "app/WindowMirror.h"
 #include "documents/ScreenHalves.h"
 #include "documents/ui/FramePlacer.h"
 #include "workbench/ui/CommandSet.h"
@@ -16,8 +16,9 @@ void HalvesFeature::install(FeatureHost &host)
     auto *const placer = new FramePlacer(host.owner());
     const auto bind = [&host, placer](const char *name, ScreenHalf half) {
         host.commands().bind(name, placer, [&host, placer, half] {
-            host.config().WorkArea = host.owner().screen()->availableGeometry();
-            placer->place(halfOf(host.config().WorkArea, half));
+            const QRect workArea = host.owner().screen()->availableGeometry();
+            mirrorWorkArea(host.config(), workArea);
+            placer->place(halfOf(workArea, half));
         });
     };
     bind("menuWindowUp", ScreenHalf::Upper);

@@ -1,6 +1,7 @@
 #include "documents/ui/ProjectArea.h"
 
 #include "app/ConfigurationBlock.h"
+#include "app/WindowMirror.h"
 #include "documents/DocumentRules.h"
 #include "documents/ui/BookmarksPanel.h"
 #include "documents/ui/EditorControls.h"
@@ -47,7 +48,7 @@ void makeCompact(QToolBar &toolbar)
 
 ProjectArea::ProjectArea(ConfigurationBlock &config) : EditorArea(config)
 {
-    config.Arrangement = arrangementName(Arrangement::Horizontal);
+    mirrorArrangement(config, arrangementName(m_arrangement));
     panels = new HelpPanels(*config.Words, this);
     Toolbar1 = newToolbar(QStringLiteral("Toolbar1"), ToolIconSize, this);
     makeCompact(*Toolbar1);
@@ -166,11 +167,12 @@ bool ProjectArea::toggleInstrumentPanel()
 
 // Arrangements. ----------------------------------------------------------------------------------
 
-void ProjectArea::arrange() { arrange(arrangementNamed(config().Arrangement)); }
+void ProjectArea::arrange() { arrange(m_arrangement); }
 
 void ProjectArea::arrange(Arrangement chosen)
 {
-    config().Arrangement = arrangementName(chosen);
+    m_arrangement = chosen;
+    mirrorArrangement(config(), arrangementName(chosen));
     emit arranged(chosen);
     orchestra->setShown(showsOrchestra(chosen), config().LineNumbersVisible);
     score->setShown(showsScore(chosen), config().LineNumbersVisible);
@@ -202,7 +204,7 @@ ProjectWindowState ProjectArea::windowState() const
     state.LineNumbersVisible = config().LineNumbersVisible;
     state.OnLineHelpVisible = config().OnLineHelpVisible;
     state.ToolbarVisible = config().ToolbarVisible;
-    state.arrangement = arrangementNamed(config().Arrangement);
+    state.arrangement = m_arrangement;
     return state;
 }
 

@@ -77,6 +77,7 @@ private:
     SplitterGrip *SplitterH = nullptr;
     SplitterGrip *SplitterV = nullptr;
     SplitLine *m_splitLine = nullptr;
+    Arrangement m_arrangement = Arrangement::Horizontal;
     ProjectLayout m_layout;
 };
 

@@ -2,6 +2,7 @@
 
 #include "app/ConfigurationBlock.h"
 #include "app/RecentFiles.h"
+#include "app/WindowMirror.h"
 #include "app/modRegistry.h"
 #include "app/ui/ToolTip.h"
 #include "platform/Dialogs.h"
@@ -64,11 +65,12 @@ void Form1::Load(const QString &commandText, const QString &programFolder, const
 
 void Form1::setDefaultGeometry()
 {
-    m_config.WorkArea = QGuiApplication::primaryScreen()->availableGeometry();
+    m_workArea = QGuiApplication::primaryScreen()->availableGeometry();
+    mirrorWorkArea(m_config, m_workArea);
     m_config.WindowLeft = 0;
     m_config.WindowTop = 0;
-    m_config.WindowWidth = toTwips(m_config.WorkArea.x() + m_config.WorkArea.width());
-    m_config.WindowHeight = toTwips(m_config.WorkArea.y() + m_config.WorkArea.height());
+    m_config.WindowWidth = toTwips(m_workArea.x() + m_workArea.width());
+    m_config.WindowHeight = toTwips(m_workArea.y() + m_workArea.height());
 }
 
 void Form1::prepareChooser()
@@ -79,7 +81,7 @@ void Form1::prepareChooser()
     m_config.WindowHeight = 500;
     build();
     readFiles();
-    centerIn(m_config.WorkArea);
+    centerIn(m_workArea);
     show();
     const QString first =
         ReadRegistryString(m_store, registry::InstallPathKey, QStringLiteral("First"));
@@ -223,13 +225,14 @@ void Form1::openEditor(StartWindow window)
 
 void Form1::leave()
 {
-    m_config.FormCSDClosing = true;
+    m_isLeaving = true;
+    mirrorLeaving(m_config);
     close();
 }
 
 void Form1::closeEvent(QCloseEvent *event)
 {
-    if (m_config.FormCSDClosing)
+    if (m_isLeaving)
         closeWords();
     ChooserWindow::closeEvent(event);
 }

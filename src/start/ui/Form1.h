@@ -64,6 +64,8 @@ private:
     SettingsStore &m_store;
     Dialogs &m_dialogs;
     EditorWindows m_windows;
+    QRect m_workArea;                           ///< of the screen, in logical pixels
+    bool m_isLeaving = false;                   ///< the user ends the program
     std::array<ChooserLabel *, 5> LabelFiles{}; ///< 0 to 3 the recent files, 4 the browse entry
 };
 
