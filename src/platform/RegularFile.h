@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/FileHandle.h"
 #include "platform/Result.h"
 
+#include <QByteArray>
 #include <QString>
 
 class QFile;
@@ -12,8 +12,6 @@ namespace ardiphon {
 // The program never waits for anything but a regular file, as opening a FIFO or reading a device
 // may never end. Whatever the program reads by a name that comes from outside is opened here.
 
-/// Opens the regular file at \a path, given in the system's own bytes, for reading.
-Result<FileHandle> openRegularFile(const QByteArray &path);
 /// Opens the closed \a file, by its own name, for reading. A failure when it is not a regular file.
 Result<> openRegularFile(QFile &file);
 /// The first bytes of the regular file at \a path, no more than \a limit; a failure when there is

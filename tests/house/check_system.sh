@@ -11,15 +11,12 @@ fail() {
     failures=$((failures + 1))
 }
 
-# Still in its old place: private to the files of the system, but for RegularFile.h that includes it.
-waiting='^\./platform/FileHandle\.h:'
-
 # outside WORDS PATTERN: no source but those of a system has a line with PATTERN.
 outside() {
     while IFS=: read -r file line text; do
         fail "$file:$line: $1 belongs to platform/<system>: $text"
     done < <(grep -rnP "$2" --include='*.cpp' --include='*.h' . |
-        grep -vP '^\./platform/(?!ui/)[a-z]+/' | grep -vE "$waiting")
+        grep -vP '^\./platform/(?!ui/)[a-z]+/')
 }
 
 headers='aio|alloca|arpa/.*|dirent|dlfcn|errno|fcntl|grp|io|libproc|linux/.*|mach/.*|net/.*'

@@ -1,7 +1,6 @@
 #include "platform/DocumentFile.h"
 
-#include "platform/FileHandle.h"
-#include "platform/RegularFile.h"
+#include "platform/linux/RegularFileHandle.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "platform/FileHandle.h"
+#include "platform/linux/FileHandle.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,5 +1,7 @@
 #include "platform/RegularFile.h"
 
+#include "platform/linux/RegularFileHandle.h"
+
 #include <QFile>
 
 #include <cerrno>
