@@ -8,6 +8,8 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <tuple>
+
 namespace ardiphon {
 
 void startCompiler(const QString &compiler, const QString &parameters, const QString &document,
@@ -20,7 +22,8 @@ void startCompiler(const QString &compiler, const QString &parameters, const QSt
     ProgramCommand command =
         commandOf(file.absoluteFilePath(), parameters, ExecutableDirectory(compiler));
     command.environment = compilerEnvironment(QFileInfo(document).absolutePath());
-    startInTerminal(command, programFolder);
+    // The user sees whether the compiler's own window opens; a failure is not reported.
+    std::ignore = startInTerminal(command, programFolder);
 }
 
 } // namespace ardiphon

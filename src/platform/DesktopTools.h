@@ -3,9 +3,9 @@
 namespace ardiphon {
 
 /// Opens a terminal at "/": the first of the usual ones that starts. False when none does.
-bool StartCommandPrompt();
+[[nodiscard]] bool StartCommandPrompt();
 
 /// Opens the desktop's calculator in the same way.
-bool StartCalculator();
+[[nodiscard]] bool StartCalculator();
 
 } // namespace ardiphon

@@ -7,14 +7,17 @@
 
 #include <QCoreApplication>
 
+#include <tuple>
+
 namespace ardiphon {
 
 ToolContext ToolContext::real(const ConfigurationBlock &config, Dialogs &dialogs)
 {
     return {config, dialogs,
             [](const QString &file, const QString &parameters, const QString &directory) {
-                startInTerminal(commandOf(file, parameters, directory),
-                                QCoreApplication::applicationDirPath());
+                // The form stays open, and its user sees whether a terminal does.
+                std::ignore = startInTerminal(commandOf(file, parameters, directory),
+                                              QCoreApplication::applicationDirPath());
             }};
 }
 

@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <tuple>
 #include <utility>
 
 namespace ardiphon {
@@ -249,7 +250,8 @@ void WavePlayer::startWaveEditor()
         m_dialogs.message({QStringLiteral("File not found!")});
         return;
     }
-    StartDetached(m_config.WaveEditor, {m_host.wave()}, QString());
+    // The user sees whether the editor's window opens; a failure is not reported.
+    std::ignore = StartDetached(m_config.WaveEditor, {m_host.wave()}, QString());
     m_host.close();
 }
 
