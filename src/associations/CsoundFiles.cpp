@@ -1,8 +1,8 @@
 #include "associations/CsoundFiles.h"
 
-#include "associations/FileAssociation.h"
-#include "associations/OpenerEntry.h"
 #include "platform/Dialogs.h"
+#include "platform/FileAssociation.h"
+#include "platform/ProgramFolder.h"
 
 #include <QCoreApplication>
 

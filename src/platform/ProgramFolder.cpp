@@ -16,4 +16,10 @@ QString writableProgramFolder(const QString &programFolder)
     return folder;
 }
 
+QString programPath(const QString &programFolder, const QString &name)
+{
+    const QString folder = programFolder.endsWith(u'/') ? programFolder : programFolder + u'/';
+    return folder + name;
+}
+
 } // namespace ardiphon

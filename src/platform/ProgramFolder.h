@@ -9,4 +9,7 @@ namespace ardiphon {
 /// a closing "/".
 QString writableProgramFolder(const QString &programFolder);
 
+/// The path of a file in the program's folder, which may end in a "/" or not.
+QString programPath(const QString &programFolder, const QString &name);
+
 } // namespace ardiphon

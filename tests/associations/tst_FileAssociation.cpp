@@ -1,5 +1,6 @@
-#include "associations/FileAssociation.h"
-#include "associations/OpenerEntry.h"
+#include "platform/FileAssociation.h"
+#include "platform/ProgramFolder.h"
+#include "platform/linux/OpenerEntry.h"
 #include "support/FileBytes.h"
 #include "support/TestMain.h"
 

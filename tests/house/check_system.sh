@@ -26,6 +26,7 @@ outside 'a header of the system' "^ *# *include *<($headers)\.h>"
 outside 'a header of the system' '^ *# *include *<(QtDBus|QDBus|QtX11|QX11|qpa/|AppKit/|CoreFoundation/)'
 outside 'what lies there' '^ *# *include *"platform/(?!ui/)[a-z]+/'
 outside 'a place of the system' '"/(proc|sys|dev|etc|usr)/'
+outside 'a place of the desktop' 'mimeapps\.list|hicolor|mime/packages|\bupdate-(mime|desktop)-database'
 outside 'a question which system this is' '\b(Q_OS_[A-Z]+|__linux__|__APPLE__|_WIN32)\b'
 
 # What the editor's library gives as a pointer it must be asked for by a routine that holds one.

@@ -1,4 +1,4 @@
-#include "platform/DesktopDatabases.h"
+#include "platform/linux/DesktopDatabases.h"
 
 #include <QDir>
 #include <QProcess>

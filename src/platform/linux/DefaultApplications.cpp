@@ -1,4 +1,4 @@
-#include "associations/DefaultApplications.h"
+#include "platform/linux/DefaultApplications.h"
 
 #include <QList>
 

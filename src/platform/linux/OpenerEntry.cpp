@@ -1,4 +1,4 @@
-#include "associations/OpenerEntry.h"
+#include "platform/linux/OpenerEntry.h"
 
 namespace ardiphon {
 
@@ -37,12 +37,6 @@ QString listValue(const QStringList &items)
 }
 
 } // namespace
-
-QString programPath(const QString &programFolder, const QString &executable)
-{
-    const QString folder = programFolder.endsWith(u'/') ? programFolder : programFolder + u'/';
-    return folder + executable;
-}
 
 QString OpenerEntry::openCommand() const
 {

@@ -1,4 +1,4 @@
-#include "associations/MadeFiles.h"
+#include "platform/linux/MadeFiles.h"
 
 #include "platform/DocumentFile.h"
 

@@ -4,11 +4,11 @@
 
 namespace ardiphon {
 
-// What associates a kind of file with the program, in the user's own folders and without further
-// rights: a MIME type with its icons, a desktop entry (OpenerEntry), and a line in the list of
-// default applications. All of it can be undone completely; everything else in these places stays
-// as it is. A step that fails, for lack of rights or disk space, is skipped; both routines return
-// what failed first, as a sentence, or "" when all was done.
+// What associates a kind of file with the program, for this user alone and without further rights:
+// the kind with its icons, the program that opens it, and that this is the first choice. All of it
+// can be undone completely; everything else in these places stays as it is. A step that fails, for
+// lack of rights or disk space, is skipped; both routines return what failed first, as a sentence,
+// or "" when all was done.
 
 /// Makes \a Executable, in the running program's folder, the opener of the files that end in
 /// \a Extension (with its dot). \a ClassKey is the name of the kind of file, which is shown as

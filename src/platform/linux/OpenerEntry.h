@@ -32,7 +32,4 @@ struct OpenerEntry
     static QByteArray typesLine(const QStringList &types);
 };
 
-/// The path of an executable in the program's folder, which may end in a "/" or not.
-QString programPath(const QString &programFolder, const QString &executable);
-
 } // namespace ardiphon

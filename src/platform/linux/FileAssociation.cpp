@@ -1,10 +1,11 @@
-#include "associations/FileAssociation.h"
+#include "platform/FileAssociation.h"
 
-#include "associations/DefaultApplications.h"
-#include "associations/MadeFiles.h"
-#include "associations/OpenerEntry.h"
-#include "platform/DesktopDatabases.h"
 #include "platform/DocumentFile.h"
+#include "platform/ProgramFolder.h"
+#include "platform/linux/DefaultApplications.h"
+#include "platform/linux/DesktopDatabases.h"
+#include "platform/linux/MadeFiles.h"
+#include "platform/linux/OpenerEntry.h"
 
 #include <QCoreApplication>
 #include <QDir>
