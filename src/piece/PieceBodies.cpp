@@ -1,0 +1,217 @@
+#include "piece/PieceBodies.h"
+
+#include <algorithm>
+
+namespace ardiphon {
+
+namespace {
+
+constexpr int LongestComment = 2000; ///< lines of one that are looked at
+
+bool isHeading(const Landmark &mark)
+{
+    return (mark.kind == LandmarkKind::Instrument && mark.detail == 0) ||
+           mark.kind == LandmarkKind::Opcode;
+}
+
+bool isBodyEnd(const Landmark &mark)
+{
+    return mark.kind == LandmarkKind::InstrumentEnd || mark.kind == LandmarkKind::OpcodeEnd;
+}
+
+bool isTag(const Landmark &mark)
+{
+    return mark.kind == LandmarkKind::SectionBegin || mark.kind == LandmarkKind::SectionEnd;
+}
+
+/// The line of the heading above \a line, or of its own; 0 when that line is in no body.
+int headingAbove(const PieceText &text, int line)
+{
+    int heading = 0;
+    text.visitBack(line, [&](PlacedLandmark found) {
+        if (isHeading(*found.mark))
+            heading = found.line;
+        return heading == 0 && !isTag(*found.mark) &&
+               !(isBodyEnd(*found.mark) && found.line < line);
+    });
+    return heading;
+}
+
+PieceBodyLines bodyOf(const Piece &piece, const PieceText &text, int heading)
+{
+    PieceBodyLines body;
+    body.headingLine = heading;
+    body.lines = {heading, text.lineCount()};
+    text.visit(heading, text.lineCount(), [&](PlacedLandmark found) {
+        const Landmark &mark = *found.mark;
+        if (body.names.isEmpty() && isHeading(mark)) {
+            body.kind = mark.kind;
+        } else if (isHeading(mark) || isTag(mark)) {
+            body.lines.last = found.line - 1;
+            return false;
+        } else if (isBodyEnd(mark)) {
+            body.lines.last = found.line;
+            return false;
+        }
+        if (mark.kind == body.kind)
+            body.names.append(piece.nameText(mark));
+        return true;
+    });
+    return body;
+}
+
+class BlockFinder
+{
+public:
+    BlockFinder(const Piece &piece, const PieceText &text, int line)
+        : m_piece(piece), m_text(text), m_line(line)
+    {
+    }
+
+    int lastLine() const
+    {
+        int last = 0;
+        m_text.visit(m_line, m_line, [&](PlacedLandmark found) {
+            last = std::max(last, endOf(*found.mark));
+            return true;
+        });
+        if (last <= m_line)
+            last = std::max(endOfComment(), endOfScoreSection());
+        return last > m_line ? last : 0;
+    }
+
+private:
+    int endOf(const Landmark &mark) const
+    {
+        switch (mark.kind) {
+        case LandmarkKind::Instrument:
+        case LandmarkKind::Opcode:
+            return isHeading(mark) ? bodyOf(m_piece, m_text, m_line).lines.last : 0;
+        case LandmarkKind::BlockBegin:
+            return matching(LandmarkKind::BlockBegin, LandmarkKind::BlockEnd, mark.detail);
+        case LandmarkKind::BranchBegin:
+            return matching(LandmarkKind::BranchBegin, LandmarkKind::BranchEnd, mark.detail);
+        case LandmarkKind::Macro:
+            return endOfMacro();
+        case LandmarkKind::SectionBegin:
+            return endOfSection(mark);
+        default:
+            return 0;
+        }
+    }
+
+    /// The line where as many have ended as have begun from here on.
+    int matching(LandmarkKind begin, LandmarkKind end, quint8 detail) const
+    {
+        int depth = 0;
+        int last = 0;
+        m_text.visit(m_line, m_text.lineCount(), [&](PlacedLandmark found) {
+            const Landmark &mark = *found.mark;
+            if (mark.detail == detail && mark.kind == begin)
+                ++depth;
+            else if (mark.detail == detail && mark.kind == end && depth > 0 && --depth == 0)
+                last = found.line;
+            const bool isOver = isTag(mark) || (begin == LandmarkKind::BlockBegin &&
+                                                found.line > m_line && isHeading(mark));
+            return last == 0 && !isOver;
+        });
+        return last;
+    }
+
+    int endOfMacro() const
+    {
+        int last = 0;
+        m_text.visit(m_line + 1, m_text.lineCount(), [&](PlacedLandmark found) {
+            if (found.mark->kind == LandmarkKind::MacroEnd)
+                last = found.line;
+            return false;
+        });
+        return last;
+    }
+
+    /// Of a unified file: to the end of the same name, or else before the next tag.
+    int endOfSection(const Landmark &tag) const
+    {
+        int last = m_text.lineCount();
+        const bool isWhole = PieceSection(tag.detail) == PieceSection::Outside;
+        m_text.visit(m_line + 1, m_text.lineCount(), [&](PlacedLandmark found) {
+            const bool isEnd =
+                found.mark->kind == LandmarkKind::SectionEnd && found.mark->name == tag.name;
+            if (!isEnd && (isWhole || !isTag(*found.mark)))
+                return true;
+            last = isEnd ? found.line : found.line - 1;
+            return false;
+        });
+        return last;
+    }
+
+    bool isComment(int line) const
+    {
+        const QByteArrayView text = m_text.line(line);
+        const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+        const auto first = std::find_if_not(text.begin(), text.end(), isBlank);
+        return first != text.end() && *first == ';';
+    }
+
+    /// Of lines that are comments alone, the first of which this is.
+    int endOfComment() const
+    {
+        if (!isComment(m_line) || (m_line > 1 && isComment(m_line - 1)))
+            return 0;
+        const int bound = std::min(m_text.lineCount(), m_line + LongestComment);
+        int last = m_line;
+        while (last < bound && isComment(last + 1))
+            ++last;
+        return last;
+    }
+
+    bool beginsScoreSection() const
+    {
+        if (m_line == 1)
+            return m_text.role() == DocumentRole::Score;
+        bool begins = false;
+        m_text.visit(m_line - 1, m_line - 1, [&](PlacedLandmark found) {
+            const Landmark &mark = *found.mark;
+            begins = mark.kind == LandmarkKind::ScoreSection ||
+                     (mark.kind == LandmarkKind::SectionBegin &&
+                      PieceSection(mark.detail) == PieceSection::Score);
+            return !begins;
+        });
+        return begins;
+    }
+
+    int endOfScoreSection() const
+    {
+        int last = 0;
+        if (!beginsScoreSection())
+            return 0;
+        m_text.visit(m_line, m_text.lineCount(), [&](PlacedLandmark found) {
+            if (found.mark->kind == LandmarkKind::ScoreSection)
+                last = found.line;
+            return last == 0 && !isTag(*found.mark);
+        });
+        return last;
+    }
+
+    const Piece &m_piece;
+    const PieceText &m_text;
+    const int m_line;
+};
+
+} // namespace
+
+std::optional<PieceBodyLines> bodyAt(const Piece &piece, const PieceText &text, int line)
+{
+    const int heading = headingAbove(text, line);
+    if (heading == 0)
+        return std::nullopt;
+    const PieceBodyLines body = bodyOf(piece, text, heading);
+    return body.lines.contains(line) ? std::optional(body) : std::nullopt;
+}
+
+int lastLineOfBlock(const Piece &piece, const PieceText &text, int line)
+{
+    return BlockFinder(piece, text, line).lastLine();
+}
+
+} // namespace ardiphon

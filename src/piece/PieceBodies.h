@@ -1,0 +1,27 @@
+#pragma once
+
+#include "piece/Piece.h"
+
+#include <optional>
+
+namespace ardiphon {
+
+/// An instrument or a user-defined opcode of a piece, from its heading to its end.
+struct PieceBodyLines
+{
+    LandmarkKind kind = LandmarkKind::Instrument; ///< or Opcode
+    QStringList names;                            ///< an instrument may have several
+    PieceLines
+        lines; ///< to the end of the text, or before the next heading, where its end is missing
+    int headingLine = 1;
+};
+
+/// The body that \a line is in, its first and last line included. None between two bodies.
+std::optional<PieceBodyLines> bodyAt(const Piece &piece, const PieceText &text, int line);
+
+/// The last line of what begins at \a line and can be folded: a body, a block of statements, a
+/// comment over lines or of several lines, a macro, a section of the file, a section of the score.
+/// 0 where nothing begins or it ends on the same line.
+int lastLineOfBlock(const Piece &piece, const PieceText &text, int line);
+
+} // namespace ardiphon

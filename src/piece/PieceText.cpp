@@ -1,0 +1,259 @@
+#include "piece/PieceText.h"
+
+#include "piece/PieceTags.h"
+#include "piece/ScoreLandmarks.h"
+
+#include <algorithm>
+
+namespace ardiphon {
+
+namespace {
+
+constexpr int BlockLines = 128;    ///< of a block that is made
+constexpr int LongestBlock = 256;  ///< before it is divided
+constexpr int ShortestBlock = 32;  ///< before it is joined to the one above it
+constexpr int LongestLine = 65536; ///< bytes; what is behind is read by no one
+
+} // namespace
+
+PieceText::PieceText(DocumentRole role, const LineSource &lines, NameTable &names,
+                     const IsOpcode &isOpcode)
+    : m_role(role), m_lines(lines), m_names(names), m_isOpcode(isOpcode)
+{
+    change({1, 0, lines.lineCount()});
+}
+
+PieceState PieceText::initialState() const
+{
+    PieceState state;
+    if (m_role != DocumentRole::Csd)
+        state.section =
+            m_role == DocumentRole::Score ? PieceSection::Score : PieceSection::Orchestra;
+    return state;
+}
+
+// Following the edits.
+// ------------------------------------------------------------------------------
+
+void PieceText::change(const TextChange &change)
+{
+    const int line = std::clamp(change.line, 1, m_lineCount + 1);
+    const int removed = std::clamp(change.linesRemoved, 0, m_lineCount + 1 - line);
+    const Position position = positionOf(line);
+    if (m_blocks.empty())
+        m_blocks.emplace_back();
+    removeLines(position, line, removed);
+    addLines(position, std::max(0, change.linesAdded));
+    m_lineCount += std::max(0, change.linesAdded) - removed;
+}
+
+void PieceText::removeLines(Position position, int line, int count)
+{
+    size_t block = position.block;
+    int within = line - position.firstLine;
+    while (count > 0) {
+        const int here = std::min(count, m_blocks[block].lines - within);
+        m_blocks[block].lines -= here;
+        makeStale(block);
+        count -= here;
+        within = 0;
+        ++block;
+    }
+    const auto isEmpty = [](const Block &other) { return other.lines == 0; };
+    const auto begin = m_blocks.begin() + qsizetype(position.block) + 1;
+    const auto end = m_blocks.begin() + qsizetype(std::max(block, position.block + 1));
+    m_blocks.erase(std::remove_if(begin, end, isEmpty), end);
+    m_last = position;
+    m_firstStale = std::min(m_firstStale, m_blocks.size());
+}
+
+/// Into the block, which is divided where it becomes too long, or joined to the next where it is
+/// short.
+void PieceText::addLines(Position position, int count)
+{
+    Block &block = m_blocks[position.block];
+    block.lines += count;
+    makeStale(position.block);
+    const auto next = m_blocks.begin() + qsizetype(position.block) + 1;
+    if (block.lines < ShortestBlock && next != m_blocks.end() &&
+        next->lines + block.lines <= LongestBlock) {
+        block.lines += next->lines;
+        m_blocks.erase(next);
+    } else if (block.lines > LongestBlock) {
+        const int parts = (block.lines + BlockLines - 1) / BlockLines;
+        const int rest = block.lines - (parts - 1) * BlockLines;
+        block.lines = BlockLines;
+        Block part;
+        part.lines = BlockLines;
+        m_blocks.insert(next, size_t(parts) - 1, part);
+        m_blocks[position.block + size_t(parts) - 1].lines = rest;
+    }
+}
+
+void PieceText::makeStale(size_t block)
+{
+    m_blocks[block].isStale = true;
+    m_firstStale = std::min(m_firstStale, block);
+}
+
+PieceText::Position PieceText::positionOf(int line) const
+{
+    Position at = m_last.block < m_blocks.size() ? m_last : Position();
+    if (line < at.firstLine / 2)
+        at = Position();
+    while (at.block > 0 && line < at.firstLine)
+        at.firstLine -= m_blocks[--at.block].lines;
+    while (at.block + 1 < m_blocks.size() && line >= at.firstLine + m_blocks[at.block].lines)
+        at.firstLine += m_blocks[at.block++].lines;
+    m_last = at;
+    return at;
+}
+
+// Reading.
+// ------------------------------------------------------------------------------------------
+
+bool PieceText::readOn(QDeadlineTimer deadline)
+{
+    Position at;
+    bool isPlaced = false;
+    for (; m_firstStale < m_blocks.size(); ++m_firstStale) {
+        const PieceState entry =
+            m_firstStale == 0 ? initialState() : m_blocks[m_firstStale - 1].exit;
+        if (!m_blocks[m_firstStale].isStale && m_blocks[m_firstStale].entry == entry) {
+            if (isPlaced)
+                at.firstLine += m_blocks[at.block++].lines;
+            continue;
+        }
+        if (isPlaced && deadline.hasExpired())
+            return false;
+        if (!isPlaced) {
+            while (m_last.block > m_firstStale)
+                m_last.firstLine -= m_blocks[--m_last.block].lines;
+            while (m_last.block < m_firstStale)
+                m_last.firstLine += m_blocks[m_last.block++].lines;
+            at = m_last;
+            isPlaced = true;
+        }
+        read(at);
+        m_last = at;
+        at.firstLine += m_blocks[at.block++].lines;
+    }
+    return true;
+}
+
+void PieceText::read(Position position)
+{
+    Block &block = m_blocks[position.block];
+    block.entry = position.block == 0 ? initialState() : m_blocks[position.block - 1].exit;
+    block.isStale = false;
+    block.plays = 0;
+    block.marks.clear();
+    LandmarkList marks(m_names, block.marks);
+    PieceState state = block.entry;
+    for (int line = 0; line < block.lines; ++line) {
+        const QByteArrayView text = m_lines.line(position.firstLine + line);
+        marks.beginLine(line, text.first(std::min<qsizetype>(text.size(), LongestLine)));
+        state = readBlockLine(marks, state, block.plays);
+    }
+    block.exit = state;
+    if (block.marks.capacity() > 2 * block.marks.size())
+        block.marks.shrink_to_fit();
+}
+
+PieceState PieceText::readBlockLine(LandmarkList &marks, PieceState state, quint64 &plays) const
+{
+    if (m_role == DocumentRole::Csd) {
+        if (const std::optional<PieceTag> tag = pieceTag(marks.text())) {
+            marks.add(tag->ends ? LandmarkKind::SectionEnd : LandmarkKind::SectionBegin, tag->start,
+                      tag->length, int(tag->section));
+            marks.beginBody();
+            state = PieceState();
+            state.section = tag->section;
+            return state;
+        }
+    }
+    if (state.section == PieceSection::Orchestra)
+        readOrchestraLine(marks, state, m_isOpcode);
+    else if (state.section == PieceSection::Score)
+        readScoreLandmarks(marks, state, plays);
+    return state;
+}
+
+// Asking.
+// -------------------------------------------------------------------------------------------
+
+void PieceText::visit(int first, int last, const std::function<bool(PlacedLandmark)> &visit) const
+{
+    for (Position at = positionOf(first); at.block < m_blocks.size() && at.firstLine <= last;
+         at.firstLine += m_blocks[at.block++].lines) {
+        for (const Landmark &mark : m_blocks[at.block].marks) {
+            const int line = at.firstLine + mark.line;
+            if (line >= first && line <= last && !visit({line, &mark}))
+                return;
+        }
+    }
+}
+
+void PieceText::visitBack(int first, const std::function<bool(PlacedLandmark)> &visit) const
+{
+    for (Position at = positionOf(first);; at.firstLine -= m_blocks[--at.block].lines) {
+        const std::vector<Landmark> &marks = m_blocks[at.block].marks;
+        for (auto mark = marks.rbegin(); mark != marks.rend(); ++mark) {
+            const int line = at.firstLine + mark->line;
+            if (line <= first && !visit({line, &*mark}))
+                return;
+        }
+        if (at.block == 0)
+            return;
+    }
+}
+
+PieceState PieceText::stateAt(int line) const
+{
+    const Position position = positionOf(line);
+    PieceState state = m_blocks[position.block].entry;
+    if (position.block > 0 && m_firstStale >= position.block)
+        state = m_blocks[position.block - 1].exit;
+    else if (position.block == 0)
+        state = initialState();
+    std::vector<Landmark> found;
+    LandmarkList marks(m_names, found);
+    quint64 plays = 0;
+    for (int above = position.firstLine; above < line; ++above) {
+        const QByteArrayView text = m_lines.line(above);
+        marks.beginLine(above - position.firstLine,
+                        text.first(std::min<qsizetype>(text.size(), LongestLine)));
+        state = readBlockLine(marks, state, plays);
+    }
+    return state;
+}
+
+void PieceText::visitPlayed(QByteArrayView name, int from, bool back,
+                            const std::function<bool(int first, int last)> &visit) const
+{
+    const quint64 bit = instrumentBit(name);
+    Position at = positionOf(from);
+    while (at.block < m_blocks.size()) {
+        const Block &block = m_blocks[at.block];
+        const int last = at.firstLine + block.lines - 1;
+        if ((block.plays & bit) != 0 && !visit(back ? at.firstLine : std::max(from, at.firstLine),
+                                               back ? std::min(from, last) : last))
+            return;
+        if (back && at.block == 0)
+            return;
+        if (back)
+            at.firstLine -= m_blocks[--at.block].lines;
+        else
+            at.firstLine += m_blocks[at.block++].lines;
+    }
+}
+
+qsizetype PieceText::memory() const
+{
+    qsizetype bytes = qsizetype(m_blocks.capacity() * sizeof(Block));
+    for (const Block &block : m_blocks)
+        bytes += qsizetype(block.marks.capacity() * sizeof(Landmark));
+    return bytes;
+}
+
+} // namespace ardiphon

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "app/DocumentRole.h"
+#include "language/LineSource.h"
+#include "language/TextChange.h"
+#include "piece/LandmarkList.h"
+#include "piece/OrchestraLine.h"
+#include "piece/PieceState.h"
+
+#include <QDeadlineTimer>
+
+#include <functional>
+#include <vector>
+
+namespace ardiphon {
+
+/// A landmark with its line in the text.
+struct PlacedLandmark
+{
+    int line = 1; ///< from 1
+    const Landmark *mark = nullptr;
+};
+
+/// The reading of one text of a piece: the landmarks of its lines. It follows the edits of the
+/// text: change() only notes the lines, and readOn() reads them when there is time, and those below
+/// whose meaning has changed. The lines are held in blocks of about a hundred, so that an edit
+/// costs the same in any text.
+class PieceText
+{
+public:
+    /// \a lines, \a names and \a isOpcode outlive it. No line has been read yet.
+    PieceText(DocumentRole role, const LineSource &lines, NameTable &names,
+              const IsOpcode &isOpcode);
+
+    DocumentRole role() const { return m_role; }
+    int lineCount() const { return m_lineCount; }
+    /// Bytes of a line; see LineSource.
+    QByteArrayView line(int line) const { return m_lines.line(line); }
+
+    /// Lines have changed; reads none of them.
+    void change(const TextChange &change);
+    /// Reads lines until all are read or \a deadline has passed; at least one block. True when all
+    /// are read.
+    bool readOn(QDeadlineTimer deadline);
+    bool isRead() const { return m_firstStale >= m_blocks.size(); }
+
+    /// Calls \a visit for the landmarks from line \a first to line \a last in their order, until it
+    /// returns false. Of lines that have not been read yet there are those of before.
+    void visit(int first, int last, const std::function<bool(PlacedLandmark)> &visit) const;
+    /// The same from line \a first back to the beginning.
+    void visitBack(int first, const std::function<bool(PlacedLandmark)> &visit) const;
+
+    /// What the lines above say of \a line; reads up to a block of lines.
+    PieceState stateAt(int line) const;
+    /// Lines that may play the instrument \a name: calls \a visit with the first and the last line
+    /// of ranges from line \a from on, or back from it, until it returns false.
+    void visitPlayed(QByteArrayView name, int from, bool back,
+                     const std::function<bool(int first, int last)> &visit) const;
+
+    /// What it takes, in bytes.
+    qsizetype memory() const;
+
+private:
+    struct Block
+    {
+        int lines = 0;
+        bool isStale = true;
+        PieceState entry;
+        PieceState exit;
+        quint64 plays = 0; ///< a bit for each instrument that its lines may play
+        std::vector<Landmark> marks;
+    };
+    struct Position
+    {
+        size_t block = 0;
+        int firstLine = 1;
+    };
+
+    Position positionOf(int line) const;
+    void read(Position position);
+    PieceState readBlockLine(LandmarkList &marks, PieceState state, quint64 &plays) const;
+    void makeStale(size_t block);
+    void removeLines(Position position, int line, int count);
+    void addLines(Position position, int count);
+    PieceState initialState() const;
+
+    const DocumentRole m_role;
+    const LineSource &m_lines;
+    NameTable &m_names;
+    const IsOpcode &m_isOpcode;
+    std::vector<Block> m_blocks;
+    int m_lineCount = 0;
+    size_t m_firstStale = 0; ///< all blocks before it are read
+    mutable Position m_last; ///< the block that was found last
+};
+
+} // namespace ardiphon
