@@ -4,7 +4,7 @@
 
 namespace ardiphon {
 
-Piece::Piece(std::initializer_list<Source> sources, IsOpcode isOpcode)
+Piece::Piece(const std::vector<Source> &sources, IsOpcode isOpcode)
     : m_isOpcode(std::move(isOpcode))
 {
     for (const Source &source : sources)

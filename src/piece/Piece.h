@@ -5,7 +5,7 @@
 #include <QString>
 
 #include <deque>
-#include <initializer_list>
+#include <vector>
 
 namespace ardiphon {
 
@@ -42,7 +42,7 @@ public:
     };
 
     /// The sources outlive it.
-    Piece(std::initializer_list<Source> sources, IsOpcode isOpcode);
+    Piece(const std::vector<Source> &sources, IsOpcode isOpcode);
     Q_DISABLE_COPY_MOVE(Piece)
 
     /// Lines of a text have changed. They are read later, by readOn().

@@ -18,6 +18,7 @@
 #include "language/editor/LEditOCX.h"
 #include "language/ui/EditorPopup.h"
 #include "navigation/ui/SearchFeature.h"
+#include "workbench/ui/PieceFollower.h"
 
 #include <QCloseEvent>
 #include <QDockWidget>
@@ -61,6 +62,7 @@ void EditorWindow::setArea(EditorArea *area)
 {
     m_centre = area;
     setCentralWidget(area);
+    m_piece = new PieceFollower(*this, this);
     auto search = std::make_unique<SearchFeature>();
     const SearchFeature &searching = *search;
     install(std::move(search));
@@ -124,6 +126,8 @@ void EditorWindow::beforePopup(std::function<void(const EditorView &)> prepare)
 {
     m_popupPreparations.push_back(std::move(prepare));
 }
+
+PieceFollower &EditorWindow::piece() { return *m_piece; }
 
 void EditorWindow::insertText(const QString &text)
 {

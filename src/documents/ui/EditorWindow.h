@@ -39,6 +39,7 @@ public:
     ViewKeys &keys() override { return m_keys; }
     QList<EditorView> views() const override;
     void beforePopup(std::function<void(const EditorView &)> prepare) override;
+    PieceFollower &piece() override;
     void insertText(const QString &text) override;
     void arrange() override;
     QDockWidget *addDock(const Dock &dock, QWidget *content) override;
@@ -84,6 +85,7 @@ private:
     DeferredClose *m_closing;
     bool m_isLeaving = false; ///< the user has asked to end the program, even if then cancelled
     EditorArea *m_centre = nullptr;
+    PieceFollower *m_piece = nullptr;
     SearchWindows *m_search = nullptr;
     std::vector<std::function<void(const EditorView &)>> m_popupPreparations;
     std::vector<std::unique_ptr<WindowFeature>> m_features;

@@ -65,6 +65,8 @@ int LEditOCX::LineLength(int line) const
     return d->text.hasLine(line) ? d->text.positionOf(d->text.lineEnd(line)).column : 0;
 }
 
+const LineSource &LEditOCX::Lines() const { return d->text; }
+
 void LEditOCX::ClearDocument() { d->replaceDocument({}); }
 
 Result<DocumentForm> LEditOCX::LoadFile(const QString &path)

@@ -14,6 +14,8 @@
 
 namespace ardiphon {
 
+class LineSource;
+
 /// A key that is pressed in the editor. A handler may set `KeyCode` to 0 to swallow the key.
 struct EditorKey
 {
@@ -73,6 +75,8 @@ public:
     QString LineText(int line) const;
     /// In characters; 0 for a line that does not exist.
     int LineLength(int line) const;
+    /// The lines in UTF-8, for followers that read many of them. Lives as long as the control.
+    const LineSource &Lines() const;
 
     /// Empties the document; it has no file, no history and is not modified. No bookmark slot
     /// moves.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "language/DocumentText.h"
+#include "language/LineSource.h"
 #include "language/TextPresence.h"
 #include "language/TextSearch.h"
 
@@ -20,13 +21,13 @@ struct TextPosition
 
 /// The document inside the view: UTF-8 bytes with the line ends of the file. Offsets are bytes,
 /// lines are counted from 1, as in the contract.
-class TextBuffer final : public GappedText
+class TextBuffer final : public GappedText, public LineSource
 {
 public:
     explicit TextBuffer(QsciScintillaBase &view);
 
     qsizetype size() const override;
-    int lineCount() const;
+    int lineCount() const override;
     bool hasLine(int line) const { return line >= 1 && line <= lineCount(); }
     /// The offset at which an existing line starts; size() for a line after the last.
     qsizetype lineStart(int line) const;
@@ -38,6 +39,7 @@ public:
     /// routine, lineBytes() or text(), or until the text changes.
     QByteArrayView bytes(qsizetype start, qsizetype end) const override;
     QByteArrayView lineBytes(int line) const { return bytes(lineStart(line), lineEnd(line)); }
+    QByteArrayView line(int line) const override { return lineBytes(line); }
     qsizetype gap() const override;
     /// The text of a range with CR LF line ends.
     QString text(TextRange range) const;

@@ -16,6 +16,7 @@ namespace ardiphon {
 class CommandSet;
 class Dialogs;
 class Document;
+class PieceFollower;
 class ViewKeys;
 struct ConfigurationBlock;
 struct ProgramContext;
@@ -65,6 +66,8 @@ public:
     /// none.
     virtual const Document *document(DocumentRole role) const = 0;
 
+    /// What is read of the texts of all roles together.
+    virtual PieceFollower &piece() = 0;
     /// Replaces the selection of the first editor by \a text; that editor gets the focus.
     virtual void insertText(const QString &text) = 0;
     /// Places every control around the text again, after one of their sizes has changed.
