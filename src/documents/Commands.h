@@ -12,6 +12,10 @@ const Menu &editorPopup();
 /// Entries of the popup that do the same as entries of the menus.
 std::span<const CommandAlias> editorAliases();
 
+// The menu Studio of both windows, which is beside all that was there before it.
+std::span<const Command> studioCommands();
+std::span<const Shortcut> studioShortcuts();
+
 // The CSD window: its own commands and keys, its menu bar from left to right and its toolbar.
 std::span<const Command> csdCommands();
 std::span<const Shortcut> csdShortcuts();

@@ -46,8 +46,8 @@ constexpr const char *headerMenu[] = {"menuHeaders", nullptr, "menuTemplateCSD"}
 constexpr Menu menus[] = {
     {"menuFile", "&File", fileMenu},        {"menuModifica", "&Edit", EditMenu},
     {"menuFormato", "F&ormat", FormatMenu}, {"menuHeader", "&Header", headerMenu},
-    {"menuTools", "&Tools", ToolsMenu},     {"menuWindow", "&Window", WindowMenu},
-    {"menuInfo", "&Info", InfoMenu},
+    {"menuTools", "&Tools", ToolsMenu},     {"menuStudio", "&Studio", StudioMenu},
+    {"menuWindow", "&Window", WindowMenu},  {"menuInfo", "&Info", InfoMenu},
 };
 
 constexpr ToolButton toolbar[] = {

@@ -31,6 +31,13 @@ inline constexpr const char *ToolsMenu[] = {
     "menuToolsRemoveAllBookmark",
 };
 
+inline constexpr const char *StudioMenu[] = {
+    "menuStudioOutline",
+    nullptr,
+    "menuStudioGo",
+    "menuStudioInstrument",
+};
+
 inline constexpr const char *WindowMenu[] = {
     "menuWindowLineNumbers", "menuWindowBarraBook",  "menuWindowHelp",
     "menuWindowToolbar",     "menuWindowInstrument", nullptr,

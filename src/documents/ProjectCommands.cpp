@@ -88,7 +88,8 @@ constexpr Menu menus[] = {
     {"menuFile", "&File", fileMenu},        {"menuModifica", "&Edit", EditMenu},
     {"menuFormato", "F&ormat", FormatMenu}, {"menuHeader", "&Header", headerMenu},
     {"menuVisualizza", "&View", viewMenu},  {"menuTools", "&Tools", ToolsMenu},
-    {"menuWindow", "&Window", WindowMenu},  {"menuInfo", "&Info", InfoMenu},
+    {"menuStudio", "&Studio", StudioMenu},  {"menuWindow", "&Window", WindowMenu},
+    {"menuInfo", "&Info", InfoMenu},
 };
 
 constexpr ToolButton toolbar[] = {

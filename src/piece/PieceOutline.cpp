@@ -30,6 +30,21 @@ QString commentOf(QByteArrayView line)
     return QString();
 }
 
+/// What a section of that tag is called.
+QString sectionName(PieceSection section, const QString &tag)
+{
+    switch (section) {
+    case PieceSection::Options:
+        return QStringLiteral("Options");
+    case PieceSection::Orchestra:
+        return QStringLiteral("Orchestra");
+    case PieceSection::Score:
+        return QStringLiteral("Score");
+    default:
+        return tag;
+    }
+}
+
 class OutlineReader
 {
 public:
@@ -67,7 +82,7 @@ private:
         switch (mark.kind) {
         case LandmarkKind::SectionBegin:
             if (PieceSection(mark.detail) != PieceSection::Outside)
-                add(text, found, name, QString(), 0);
+                add(text, found, sectionName(PieceSection(mark.detail), name), QString(), 0);
             m_scoreSection = 1;
             break;
         case LandmarkKind::Instrument:

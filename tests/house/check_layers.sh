@@ -15,10 +15,11 @@ level() {
         platform) echo 0 ;;
         app) echo 1 ;;
         start | language) echo 2 ;;
-        workbench | piece) echo 3 ;;
-        navigation | audio | help | associations) echo 4 ;;
-        compile | preferences | printing | analysis) echo 5 ;;
-        documents) echo 6 ;;
+        piece) echo 3 ;;
+        workbench) echo 4 ;;
+        navigation | audio | help | associations) echo 5 ;;
+        compile | preferences | printing | analysis | insight) echo 6 ;;
+        documents) echo 7 ;;
         *) echo 9 ;;
     esac
 }

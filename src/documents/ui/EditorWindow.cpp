@@ -50,6 +50,7 @@ EditorWindow::EditorWindow(ProgramContext &program, std::span<const Command> com
     connect(new FileDrop(*this, program.dialogs), &FileDrop::dropped, this,
             &EditorWindow::openDroppedFile);
     m_commands.add(editorCommands(), editorShortcuts());
+    m_commands.add(studioCommands(), studioShortcuts());
     m_commands.add(commands, shortcuts);
     m_commands.addGroup("menuLastFile", m_recent->entries());
 }

@@ -130,6 +130,10 @@ void LEditOCX::SetSelText(const QString &text)
 
 void LEditOCX::SelectAll() { d->view.SendScintilla(Sci::SCI_SELECTALL); }
 
+int LEditOCX::CaretLine() const { return d->text.lineOf(d->text.caret()); }
+
+int LEditOCX::CaretColumn() const { return d->text.positionOf(d->text.caret()).column; }
+
 void LEditOCX::Copy() { d->view.SendScintilla(Sci::SCI_COPY); }
 
 void LEditOCX::Cut()

@@ -124,6 +124,9 @@ public:
     void Cut();
     void Paste();
 
+    int CaretLine() const;
+    int CaretColumn() const;
+
     /// Finds the word at the caret for CurrentWord(); "" when there is none.
     void UpdateCurrentWord();
     QString CurrentWord() const;
@@ -219,6 +222,8 @@ signals:
     /// only where \a revision is TextRevision(), and joins the changes until then
     /// (TextChange::join). No follower may delete the control.
     void textChanged(const ardiphon::TextChange &change, quint64 revision);
+    /// The caret or the selection is where it was not; emitted before it is drawn there.
+    void caretMoved();
     /// GetState(TextState) is now \a modified, and was not before. Emitted after the textChanged()
     /// of the same operation.
     void modifiedChanged(bool modified);

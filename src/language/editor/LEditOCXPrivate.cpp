@@ -78,6 +78,8 @@ void LEditOCX::Private::viewChanged()
     emit control.Repaint();
 }
 
+void LEditOCX::Private::caretMoved() { emit control.caretMoved(); }
+
 void LEditOCX::Private::replaceDocument(const DocumentText &replacement)
 {
     const Operation operation(*this);

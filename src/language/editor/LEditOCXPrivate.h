@@ -65,6 +65,7 @@ private:
     void mouseButton(EditorMouseButton button) override;
     void click() override;
     void viewChanged() override;
+    void caretMoved() override;
     void edited() override { reportChanges(); }
 };
 

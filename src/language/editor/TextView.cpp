@@ -94,6 +94,10 @@ void TextView::setUpScintilla()
 
 void TextView::paintEvent(QPaintEvent *event)
 {
+    // The library does not report a selection that is set by a call.
+    const std::pair selection(SendScintilla(SCI_GETCURRENTPOS), SendScintilla(SCI_GETANCHOR));
+    if (std::exchange(m_drawnSelection, selection) != selection)
+        m_owner.caretMoved();
     const int height = std::max(1, int(SendScintilla(SCI_TEXTHEIGHT)));
     const int top = int(SendScintilla(SCI_GETFIRSTVISIBLELINE)) + 1;
     m_owner.aboutToDraw(top + event->rect().top() / height, top + event->rect().bottom() / height);

@@ -6,6 +6,8 @@
 
 #include <Qsci/qsciscintillabase.h>
 
+#include <utility>
+
 namespace ardiphon {
 
 /// What the view reports to the control that holds it, and asks it for.
@@ -20,6 +22,7 @@ public:
     virtual void mouseButton(EditorMouseButton button) = 0;
     virtual void click() = 0;
     virtual void viewChanged() = 0;
+    virtual void caretMoved() = 0;
     /// An edit by key, mouse or input method is complete, if it was one.
     virtual void edited() = 0;
 
@@ -73,6 +76,7 @@ private:
     ViewCommands m_commands;
     ViewTyping m_typing;
     bool m_textChanged = false;
+    std::pair<long, long> m_drawnSelection; ///< caret and anchor
 };
 
 } // namespace ardiphon

@@ -1,0 +1,24 @@
+#include "documents/Commands.h"
+
+namespace ardiphon {
+
+namespace {
+
+constexpr Command commands[] = {
+    {"menuStudioOutline", "&Outline", true},
+    {"menuStudioGo", "&Go to Name ..."},
+    {"menuStudioInstrument", "&Instrument or Its Notes"},
+};
+
+constexpr Shortcut shortcuts[] = {
+    {"menuStudioOutline", "Ctrl+Shift+L"},
+    {"menuStudioGo", "Ctrl+Shift+O"},
+    {"menuStudioInstrument", "Ctrl+Shift+I"},
+};
+
+} // namespace
+
+std::span<const Command> studioCommands() { return commands; }
+std::span<const Shortcut> studioShortcuts() { return shortcuts; }
+
+} // namespace ardiphon
