@@ -1,0 +1,145 @@
+#pragma once
+
+#include "piece/ScoreNoteStore.h"
+#include "piece/ScoreTempo.h"
+
+#include <QByteArray>
+#include <QByteArrayList>
+#include <QByteArrayView>
+#include <QHash>
+
+#include <utility>
+#include <vector>
+
+namespace ardiphon {
+
+/// The second pass over a score: from its lines without macros and loops to the notes of each
+/// section, with what is carried from statement to statement worked out.
+class ScoreSections
+{
+public:
+    /// A section that has a statement at least.
+    struct Section
+    {
+        int line = 1;         ///< of its first statement
+        int firstNote = 0;    ///< in the store
+        int tempo = -1;       ///< the index of its tempo; -1 where a beat is a second
+        bool isPlayed = true; ///< not behind the end of the piece
+    };
+
+    /// More notes than anybody hears.
+    static constexpr qsizetype MostNotes = 4'000'000;
+
+    explicit ScoreSections(ScoreNoteStore &notes) : m_notes(&notes) {}
+
+    void restart();
+    /// Reads \a text, a line of ScoreText that begins on \a line of the source.
+    void readLine(QByteArrayView text, int line);
+    /// Whether a marked part is to be repeated before the next line: repeatLine() reads one of it.
+    bool isRepeating() const { return !m_repeats.empty(); }
+    void repeatLine();
+    /// To be called after the last line.
+    void finish();
+
+    /// Whether a section just ended, whose notes are to be put in order. Tells it once.
+    bool takeSectionEnd() { return std::exchange(m_hasSectionEnded, false); }
+
+    const std::vector<Section> &sections() const { return m_sections; }
+    /// Where the notes of the sections that ended end in the store.
+    qsizetype endOfSections() const { return m_sectionNote; }
+    const ScoreTempo &tempo(int index) const { return m_tempos[size_t(index)]; }
+    const QByteArray &name(int index) const { return m_names[index]; }
+    /// Whether there are more notes, names, marks or repeats than are kept.
+    bool isTruncated() const { return m_isTruncated; }
+    /// How many characters were repeated.
+    qint64 count() const { return m_count; }
+    /// How many bytes are held besides the notes.
+    qsizetype bytes() const;
+
+private:
+    /// The instrument of a statement: its number, or its name.
+    struct Player
+    {
+        double number = 0;
+        int name = -1;
+        bool turnsOff = false;
+        qint64 key() const; ///< the same for those that carry from each other
+    };
+    /// The last note of an instrument.
+    struct Carried
+    {
+        double start = 0;
+        double beats = 0;
+        bool isAfterLast = false; ///< by a +, which is carried itself
+    };
+    /// A statement whose fields may go on on the next line.
+    struct Statement
+    {
+        char letter = 0;
+        int line = 1;
+        int fields = 0;
+        Player player;
+        Carried note;
+        bool hasStart = false;
+        bool hasBeats = false;
+        bool wasRead = false; ///< as far as anything counts
+    };
+    struct Mark
+    {
+        qsizetype at = 0;   ///< in m_recorded
+        qsizetype line = 0; ///< in m_recordedLines
+    };
+
+    void readStatement(QByteArrayView text, qsizetype at, int line);
+    void readFields(QByteArrayView text, qsizetype at);
+    void readField(QByteArrayView text, qsizetype &at);
+    void readTempoFields(QByteArrayView text, qsizetype at);
+    void readPlayer(QByteArrayView text, qsizetype &at);
+    void readName(QByteArrayView text, qsizetype &at);
+    void readStart(QByteArrayView token);
+    void readBeats(QByteArrayView token);
+    double clockValue(QByteArrayView text, qsizetype at) const;
+    void finishStatement();
+    void finishNote();
+    void countStatement(int line);
+    void endSection(bool isEnd);
+    void readMark(QByteArrayView text, qsizetype at);
+    void beginRepeat(QByteArrayView text, qsizetype at);
+    void record(QByteArrayView text, int line);
+    Carried *carried();
+    int nameIndex(QByteArrayView name);
+
+    ScoreNoteStore *m_notes;
+    std::vector<Section> m_sections;
+    std::vector<ScoreTempo> m_tempos;
+    QByteArrayList m_names;
+    QHash<QByteArray, int> m_nameIndices;
+
+    // The section that is being read.
+    Statement m_statement;
+    QHash<qint64, Carried> m_carried;
+    Player m_lastPlayer;
+    bool m_followsNote = false; ///< so that an instrument may be carried
+    double m_lastStart = -1;    ///< of the statement before, for ^; below 0 where there is none
+    double m_warp = 1;
+    double m_clock = 0;
+    std::vector<double> m_tempoFields;
+    bool m_hasStatements = false;
+    int m_sectionLine = 1;
+    int m_sectionNote = 0;
+    bool m_isSkipping = false;
+    bool m_isPlayed = true;
+    bool m_hasSectionEnded = false;
+
+    // What is marked, from the first mark on, and the repeats that are under way.
+    QHash<QByteArray, Mark> m_marks;
+    QByteArray m_recorded;
+    std::vector<int> m_recordedLines;
+    bool m_isRecording = false;
+    std::vector<Mark> m_repeats;
+
+    qint64 m_count = 0;
+    bool m_isTruncated = false;
+};
+
+} // namespace ardiphon
