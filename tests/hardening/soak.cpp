@@ -2,10 +2,12 @@
 //
 //   soak [--seed N] [--sessions N] [--steps N] [--minutes N] [--trace]
 //
-// Each session has the seed after the one before; `--seed N --sessions 1` repeats one.
+// Each session has the seed after the one before; `--seed N --sessions 1` repeats one. Without
+// --seed the first one is that of ARDIPHON_TEST_SEED in the environment, or 1.
 
 #include "hardening/ProcessWatch.h"
 #include "hardening/Session.h"
+#include "support/RandomSeed.h"
 #include "support/TestMain.h"
 
 #include <QApplication>
@@ -86,19 +88,19 @@ int runSessions(int argc, char **argv)
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QCommandLineParser options;
-    options.addOptions({{"seed", "of the first session", "N", "1"},
+    options.addOptions({{"seed", "of the first session", "N"},
                         {"sessions", "to be run at most", "N", "1000000"},
                         {"steps", "of a session", "N", "300"},
                         {"minutes", "after which no session begins", "N", "1"},
                         {"trace", "tell every step"}});
     options.addHelpOption();
     options.process(application);
+    const unsigned first = options.isSet("seed") ? options.value("seed").toUInt() : randomSeed(1);
     qInstallMessageHandler(noteWarning);
     Outside outside;
     for (const char *scheme : {"file", "http", "https"})
         QDesktopServices::setUrlHandler(QLatin1String(scheme), &outside, "open");
 
-    const unsigned first = options.value("seed").toUInt();
     const unsigned most = options.value("sessions").toUInt();
     const qint64 limit = options.value("minutes").toLongLong() * 60'000;
     QElapsedTimer clock;

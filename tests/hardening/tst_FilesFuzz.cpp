@@ -18,6 +18,9 @@
 #include "platform/linux/DefaultApplications.h"
 #include "platform/linux/OpenerEntry.h"
 #include "platform/ui/SoundFile.h"
+#include "support/FileBytes.h"
+#include "support/RandomSeed.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 #include "support/WaveBytes.h"
 
@@ -62,7 +65,7 @@ private:
     QTemporaryDir m_folder{memoryFolder()};
     QString m_file = path("file");
     QByteArray m_bytes; ///< what it holds
-    Dice m_dice{fileSeed};
+    Dice m_dice{randomSeed(fileSeed)};
 };
 
 void tst_FilesFuzz::forEach(const QByteArrayList &samples, const std::function<void()> &check)
@@ -70,9 +73,7 @@ void tst_FilesFuzz::forEach(const QByteArrayList &samples, const std::function<v
     const DamagedFiles files(samples);
     for (int i = 0; i < damagedFileCount; ++i) {
         m_bytes = files.next(m_dice);
-        QFile file(m_file);
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(m_bytes) == m_bytes.size());
-        file.close();
+        writeBytes(m_file, m_bytes);
         check();
         if (QTest::currentTestFailed()) {
             qWarning("in case %d: %s", i, m_bytes.left(300).toPercentEncoding().constData());
@@ -103,13 +104,13 @@ void tst_FilesFuzz::read_flags_givesWhatIsWrittenAgain()
         QVERIFY(writeFlagFile(sample, layout, {"-W -o test.wav", "-d", "-m0"}));
         QFile file(sample);
         QVERIFY(file.open(QIODevice::ReadOnly));
-        forEach({file.readAll()}, [&] {
+        CHECKED(forEach({file.readAll()}, [&] {
             QStringList flags = readFlagFile(m_file, layout).value_or({});
             if (layout == FlagLayout::Tagged)
                 flags.removeAll(QString()); // blanks alone are not written
             QVERIFY(writeFlagFile(path("again"), layout, flags));
             QCOMPARE(readFlagFile(path("again"), layout).value_or({}), flags);
-        });
+        }));
     }
 }
 

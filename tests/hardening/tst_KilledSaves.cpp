@@ -3,6 +3,8 @@
 // in the environment tells how often it is tried; 50 times without it.
 
 #include "support/FileBytes.h"
+#include "support/RandomSeed.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -21,13 +23,6 @@ constexpr int BookmarkFileSize = 15 * 40;
 constexpr int LongestSave = 4000; ///< in microseconds, with the way to the next one
 
 QByteArray textOf(char letter) { return (QByteArray(79, letter) + '\n').repeated(2500); }
-
-void writeOver(const QString &path, const QByteArray &text)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(text), text.size());
-}
 
 /// The letter of which a whole text consists; nothing for any other text.
 std::optional<char> letterOf(const QByteArray &text)
@@ -112,9 +107,10 @@ void tst_KilledSaves::kill_anyMoment_leavesAWholeText()
     QFETCH(int, share);
     const int asked = qEnvironmentVariableIntValue("KILLS");
     const int kills = (asked > 0 ? asked : 50) * share / 100;
+    QRandomGenerator random(randomSeed(QRandomGenerator::global()->generate()));
     const QTemporaryDir folder;
     const QString piece = folder.filePath(QStringLiteral("piece.csd"));
-    writeOver(piece, textOf('o'));
+    writeBytes(piece, textOf('o'));
     if (inPlace)
         QCOMPARE(::link(QFile::encodeName(piece).constData(),
                         QFile::encodeName(folder.filePath(QStringLiteral("second"))).constData()),
@@ -123,7 +119,7 @@ void tst_KilledSaves::kill_anyMoment_leavesAWholeText()
     QMap<char, int> found;
     int inTheMiddle = 0;
     for (int i = 0; i < kills; ++i) {
-        saveAndKill(folder.path(), QRandomGenerator::global()->bounded(LongestSave));
+        CHECKED(saveAndKill(folder.path(), random.bounded(LongestSave)));
         const QStringList left = leftBehind(folder.path());
         // A save has one file beside the document, and so has one of the bookmarks.
         QVERIFY2(left.size() <= 2, qPrintable(left.join(u' ')));
@@ -131,7 +127,7 @@ void tst_KilledSaves::kill_anyMoment_leavesAWholeText()
         for (const QString &name : left) {
             const QByteArray aside = bytesOf(folder.filePath(name));
             if (inPlace && !letter && (letter = letterOf(aside)))
-                writeOver(piece, aside); // as a user would
+                writeBytes(piece, aside); // as a user would
             QVERIFY(QFile::remove(folder.filePath(name)));
         }
         QVERIFY2(letter, qPrintable(QStringLiteral("kill %1").arg(i)));
