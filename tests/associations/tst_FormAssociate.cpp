@@ -1,6 +1,7 @@
 #include "associations/CsoundFiles.h"
 #include "associations/ui/FormAssociate.h"
 #include "start/ui/Form1.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 #include "support/TestProgram.h"
 
@@ -122,9 +123,9 @@ void tst_FormAssociate::yes_associatesAndAsksNoMore()
         QVERIFY(form.isVisible());
     });
     if (byKey)
-        QTest::keyClick(&form, Qt::Key_Y, Qt::AltModifier);
+        CHECKED(QTest::keyClick(&form, Qt::Key_Y, Qt::AltModifier));
     else
-        press(form, "Command2");
+        CHECKED(press(form, "Command2"));
     QTRY_VERIFY(!form.isVisible()); // a key lets the button go after a while
     QCOMPARE(m_program->dialogs.verify(), "");
     QCOMPARE(associated(), QStringList({"ardiphon-csound-csd.xml", "ardiphon-csound-orc.xml",

@@ -1,5 +1,6 @@
 #include "compile/CSoundDialog.h"
 #include "compile/FinishedText.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QCheckBox>
@@ -295,7 +296,7 @@ void tst_FormCSound::compile_opensThePanel()
         QVERIFY(!dialog.goToError()->isVisible());
         dialog.click("btnStop");
     });
-    dialog.click("Compila");
+    CHECKED(dialog.click("Compila"));
     QCOMPARE(size, compact + QSize(0, (8400 - 3960) / 15));
     QCOMPARE(place, QPoint(100, 300 - 2200 / 15));
     QVERIFY(stopEnabled);
@@ -361,7 +362,7 @@ void tst_FormCSound::stop_closesThePanel()
         dialog.click("btnStop");
         QVERIFY(!dialog.isPanelOpen());
     });
-    dialog.click("Compila");
+    CHECKED(dialog.click("Compila"));
     QCOMPARE(dialog.text(), QStringLiteral("Stopped by user!!!"));
     QVERIFY(!isAlive(dialog.pids().leader));
     QVERIFY(!dialog.isPanelOpen());

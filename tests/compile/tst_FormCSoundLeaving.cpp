@@ -1,4 +1,5 @@
 #include "compile/CSoundDialog.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 using namespace ardiphon;
@@ -85,7 +86,7 @@ void tst_FormCSoundLeaving::leaving_stubbornLog_isDeleted()
         dialog.form->close();
         QTRY_VERIFY(QFile::exists(dialog.logFile())); // the compiler is still there and made it
     });
-    dialog.click("Compila");
+    CHECKED(dialog.click("Compila"));
     QVERIFY(!QFile::exists(dialog.logFile()));
 }
 

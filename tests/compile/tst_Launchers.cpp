@@ -64,7 +64,8 @@ QString tst_Launchers::shown(const std::function<void(const CompileContext &)> &
             return;
         look.stop();
         name = dialog->objectName();
-        QCOMPARE(dialog->parentWidget(), m_owner.get());
+        if (dialog->parentWidget() != m_owner.get())
+            name.prepend(QStringLiteral("of another window: "));
         QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("Command1")),
                           Qt::LeftButton);
     });

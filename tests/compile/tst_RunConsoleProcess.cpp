@@ -1,5 +1,6 @@
 #include "compile/CsdConsole.h"
 #include "compile/FinishedText.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <csignal>
@@ -402,7 +403,7 @@ void tst_RunConsoleProcess::close_anyWayDuringRun_leavesNothing()
             console.form->done(0);
         QVERIFY(!console.form->isVisible());
     });
-    console.click("Command2");
+    CHECKED(console.click("Command2"));
     const Pids left = console.pids(piece);
     QVERIFY(left.leader);
     QVERIFY(!isAlive(left.leader));
@@ -441,14 +442,14 @@ void tst_RunConsoleProcess::reentered_secondStartThenClose_innerFirstThenAll()
             QVERIFY(console.form->close());
             QVERIFY(running("slow") && running("forks")); // neither call has control yet
         });
-        console.click("Command2");
+        CHECKED(console.click("Command2"));
         order.append(QStringLiteral("inner"));
         QVERIFY(running("slow") && !running("forks"));
         console.choose(QStringLiteral("logged")); // the closed window starts nothing more
         console.click("Command2");
         QVERIFY(!console.pids(QStringLiteral("logged")).leader);
     });
-    console.click("Command2");
+    CHECKED(console.click("Command2"));
     order.append(QStringLiteral("outer"));
     QCOMPARE(order, QStringList({"close", "inner", "outer"}));
     QVERIFY(!running("slow"));

@@ -445,6 +445,7 @@ void tst_CsdLeaving::leave_underADialogThatHasNotReturned_waits()
 {
     open();
     QEventLoop program;
+    bool waited = false;
     QTimer::singleShot(0, this, [&] {
         QEventLoop dialog;
         QTimer::singleShot(0, &dialog, [&] {
@@ -454,10 +455,11 @@ void tst_CsdLeaving::leave_underADialogThatHasNotReturned_waits()
         });
         QTimer::singleShot(50, &dialog, &QEventLoop::quit);
         dialog.exec();
-        QVERIFY(m_window && m_window->isVisible());
+        waited = m_window && m_window->isVisible();
     });
     connect(m_window, &QObject::destroyed, &program, &QEventLoop::quit);
     program.exec();
+    QVERIFY(waited);
     QVERIFY(!m_window);
     QVERIFY(!m_program->config.Words->ReadOpcodeRecord(1)); // the user closed it
 }

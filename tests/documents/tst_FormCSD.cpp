@@ -365,15 +365,16 @@ void tst_FormCSD::help_noManual_saysWhichWay()
 void tst_FormCSD::help_about_showsTheTablesVersion()
 {
     show();
-    QTimer::singleShot(0, m_window, [this] {
+    QString version;
+    QTimer::singleShot(0, m_window, [&version] {
         auto *about = QApplication::activeModalWidget();
-        QVERIFY(about);
-        const auto *version = about->findChild<QLabel *>(QStringLiteral("lbl_Aggiornamento"));
-        QCOMPARE(version->text(), QStringLiteral("Opcode On-Line Help Version ") +
-                                      m_program->config.Words->OpcodeHelpVersion);
+        require(about, "the window does not show");
+        version = about->findChild<QLabel *>(QStringLiteral("lbl_Aggiornamento"))->text();
         QTest::keyClick(about, Qt::Key_Escape);
     });
     trigger("menuInfoAbout");
+    QCOMPARE(version, QStringLiteral("Opcode On-Line Help Version ") +
+                          m_program->config.Words->OpcodeHelpVersion);
 }
 
 void tst_FormCSD::keys_F10Alone_goesToTheMenuBarAndBack()

@@ -249,7 +249,7 @@ void tst_Printing::margins_ofTheirWindow_moveTheText()
     showCsd("text");
     QTimer::singleShot(0, m_csd, [] {
         auto *window = qobject_cast<FormImpostaMargini *>(QApplication::activeModalWidget());
-        QVERIFY(window);
+        require(window, "the window does not show");
         window->findChild<QLineEdit *>(QStringLiteral("txtSinistro"))
             ->setText(QStringLiteral("40"));
         window->findChild<QLineEdit *>(QStringLiteral("txtSuperiore"))

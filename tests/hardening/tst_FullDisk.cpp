@@ -6,6 +6,7 @@
 #include "language/editor/LEditOCX.h"
 #include "platform/FileFailure.h"
 #include "support/FileBytes.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 #include "support/TestProgram.h"
 
@@ -81,7 +82,7 @@ private:
     {
         m_window = new Window(m_program->context);
         m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window));
+        require(QTest::qWaitForWindowExposed(m_window), "the window does not show");
     }
     LEditOCX *editor(const char *name) const
     {
@@ -124,13 +125,13 @@ void tst_FullDisk::cleanup()
 
 void tst_FullDisk::write(const char *name, const QByteArray &bytes) const
 {
-    QVERIFY(put(QFile::encodeName(path(name)).constData(), bytes));
+    require(put(QFile::encodeName(path(name)).constData(), bytes), "the file cannot be written");
 }
 
 void tst_FullDisk::fill() const
 {
     QFile ballast(path("ballast"));
-    QVERIFY(ballast.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+    require(ballast.open(QIODevice::WriteOnly | QIODevice::Unbuffered), "no file can be made");
     while (ballast.write(QByteArray(4096, 'x')) == 4096) {
     }
 }

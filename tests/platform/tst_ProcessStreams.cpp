@@ -247,14 +247,16 @@ void tst_ProcessStreams::lines_whileASlotWaits_keepTheirOrder()
     ChildProcess process;
     const Listener listener(process);
     bool waits = true;
+    bool endedWithin = false;
     connect(&process, &ChildProcess::lineRead, this, [&] {
         if (!std::exchange(waits, false))
             return;
         touch("go");
-        QTRY_VERIFY(process.end()); // an event loop within the slot
+        endedWithin = QTest::qWaitFor([&] { return process.end().has_value(); });
     });
     process.start(script("printf '1\\n2\\n'\n" + waitFor("go") + "printf '3\\n4'\n"));
     QTRY_VERIFY(process.end());
+    QTRY_VERIFY(endedWithin); // in the event loop of the slot
     QCOMPARE(listener.told,
              QByteArrayList({"started", "out 1|", "out 2|", "out 3|", "out 4+", "ended"}));
 }
@@ -447,10 +449,11 @@ void tst_ProcessStreams::input_answers_areADialogue()
     ProcessStart start = script("while read -r line; do echo \"heard $line\"; done\n");
     start.input = true;
     QByteArrayList heard;
+    QList<bool> writes;
     connect(&process, &ChildProcess::lineRead, this, [&](const OutputLine &line) {
         heard.append(line.bytes);
         if (heard.size() < 5)
-            QVERIFY(process.write(QByteArray::number(heard.size()) + '\n'));
+            writes.append(process.write(QByteArray::number(heard.size()) + '\n'));
         else
             process.closeInput();
     });
@@ -458,6 +461,7 @@ void tst_ProcessStreams::input_answers_areADialogue()
     QVERIFY(process.write("0\n"));
     QTRY_COMPARE(process.end(), ProcessEnd::Ended);
     QCOMPARE(heard, QByteArrayList({"heard 0", "heard 1", "heard 2", "heard 3", "heard 4"}));
+    QCOMPARE(writes, QList<bool>(4, true));
 }
 
 void tst_ProcessStreams::end_everyWay_comesOnce_data()
@@ -508,7 +512,7 @@ void tst_ProcessStreams::end_everyWay_comesOnce()
         if (way == QLatin1String("twice"))
             process.stop();
         if (way == QLatin1String("killed"))
-            QCOMPARE(::kill(noted("leader"), SIGKILL), 0);
+            require(::kill(noted("leader"), SIGKILL) == 0, "the process cannot be killed");
     });
     process.start(start);
     if (way == QLatin1String("at once"))

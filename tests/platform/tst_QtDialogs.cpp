@@ -63,7 +63,7 @@ class tst_QtDialogs : public QObject
 
 private slots:
     void init();
-    void cleanup() { QVERIFY(QDir::setCurrent(m_current)); }
+    void cleanup();
     void message_showsTitleTextAndIcon_data();
     void message_showsTitleTextAndIcon();
     void message_markup_isShownAsItIs();
@@ -105,7 +105,8 @@ private slots:
     void color_cancelled_isEmpty();
 
 private:
-    /// Runs \a step once the next dialog is on the screen.
+    /// Runs \a step once the next dialog is on the screen. Where it checks something, the call that
+    /// shows the dialog is CHECKED().
     template <typename Dialog, typename Step>
     void whenShown(Step step);
     /// Types \a name into a file dialog and accepts it, as a user would.
@@ -121,18 +122,28 @@ private:
     QtDialogs m_dialogs;
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_current;
+    int m_stepsToCome = 0;
 };
 
 void tst_QtDialogs::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
     m_current = QDir::currentPath();
+    m_stepsToCome = 0;
+}
+
+void tst_QtDialogs::cleanup()
+{
+    QVERIFY(QDir::setCurrent(m_current));
+    QCOMPARE(m_stepsToCome, 0); // else a dialog did not show
 }
 
 template <typename Dialog, typename Step>
 void tst_QtDialogs::whenShown(Step step)
 {
-    QTimer::singleShot(0, this, [step] {
+    ++m_stepsToCome;
+    QTimer::singleShot(0, this, [this, step] {
+        --m_stepsToCome;
         auto *const dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
         require(dialog, "the dialog does not show");
         step(dialog);
@@ -183,8 +194,8 @@ void tst_QtDialogs::message_showsTitleTextAndIcon()
         QCOMPARE(box->objectName(), "MessageBox");
         box->accept();
     });
-    m_dialogs.message({"File has changed!\r\nDo you want to save it?", "Save File", icon,
-                       MessageButtons::YesNoCancel});
+    CHECKED(m_dialogs.message({"File has changed!\r\nDo you want to save it?", "Save File", icon,
+                               MessageButtons::YesNoCancel}));
 }
 
 void tst_QtDialogs::message_markup_isShownAsItIs()
@@ -194,7 +205,7 @@ void tst_QtDialogs::message_markup_isShownAsItIs()
         QCOMPARE(box->windowTitle(), "ArdiphonPro");
         box->accept();
     });
-    m_dialogs.message({"<b>file</b>"});
+    CHECKED(m_dialogs.message({"<b>file</b>"}));
 }
 
 void tst_QtDialogs::message_explanation_isShownBelowAsItIs()
@@ -207,8 +218,8 @@ void tst_QtDialogs::message_explanation_isShownBelowAsItIs()
         QCOMPARE(label->textFormat(), Qt::PlainText);
         box->accept();
     });
-    m_dialogs.message({"Association Error!", "Error", MessageIcon::Critical, MessageButtons::Ok,
-                       false, "/m/<b>x</b> cannot be written."});
+    CHECKED(m_dialogs.message({"Association Error!", "Error", MessageIcon::Critical,
+                               MessageButtons::Ok, false, "/m/<b>x</b> cannot be written."}));
 }
 
 void tst_QtDialogs::message_button_givesItsAnswer_data()
@@ -243,7 +254,9 @@ void tst_QtDialogs::message_button_givesItsAnswer()
         QVERIFY(box->button(button));
         QTest::mouseClick(box->button(button), Qt::LeftButton);
     });
-    QTEST(m_dialogs.message({"text", "title", MessageIcon::None, buttons}), "answer");
+    Answer given{};
+    CHECKED(given = m_dialogs.message({"text", "title", MessageIcon::None, buttons}));
+    QTEST(given, "answer");
 }
 
 void tst_QtDialogs::message_saveAs_isAThirdButton()
@@ -299,7 +312,7 @@ void tst_QtDialogs::message_liesOverTheActiveWindow()
     active.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&active));
     whenShown<QMessageBox>([&](QMessageBox *box) { QCOMPARE(box->parentWidget(), &active); });
-    m_dialogs.message({"text"});
+    CHECKED(m_dialogs.message({"text"}));
 }
 
 void tst_QtDialogs::message_liesOverTheModalWindow()
@@ -311,7 +324,7 @@ void tst_QtDialogs::message_liesOverTheModalWindow()
     modal.show();
     QVERIFY(QTest::qWaitForWindowExposed(&modal));
     whenShown<QMessageBox>([&](QMessageBox *box) { QCOMPARE(box->parentWidget(), &modal); });
-    m_dialogs.message({"text"});
+    CHECKED(m_dialogs.message({"text"}));
 }
 
 void tst_QtDialogs::openFile_showsTitleFilterAndFolder()
@@ -326,7 +339,7 @@ void tst_QtDialogs::openFile_showsTitleFilterAndFolder()
         QCOMPARE(types->itemText(0).trimmed(), "CSD Files (*.csd)");
         QCOMPARE(types->itemText(1).trimmed(), "All Files (*.*)");
     });
-    m_dialogs.openFile(question());
+    CHECKED(m_dialogs.openFile(question()));
 }
 
 void tst_QtDialogs::openFile_chosen_givesAbsolutePath()
@@ -354,7 +367,9 @@ void tst_QtDialogs::openFile_missingFile_isRefused()
         QVERIFY(warned);
         QVERIFY(dialog->isVisible());
     });
-    QVERIFY(!m_dialogs.openFile(question()).has_value());
+    std::optional<QString> chosen;
+    CHECKED(chosen = m_dialogs.openFile(question()));
+    QVERIFY(!chosen.has_value());
 }
 
 void tst_QtDialogs::openFile_missingFile_isTakenWhereItMayBe()
@@ -369,7 +384,9 @@ void tst_QtDialogs::openFile_missingFile_isTakenWhereItMayBe()
         });
         chooseName(dialog, "missing.csd");
     });
-    QCOMPARE(m_dialogs.openFile(asking), m_folder->filePath("missing.csd"));
+    std::optional<QString> chosen;
+    CHECKED(chosen = m_dialogs.openFile(asking));
+    QCOMPARE(chosen, m_folder->filePath("missing.csd"));
     touch("there.csd");
     whenShown<QFileDialog>([](QFileDialog *dialog) { chooseName(dialog, "there.csd"); });
     QCOMPARE(m_dialogs.openFile(asking), m_folder->filePath("there.csd"));
@@ -387,7 +404,7 @@ void tst_QtDialogs::openFile_filter_ignoresCaseAndShowsFilesWithoutDot()
         QTRY_COMPARE(shownNames(*dialog),
                      QStringList({"a.csd", "b.CSD", "c.Csd", "d.txt", "nodot"}));
     });
-    m_dialogs.openFile(question());
+    CHECKED(m_dialogs.openFile(question()));
 }
 
 /// As a dialog of the desktop gives the name of a file whose bytes are not UTF-8.
@@ -418,7 +435,7 @@ void tst_QtDialogs::openFile_programs_areTheExecutableFiles()
                                       QFile::ReadOwner | QFile::ExeOwner));
     };
     for (const char *name : {"csound", "tool.py", "Csound.exe"})
-        executable(name);
+        CHECKED(executable(name));
     for (const char *name : {"piece.csd", "other.exe", "README"})
         touch(name);
     QVERIFY(QDir(m_folder->path()).mkdir("bin"));
@@ -435,11 +452,13 @@ void tst_QtDialogs::openFile_programs_areTheExecutableFiles()
         chooseType(dialog, 0);
         QTRY_COMPARE(shownNames(*dialog), programs);
         touch("late");
-        executable("late one");
+        CHECKED(executable("late one"));
         QTRY_COMPARE(shownNames(*dialog).size(), programs.size() + 1);
         chooseName(dialog, "csound");
     });
-    QCOMPARE(m_dialogs.openFile(asking), m_folder->filePath("csound"));
+    std::optional<QString> chosen;
+    CHECKED(chosen = m_dialogs.openFile(asking));
+    QCOMPARE(chosen, m_folder->filePath("csound"));
 }
 
 void tst_QtDialogs::openFile_manuals_areHtmlPages()
@@ -452,7 +471,7 @@ void tst_QtDialogs::openFile_manuals_areHtmlPages()
         QTRY_COMPARE(shownNames(*dialog), QStringList({"csound.hlp", "index.html", "old.HTM"}));
         QCOMPARE(shownType(*dialog, 0), "Csound Help (*.hlp)");
     });
-    m_dialogs.openFile(asking);
+    CHECKED(m_dialogs.openFile(asking));
 }
 
 void tst_QtDialogs::openFile_patternOfTheDescription_isShownOnce_data()
@@ -479,9 +498,9 @@ void tst_QtDialogs::openFile_patternOfTheDescription_isShownOnce()
         asking.filter = filter;
         whenShown<QFileDialog>([](QFileDialog *dialog) { QTEST(shownType(*dialog, 0), "shown"); });
         if (saving)
-            m_dialogs.saveFile(asking);
+            CHECKED(m_dialogs.saveFile(asking));
         else
-            m_dialogs.openFile(asking);
+            CHECKED(m_dialogs.openFile(asking));
     }
 }
 
@@ -491,7 +510,9 @@ void tst_QtDialogs::saveFile_newName_addsNoExtension()
         QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptSave);
         chooseName(dialog, "piece");
     });
-    QCOMPARE(m_dialogs.saveFile(question()), m_folder->filePath("piece"));
+    std::optional<QString> chosen;
+    CHECKED(chosen = m_dialogs.saveFile(question()));
+    QCOMPARE(chosen, m_folder->filePath("piece"));
 }
 
 void tst_QtDialogs::saveFile_existing_asksBeforeOverwriting()
@@ -525,7 +546,7 @@ void tst_QtDialogs::saveFile_existing_markupIsShownAsItIs()
         });
         chooseName(dialog, "<b>piece<b>.csd");
     });
-    m_dialogs.saveFile(question());
+    CHECKED(m_dialogs.saveFile(question()));
     QVERIFY(asked);
 }
 
@@ -539,7 +560,9 @@ void tst_QtDialogs::saveFile_proposedName_isInTheField()
         QCOMPARE(field->text(), QStringLiteral("[Untit.orc"));
         QTest::keyClick(dialog, Qt::Key_Return);
     });
-    QCOMPARE(m_dialogs.saveFile(proposing), m_folder->filePath("[Untit.orc"));
+    std::optional<QString> chosen;
+    CHECKED(chosen = m_dialogs.saveFile(proposing));
+    QCOMPARE(chosen, m_folder->filePath("[Untit.orc"));
 }
 
 void tst_QtDialogs::saveFile_proposedPath_beginsInItsFolder()
@@ -551,7 +574,9 @@ void tst_QtDialogs::saveFile_proposedPath_beginsInItsFolder()
         QCOMPARE(dialog->findChild<QLineEdit *>("fileNameEdit")->text(), "piece.orc");
         QTest::keyClick(dialog, Qt::Key_Return);
     });
-    QCOMPARE(m_dialogs.saveFile(proposing), proposing.proposedName);
+    std::optional<QString> chosen;
+    CHECKED(chosen = m_dialogs.saveFile(proposing));
+    QCOMPARE(chosen, proposing.proposedName);
 }
 
 void tst_QtDialogs::saveFile_cancelled_isEmpty()
@@ -586,7 +611,7 @@ void tst_QtDialogs::choosePrinter_withSelection_offersIt()
             if (label->text() == "Type:") // of the printer, which stays
                 QVERIFY(label->isVisible());
     });
-    m_dialogs.choosePrinter({"piece.csd", true});
+    CHECKED(m_dialogs.choosePrinter({"piece.csd", true}));
 }
 
 void tst_QtDialogs::choosePrinter_withoutSelection_offersNone()
@@ -600,7 +625,7 @@ void tst_QtDialogs::choosePrinter_withoutSelection_offersNone()
                  QPrinterInfo::availablePrinterNames().isEmpty());
         QCOMPARE(dialog->objectName(), "CommonDialog1");
     });
-    m_dialogs.choosePrinter({"piece.csd", false});
+    CHECKED(m_dialogs.choosePrinter({"piece.csd", false}));
 }
 
 void tst_QtDialogs::choosePrinter_selectionLeft_isReported_data()
@@ -641,7 +666,8 @@ void tst_QtDialogs::choosePrinter_noPrinterAtAll_printsIntoAFile()
         dialog->accept();
     });
     {
-        const auto choice = m_dialogs.choosePrinter({"my piece.csd", false});
+        std::optional<PrintChoice> choice;
+        CHECKED(choice = m_dialogs.choosePrinter({"my piece.csd", false}));
         QVERIFY(choice);
         QVERIFY(choice->printer->startJob("piece.csd"));
         choice->printer->endJob();
@@ -664,7 +690,9 @@ void tst_QtDialogs::color_opens_withTheFirst()
         QCOMPARE(dialog->currentColor(), QColor(200, 100, 50));
         QTest::keyClick(dialog, Qt::Key_Return);
     });
-    QCOMPARE(m_dialogs.color(Color::rgb(200, 100, 50)), Color::rgb(200, 100, 50));
+    std::optional<Color> chosen;
+    CHECKED(chosen = m_dialogs.color(Color::rgb(200, 100, 50)));
+    QCOMPARE(chosen, Color::rgb(200, 100, 50));
 }
 
 void tst_QtDialogs::color_cancelled_isEmpty()

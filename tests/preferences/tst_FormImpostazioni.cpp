@@ -1,6 +1,7 @@
 #include "app/ui/PathField.h"
 #include "preferences/SettingsWindow.h"
 #include "preferences/ui/FormDirectory.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QComboBox>
@@ -262,7 +263,7 @@ void tst_FormImpostazioni::path_workingDirectory_comesFromItsWindow()
     open();
     QTimer::singleShot(0, this, [this] {
         auto *chooser = qobject_cast<FormDirectory *>(QApplication::activeModalWidget());
-        QVERIFY(chooser);
+        require(chooser, "the window does not show");
         m_program->config.WorkingDirectory = "/usr"; // as a click on a folder does
         QTest::mouseClick(chooser->findChild<QPushButton *>("Command1"), Qt::LeftButton);
     });

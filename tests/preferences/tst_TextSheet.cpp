@@ -1,5 +1,6 @@
 #include "preferences/SettingsWindow.h"
 #include "preferences/ui/FormDefaultFont.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QListView>
@@ -131,7 +132,7 @@ void tst_TextSheet::browse_showsTheNewDefaultFont()
     QString name;
     QTimer::singleShot(0, this, [&name] {
         auto *chooser = qobject_cast<FormDefaultFont *>(QApplication::activeModalWidget());
-        QVERIFY(chooser);
+        require(chooser, "the window does not show");
         auto *list = chooser->findChild<QListView *>("List1");
         name = list->model()->index(0, 0).data().toString();
         QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,

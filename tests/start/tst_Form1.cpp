@@ -1,4 +1,5 @@
 #include "support/Form1Fixture.h"
+#include "support/Require.h"
 #include "support/TestMain.h"
 
 #include <QScreen>
@@ -50,7 +51,7 @@ void tst_Form1::load_fillsEverythingBeforeTheWindowShows()
         QCOMPARE(m_config->WindowWidth, (area.left() + area.width()) * 15);
         QCOMPARE(m_config->WindowHeight, (area.top() + area.height()) * 15);
     };
-    load("/m/piece.csd");
+    CHECKED(load("/m/piece.csd"));
     QCOMPARE(m_shown, QStringList("FormCSD"));
 }
 

@@ -176,7 +176,7 @@ void tst_FormNew::choose_waitsForTheChoice()
     m_config.NewDocumentChoice = "old";
     QTimer::singleShot(0, this, [] {
         QWidget *const chooser = QApplication::activeModalWidget();
-        QVERIFY(chooser);
+        require(chooser, "the window does not show");
         QTest::keyClick(chooser, Qt::Key_O);
     });
     QCOMPARE(FormNew::choose(m_config, m_owner.get()), "NEWORCSCO");

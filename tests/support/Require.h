@@ -14,7 +14,9 @@ inline void require(bool isMet, const char *what,
 }
 
 /// CHECKED(compareAll(a, b)); calls a helper that checks with QCOMPARE and the like, and returns
-/// from the test too when one of its checks failed.
+/// from the test too when one of its checks failed. The same for a call, such as that of a dialog,
+/// in which a step of the test runs that checks: such a step has to end the call also when it
+/// fails.
 #define CHECKED(...)                                                                               \
     do {                                                                                           \
         __VA_ARGS__;                                                                               \
