@@ -41,7 +41,7 @@ signals:
 
 private:
     bool listen();
-    void accept();
+    bool accept();
     void readNews();
     void giveUp();
     void closeSocket();

@@ -1,6 +1,7 @@
 #include "platform/ChildProcess.h"
 #include "support/StandInCompiler.h"
 #include "support/TestMain.h"
+#include "support/TimeLimit.h"
 
 #include <QDir>
 #include <QFile>
@@ -38,6 +39,7 @@ private slots:
     void end_byItself_isReportedAndTheWindowStays();
     void environmentAndDirectory_reachTheProgram();
     void stop_endsAllAndClosesTheWindow();
+    void stop_beforeTheConsoleIsHeardOf_endsAll();
     void stop_beforeTheWindow_startsNothing();
     void destroyed_endsAll();
     void program_killed_endsAll();
@@ -56,6 +58,8 @@ private:
     pid_t noted(const char *name) const;
     /// A compiler that is a shell script.
     ProcessStart script(const QByteArray &lines) const;
+    /// Waits for the process id in that file while no event is handled.
+    void waitWithoutEvents(const char *name) const;
     bool isOver() const { return !isAlive(noted("leader")) && !isAlive(noted("fugitive")); }
 
     const QByteArray m_path = qgetenv("PATH");
@@ -93,6 +97,13 @@ pid_t tst_TerminalRun::noted(const char *name) const
 {
     const QByteArray text = read(name);
     return text.endsWith('\n') ? text.trimmed().toInt() : 0;
+}
+
+void tst_TerminalRun::waitWithoutEvents(const char *name) const
+{
+    const TimeLimit limit;
+    while (!noted(name))
+        ::usleep(1000);
 }
 
 ProcessStart tst_TerminalRun::script(const QByteArray &lines) const
@@ -145,6 +156,18 @@ void tst_TerminalRun::stop_endsAllAndClosesTheWindow()
     QTRY_COMPARE(process.end(), ProcessEnd::Stopped);
     QVERIFY(isOver());
     QCOMPARE(read("screen"), ""); // no key is asked for
+}
+
+/// The program may run before the event loop learns that the console has connected.
+void tst_TerminalRun::stop_beforeTheConsoleIsHeardOf_endsAll()
+{
+    ChildProcess process;
+    process.start(script(Endless));
+    waitWithoutEvents("leader");
+    process.stop();
+    QTRY_COMPARE(process.end(), ProcessEnd::Stopped);
+    QVERIFY(isOver());
+    QCOMPARE(read("screen"), "");
 }
 
 void tst_TerminalRun::stop_beforeTheWindow_startsNothing()

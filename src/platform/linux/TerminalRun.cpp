@@ -46,14 +46,15 @@ bool TerminalRun::listen()
     return true;
 }
 
-void TerminalRun::accept()
+/// Takes a console that has connected. False when there is none.
+bool TerminalRun::accept()
 {
     const int connection = ::accept4(m_socket, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
     if (connection < 0)
-        return;
+        return false;
     if (!report::isOurs(connection)) {
         ::close(connection);
-        return;
+        return false;
     }
     m_patience.stop();
     m_news->setEnabled(false);
@@ -61,6 +62,7 @@ void TerminalRun::accept()
     ::close(std::exchange(m_socket, connection));
     m_news = std::make_unique<QSocketNotifier>(m_socket, QSocketNotifier::Read);
     connect(m_news.get(), &QSocketNotifier::activated, this, &TerminalRun::readNews);
+    return true;
 }
 
 /// A connection that breaks means that the terminal was closed, and the program ended with it.
@@ -79,8 +81,8 @@ void TerminalRun::readNews()
 
 void TerminalRun::stop()
 {
-    if (m_patience.isActive()) { // a console that connects now finds nobody
-        giveUp();
+    if (m_patience.isActive() && !accept()) {
+        giveUp(); // a console that connects now finds nobody
         return;
     }
     ::shutdown(m_socket, SHUT_WR);
