@@ -390,7 +390,8 @@ void tst_ProcessStreams::input_nobodyReads_isDropped()
         QTRY_COMPARE(lines.size(), 1);
         QVERIFY(process.write(QByteArray(size, 'x')));
         QTRY_COMPARE(process.unwritten(), 0);
-        QCOMPARE(process.write("more"), size == 0); // it is found out by trying
+        // It is found out by trying, once the program was the last to have the pipe.
+        QTRY_COMPARE(process.write("more"), size == 0);
         QCOMPARE(process.end(), std::nullopt);
         touch("go");
     } else {
@@ -418,8 +419,7 @@ void tst_ProcessStreams::input_brokenPipe_leavesTheSignalAlone()
     process.start(start);
     QTRY_COMPARE(lines.size(), 1);
     QVERIFY(process.write("x"));
-    QTRY_COMPARE(process.unwritten(), 0);
-    QVERIFY(!process.write("x"));
+    QTRY_VERIFY(!process.write("x"));
     sigset_t blocked;
     sigset_t pending;
     ::sigpending(&pending);
