@@ -13,6 +13,7 @@ import time
 from display import Display
 
 PATIENCE = 60  # seconds until a condition that never comes true is called a failure
+TICK = 0.012  # seconds: longer than the shortest interval of the program's timers
 
 SOURCES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..")
 with open(os.path.join(SOURCES, "CMakeLists.txt")) as file:
@@ -120,12 +121,17 @@ class Desktop:
 
     def key_until(self, keys, what, condition):
         """Presses the keys, and again each second that the condition does not come true: a user
-        whose key fell between two windows does the same."""
+        whose key fell between two windows does the same, but not while a busy program is still to
+        do what the key asks."""
         pressed = 0
 
         def pressed_and_true():
             nonlocal pressed
             if time.monotonic() - pressed > 1:
+                if pressed:
+                    self.settle()
+                    if result := condition():
+                        return result
                 self.key(*keys)
                 pressed = time.monotonic()
             return condition()
@@ -164,3 +170,19 @@ class Desktop:
     def shows(self, title):
         """Whether a window whose title matches is on the screen."""
         return bool(self.display.visible(title))
+
+    def settle(self, window=None, ticks=3):
+        """Waits until the program of that window, or of the one in front, and the window manager
+        have done what they were asked, and what they then asked of each other. Between that the
+        program's timers have had as many ticks."""
+        window = window or self.display.active()
+        for _ in range(ticks):
+            self.hear(window)
+            self.display.wait_for_manager()
+            time.sleep(TICK)
+        self.hear(window)
+
+    def hear(self, window):
+        """Waits until the program of that window has handled what came to it before. It answers as
+        soon as it has read the question, so the second answer is the one that counts."""
+        return self.display.program_answers(window) and self.display.program_answers(window)

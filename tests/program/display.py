@@ -4,12 +4,20 @@ at."""
 
 import ctypes
 import re
+import select
+import time
 
 XLIB = ctypes.CDLL("libX11.so.6")
 ANY_TYPE = 0
 ALL_PLANES = ctypes.c_ulong(-1)
 WHOLE_PIXELS = 2
 IS_VIEWABLE = 2
+CLIENT_MESSAGE = 33
+STRUCTURE_NOTIFY = 1 << 17
+SUBSTRUCTURE_NOTIFY = 1 << 19
+SUBSTRUCTURE_REDIRECT = 1 << 20
+PROPERTY_CHANGE = 1 << 22
+PATIENCE = 60  # seconds until an answer that never comes is called a failure
 WINDOW = ctypes.c_ulong
 
 
@@ -24,6 +32,23 @@ class WindowAttributes(ctypes.Structure):
         + [(name, ctypes.c_long) for name in ("all_events", "our_events", "no_events")]
         + [("override_redirect", ctypes.c_int), ("screen", ctypes.c_void_p)]
     )
+
+
+class ClientMessage(ctypes.Structure):
+    _fields_ = [
+        ("kind", ctypes.c_int),
+        ("serial", ctypes.c_ulong),
+        ("sent", ctypes.c_int),
+        ("display", ctypes.c_void_p),
+        ("window", WINDOW),
+        ("name", ctypes.c_ulong),
+        ("format", ctypes.c_int),
+        ("data", ctypes.c_ulong * 5),
+    ]
+
+
+class Event(ctypes.Union):
+    _fields_ = [("kind", ctypes.c_int), ("message", ClientMessage), ("room", ctypes.c_long * 24)]
 
 
 class Image(ctypes.Structure):
@@ -53,6 +78,7 @@ XLIB.XSetErrorHandler(nothing_happened)
 XLIB.XOpenDisplay.restype = ctypes.c_void_p
 XLIB.XDefaultRootWindow.restype = WINDOW
 XLIB.XInternAtom.restype = ctypes.c_ulong
+XLIB.XCreateSimpleWindow.restype = WINDOW
 XLIB.XGetImage.restype = ctypes.POINTER(Image)
 
 
@@ -62,6 +88,12 @@ class Display:
         assert self.handle, name
         self.root = WINDOW(XLIB.XDefaultRootWindow(self.handle))
         self.atoms = {}
+        self.questions = 0
+        self.own_window = XLIB.XCreateSimpleWindow(self.handle, self.root, 0, 0, 1, 1, 0, 0, 0)
+        changes = ctypes.c_long(PROPERTY_CHANGE)
+        XLIB.XSelectInput(self.handle, WINDOW(self.own_window), changes)
+        answers = ctypes.c_long(STRUCTURE_NOTIFY | SUBSTRUCTURE_NOTIFY)
+        XLIB.XSelectInput(self.handle, self.root, answers)
 
     def close(self):
         XLIB.XCloseDisplay(self.handle)
@@ -159,3 +191,50 @@ class Display:
             return [bytes(colors[at : at + 3 * width]) for at in range(0, len(colors), 3 * width)]
         finally:
             XLIB.XDestroyImage(image)
+
+    def send(self, receiver, mask, window, name, *numbers):
+        event = Event()
+        event.message.kind = CLIENT_MESSAGE
+        event.message.window = window
+        event.message.name = self.atom(name).value
+        event.message.format = 32
+        event.message.data[: len(numbers)] = numbers
+        XLIB.XSendEvent(
+            self.handle, WINDOW(receiver), 0, ctypes.c_long(mask), ctypes.byref(event)
+        )
+        XLIB.XFlush(self.handle)
+
+    def messages(self):
+        """Waits a little for what the display tells, and gives the messages in that."""
+        if not XLIB.XPending(self.handle):
+            select.select([XLIB.XConnectionNumber(self.handle)], [], [], 0.1)
+        event = Event()
+        while XLIB.XPending(self.handle):
+            XLIB.XNextEvent(self.handle, ctypes.byref(event))
+            if event.kind == CLIENT_MESSAGE:
+                yield event.message
+
+    def program_answers(self, window):
+        """Asks the program of a window whether it still reads, and waits for the answer: what came
+        to it before is read then. False when the window is gone or its program never answers."""
+        ping = self.atom("_NET_WM_PING").value
+        self.questions += 1
+        question = [ping, self.questions]
+        self.send(window, 0, window, "WM_PROTOCOLS", *question, window)
+        end = time.monotonic() + PATIENCE
+        while ping in (self.property(window, "WM_PROTOCOLS") or []):
+            if any(message.data[:2] == question for message in self.messages()):
+                return True
+            assert time.monotonic() < end, "waited in vain for a program's answer"
+        return False
+
+    def wait_for_manager(self):
+        """The same for the window manager: it tells how wide the frame of a window would be."""
+        edges = self.atom("_NET_FRAME_EXTENTS")
+        XLIB.XDeleteProperty(self.handle, WINDOW(self.own_window), edges)
+        mask = SUBSTRUCTURE_NOTIFY | SUBSTRUCTURE_REDIRECT
+        self.send(self.root.value, mask, self.own_window, "_NET_REQUEST_FRAME_EXTENTS")
+        end = time.monotonic() + PATIENCE
+        while self.property(self.own_window, "_NET_FRAME_EXTENTS") is None:
+            assert time.monotonic() < end, "waited in vain for the window manager's answer"
+            list(self.messages())

@@ -280,10 +280,12 @@ def wheel(desktop):
         click(desktop, *BUTTON_SPLIT)
         wait_for("the second view", lambda: line_between(desktop))
         desktop.key("F12", "ctrl+End", "F11")
+        desktop.settle()
         places = [(600, 700), (GUTTER, 700), (SCROLL_BAR, 700), (600, 300), (SCROLL_BAR, 300)]
         for x, y in places:
             turn_wheel(desktop, x, y, UPPER_VIEW, LOWER_VIEW)
         desktop.key("F12", "ctrl+Home")
+        desktop.settle()
         for x, y in places:
             turn_wheel(desktop, x, y, LOWER_VIEW, UPPER_VIEW)
         desktop.type("lower ")

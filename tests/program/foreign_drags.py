@@ -10,7 +10,6 @@ brings everything."""
 import os
 import re
 import sys
-import time
 
 from desktop import VERSION, Desktop, wait_for
 
@@ -20,7 +19,6 @@ FIRST_LINE = (210, 103)  # in an editor's window with all its tools
 EMPTY_PLACE = (400, 500)
 FIRST_FILE = (160, 70)  # in the dialog that opens files
 DIALOG = "Open File"
-STEP = 0.03  # seconds between two places of a mouse that drags
 
 
 def write(desktop, name, text):
@@ -68,15 +66,18 @@ def inside(desktop, window, point):
     return left + point[0], top + point[1]
 
 
-def drag(desktop, start, end):
-    """Presses at one place and releases at the other, with stations for the programs to see."""
+def drag(desktop, source, start, target, end):
+    """Presses at a place in one window and releases at one in the other, with stations for the
+    programs to see."""
+    start, end = inside(desktop, source, start), inside(desktop, target, end)
+    stations = [[a + (b - a) * part // 20 for a, b in zip(start, end)] for part in range(1, 21)]
     move(desktop, *start)
     desktop.tell("xdotool", "mousedown", "1")
-    for part in range(1, 21):
-        move(desktop, *(a + (b - a) * part // 20 for a, b in zip(start, end)))
-        time.sleep(STEP)
-    move(desktop, end[0] + 1, end[1])
-    time.sleep(10 * STEP)  # the target tells the source that it takes this
+    for station in [*stations, (end[0] + 1, end[1])]:
+        move(desktop, *station)
+        # The source asks the target, which tells the source whether it takes this.
+        for window in (source, target, source):
+            assert desktop.hear(int(window)), "a window is gone"
     desktop.tell("xdotool", "mouseup", "1")
 
 
@@ -88,7 +89,7 @@ def drag_text(desktop, source, target, path):
     desktop.tell("xdotool", "windowactivate", "--sync", source)
     click(desktop, source, *EMPTY_PLACE)  # elsewhere, as two clicks in one place are a double one
     desktop.key("ctrl+a")
-    drag(desktop, inside(desktop, source, FIRST_LINE), inside(desktop, target, FIRST_LINE))
+    drag(desktop, source, FIRST_LINE, target, FIRST_LINE)
     wait_for("the star of the changed text", lambda: title_of(desktop, target).endswith("*"))
     desktop.tell("xdotool", "windowactivate", "--sync", target)
     desktop.key("ctrl+s")
@@ -107,7 +108,7 @@ def drag_file(desktop, source, target, path):
     click(desktop, source, *EMPTY_PLACE)
     desktop.key_until(["ctrl+o"], DIALOG, lambda: desktop.has_focus(DIALOG))
     dialog = desktop.tell("xdotool", "getactivewindow")
-    drag(desktop, inside(desktop, dialog, FIRST_FILE), inside(desktop, target, FIRST_LINE))
+    drag(desktop, dialog, FIRST_FILE, target, FIRST_LINE)
     question = wait_for(
         "the question", lambda: desktop.tell("xdotool", "search", "--name", "^Save File$")
     )

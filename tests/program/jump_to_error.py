@@ -67,5 +67,4 @@ with Desktop(PROGRAM_FOLDER) as desktop:
     jump(desktop, "error: syntax error, line 2:\r\n", "ende")
     wait_for("the orchestra's line", lambda: read(orchestra) == "instr 1\nende\n")
     assert read(score) == "i1 0 1\ne\n", read(score)
-    desktop.key("alt+F4")
-    wait_for("the program's end", lambda: program.poll() is not None)
+    desktop.key_until(["alt+F4"], "the program's end", lambda: program.poll() is not None)

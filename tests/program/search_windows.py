@@ -6,7 +6,6 @@ there as long as it covers nothing that was found, and moves out of the way of w
 
 import os
 import sys
-import time
 
 from desktop import VERSION, Desktop, wait_for
 
@@ -50,13 +49,12 @@ def frame(desktop, title):
 
 def at_rest(desktop, title):
     """Where a window stands when it moves no more."""
-    last = [None, 0]
 
     def still():
-        now = frame(desktop, title)
-        if now != last[0]:
-            last[:] = [now, time.monotonic()]
-        return now if now and time.monotonic() - last[1] > 0.3 else None
+        before = frame(desktop, title)
+        if before:
+            desktop.settle(desktop.display.visible(title)[0])
+        return before if frame(desktop, title) == before else None
 
     return wait_for(f"{title!r} to stand still", still)
 
@@ -118,8 +116,7 @@ def open_search(desktop, key, caption):
 def close(desktop, caption):
     found = desktop.display.visible(caption)[0]
     desktop.tell("xdotool", "windowactivate", "--sync", str(found))
-    desktop.key("Escape")
-    wait_for("the window's end", lambda: frame(desktop, caption) is None)
+    desktop.key_until(["Escape"], "the window's end", lambda: frame(desktop, caption) is None)
 
 
 def center(window):

@@ -112,7 +112,7 @@ def csd_by_winsound(desktop, compiler):
     assert compiler.is_alive("fugitive")
     desktop.key("ctrl+c")
     wait_for("the end of what it left", compiler.is_over)
-    time.sleep(0.5)  # nothing tells of what does not happen
+    time.sleep(0.5)  # nothing tells that it reads the keyboard again, and finds no key
     assert desktop.processes_named("ArdiphonConsole"), "a key typed ahead closed the window"
     close_by_a_key(desktop)
     compiler.forget()
@@ -135,6 +135,7 @@ def project_by_winsound(desktop, compiler, program):
     title = "Winsound Compiler"
 
     def compile_once():
+        desktop.settle()  # the dialog has heard of the end of the last run
         desktop.key("alt+c")
         compiler.wait_for_start()
         return open_terminal(desktop)
@@ -144,7 +145,7 @@ def project_by_winsound(desktop, compiler, program):
     desktop.type("ahead")
     compiler.end()
     wait_for("the end of all", compiler.is_over)
-    time.sleep(0.5)  # nothing tells of what does not happen
+    time.sleep(0.5)  # the same
     assert desktop.processes_named("ArdiphonConsole"), "the window closed by itself"
     close_by_a_key(desktop)
     compiler.forget()
@@ -195,7 +196,8 @@ with Desktop(PROGRAM_FOLDER) as desktop:
         program.kill()
         program.wait()
         assert not compiler.is_over()
-        desktop.key("alt+F4")  # the window manager's, and the terminal has the focus
+        desktop.tell("xdotool", "windowactivate", "--sync", window)
+        desktop.key("alt+F4")  # the window manager's
 
     csd_by_csoundav(desktop, compiler, close_politely)
 

@@ -142,8 +142,7 @@ with Desktop(PROGRAM_FOLDER) as desktop:
     assert desktop.processes_named("csound") == []
     go_to_error(desktop)
 
-    desktop.key("alt+F4")
-    wait_for("the program's end", lambda: program.poll() is not None)
+    desktop.key_until(["alt+F4"], "the program's end", lambda: program.poll() is not None)
     assert program.returncode == 0, program.returncode
     assert read(orchestra) == ";" + ORCHESTRA
     assert os.listdir(desktop.temporary) == [], os.listdir(desktop.temporary)

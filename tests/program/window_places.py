@@ -8,7 +8,6 @@ the name in the title.
 import os
 import re
 import sys
-import time
 
 from desktop import VERSION, Desktop, wait_for
 
@@ -16,7 +15,7 @@ from desktop import VERSION, Desktop, wait_for
 TITLE = f"ArdiphonPro - Version {VERSION}"
 SCREEN = (1280, 1024)
 MARGINS = {"left": 40, "top": 10, "right": 20, "bottom": 30}  # as panels would take them
-MOMENT = 0.2  # seconds
+TICKS = 13  # of a timer, in which a window that is placed in steps takes six of them
 MENU_KEYS = {"upper": "u", "lower": "d", "left": "e", "right": "i"}
 
 
@@ -74,13 +73,11 @@ def at_rest(desktop, window):
 
 
 def stays_at(desktop, window, place):
-    """Whether the window is there and is still there a moment later."""
-    end = time.monotonic() + MOMENT
-    while frame(desktop, window) == place:
-        if time.monotonic() > end:
-            return True
-        time.sleep(0.02)
-    return False
+    """Whether the window is there and is still there when its program has done all its steps."""
+    if frame(desktop, window) != place:
+        return False
+    desktop.settle(int(window), TICKS)
+    return frame(desktop, window) == place
 
 
 def click(desktop, window, x, y):
