@@ -16,6 +16,31 @@
 
 using namespace ardiphon;
 
+namespace {
+
+/// Quits a loop when a window has been asked that often to close, or has closed.
+class CloseWatch : public QObject
+{
+public:
+    CloseWatch(QWidget &window, int times, QEventLoop &loop) : m_left(times), m_loop(loop)
+    {
+        window.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Hide || (event->type() == QEvent::Close && --m_left == 0))
+            m_loop.quit();
+        return false;
+    }
+
+private:
+    int m_left;
+    QEventLoop &m_loop;
+};
+
+} // namespace
+
 /// How a CSD document opens and closes besides its menu entries, and what is shown of it: recent
 /// files, conversions, drops, properties, title and closing.
 class tst_CsdLeaving : public QObject, private CsdDocumentFixture
@@ -453,7 +478,7 @@ void tst_CsdLeaving::leave_underADialogThatHasNotReturned_waits()
             QSpontaneKeyEvent::setSpontaneous(&byUser);
             qApp->notify(m_window, &byUser);
         });
-        QTimer::singleShot(50, &dialog, &QEventLoop::quit);
+        const CloseWatch attempts(*m_window, 3, dialog);
         dialog.exec();
         waited = m_window && m_window->isVisible();
     });
