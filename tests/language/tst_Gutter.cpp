@@ -6,6 +6,7 @@
 #include "support/EditorInput.h"
 #include "support/TestMain.h"
 
+#include <QHash>
 #include <QPainter>
 #include <QScreen>
 #include <QSignalSpy>
@@ -13,6 +14,7 @@
 #include <array>
 #include <cmath>
 #include <memory>
+#include <vector>
 
 using namespace ardiphon;
 using namespace EditorInput;
@@ -81,6 +83,25 @@ double differenceOf(const std::vector<double> &one, const std::vector<double> &o
     return difference / all;
 }
 
+// How the font draws each digit at the right edge of a place of that size.
+const std::vector<std::vector<double>> &inkOfDigits(const QSize &size, const QFont &font)
+{
+    static QHash<QString, std::vector<std::vector<double>>> known;
+    std::vector<std::vector<double>> &digits =
+        known[QStringLiteral("%1 %2 %3").arg(size.width()).arg(size.height()).arg(font.key())];
+    for (char digit = '0'; digits.size() < 10; ++digit) {
+        QImage drawn(size, QImage::Format_RGB32);
+        drawn.fill(Qt::white);
+        QPainter painter(&drawn);
+        painter.setFont(font);
+        painter.drawText(drawn.rect(), Qt::AlignRight | Qt::AlignVCenter,
+                         QString(QLatin1Char(digit)));
+        painter.end();
+        digits.push_back(inkOf(drawn, drawn.rect()));
+    }
+    return digits;
+}
+
 // The digit that a place of a picture shows, as the font draws it there; '?' for another sign.
 char digitAt(const QImage &picture, const QRect &place, const QFont &font)
 {
@@ -89,18 +110,12 @@ char digitAt(const QImage &picture, const QRect &place, const QFont &font)
         return ' ';
     char best = '?';
     double least = 0.3;
-    for (char digit = '0'; digit <= '9'; ++digit) {
-        QImage drawn(place.size(), QImage::Format_RGB32);
-        drawn.fill(Qt::white);
-        QPainter painter(&drawn);
-        painter.setFont(font);
-        painter.drawText(drawn.rect(), Qt::AlignRight | Qt::AlignVCenter,
-                         QString(QLatin1Char(digit)));
-        painter.end();
-        const double difference = differenceOf(seen, inkOf(drawn, drawn.rect()));
+    const std::vector<std::vector<double>> &digits = inkOfDigits(place.size(), font);
+    for (std::size_t digit = 0; digit < digits.size(); ++digit) {
+        const double difference = differenceOf(seen, digits[digit]);
         if (difference < least) {
             least = difference;
-            best = digit;
+            best = char('0' + digit);
         }
     }
     return best;
