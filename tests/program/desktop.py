@@ -117,7 +117,7 @@ class Desktop:
         wait_for(f"the window {title!r}", lambda: self.has_focus(title))
 
     def key(self, *keys):
-        self.tell("xdotool", "key", "--clearmodifiers", *keys)
+        self.tell("xdotool", "key", "--clearmodifiers", "--delay", "0", *keys)
 
     def key_until(self, keys, what, condition):
         """Presses the keys, and again each second that the condition does not come true: a user
@@ -139,7 +139,7 @@ class Desktop:
         return wait_for(what, pressed_and_true)
 
     def type(self, text):
-        self.tell("xdotool", "type", "--clearmodifiers", text)
+        self.tell("xdotool", "type", "--clearmodifiers", "--delay", "0", text)
 
     def copied_text(self):
         """The whole text of the control that has the focus."""

@@ -87,9 +87,16 @@ def text_is(desktop, text):
     desktop.key("ctrl+End")
 
 
+def menu_keys(desktop, *keys):
+    """Keys of which the last one closes a menu. While that is open the display gives the menu every
+    key, and whatever is pressed before it has closed is lost with it."""
+    desktop.key(*keys)
+    desktop.settle()
+
+
 def select_all_from_menu(desktop, *opener):
     """By the last entry of the menu Edit."""
-    desktop.key(*opener, "Right", "Down", "Up", "Return")
+    menu_keys(desktop, *opener, "Right", "Down", "Up", "Return")
 
 
 # The menu bar and the popup. -----------------------------------------------------------------------
@@ -113,7 +120,7 @@ def menus_by_keys(desktop):
         desktop.key("alt+f", "ctrl+alt+x")  # with a key, Alt is the editor's
         desktop.type("!")
         text_is(desktop, "alt!")
-        desktop.key("shift+F10", "a")  # Select All, in the popup
+        menu_keys(desktop, "shift+F10", "a")  # Select All, in the popup
         desktop.type("popup")
         text_is(desktop, "popup")
 
@@ -128,7 +135,7 @@ def menus_of_the_focused_half(desktop):
             select_all_from_menu(desktop, opener)
             desktop.type(opener)
             text_is(desktop, opener)
-        desktop.key("shift+F10", "a")
+        menu_keys(desktop, "shift+F10", "a")
         desktop.type("popup")
         text_is(desktop, "popup")
         desktop.key("F11")
@@ -140,7 +147,7 @@ def menus_of_the_focused_half(desktop):
 
 def choose(desktop, entry):
     """An entry of the project's menu File."""
-    desktop.key("alt", "f", "Home", *["Down"] * ENTRIES.index(entry), "Return")
+    menu_keys(desktop, "alt", "f", "Home", *["Down"] * ENTRIES.index(entry), "Return")
 
 
 def choose_file(desktop, title, name):
@@ -220,7 +227,7 @@ def score_alone(desktop):
         text_is(desktop, orchestra.rstrip("\n"))  # the clipboard's reader drops the last line end
         desktop.key("F8")
 
-        desktop.key("alt", "h", "1")  # a header, for the hidden orchestra
+        menu_keys(desktop, "alt", "h", "1")  # a header, for the hidden orchestra
         score.takes_what_is_typed()
         score.save("next.sco")
         choose(desktop, "New Orchestra")
