@@ -24,7 +24,8 @@ LEditOCX::Private::Private(LEditOCX &editor)
     : control(editor),
       view(*new TextView(*this, &editor)),
       text(view),
-      styling(view, text),
+      folded(view, text),
+      styling(view, text, folded),
       bookmarks(view, text),
       presence(text),
       recorder(text)
@@ -56,7 +57,10 @@ void LEditOCX::Private::reportChanges()
             emit control.textChanged(*change, recorder.revision());
         else if (const bool modified = control.GetState(TextState); modified != reportedModified)
             emit control.modifiedChanged(reportedModified = modified);
-        else
+        else if (folded.takeChange()) {
+            emit control.foldsChanged();
+            emit control.Repaint();
+        } else
             break;
     }
     isReporting = false;
@@ -79,13 +83,20 @@ void LEditOCX::Private::mouseButton(EditorMouseButton button) { emit control.Mou
 
 void LEditOCX::Private::click() { emit control.Click(); }
 
-// An assistive tool changes the text by calls of the library, and nothing reports their end.
+// An assistive tool changes the text, and moves the caret, by calls of the library, and nothing
+// reports their end.
 void LEditOCX::Private::viewChanged()
 {
-    if (recorder.isPending())
+    caretMoved();
+    emit control.Repaint();
+}
+
+void LEditOCX::Private::caretMoved()
+{
+    showCaret();
+    if (recorder.isPending() || folded.isChanged())
         QMetaObject::invokeMethod(
             &control, [this] { reportChanges(); }, Qt::QueuedConnection);
-    emit control.Repaint();
 }
 
 void LEditOCX::Private::replaceDocument(const DocumentText &document)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "language/DocumentText.h"
+#include "language/LineRun.h"
 #include "language/TextChange.h"
 #include "language/TokenColors.h"
 #include "platform/Color.h"
@@ -143,9 +144,12 @@ public:
     // The view. ----------------------------------------------------------------------------------
 
     int TopLine() const; ///< the first visible line
+    /// Makes \a line the first visible one, as far as there is text to fill the view; for a hidden
+    /// line the one that it is hidden under, as this shows nothing that is hidden.
     void SetTopLine(int line);
     int LineHeight() const; ///< in pixels
-    /// The pixel position, within the control, of a text position.
+    /// The pixel position, within the control, of a text position; on a hidden line, that of the
+    /// end of the line that it is hidden under.
     QPoint PositionToPixels(int line, int column) const;
 
     void SetBackColor(Color color);
@@ -180,6 +184,40 @@ public:
     void SetBookmarkForeColor(int index, Color color);
     void ClearBookmarkBackColor(int index);
     void ClearBookmarkForeColor(int index);
+
+    // Folding. -----------------------------------------------------------------------------------
+
+    // A fold is a visible line, its header, with hidden lines under it. The caret is never on a
+    // hidden line: what puts it there, by whichever way, shows that line and all that is hidden
+    // under the same header. So do a selection that is set and begins there, and an edit that
+    // touches a hidden line or the line end of its header. A selection may go over hidden lines. A
+    // line number is that of the text, whatever is hidden; rows are what is on the screen. Each
+    // control folds on its own, also where it shows the same text as another. A document that is
+    // replaced, by LoadFile or ClearDocument, is all visible.
+
+    /// Hides these lines, each run under the line before it; what there is of one run in another
+    /// becomes part of the same fold. A caret that is hidden moves to the end of the header.
+    /// Line 1 and lines that do not exist are left out. The first visible line stays
+    /// where it is. Returns whether any line is hidden by it.
+    bool FoldLines(const QList<LineRun> &runs);
+    /// Shows the lines that are hidden under \a line, or under the same header as it. Returns
+    /// whether there were any.
+    bool UnfoldAt(int line);
+    /// Shows all lines. Returns whether any was hidden.
+    bool UnfoldAll();
+    bool HasFolds() const; ///< whether any line is hidden
+    bool IsHidden(int line) const;
+    bool IsFolded(int line) const { return !HiddenUnder(line).isEmpty(); }
+    /// The lines that are hidden under a visible line; an empty run where there are none.
+    LineRun HiddenUnder(int line) const;
+
+    /// The line that is \a row rows below the first visible one, which is in row 0. Below the text
+    /// the lines go on.
+    int LineInRow(int row) const;
+    /// The same for a height in the control, in pixels.
+    int LineAt(int y) const;
+    /// Scrolls down by so many rows, up for less than 0, as far as there is text.
+    void ScrollRows(int rows);
 
 signals:
     /// The left button was released; the caret is where it was pressed.
@@ -218,6 +256,9 @@ signals:
     /// GetState(TextState) is now \a modified, and was not before. Emitted after the textChanged()
     /// of the same operation.
     void modifiedChanged(bool modified);
+    /// Lines were hidden or shown, by a call or as something landed in them. Emitted when the
+    /// operation is complete, after its textChanged().
+    void foldsChanged();
 
 private:
     class Operation;

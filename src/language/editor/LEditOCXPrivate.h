@@ -3,6 +3,7 @@
 #include "language/TextPresence.h"
 #include "language/editor/BookmarkMarkers.h"
 #include "language/editor/ChangeRecorder.h"
+#include "language/editor/FoldedLines.h"
 #include "language/editor/LEditOCX.h"
 #include "language/editor/Styling.h"
 #include "language/editor/TextBuffer.h"
@@ -32,12 +33,15 @@ public:
     std::optional<TextRange> find(TextRange from) const;
     std::optional<TextRange> findBetween(qsizetype from, qsizetype to) const;
     void changeFont(const std::function<void(QFont &)> &change);
+    /// Shows the hidden lines that the caret has come to.
+    void showCaret();
     /// Reports to the followers what has changed since the last time.
     void reportChanges();
 
     LEditOCX &control;
     TextView &view;
     TextBuffer text;
+    FoldedLines folded;
     Styling styling;
     BookmarkMarkers bookmarks;
 
@@ -69,24 +73,30 @@ public:
 private:
     void aboutToChange(int at, int type, int length);
     void aboutToDraw(int first, int last) override;
+    void drawn(int first, int last) override { folded.draw(first, last); }
+    void run(unsigned command) override { folded.run(command); }
     void keyDown(EditorKey &key) override;
     int keyPress(int character) override;
     void mouseButton(EditorMouseButton button) override;
     void click() override;
     void viewChanged() override;
-    void edited() override { reportChanges(); }
+    void caretMoved() override;
+    void edited() override;
 };
 
-/// One call of the contract that may change the text or its state. What it changed is reported when
-/// it ends; so it is declared before everything else that acts at the end of the call.
+/// One call of the contract that may change the text or its state, or what is hidden of it. What it
+/// changed is reported when it ends; so it is declared before everything else that acts at the end
+/// of the call.
 class LEditOCX::Operation
 {
 public:
     explicit Operation(Private &editor) : m_editor(editor) { ++m_editor.operations; }
     ~Operation()
     {
-        if (--m_editor.operations == 0)
-            m_editor.reportChanges();
+        if (--m_editor.operations != 0)
+            return;
+        m_editor.showCaret();
+        m_editor.reportChanges();
     }
     Q_DISABLE_COPY_MOVE(Operation)
 

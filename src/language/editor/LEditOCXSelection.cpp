@@ -27,7 +27,10 @@ TextRange LEditOCX::Private::record() const
 // the library would lay out a line for each of them, which takes far longer than they do.
 void LEditOCX::Private::show(TextRange range)
 {
+    const Operation operation(*this);
     text.select(range);
+    folded.showAt(range.start);
+    folded.showAt(range.end);
     if (!control.updatesEnabled())
         return;
     // Set again in this way the library treats it as the user's selection: it draws it in the

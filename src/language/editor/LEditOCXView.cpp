@@ -11,21 +11,21 @@ void LEditOCX::SetGetTokenColors(TokenColorsCallback callback)
     d->styling.setTokenColors(std::move(callback));
 }
 
-int LEditOCX::TopLine() const
-{
-    return int(d->view.SendScintilla(Sci::SCI_GETFIRSTVISIBLELINE)) + 1;
-}
+int LEditOCX::TopLine() const { return LineInRow(0); }
 
 void LEditOCX::SetTopLine(int line)
 {
-    d->view.SendScintilla(Sci::SCI_SETFIRSTVISIBLELINE, std::max(line, 1) - 1);
+    const int row = d->folded.rowOf(d->folded.headerOf(std::max(line, 1)));
+    d->view.SendScintilla(Sci::SCI_SETFIRSTVISIBLELINE, row);
 }
 
 int LEditOCX::LineHeight() const { return int(d->view.SendScintilla(Sci::SCI_TEXTHEIGHT)); }
 
 QPoint LEditOCX::PositionToPixels(int line, int column) const
 {
-    const long offset = long(d->text.offsetOf({line, column}));
+    const int header = d->folded.headerOf(line);
+    const auto offset =
+        long(header == line ? d->text.offsetOf({line, column}) : d->text.lineEnd(header));
     const QPoint inView(int(d->view.SendScintilla(Sci::SCI_POINTXFROMPOSITION, 0UL, offset)),
                         int(d->view.SendScintilla(Sci::SCI_POINTYFROMPOSITION, 0UL, offset)));
     return d->view.viewport()->mapTo(this, inView);

@@ -62,6 +62,8 @@ TextView::TextView(TextViewOwner &owner, QWidget *parent)
     connect(this, &TextView::SCN_UPDATEUI, this, [this](int updated) {
         if (updated & (SC_UPDATE_CONTENT | SC_UPDATE_V_SCROLL | SC_UPDATE_H_SCROLL))
             m_owner.viewChanged();
+        else
+            m_owner.caretMoved();
     });
 }
 
@@ -89,9 +91,12 @@ void TextView::setUpScintilla()
 void TextView::paintEvent(QPaintEvent *event)
 {
     const int height = std::max(1, int(SendScintilla(SCI_TEXTHEIGHT)));
-    const int top = int(SendScintilla(SCI_GETFIRSTVISIBLELINE)) + 1;
-    m_owner.aboutToDraw(top + event->rect().top() / height, top + event->rect().bottom() / height);
+    const int top = int(SendScintilla(SCI_GETFIRSTVISIBLELINE));
+    const int first = top + event->rect().top() / height;
+    const int last = top + event->rect().bottom() / height;
+    m_owner.aboutToDraw(first, last);
     QsciScintillaBase::paintEvent(event);
+    m_owner.drawn(first, last);
 }
 
 void TextView::resizeEvent(QResizeEvent *event)

@@ -67,9 +67,9 @@ bool TextView::runCommand(int key, Qt::KeyboardModifiers modifiers)
         SendScintilla(SCI_SETOVERTYPE, !SendScintilla(SCI_GETOVERTYPE));
         break;
     default:
-        SendScintilla(command);
-        m_owner.edited();
+        m_owner.run(command);
     }
+    m_owner.edited();
     return true;
 }
 
@@ -106,16 +106,16 @@ void TextView::typeControl(int character, bool back)
 // visible.
 void TextView::goToVisible(bool end, bool extend)
 {
-    const long first = SendScintilla(SCI_GETFIRSTVISIBLELINE);
-    const long last =
-        std::min(first + SendScintilla(SCI_LINESONSCREEN), SendScintilla(SCI_GETLINECOUNT)) - 1;
-    moveCaret(end ? SendScintilla(SCI_GETLINEENDPOSITION, ulong(last))
-                  : SendScintilla(SCI_POSITIONFROMLINE, ulong(first)),
-              extend);
+    const long top = SendScintilla(SCI_GETFIRSTVISIBLELINE);
+    const long rows = SendScintilla(SCI_VISIBLEFROMDOCLINE, ulong(SendScintilla(SCI_GETLINECOUNT)));
+    const long row = end ? std::min(top + SendScintilla(SCI_LINESONSCREEN), rows) - 1 : top;
+    const auto line = ulong(SendScintilla(SCI_DOCLINEFROMVISIBLE, ulong(row)));
+    moveCaret(SendScintilla(end ? SCI_GETLINEENDPOSITION : SCI_POSITIONFROMLINE, line), extend);
 }
 
-// Blank lines separate the paragraphs. From the end of a paragraph this goes to the end of the
-// next; the library's command would go to the beginning of the next.
+// Blank lines separate the paragraphs; those that end in hidden lines are skipped. From the end of
+// a paragraph this goes to the end of the next; the library's command would go to the beginning of
+// the next.
 void TextView::goToParagraphEnd(bool extend)
 {
     const long last = SendScintilla(SCI_GETLINECOUNT) - 1;
@@ -125,7 +125,8 @@ void TextView::goToParagraphEnd(bool extend)
         ++line;
     while (line < last && isBlankLine(line))
         ++line;
-    while (line < last && !isBlankLine(line + 1))
+    while (line < last && (!isBlankLine(line + 1) || isBlankLine(line) ||
+                           !SendScintilla(SCI_GETLINEVISIBLE, ulong(line))))
         ++line;
     moveCaret(SendScintilla(SCI_GETLINEENDPOSITION, ulong(line)), extend);
 }
