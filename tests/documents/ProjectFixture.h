@@ -1,12 +1,13 @@
 #pragma once
 
 #include "documents/ProjectWindow.h"
+#include "workbench/Document.h"
 
 #include <QMouseEvent>
 
 #include <memory>
 
-inline const QString Untitled = QStringLiteral("[Untitled]");
+using ardiphon::Untitled;
 inline const QString ProjectChanged = QStringLiteral("Project has changed!");
 inline const QString OrchestraChanged = QStringLiteral("File Orchestra has changed!");
 inline const QString ScoreChanged = QStringLiteral("File Score has changed!");
