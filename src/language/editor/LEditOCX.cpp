@@ -27,6 +27,7 @@ LEditOCX::Private::Private(LEditOCX &editor)
       folded(view, text),
       styling(view, text, folded),
       bookmarks(view, text),
+      marks(view, text, folded),
       presence(text),
       recorder(text)
 {
@@ -69,6 +70,8 @@ void LEditOCX::Private::reportChanges()
 void LEditOCX::Private::aboutToDraw(int first, int last)
 {
     styling.prepare(first, last, [this](int line) { return bookmarks.colorsOf(line); });
+    if (marks.isDue(recorder.revision()))
+        emit control.marksWanted(marks.lines());
 }
 
 void LEditOCX::Private::keyDown(EditorKey &key) { emit control.KeyDown(key); }

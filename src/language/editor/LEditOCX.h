@@ -3,6 +3,7 @@
 #include "language/DocumentText.h"
 #include "language/LineRun.h"
 #include "language/TextChange.h"
+#include "language/TextSpan.h"
 #include "language/TokenColors.h"
 #include "platform/Color.h"
 #include "platform/Result.h"
@@ -219,6 +220,17 @@ public:
     /// Scrolls down by so many rows, up for less than 0, as far as there is text.
     void ScrollRows(int rows);
 
+    // Quiet marks. -------------------------------------------------------------------------------
+
+    /// Marks these parts of the text as \a kind, and nothing else as that: a box behind the
+    /// letters, which leaves their colours and those of the selection as they are. The marks move
+    /// with the edits. Parts that do not exist are left out, as are those in lines of more than 16
+    /// KiB; a part ends with its line. Meant for what is in view: see marksWanted().
+    void SetMarks(MarkKind kind, const QList<TextSpan> &spans);
+    /// Where the caret is, without a change of the selection record.
+    int CaretLine() const;
+    int CaretColumn() const;
+
 signals:
     /// The left button was released; the caret is where it was pressed.
     void Click();
@@ -259,6 +271,11 @@ signals:
     /// Lines were hidden or shown, by a call or as something landed in them. Emitted when the
     /// operation is complete, after its textChanged().
     void foldsChanged();
+    /// The view is about to be painted, and since the last time the lines in view, the text, the
+    /// caret or the selection have changed; so other marks may be due. \a lines are those in view,
+    /// in their order, without hidden ones and those of more than 16 KiB. A follower calls
+    /// SetMarks() now or later, and changes nothing else.
+    void marksWanted(const QList<ardiphon::LineRun> &lines);
 
 private:
     class Operation;

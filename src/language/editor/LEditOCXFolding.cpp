@@ -1,4 +1,4 @@
-// Lines that are hidden, and the rows of the others.
+// Lines that are hidden, the rows of the others, and marks in them.
 
 #include "language/GutterNumbers.h"
 #include "language/editor/LEditOCXPrivate.h"
@@ -55,5 +55,14 @@ void LEditOCX::ScrollRows(int rows)
     const auto top = int(d->view.SendScintilla(Sci::SCI_GETFIRSTVISIBLELINE));
     d->view.SendScintilla(Sci::SCI_SETFIRSTVISIBLELINE, std::max(top + rows, 0));
 }
+
+void LEditOCX::SetMarks(MarkKind kind, const QList<TextSpan> &spans)
+{
+    d->marks.set(kind, spans, d->recorder.revision());
+}
+
+int LEditOCX::CaretLine() const { return d->text.lineOf(d->text.caret()); }
+
+int LEditOCX::CaretColumn() const { return d->text.positionOf(d->text.caret()).column; }
 
 } // namespace ardiphon

@@ -5,6 +5,7 @@
 #include "language/editor/ChangeRecorder.h"
 #include "language/editor/FoldedLines.h"
 #include "language/editor/LEditOCX.h"
+#include "language/editor/QuietMarks.h"
 #include "language/editor/Styling.h"
 #include "language/editor/TextBuffer.h"
 #include "language/editor/TextView.h"
@@ -44,6 +45,7 @@ public:
     FoldedLines folded;
     Styling styling;
     BookmarkMarkers bookmarks;
+    QuietMarks marks;
 
     DocumentForm form;
     QString unreadFile;          ///< a file that is there but could not be read

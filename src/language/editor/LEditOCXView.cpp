@@ -31,7 +31,11 @@ QPoint LEditOCX::PositionToPixels(int line, int column) const
     return d->view.viewport()->mapTo(this, inView);
 }
 
-void LEditOCX::SetBackColor(Color color) { d->styling.setBack(color); }
+void LEditOCX::SetBackColor(Color color)
+{
+    d->styling.setBack(color);
+    d->marks.setBack(color);
+}
 
 void LEditOCX::SetForeColor(Color color) { d->styling.setCommentFore(color); }
 
