@@ -24,6 +24,13 @@ bool isStep(unsigned command)
     return std::find(std::begin(steps), std::end(steps), command) != std::end(steps);
 }
 
+/// The commands that go down on the screen; from the last row the view goes to the text's end.
+bool isDown(unsigned command)
+{
+    return command == Sci::SCI_LINEDOWN || command == Sci::SCI_LINEDOWNEXTEND ||
+           command == Sci::SCI_PAGEDOWN || command == Sci::SCI_PAGEDOWNEXTEND;
+}
+
 } // namespace
 
 /// Keeps the first visible line while others are hidden or shown above it. When it is hidden
@@ -199,7 +206,11 @@ void FoldedLines::run(unsigned command)
     const long anchor = send(Sci::SCI_GETANCHOR);
     const long caret = send(Sci::SCI_GETCURRENTPOS);
     m_view.SendScintilla(command);
-    if (isNone() || !isStep(command))
+    if (isNone())
+        return;
+    if (isDown(command))
+        leaveEnd();
+    if (!isStep(command))
         return;
     // With a selection, a step to the left or to the right only goes to its end.
     const bool leavesSelection =
@@ -209,6 +220,19 @@ void FoldedLines::run(unsigned command)
         send(Sci::SCI_SETSELECTION, caret, anchor);
         m_view.SendScintilla(command);
     }
+}
+
+/// Where the text's end is hidden, the caret goes to the end of what is visible instead.
+void FoldedLines::leaveEnd()
+{
+    const qsizetype caret = m_text.caret();
+    const int line = m_text.lineOf(caret);
+    if (!isHidden(line))
+        return;
+    const qsizetype end = m_text.lineEnd(headerOf(line));
+    const qsizetype anchor = send(Sci::SCI_GETANCHOR);
+    send(Sci::SCI_SETSELECTION, end, anchor == caret ? end : anchor);
+    send(Sci::SCI_SCROLLCARET);
 }
 
 /// The first hidden line between \a line and the caret; 0 when there is none.

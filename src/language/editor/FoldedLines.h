@@ -70,6 +70,7 @@ private:
     void showRun(const LineRun &run);
     void showWhole(const LineRun &lines);
     void takeCaretOut();
+    void leaveEnd();
     int hiddenOnTheWayFrom(int line) const;
     void drawHeader(QPainter &painter, const QRect &row, int textEnd) const;
     long send(unsigned message, qsizetype first = 0, qsizetype second = 0) const;
