@@ -6,6 +6,7 @@
 #include "support/TestMain.h"
 
 #include <QAccessible>
+#include <QMouseEvent>
 #include <QSignalSpy>
 
 #include <memory>
@@ -542,6 +543,23 @@ void tst_Folding::pixels_ofHiddenLines_areThoseOfTheHeader()
     QCOMPARE(m_editor->PositionToPixels(95, 1), m_editor->PositionToPixels(89, 5));
 }
 
+namespace {
+
+/// As a user does it, which selects a line.
+void clickThreeTimes(QWidget *view, QPoint at)
+{
+    for (const QEvent::Type press :
+         {QEvent::MouseButtonPress, QEvent::MouseButtonDblClick, QEvent::MouseButtonPress}) {
+        for (const QEvent::Type type : {press, QEvent::MouseButtonRelease}) {
+            const auto held = type == press ? Qt::LeftButton : Qt::NoButton;
+            QMouseEvent event(type, at, view->mapToGlobal(at), Qt::LeftButton, held, {});
+            QCoreApplication::sendEvent(view, &event);
+        }
+    }
+}
+
+} // namespace
+
 void tst_Folding::mouse_goesToTheLineThatIsSeen()
 {
     m_editor->FoldLines({{3, 50}, {60, 70}});
@@ -552,6 +570,16 @@ void tst_Folding::mouse_goesToTheLineThatIsSeen()
     click(*m_editor, 2, 4);
     QCOMPARE(selection(*m_editor), QStringLiteral("2:4-2:4"));
     QCOMPARE(folds(), QStringLiteral("3-50 60-70"));
+    m_editor->FoldLines({{52, 100}}); // below the last visible line
+    QWidget *const view = m_editor->childAt(20, 20);
+    const QPoint below(20, m_editor->LineHeight() * 10);
+    QTest::mouseClick(view, Qt::LeftButton, {}, below);
+    QCOMPARE(selection(*m_editor), QStringLiteral("51:5-51:5"));
+    QTest::mouseDClick(view, Qt::LeftButton, {}, below);
+    QCOMPARE(folds(), QStringLiteral("3-50 52-100"));
+    clickThreeTimes(view, m_editor->PositionToPixels(2, 1));
+    QCOMPARE(m_editor->SelText(), QStringLiteral("L2 a"));
+    QCOMPARE(folds(), QStringLiteral("3-50 52-100"));
 }
 
 void tst_Folding::visibleText_isThatOfTheRows()

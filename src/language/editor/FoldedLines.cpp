@@ -209,7 +209,7 @@ void FoldedLines::run(unsigned command)
     if (isNone())
         return;
     if (isDown(command))
-        leaveEnd();
+        leaveHidden();
     if (!isStep(command))
         return;
     // With a selection, a step to the left or to the right only goes to its end.
@@ -222,9 +222,10 @@ void FoldedLines::run(unsigned command)
     }
 }
 
-/// Where the text's end is hidden, the caret goes to the end of what is visible instead.
-void FoldedLines::leaveEnd()
+void FoldedLines::leaveHidden()
 {
+    if (isNone())
+        return;
     const qsizetype caret = m_text.caret();
     const int line = m_text.lineOf(caret);
     if (!isHidden(line))

@@ -47,6 +47,11 @@ public:
     /// hidden lines, which it shows; one up or down, by a line, a paragraph or a page, skips them.
     void run(unsigned command);
 
+    /// Where a way over the screen, by key or mouse, ended on a hidden line, as it does below the
+    /// last row and where a line is selected with its end, takes the caret to the end of the
+    /// header.
+    void leaveHidden();
+
     /// The row of a visible line, from the top of the text; that of the next visible line for a
     /// hidden one. Lines after the last one have rows too.
     int rowOf(int line) const;
@@ -70,7 +75,6 @@ private:
     void showRun(const LineRun &run);
     void showWhole(const LineRun &lines);
     void takeCaretOut();
-    void leaveEnd();
     int hiddenOnTheWayFrom(int line) const;
     void drawHeader(QPainter &painter, const QRect &row, int textEnd) const;
     long send(unsigned message, qsizetype first = 0, qsizetype second = 0) const;

@@ -80,6 +80,7 @@ private:
     void keyDown(EditorKey &key) override;
     int keyPress(int character) override;
     void mouseButton(EditorMouseButton button) override;
+    void pointed() override { folded.leaveHidden(); }
     void click() override;
     void viewChanged() override;
     void caretMoved() override;

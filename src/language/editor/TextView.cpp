@@ -113,6 +113,7 @@ void TextView::withMouseEdits(Handler handler)
     const long before = SendScintilla(SCI_GETLENGTH);
     m_textChanged = false;
     handler();
+    m_owner.pointed();
     m_owner.edited();
     if (m_textChanged)
         m_owner.keyPress(SendScintilla(SCI_GETLENGTH) < before ? MovedOut : MovedIn);
@@ -137,8 +138,10 @@ void TextView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     QMouseEvent plain = streamEvent(*event);
     reportMouseButton(event);
-    if (event->button() != Qt::RightButton)
-        QsciScintillaBase::mouseDoubleClickEvent(&plain);
+    if (event->button() == Qt::RightButton)
+        return;
+    QsciScintillaBase::mouseDoubleClickEvent(&plain);
+    m_owner.pointed();
 }
 
 void TextView::mouseMoveEvent(QMouseEvent *event)

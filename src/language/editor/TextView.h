@@ -20,6 +20,8 @@ public:
     /// The character to type instead, 0 for none.
     virtual int keyPress(int character) = 0;
     virtual void mouseButton(EditorMouseButton button) = 0;
+    /// The mouse may have moved the caret.
+    virtual void pointed() = 0;
     virtual void click() = 0;
     virtual void viewChanged() = 0;
     /// The caret or the selection may have changed, in a view that shows the same.
