@@ -96,7 +96,7 @@ QRect Gutter::markPlace(int line, const QRect &row) const
 void Gutter::drawMark(QPainter &painter, int line, const QRect &row) const
 {
     if (const FoldMark mark = m_foldMarks.markOf(line); mark != FoldMark::None)
-        FoldMarks::draw(painter, mark, markPlace(line, row), isFull(line), underMouse());
+        FoldMarks::draw(painter, mark, markPlace(line, row), isFull(line), m_isNear);
 }
 
 void Gutter::paintEvent(QPaintEvent *event)
@@ -136,13 +136,18 @@ void Gutter::mousePressEvent(QMouseEvent *event)
 void Gutter::enterEvent(QEnterEvent *event)
 {
     QWidget::enterEvent(event);
-    if (!m_foldMarks.isNone())
-        update();
+    setNear(true);
 }
 
 void Gutter::leaveEvent(QEvent *event)
 {
     QWidget::leaveEvent(event);
+    setNear(false);
+}
+
+void Gutter::setNear(bool isNear)
+{
+    m_isNear = isNear;
     if (!m_foldMarks.isNone())
         update();
 }

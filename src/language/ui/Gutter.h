@@ -51,6 +51,7 @@ private:
 
     void followView();
     Marks marksInView() const;
+    void setNear(bool isNear);
     QRect markPlace(int line, const QRect &row) const;
     bool isFull(int line) const;
     void drawMark(QPainter &painter, int line, const QRect &row) const;
@@ -66,6 +67,7 @@ private:
     int m_lineHeight = 0;
     int m_digits = 0;
     Marks m_marks;
+    bool m_isNear = false; ///< the pointer is in the gutter
 };
 
 } // namespace ardiphon
