@@ -23,7 +23,7 @@ struct Look
 
 constexpr Look Looks[QuietMarks::KindCount] = {
     {11, Sci::INDIC_ROUNDBOX, 26, 56},
-    {12, Sci::INDIC_STRAIGHTBOX, 20, 150},
+    {12, Sci::INDIC_STRAIGHTBOX, 20, 110},
 };
 
 constexpr qsizetype LongestMarkedLine = 1 << 14; // as far as a line is coloured as a whole
