@@ -99,6 +99,38 @@ void measureReplaceAll(LEditOCX &editor, int lines, const QString &path)
                  "ms", 1000);
 }
 
+/// Of every ten lines nine are hidden.
+QList<LineRun> blocksOfTen(int lines)
+{
+    QList<LineRun> blocks;
+    for (int line = 1; line + 9 <= lines; line += 10)
+        blocks.append({line + 1, line + 9});
+    return blocks;
+}
+
+void measureFolds(LEditOCX &editor, int lines, const QString &path)
+{
+    const QList<LineRun> blocks = blocksOfTen(lines);
+    const auto fold = [&](const QList<LineRun> &runs) {
+        return measure::processTime([&] {
+            editor.FoldLines(runs);
+            measure::paint(editor);
+        });
+    };
+    const auto unfold = [&] {
+        return measure::processTime([&] {
+            editor.UnfoldAll();
+            measure::paint(editor);
+        });
+    };
+    open(editor, path);
+    measure::row("fold one block, the first time", lines, fold({{12, 20}}), "ms", 500);
+    measure::row("fold every block of ten lines", lines, fold(blocks), "ms", 1000);
+    measureKeystroke(editor, "keystroke with all blocks folded", lines, lines / 20 * 10 + 1, 1);
+    measure::row("unfold all", lines, unfold(), "ms", 1000);
+    measureKeystroke(editor, "keystroke with all unfolded again", lines, lines / 2, 1);
+}
+
 void measureLongLine(LEditOCX &editor, const QString &path)
 {
     const auto openAndJump = [&] {
@@ -143,6 +175,7 @@ BENCHMARK(editor)
         measureKeystrokes(editor, lines);
         measureSearch(editor, lines, path);
         measureReplaceAll(editor, lines, path);
+        measureFolds(editor, lines, path);
     }
     const QByteArray longLine = QByteArray("440.25 ").repeated(5 * 1024 * 1024 / 7);
     measureLongLine(editor,

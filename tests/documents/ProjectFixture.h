@@ -7,6 +7,7 @@
 
 #include <memory>
 
+using ardiphon::Untitled;
 inline const QString ProjectChanged = QStringLiteral("Project has changed!");
 inline const QString OrchestraChanged = QStringLiteral("File Orchestra has changed!");
 inline const QString ScoreChanged = QStringLiteral("File Score has changed!");

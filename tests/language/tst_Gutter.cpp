@@ -30,6 +30,7 @@ private slots:
     void numbers_shortText_runToTheBottom();
     void numbers_scrolled_areThoseOfTheLines();
     void numbers_textChanges_followTheView();
+    void numbers_overFolds_areThoseOfTheLines();
     void numbers_otherFont_keepBesideTheirLines();
     void numbers_sixDigits_areWhole();
     void numbers_endAtTheRightEdge();
@@ -220,6 +221,19 @@ void tst_Gutter::numbers_textChanges_followTheView()
     select(*m_editor, 1, 0, 95, 0);
     press(*m_editor, Qt::Key_Delete);
     QTRY_COMPARE(number(0), QStringLiteral("1"));
+}
+
+void tst_Gutter::numbers_overFolds_areThoseOfTheLines()
+{
+    m_editor->SetText(QStringLiteral("x\r\n").repeated(100));
+    m_editor->FoldLines({{3, 50}, {61, 90}});
+    QTRY_COMPARE(numbers(3), (QStringList{"1", "2", "51"}));
+    QCOMPARE(numbers(20).mid(10, 4), (QStringList{"59", "60", "91", "92"}));
+    goTo(*m_editor, 1, 0);
+    press(*m_editor, Qt::Key_Return); // moves the folds, and scrolls nothing
+    QTRY_COMPARE(numbers(4), (QStringList{"1", "2", "3", "52"}));
+    m_editor->UnfoldAll();
+    QTRY_COMPARE(numbers(20), numbersFrom(1, 20));
 }
 
 void tst_Gutter::numbers_otherFont_keepBesideTheirLines()

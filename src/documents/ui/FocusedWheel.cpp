@@ -30,7 +30,7 @@ bool FocusedWheel::scroll(QWheelEvent &event)
         return false;
     event.accept();
     if (const int notches = m_notches.turn(delta))
-        editor->SetTopLine(editor->TopLine() - notches * m_host.config().WheelLinesCount);
+        editor->ScrollRows(-notches * m_host.config().WheelLinesCount);
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "language/editor/LEditOCX.h"
 
+#include "language/GutterNumbers.h"
 #include "language/Utf8.h"
 #include "language/editor/LEditOCXPrivate.h"
 #include "platform/DocumentFile.h"
@@ -116,7 +117,7 @@ quint64 LEditOCX::TextRevision() const { return d->recorder.revision(); }
 
 void LEditOCX::GetSelection() { d->setRecord(d->selection.range()); }
 
-void LEditOCX::SetSelection() { d->selection.show(d->record()); }
+void LEditOCX::SetSelection() { d->show(d->record()); }
 
 int LEditOCX::SelectionLength() const { return int(SelText().size()); }
 
@@ -173,7 +174,7 @@ int LEditOCX::FindFirst()
     const auto found = d->search.find(d->selection.range());
     if (!found)
         return 0;
-    d->selection.show(*found);
+    d->show(*found);
     d->setRecord(*found);
     d->search.keepMatch(*found);
     return 1;
@@ -209,27 +210,31 @@ void LEditOCX::SetGetTokenColors(TokenColorsCallback callback)
     d->styling.setTokenColors(std::move(callback));
 }
 
-int LEditOCX::TopLine() const
-{
-    return int(d->view.SendScintilla(Sci::SCI_GETFIRSTVISIBLELINE)) + 1;
-}
+int LEditOCX::TopLine() const { return LineInRow(0); }
 
 void LEditOCX::SetTopLine(int line)
 {
-    d->view.SendScintilla(Sci::SCI_SETFIRSTVISIBLELINE, std::max(line, 1) - 1);
+    const int row = d->folded.rowOf(d->folded.headerOf(std::max(line, 1)));
+    d->view.SendScintilla(Sci::SCI_SETFIRSTVISIBLELINE, row);
 }
 
 int LEditOCX::LineHeight() const { return int(d->view.SendScintilla(Sci::SCI_TEXTHEIGHT)); }
 
 QPoint LEditOCX::PositionToPixels(int line, int column) const
 {
-    const long offset = long(d->text.offsetOf({line, column}));
+    const int header = d->folded.headerOf(line);
+    const auto offset =
+        long(header == line ? d->text.offsetOf({line, column}) : d->text.lineEnd(header));
     const QPoint inView(int(d->view.SendScintilla(Sci::SCI_POINTXFROMPOSITION, 0UL, offset)),
                         int(d->view.SendScintilla(Sci::SCI_POINTYFROMPOSITION, 0UL, offset)));
     return d->view.viewport()->mapTo(this, inView);
 }
 
-void LEditOCX::SetBackColor(Color color) { d->styling.setBack(color); }
+void LEditOCX::SetBackColor(Color color)
+{
+    d->styling.setBack(color);
+    d->marks.setBack(color);
+}
 
 void LEditOCX::SetForeColor(Color color) { d->styling.setCommentFore(color); }
 
@@ -309,6 +314,50 @@ void LEditOCX::ClearBookmarkBackColor(int index)
 void LEditOCX::ClearBookmarkForeColor(int index)
 {
     d->bookmarks.setColors(index, {d->bookmarks.colors(index).back, std::nullopt});
+}
+
+// Folding. ----------------------------------------------------------------------------------------
+
+bool LEditOCX::FoldLines(const QList<LineRun> &runs)
+{
+    const Operation operation(*d);
+    return d->folded.hide(runs);
+}
+
+bool LEditOCX::UnfoldAt(int line)
+{
+    const Operation operation(*d);
+    return d->folded.show(line);
+}
+
+bool LEditOCX::UnfoldAll()
+{
+    const Operation operation(*d);
+    return d->folded.showAll();
+}
+
+bool LEditOCX::HasFolds() const { return !d->folded.isNone(); }
+
+bool LEditOCX::IsHidden(int line) const { return d->folded.isHidden(line); }
+
+LineRun LEditOCX::HiddenUnder(int line) const { return d->folded.under(line); }
+
+int LEditOCX::LineInRow(int row) const
+{
+    return d->folded.lineIn(int(d->view.SendScintilla(Sci::SCI_GETFIRSTVISIBLELINE)) + row);
+}
+
+int LEditOCX::LineAt(int y) const { return LineInRow(gutterLineAt(0, y, LineHeight())); }
+
+void LEditOCX::ScrollRows(int rows)
+{
+    const auto top = int(d->view.SendScintilla(Sci::SCI_GETFIRSTVISIBLELINE));
+    d->view.SendScintilla(Sci::SCI_SETFIRSTVISIBLELINE, std::max(top + rows, 0));
+}
+
+void LEditOCX::SetMarks(MarkKind kind, const QList<TextSpan> &spans)
+{
+    d->marks.set(kind, spans, d->recorder.revision());
 }
 
 } // namespace ardiphon

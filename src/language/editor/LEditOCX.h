@@ -1,7 +1,9 @@
 #pragma once
 
 #include "language/DocumentText.h"
+#include "language/LineRun.h"
 #include "language/TextChange.h"
+#include "language/TextSpan.h"
 #include "language/TokenColors.h"
 #include "platform/Color.h"
 #include "platform/Result.h"
@@ -124,6 +126,7 @@ public:
     void Cut();
     void Paste();
 
+    /// Where the caret is, without a change of the selection record.
     int CaretLine() const;
     int CaretColumn() const;
 
@@ -150,9 +153,12 @@ public:
     // The view. ----------------------------------------------------------------------------------
 
     int TopLine() const; ///< the first visible line
+    /// Makes \a line the first visible one, as far as there is text to fill the view; for a hidden
+    /// line the one that it is hidden under, as this shows nothing that is hidden.
     void SetTopLine(int line);
     int LineHeight() const; ///< in pixels
-    /// The pixel position, within the control, of a text position.
+    /// The pixel position, within the control, of a text position; on a hidden line, that of the
+    /// end of the line that it is hidden under.
     QPoint PositionToPixels(int line, int column) const;
 
     void SetBackColor(Color color);
@@ -187,6 +193,48 @@ public:
     void SetBookmarkForeColor(int index, Color color);
     void ClearBookmarkBackColor(int index);
     void ClearBookmarkForeColor(int index);
+
+    // Folding. -----------------------------------------------------------------------------------
+
+    // A fold is a visible line, its header, with hidden lines under it. The caret is never on a
+    // hidden line: what puts it there, by whichever way, shows that line and all that is hidden
+    // under the same header. So do a selection that is set and begins there, and an edit that
+    // touches a hidden line or the line end of its header. A selection may go over hidden lines. A
+    // line number is that of the text, whatever is hidden; rows are what is on the screen. Each
+    // control folds on its own, also where it shows the same text as another. A document that is
+    // replaced, by LoadFile or ClearDocument, is all visible.
+
+    /// Hides these lines, each run under the line before it; what there is of one run in another
+    /// becomes part of the same fold. A caret that is hidden moves to the end of the header.
+    /// Line 1 and lines that do not exist are left out. The first visible line stays
+    /// where it is. Returns whether any line is hidden by it.
+    bool FoldLines(const QList<LineRun> &runs);
+    /// Shows the lines that are hidden under \a line, or under the same header as it. Returns
+    /// whether there were any.
+    bool UnfoldAt(int line);
+    /// Shows all lines. Returns whether any was hidden.
+    bool UnfoldAll();
+    bool HasFolds() const; ///< whether any line is hidden
+    bool IsHidden(int line) const;
+    bool IsFolded(int line) const { return !HiddenUnder(line).isEmpty(); }
+    /// The lines that are hidden under a visible line; an empty run where there are none.
+    LineRun HiddenUnder(int line) const;
+
+    /// The line that is \a row rows below the first visible one, which is in row 0. Below the text
+    /// the lines go on.
+    int LineInRow(int row) const;
+    /// The same for a height in the control, in pixels.
+    int LineAt(int y) const;
+    /// Scrolls down by so many rows, up for less than 0, as far as there is text.
+    void ScrollRows(int rows);
+
+    // Quiet marks. -------------------------------------------------------------------------------
+
+    /// Marks these parts of the text as \a kind, and nothing else as that: a box behind the
+    /// letters, which leaves their colours and those of the selection as they are. The marks move
+    /// with the edits. Parts that do not exist are left out, as are those in lines of more than 16
+    /// KiB; a part ends with its line. Meant for what is in view: see marksWanted().
+    void SetMarks(MarkKind kind, const QList<TextSpan> &spans);
 
 signals:
     /// The left button was released; the caret is where it was pressed.
@@ -227,6 +275,14 @@ signals:
     /// GetState(TextState) is now \a modified, and was not before. Emitted after the textChanged()
     /// of the same operation.
     void modifiedChanged(bool modified);
+    /// Lines were hidden or shown, by a call or as something landed in them. Emitted when the
+    /// operation is complete, after its textChanged().
+    void foldsChanged();
+    /// The view is about to be painted, and since the last time the lines in view, the text, the
+    /// caret or the selection have changed; so other marks may be due. \a lines are those in view,
+    /// in their order, without hidden ones and those of more than 16 KiB. A follower calls
+    /// SetMarks() now or later, and changes nothing else.
+    void marksWanted(const QList<ardiphon::LineRun> &lines);
 
 private:
     class Operation;

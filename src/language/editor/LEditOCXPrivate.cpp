@@ -12,8 +12,10 @@ LEditOCX::Private::Private(LEditOCX &editor)
     : control(editor),
       view(*new TextView(*this, &editor)),
       text(view),
-      styling(view, text),
+      folded(view, text),
+      styling(view, text, folded),
       bookmarks(view, text),
+      marks(view, text, folded),
       document(view, text),
       selection(view, text),
       search(view, text),
@@ -46,7 +48,10 @@ void LEditOCX::Private::reportChanges()
             emit control.textChanged(*change, recorder.revision());
         else if (const bool modified = control.GetState(TextState); modified != reportedModified)
             emit control.modifiedChanged(reportedModified = modified);
-        else
+        else if (folded.takeChange()) {
+            emit control.foldsChanged();
+            emit control.Repaint();
+        } else
             break;
     }
     isReporting = false;
@@ -55,6 +60,8 @@ void LEditOCX::Private::reportChanges()
 void LEditOCX::Private::aboutToDraw(int first, int last)
 {
     styling.prepare(first, last, [this](int line) { return bookmarks.colorsOf(line); });
+    if (marks.isDue(recorder.revision()))
+        emit control.marksWanted(marks.lines());
 }
 
 void LEditOCX::Private::keyDown(EditorKey &key) { emit control.KeyDown(key); }
@@ -69,16 +76,41 @@ void LEditOCX::Private::mouseButton(EditorMouseButton button) { emit control.Mou
 
 void LEditOCX::Private::click() { emit control.Click(); }
 
-// An assistive tool changes the text by calls of the library, and nothing reports their end.
+// An assistive tool changes the text, and moves the caret, by calls of the library, and nothing
+// reports their end.
 void LEditOCX::Private::viewChanged()
 {
-    if (recorder.isPending())
-        QMetaObject::invokeMethod(
-            &control, [this] { reportChanges(); }, Qt::QueuedConnection);
+    caretMoved();
     emit control.Repaint();
 }
 
-void LEditOCX::Private::caretMoved() { emit control.caretMoved(); }
+void LEditOCX::Private::caretMoved()
+{
+    showCaret();
+    if (recorder.isPending() || folded.isChanged())
+        QMetaObject::invokeMethod(
+            &control, [this] { reportChanges(); }, Qt::QueuedConnection);
+}
+
+void LEditOCX::Private::edited()
+{
+    showCaret();
+    reportChanges();
+}
+
+void LEditOCX::Private::show(TextRange range)
+{
+    const Operation operation(*this);
+    folded.showAt(range.start);
+    folded.showAt(range.end);
+    selection.show(range);
+}
+
+void LEditOCX::Private::showCaret()
+{
+    if (folded.showAt(text.caret()))
+        view.SendScintilla(Sci::SCI_SCROLLCARET);
+}
 
 void LEditOCX::Private::replaceDocument(const DocumentText &replacement)
 {

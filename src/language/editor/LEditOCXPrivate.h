@@ -3,7 +3,9 @@
 #include "language/TextPresence.h"
 #include "language/editor/BookmarkMarkers.h"
 #include "language/editor/ChangeRecorder.h"
+#include "language/editor/FoldedLines.h"
 #include "language/editor/LEditOCX.h"
+#include "language/editor/QuietMarks.h"
 #include "language/editor/Styling.h"
 #include "language/editor/TextBuffer.h"
 #include "language/editor/TextSelection.h"
@@ -30,14 +32,20 @@ public:
     TextRange record() const;
     void setRecord(TextRange range);
     void changeFont(const std::function<void(QFont &)> &change);
+    /// Selects the range, and shows it with what is hidden at its ends.
+    void show(TextRange range);
+    /// Shows the hidden lines that the caret has come to.
+    void showCaret();
     /// Reports to the followers what has changed since the last time.
     void reportChanges();
 
     LEditOCX &control;
     TextView &view;
     TextBuffer text;
+    FoldedLines folded;
     Styling styling;
     BookmarkMarkers bookmarks;
+    QuietMarks marks;
 
     ViewDocument document;
     TextSelection selection;
@@ -60,25 +68,32 @@ public:
 private:
     void aboutToChange(int at, int type, int length);
     void aboutToDraw(int first, int last) override;
+    void drawn(int first, int last) override { folded.draw(first, last); }
+    void run(unsigned command) override { folded.run(command); }
     void keyDown(EditorKey &key) override;
     int keyPress(int character) override;
     void mouseButton(EditorMouseButton button) override;
+    void pointed() override { folded.leaveHidden(); }
     void click() override;
     void viewChanged() override;
     void caretMoved() override;
-    void edited() override { reportChanges(); }
+    void selectionMoved() override { emit control.caretMoved(); }
+    void edited() override;
 };
 
-/// One call of the contract that may change the text or its state. What it changed is reported when
-/// it ends; so it is declared before everything else that acts at the end of the call.
+/// One call of the contract that may change the text or its state, or what is hidden of it. What it
+/// changed is reported when it ends; so it is declared before everything else that acts at the end
+/// of the call.
 class LEditOCX::Operation
 {
 public:
     explicit Operation(Private &editor) : m_editor(editor) { ++m_editor.operations; }
     ~Operation()
     {
-        if (--m_editor.operations == 0)
-            m_editor.reportChanges();
+        if (--m_editor.operations != 0)
+            return;
+        m_editor.showCaret();
+        m_editor.reportChanges();
     }
     Q_DISABLE_COPY_MOVE(Operation)
 

@@ -103,8 +103,12 @@ LineState LineStates::at(int line)
     return stateBehind(m_text.bytes(known.offset, wanted), known.state);
 }
 
-Styling::Styling(QsciScintillaBase &view, TextBuffer &text)
-    : m_view(view), m_text(text), m_states(text), m_font(QStringLiteral("Courier New"), 10)
+Styling::Styling(QsciScintillaBase &view, TextBuffer &text, const FoldedLines &folded)
+    : m_view(view),
+      m_text(text),
+      m_folded(folded),
+      m_states(text),
+      m_font(QStringLiteral("Courier New"), 10)
 {
     m_view.SendScintilla(Sci::SCI_SETPOSITIONCACHE, KnownWidths);
     m_view.SendScintilla(Sci::SCI_INDICSETSTYLE, StrikeIndicator, long(Sci::INDIC_STRIKE));
@@ -251,7 +255,7 @@ void Styling::colorLine(int line, LineState state, const LineColors &own)
 TextRange Styling::columnsInView(int line) const
 {
     const long top = m_view.SendScintilla(Sci::SCI_GETFIRSTVISIBLELINE);
-    const long y = (line - 1 - top) * m_view.SendScintilla(Sci::SCI_TEXTHEIGHT);
+    const long y = (m_folded.rowOf(line) - top) * m_view.SendScintilla(Sci::SCI_TEXTHEIGHT);
     const long width = m_view.viewport()->width();
     return {m_view.SendScintilla(Sci::SCI_POSITIONFROMPOINT, 0UL, y),
             m_view.SendScintilla(Sci::SCI_POSITIONFROMPOINT, ulong(width), y)};
@@ -350,30 +354,41 @@ void Styling::prepareLongLines()
     }
 }
 
+void Styling::colorFarIn(const std::vector<LineRun> &runs,
+                         const std::function<LineColors(int line)> &lineColors)
+{
+    for (const LineRun &run : runs) {
+        for (int line = run.first; line <= run.last; ++line)
+            if (m_text.lineEnd(line) - m_text.lineStart(line) > ColoredLength)
+                colorFarInView(line, lineColors(line));
+    }
+}
+
 void Styling::prepare(int first, int last, const std::function<LineColors(int line)> &lineColors)
 {
     const qsizetype kept = m_view.SendScintilla(Sci::SCI_GETENDSTYLED);
     if (kept < m_readTo) {
         // A change may open or close a comment over lines that are not about to be drawn.
-        const int top = int(m_view.SendScintilla(Sci::SCI_GETFIRSTVISIBLELINE)) + 1;
+        const int top = int(m_view.SendScintilla(Sci::SCI_GETFIRSTVISIBLELINE));
         first = std::min(first, top);
         last = std::max(last, top + int(m_view.SendScintilla(Sci::SCI_LINESONSCREEN)));
     }
-    first = std::max(first, 1);
-    last = std::min(last, m_text.lineCount());
-    if (first > last)
+    const std::vector<LineRun> runs = m_folded.linesIn(first, last);
+    if (runs.empty())
         return;
-    LineState state = stateAt(first);
-    for (int line = first; line <= last; ++line) {
-        colorLine(line, state, lineColors(line));
-        state =
-            stateBehind(m_text.bytes(m_text.lineStart(line), m_text.lineStart(line + 1)), state);
+    LineState state = stateAt(runs.front().first);
+    for (const LineRun &run : runs) {
+        if (run.first != runs.front().first)
+            state = m_states.at(run.first); // without what styling the run before says of changes
+        for (int line = run.first; line <= run.last; ++line) {
+            colorLine(line, state, lineColors(line));
+            state = stateBehind(m_text.bytes(m_text.lineStart(line), m_text.lineStart(line + 1)),
+                                state);
+        }
     }
-    if (m_hasLongLine) {
-        for (int line = first; line <= last; ++line)
-            if (m_text.lineEnd(line) - m_text.lineStart(line) > ColoredLength)
-                colorFarInView(line, lineColors(line));
-    }
+    if (m_hasLongLine)
+        colorFarIn(runs, lineColors);
+    last = runs.back().last;
     m_readTo = std::max(m_text.lineEnd(last), std::min(kept, m_readTo));
     m_view.SendScintilla(Sci::SCI_STARTSTYLING, ulong(m_readTo));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "language/Tokenizer.h"
+#include "language/editor/FoldedLines.h"
 #include "language/editor/LEditOCX.h"
 #include "language/editor/TextBuffer.h"
 
@@ -54,7 +55,7 @@ private:
 class Styling
 {
 public:
-    Styling(QsciScintillaBase &view, TextBuffer &text);
+    Styling(QsciScintillaBase &view, TextBuffer &text, const FoldedLines &folded);
 
     void setTokenColors(LEditOCX::TokenColorsCallback callback);
     void setBack(Color color);
@@ -68,8 +69,8 @@ public:
     const QFont &font() const { return m_font; }
     void setFont(const QFont &font);
 
-    /// Colours lines \a first to \a last, and all that are visible when the text has changed since.
-    /// \a lineColors gives the colours of a whole line.
+    /// Colours the lines in rows \a first to \a last, from the top of the text, and all that are
+    /// visible when the text has changed since. \a lineColors gives the colours of a whole line.
     void prepare(int first, int last, const std::function<LineColors(int line)> &lineColors);
 
     /// Colours every very long line of a new document, which has to happen before the view measures
@@ -88,6 +89,8 @@ private:
     void colorLine(int line, LineState state, const LineColors &own);
     void applyStyles(qsizetype start, const QByteArray &styles);
     void colorFarInView(int line, const LineColors &own);
+    void colorFarIn(const std::vector<LineRun> &runs,
+                    const std::function<LineColors(int line)> &lineColors);
     TextRange columnsInView(int line) const;
     void restyleFar(qsizetype first, qsizetype last);
     void mark(unsigned indicator, qsizetype start, qsizetype end, std::optional<Color> color);
@@ -95,6 +98,7 @@ private:
 
     QsciScintillaBase &m_view;
     TextBuffer &m_text;
+    const FoldedLines &m_folded;
     LineStates m_states;
     LEditOCX::TokenColorsCallback m_tokenColors;
     QFont m_font;

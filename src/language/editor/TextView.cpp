@@ -52,7 +52,7 @@ constexpr int MovedIn = 22;
 TextView::TextView(TextViewOwner &owner, QWidget *parent)
     : QsciScintillaBase(parent),
       m_owner(owner),
-      m_commands(*this),
+      m_commands(*this, owner),
       m_typing(*this, owner, [this](const QString &character) { typeKey(character); })
 {
     setFrameShape(QFrame::NoFrame);
@@ -68,6 +68,8 @@ TextView::TextView(TextViewOwner &owner, QWidget *parent)
     connect(this, &TextView::SCN_UPDATEUI, this, [this](int updated) {
         if (updated & (SC_UPDATE_CONTENT | SC_UPDATE_V_SCROLL | SC_UPDATE_H_SCROLL))
             m_owner.viewChanged();
+        else
+            m_owner.caretMoved();
     });
 }
 
@@ -97,11 +99,14 @@ void TextView::paintEvent(QPaintEvent *event)
     // The library does not report a selection that is set by a call.
     const std::pair selection(SendScintilla(SCI_GETCURRENTPOS), SendScintilla(SCI_GETANCHOR));
     if (std::exchange(m_drawnSelection, selection) != selection)
-        m_owner.caretMoved();
+        m_owner.selectionMoved();
     const int height = std::max(1, int(SendScintilla(SCI_TEXTHEIGHT)));
-    const int top = int(SendScintilla(SCI_GETFIRSTVISIBLELINE)) + 1;
-    m_owner.aboutToDraw(top + event->rect().top() / height, top + event->rect().bottom() / height);
+    const int top = int(SendScintilla(SCI_GETFIRSTVISIBLELINE));
+    const int first = top + event->rect().top() / height;
+    const int last = top + event->rect().bottom() / height;
+    m_owner.aboutToDraw(first, last);
     QsciScintillaBase::paintEvent(event);
+    m_owner.drawn(first, last);
 }
 
 void TextView::resizeEvent(QResizeEvent *event)
@@ -204,6 +209,7 @@ void TextView::withMouseEdits(Handler handler)
     const long before = SendScintilla(SCI_GETLENGTH);
     m_textChanged = false;
     handler();
+    m_owner.pointed();
     m_owner.edited();
     if (m_textChanged)
         m_owner.keyPress(SendScintilla(SCI_GETLENGTH) < before ? MovedOut : MovedIn);
@@ -228,8 +234,10 @@ void TextView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     QMouseEvent plain = streamEvent(*event);
     reportMouseButton(event);
-    if (event->button() != Qt::RightButton)
-        QsciScintillaBase::mouseDoubleClickEvent(&plain);
+    if (event->button() == Qt::RightButton)
+        return;
+    QsciScintillaBase::mouseDoubleClickEvent(&plain);
+    m_owner.pointed();
 }
 
 void TextView::mouseMoveEvent(QMouseEvent *event)

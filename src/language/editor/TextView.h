@@ -14,16 +14,25 @@ namespace ardiphon {
 class TextViewOwner
 {
 public:
-    /// Lines \a first to \a last, from 1, are about to be drawn.
+    /// Rows \a first to \a last, from the top of the text, are about to be drawn.
     virtual void aboutToDraw(int first, int last) = 0;
+    /// They are drawn now, and more may be painted over them.
+    virtual void drawn(int first, int last) = 0;
+    /// A key gave this command of the library, which is to be run.
+    virtual void run(unsigned command) = 0;
     virtual void keyDown(EditorKey &key) = 0;
     /// The character to type instead, 0 for none.
     virtual int keyPress(int character) = 0;
     virtual void mouseButton(EditorMouseButton button) = 0;
+    /// The mouse may have moved the caret.
+    virtual void pointed() = 0;
     virtual void click() = 0;
     virtual void viewChanged() = 0;
+    /// The caret or the selection may have changed, in a view that shows the same.
     virtual void caretMoved() = 0;
-    /// An edit by key, mouse or input method is complete, if it was one.
+    /// The caret or the selection is about to be drawn where it was not.
+    virtual void selectionMoved() = 0;
+    /// A key, the mouse or an input method moved the caret, or made an edit that is complete.
     virtual void edited() = 0;
 
 protected:

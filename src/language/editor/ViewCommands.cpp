@@ -1,6 +1,7 @@
 #include "language/editor/ViewCommands.h"
 
 #include "language/editor/EditorKeys.h"
+#include "language/editor/TextView.h"
 
 #include <Qsci/qsciscintillabase.h>
 
@@ -31,7 +32,7 @@ bool ViewCommands::run(unsigned command)
         m_view.SendScintilla(Sci::SCI_SETOVERTYPE, !m_view.SendScintilla(Sci::SCI_GETOVERTYPE));
         break;
     default:
-        m_view.SendScintilla(command);
+        m_owner.run(command);
     }
     return true;
 }
@@ -40,17 +41,20 @@ bool ViewCommands::run(unsigned command)
 // visible.
 void ViewCommands::goToVisible(bool end, bool extend)
 {
-    const long first = m_view.SendScintilla(Sci::SCI_GETFIRSTVISIBLELINE);
-    const long last = std::min(first + m_view.SendScintilla(Sci::SCI_LINESONSCREEN),
-                               m_view.SendScintilla(Sci::SCI_GETLINECOUNT)) -
-                      1;
-    moveCaret(end ? m_view.SendScintilla(Sci::SCI_GETLINEENDPOSITION, ulong(last))
-                  : m_view.SendScintilla(Sci::SCI_POSITIONFROMLINE, ulong(first)),
-              extend);
+    const long top = m_view.SendScintilla(Sci::SCI_GETFIRSTVISIBLELINE);
+    const auto lines = ulong(m_view.SendScintilla(Sci::SCI_GETLINECOUNT));
+    const long rows = m_view.SendScintilla(Sci::SCI_VISIBLEFROMDOCLINE, lines);
+    const long bottom = std::min(top + m_view.SendScintilla(Sci::SCI_LINESONSCREEN), rows) - 1;
+    const auto line =
+        ulong(m_view.SendScintilla(Sci::SCI_DOCLINEFROMVISIBLE, ulong(end ? bottom : top)));
+    moveCaret(
+        m_view.SendScintilla(end ? Sci::SCI_GETLINEENDPOSITION : Sci::SCI_POSITIONFROMLINE, line),
+        extend);
 }
 
-// Blank lines separate the paragraphs. From the end of a paragraph this goes to the end of the
-// next; the library's command would go to the beginning of the next.
+// Blank lines separate the paragraphs; those that end in hidden lines are skipped. From the end of
+// a paragraph this goes to the end of the next; the library's command would go to the beginning of
+// the next.
 void ViewCommands::goToParagraphEnd(bool extend)
 {
     const long last = m_view.SendScintilla(Sci::SCI_GETLINECOUNT) - 1;
@@ -60,7 +64,8 @@ void ViewCommands::goToParagraphEnd(bool extend)
         ++line;
     while (line < last && isBlankLine(line))
         ++line;
-    while (line < last && !isBlankLine(line + 1))
+    while (line < last && (!isBlankLine(line + 1) || isBlankLine(line) ||
+                           !m_view.SendScintilla(Sci::SCI_GETLINEVISIBLE, ulong(line))))
         ++line;
     moveCaret(m_view.SendScintilla(Sci::SCI_GETLINEENDPOSITION, ulong(line)), extend);
 }

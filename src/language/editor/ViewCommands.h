@@ -4,11 +4,14 @@ class QsciScintillaBase;
 
 namespace ardiphon {
 
-/// Carries out the commands of keys in the view, the library's and those that it does not have.
+class TextViewOwner;
+
+/// Carries out the commands of keys in the view that the library does not have; its own go to the
+/// owner.
 class ViewCommands
 {
 public:
-    explicit ViewCommands(QsciScintillaBase &view) : m_view(view) {}
+    ViewCommands(QsciScintillaBase &view, TextViewOwner &owner) : m_view(view), m_owner(owner) {}
 
     /// \a command: what commandOfKey() gave. False for NoCommand.
     bool run(unsigned command);
@@ -20,6 +23,7 @@ private:
     void moveCaret(long caret, bool extend);
 
     QsciScintillaBase &m_view;
+    TextViewOwner &m_owner;
 };
 
 } // namespace ardiphon

@@ -54,7 +54,7 @@ bool EditorPopup::hitsSelection(QPoint at) const
     if (m_editor.SelectionLength() == 0)
         return false;
     m_editor.GetSelection();
-    const int line = m_editor.TopLine() + at.y() / std::max(m_editor.LineHeight(), 1);
+    const int line = m_editor.LineAt(at.y());
     if (line < m_editor.SelStartLine || line > m_editor.SelEndLine)
         return false;
     const auto x = [this](int ofLine, int column) {

@@ -1,14 +1,20 @@
 #pragma once
 
+#include "language/ui/FoldMarks.h"
+
 #include <QString>
 #include <QWidget>
+
+#include <utility>
+#include <vector>
 
 namespace ardiphon {
 
 class LEditOCX;
 struct ConfigurationBlock;
 
-/// The line numbers beside an editor. A press on a number selects its line.
+/// The line numbers beside an editor, with marks of the blocks that can be folded and of those that
+/// are. A press on a mark folds or unfolds; anywhere else it selects the line.
 class Gutter : public QWidget
 {
     Q_OBJECT
@@ -23,6 +29,12 @@ public:
     /// as many zeros as a number has digits.
     int textWidth() const;
 
+    /// What can be folded in the editor, for the marks; without it only what is folded is marked.
+    void setFoldEnd(FoldEnd foldEnd);
+    /// To be called when \a foldEnd may answer otherwise for the same text; a change of what is
+    /// visible needs no call. Draws only when a mark that is visible is another.
+    void refreshMarks();
+
 signals:
     /// The number of digits has changed, and with it textWidth().
     void textWidthChanged();
@@ -30,19 +42,32 @@ signals:
 protected:
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void enterEvent(QEnterEvent *event) override;
+    void leaveEvent(QEvent *event) override;
 
 private:
+    /// The marks beside the lines in view, as far as there may be any.
+    using Marks = std::vector<std::pair<int, FoldMark>>;
+
     void followView();
+    Marks marksInView() const;
+    void setNear(bool isNear);
+    QRect markPlace(int line, const QRect &row) const;
+    bool isFull(int line) const;
+    void drawMark(QPainter &painter, int line, const QRect &row) const;
     void selectLine(int line);
 
     LEditOCX &m_editor;
     const ConfigurationBlock &m_config;
+    FoldMarks m_foldMarks;
     // As they were when the view last changed.
     QString m_fontName;
     double m_fontSize = 0;
     int m_topLine = 1;
     int m_lineHeight = 0;
     int m_digits = 0;
+    Marks m_marks;
+    bool m_isNear = false; ///< the pointer is in the gutter
 };
 
 } // namespace ardiphon

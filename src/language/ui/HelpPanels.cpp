@@ -1,7 +1,6 @@
 #include "language/ui/HelpPanels.h"
 
 #include "app/ui/ToolTip.h"
-#include "language/GutterNumbers.h"
 #include "language/WordTables.h"
 #include "language/editor/LEditOCX.h"
 #include "platform/Twips.h"
@@ -26,7 +25,7 @@ void show(QLineEdit &field, const QString &text)
 /// Whether \a at, in pixels from the view's corner, lies neither beside nor below the text.
 bool isOnText(const LEditOCX &view, QPoint at)
 {
-    const int line = gutterLineAt(view.TopLine(), at.y(), view.LineHeight());
+    const int line = view.LineAt(at.y());
     return line <= view.LineCount() &&
            at.x() < view.PositionToPixels(line, view.LineLength(line)).x();
 }
