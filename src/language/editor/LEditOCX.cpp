@@ -44,6 +44,7 @@ void LEditOCX::Private::aboutToChange(int at, int type, int length)
     const int removed = type & Sci::SC_MOD_BEFOREDELETE ? length : 0;
     match.reset();
     ++changes;
+    styling.aboutToChange(at, removed);
     presence.aboutToChange(at, removed);
     recorder.aboutToChange(at, removed);
 }
