@@ -129,6 +129,9 @@ void measureFolds(LEditOCX &editor, int lines, const QString &path)
     measureKeystroke(editor, "keystroke with all blocks folded", lines, lines / 20 * 10 + 1, 1);
     measure::row("unfold all", lines, unfold(), "ms", 1000);
     measureKeystroke(editor, "keystroke with all unfolded again", lines, lines / 2, 1);
+    editor.FoldLines({{12, lines - 10}});
+    measureKeystroke(editor, "keystroke over one fold of all", lines, 5, 1);
+    measureKeystroke(editor, "keystroke behind one fold of all", lines, lines - 5, 1);
 }
 
 void measureLongLine(LEditOCX &editor, const QString &path)

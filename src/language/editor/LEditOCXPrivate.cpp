@@ -34,6 +34,7 @@ void LEditOCX::Private::aboutToChange(int at, int type, int length)
     const int removed = type & Sci::SC_MOD_BEFOREDELETE ? length : 0;
     search.forgetMatch();
     ++changes;
+    styling.aboutToChange(at, removed);
     presence.aboutToChange(at, removed);
     recorder.aboutToChange(at, removed);
 }

@@ -27,8 +27,6 @@ constexpr unsigned FarBackIndicator = 10;
 constexpr long ColorIsTheValue = 1; // SC_INDICFLAG_VALUEFORE
 constexpr long Opaque = 255;
 
-constexpr qsizetype CheckpointDistance = 1 << 14;
-
 // A line is styled up to here. With styles behind it the whole line would be measured again each
 // time that another part comes into view; so the visible part is coloured by indicators, which do
 // not change the measures.
@@ -64,44 +62,6 @@ bool isRestStyle(long style)
 }
 
 } // namespace
-
-void LineStates::textKeptUpTo(qsizetype offset)
-{
-    while (m_checkpoints.back().offset > offset)
-        m_checkpoints.pop_back();
-}
-
-LineStates::Checkpoint LineStates::before(qsizetype offset)
-{
-    while (offset - m_checkpoints.back().offset > CheckpointDistance) {
-        const Checkpoint last = m_checkpoints.back();
-        const qsizetype next = nextPlace(last.offset + CheckpointDistance);
-        if (next > offset)
-            break;
-        m_checkpoints.push_back({next, stateInside(m_text.bytes(last.offset, next), last.state)});
-    }
-    const auto behind = std::upper_bound(
-        m_checkpoints.begin(), m_checkpoints.end(), offset,
-        [](qsizetype at, const Checkpoint &checkpoint) { return at < checkpoint.offset; });
-    return *std::prev(behind);
-}
-
-// The next line's start, or a place inside a very long line.
-qsizetype LineStates::nextPlace(qsizetype from) const
-{
-    const int line = m_text.lineOf(from);
-    const qsizetype end = m_text.lineEnd(line);
-    if (end - from < CheckpointDistance)
-        return m_text.lineStart(line + 1);
-    return from + boundaryInside(m_text.bytes(from, end), 1);
-}
-
-LineState LineStates::at(int line)
-{
-    const qsizetype wanted = m_text.lineStart(line);
-    const Checkpoint known = before(wanted);
-    return stateBehind(m_text.bytes(known.offset, wanted), known.state);
-}
 
 Styling::Styling(QsciScintillaBase &view, TextBuffer &text, const FoldedLines &folded)
     : m_view(view),
@@ -379,7 +339,7 @@ void Styling::prepare(int first, int last, const std::function<LineColors(int li
     LineState state = stateAt(runs.front().first);
     for (const LineRun &run : runs) {
         if (run.first != runs.front().first)
-            state = m_states.at(run.first); // without what styling the run before says of changes
+            state = m_states.at(run.first);
         for (int line = run.first; line <= run.last; ++line) {
             colorLine(line, state, lineColors(line));
             state = stateBehind(m_text.bytes(m_text.lineStart(line), m_text.lineStart(line + 1)),
@@ -396,7 +356,6 @@ void Styling::prepare(int first, int last, const std::function<LineColors(int li
 LineState Styling::stateAt(int line)
 {
     const qsizetype kept = m_view.SendScintilla(Sci::SCI_GETENDSTYLED);
-    m_states.textKeptUpTo(kept);
     const LineState state = m_states.at(line);
     // Everything before the line has been read, so a mark there still shows every change of it.
     const qsizetype start = m_text.lineStart(line);

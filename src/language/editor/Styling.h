@@ -3,6 +3,7 @@
 #include "language/Tokenizer.h"
 #include "language/editor/FoldedLines.h"
 #include "language/editor/LEditOCX.h"
+#include "language/editor/LineStates.h"
 #include "language/editor/TextBuffer.h"
 
 #include <QFont>
@@ -18,33 +19,6 @@ struct LineColors
 {
     std::optional<Color> back;
     std::optional<Color> fore;
-};
-
-/// What each line begins in, and what a place far inside a very long line is in, without reading
-/// the document again each time: it keeps checkpoints in the part of the text that was read so far.
-class LineStates
-{
-public:
-    struct Checkpoint
-    {
-        qsizetype offset; ///< of a line's start, or between two tokens of a very long line
-        LineState state;  ///< what the text there begins in
-    };
-
-    explicit LineStates(const TextBuffer &text) : m_text(text) {}
-
-    /// To be called after a change: only the text before \a offset is still the one that was read.
-    void textKeptUpTo(qsizetype offset);
-    /// What an existing line begins in.
-    LineState at(int line);
-    /// The last checkpoint at \a offset or before it.
-    Checkpoint before(qsizetype offset);
-
-private:
-    qsizetype nextPlace(qsizetype from) const;
-
-    const TextBuffer &m_text;
-    std::vector<Checkpoint> m_checkpoints{{0, LineState::Text}};
 };
 
 /// How the text is drawn: font, colours, and the styles of what comes into view.
@@ -79,6 +53,8 @@ public:
 
     /// What an existing line begins in.
     LineState stateAt(int line);
+    /// To be called before \a removed bytes at \a at are removed, or others are inserted there.
+    void aboutToChange(qsizetype at, qsizetype removed) { m_states.aboutToChange(at, removed); }
 
 private:
     void applyFont();
