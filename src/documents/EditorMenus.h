@@ -36,6 +36,10 @@ inline constexpr const char *StudioMenu[] = {
     nullptr,
     "menuStudioGo",
     "menuStudioInstrument",
+    nullptr,
+    "menuStudioFold",
+    "menuStudioFoldAll",
+    "menuStudioUnfoldAll",
 };
 
 inline constexpr const char *WindowMenu[] = {

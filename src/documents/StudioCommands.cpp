@@ -8,12 +8,16 @@ constexpr Command commands[] = {
     {"menuStudioOutline", "&Outline", true},
     {"menuStudioGo", "&Go to Name ..."},
     {"menuStudioInstrument", "&Instrument or Its Notes"},
+    {"menuStudioFold", "&Fold or Unfold"},
+    {"menuStudioFoldAll", "Fold &All"},
+    {"menuStudioUnfoldAll", "&Unfold All"},
 };
 
 constexpr Shortcut shortcuts[] = {
     {"menuStudioOutline", "Ctrl+Shift+L"},
     {"menuStudioGo", "Ctrl+Shift+O"},
     {"menuStudioInstrument", "Ctrl+Shift+I"},
+    {"menuStudioFold", "Ctrl+Shift+K"},
 };
 
 } // namespace

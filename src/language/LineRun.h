@@ -9,6 +9,7 @@ struct LineRun
     int last = 0;
 
     bool isEmpty() const { return last < first; }
+    bool contains(int line) const { return line >= first && line <= last; }
     friend bool operator==(const LineRun &, const LineRun &) = default;
 };
 

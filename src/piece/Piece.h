@@ -1,5 +1,6 @@
 #pragma once
 
+#include "language/LineRun.h"
 #include "piece/PieceText.h"
 
 #include <QString>
@@ -20,15 +21,7 @@ struct PiecePlace
     friend bool operator==(const PiecePlace &, const PiecePlace &) = default;
 };
 
-/// A range of lines of one text, both included.
-struct PieceLines
-{
-    int first = 1;
-    int last = 0;
-
-    bool contains(int line) const { return line >= first && line <= last; }
-    friend bool operator==(const PieceLines &, const PieceLines &) = default;
-};
+using PieceLines = LineRun;
 
 /// What a piece of music is made of, read from its texts: a unified file, or an orchestra with its
 /// score. It follows their edits, and is asked for values; it never changes a text and never fails.

@@ -60,6 +60,15 @@ PieceBodyLines bodyOf(const Piece &piece, const PieceText &text, int heading)
     return body;
 }
 
+/// Whether there is nothing but a comment on that line, to its end.
+bool isCommentLine(const PieceText &piece, int line)
+{
+    const QByteArrayView text = piece.line(line);
+    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+    const auto first = std::find_if_not(text.begin(), text.end(), isBlank);
+    return first != text.end() && *first == ';';
+}
+
 class BlockFinder
 {
 public:
@@ -145,22 +154,14 @@ private:
         return last;
     }
 
-    bool isComment(int line) const
-    {
-        const QByteArrayView text = m_text.line(line);
-        const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
-        const auto first = std::find_if_not(text.begin(), text.end(), isBlank);
-        return first != text.end() && *first == ';';
-    }
-
     /// Of lines that are comments alone, the first of which this is.
     int endOfComment() const
     {
-        if (!isComment(m_line) || (m_line > 1 && isComment(m_line - 1)))
+        if (!isCommentLine(m_text, m_line) || (m_line > 1 && isCommentLine(m_text, m_line - 1)))
             return 0;
         const int bound = std::min(m_text.lineCount(), m_line + LongestComment);
         int last = m_line;
-        while (last < bound && isComment(last + 1))
+        while (last < bound && isCommentLine(m_text, last + 1))
             ++last;
         return last;
     }
@@ -198,6 +199,24 @@ private:
     const int m_line;
 };
 
+/// Where a block may begin because of a landmark: at its line, or below it, as a section of the
+/// score does; 0 for none.
+int firstLineFrom(PlacedLandmark found)
+{
+    switch (found.mark->kind) {
+    case LandmarkKind::Instrument:
+    case LandmarkKind::Opcode:
+    case LandmarkKind::BlockBegin:
+    case LandmarkKind::BranchBegin:
+    case LandmarkKind::Macro:
+        return found.line;
+    case LandmarkKind::ScoreSection:
+        return found.line + 1;
+    default:
+        return 0;
+    }
+}
+
 } // namespace
 
 std::optional<PieceBodyLines> bodyAt(const Piece &piece, const PieceText &text, int line)
@@ -207,6 +226,61 @@ std::optional<PieceBodyLines> bodyAt(const Piece &piece, const PieceText &text, 
         return std::nullopt;
     const PieceBodyLines body = bodyOf(piece, text, heading);
     return body.lines.contains(line) ? std::optional(body) : std::nullopt;
+}
+
+LineRun blockAround(const Piece &piece, const PieceText &text, int line)
+{
+    LineRun around;
+    const auto tryFrom = [&](int first) {
+        const int last = lastLineOfBlock(piece, text, first);
+        if (first <= line && last >= line)
+            around = {first, last};
+        return around.isEmpty();
+    };
+    int comment = line;
+    while (comment > 1 && isCommentLine(text, comment) && line - comment < LongestComment)
+        --comment;
+    if (!tryFrom(line) || (comment < line && !tryFrom(comment + 1)))
+        return around;
+    text.visitBack(line, [&](PlacedLandmark found) {
+        if (found.mark->kind != LandmarkKind::SectionBegin)
+            return firstLineFrom(found) == 0 || tryFrom(firstLineFrom(found));
+        if (tryFrom(found.line + 1)) // the first section of the score
+            tryFrom(found.line);
+        return false;
+    });
+    if (around.isEmpty())
+        tryFrom(1);
+    return around;
+}
+
+QList<LineRun> outerBlocks(const Piece &piece, const PieceText &text)
+{
+    QList<LineRun> blocks;
+    const auto add = [&](int first) {
+        const int last = lastLineOfBlock(piece, text, first);
+        if (last > first && (blocks.isEmpty() || first > blocks.last().last))
+            blocks.append({first, last});
+    };
+    int next = 1;
+    const auto addComments = [&](int end) {
+        for (; next < end; ++next) {
+            if (isCommentLine(text, next))
+                add(next);
+        }
+    };
+    if (text.role() == DocumentRole::Score)
+        add(1);
+    text.visit(1, text.lineCount(), [&](PlacedLandmark found) {
+        addComments(found.line);
+        const bool beginsScore = found.mark->kind == LandmarkKind::SectionBegin &&
+                                 PieceSection(found.mark->detail) == PieceSection::Score;
+        if (const int first = beginsScore ? found.line + 1 : firstLineFrom(found); first > 0)
+            add(first);
+        return true;
+    });
+    addComments(text.lineCount());
+    return blocks;
 }
 
 int lastLineOfBlock(const Piece &piece, const PieceText &text, int line)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "language/LineRun.h"
 #include "piece/Piece.h"
 
 #include <optional>
@@ -23,5 +24,14 @@ std::optional<PieceBodyLines> bodyAt(const Piece &piece, const PieceText &text, 
 /// comment over lines or of several lines, a macro, a section of the file, a section of the score.
 /// 0 where nothing begins or it ends on the same line.
 int lastLineOfBlock(const Piece &piece, const PieceText &text, int line);
+
+/// The innermost of what can be folded that has \a line in it: its first and its last line. Empty
+/// where there is none.
+LineRun blockAround(const Piece &piece, const PieceText &text, int line);
+
+/// All that can be folded without hiding another of its kind: bodies, comments, macros, sections
+/// and loops of the score; not the sections of a unified file. Each from its first to its last
+/// line, in their order.
+QList<LineRun> outerBlocks(const Piece &piece, const PieceText &text);
 
 } // namespace ardiphon

@@ -83,8 +83,8 @@ void CsdArea::groupTools(ToolToggles &tools)
 
 QList<EditorView> CsdArea::views() const
 {
-    return {{LEDIT1, DocumentRole::Csd, ViewPosition::First},
-            {LEDIT2, DocumentRole::Csd, ViewPosition::Second}};
+    return {{LEDIT1, DocumentRole::Csd, ViewPosition::First, PicNumeri},
+            {LEDIT2, DocumentRole::Csd, ViewPosition::Second, PicNumeri2}};
 }
 
 bool CsdArea::isSplit() const { return !LEDIT2->isHidden(); }

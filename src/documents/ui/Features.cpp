@@ -7,6 +7,7 @@
 #include "documents/ui/HeadersFeature.h"
 #include "documents/ui/ProgramsFeature.h"
 #include "help/ui/HelpFeature.h"
+#include "insight/ui/FoldFeature.h"
 #include "insight/ui/GoFeature.h"
 #include "insight/ui/OutlineFeature.h"
 #include "preferences/ui/PreferencesFeature.h"
@@ -28,7 +29,7 @@ constexpr NewFeature Features[] = {
     newFeature<HeadersFeature>,  newFeature<PreferencesFeature>, newFeature<CompileFeature>,
     newFeature<AnalysisFeature>, newFeature<SoundFeature>,       newFeature<ProgramsFeature>,
     newFeature<PrintFeature>,    newFeature<HalvesFeature>,      newFeature<HelpFeature>,
-    newFeature<OutlineFeature>,  newFeature<GoFeature>,
+    newFeature<OutlineFeature>,  newFeature<GoFeature>,          newFeature<FoldFeature>,
 };
 
 } // namespace

@@ -132,8 +132,8 @@ void ProjectArea::groupTools(ToolToggles &tools)
 
 QList<EditorView> ProjectArea::views() const
 {
-    return {{LEDIT1, DocumentRole::Orchestra, ViewPosition::First},
-            {LEDIT2, DocumentRole::Score, ViewPosition::Second}};
+    return {{LEDIT1, DocumentRole::Orchestra, ViewPosition::First, &orchestra->gutter()},
+            {LEDIT2, DocumentRole::Score, ViewPosition::Second, &score->gutter()}};
 }
 
 HalfView *ProjectArea::focusedHalf() const
