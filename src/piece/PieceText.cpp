@@ -14,6 +14,9 @@ constexpr int LongestBlock = 256;  ///< before it is divided
 constexpr int ShortestBlock = 32;  ///< before it is joined to the one above it
 constexpr int LongestLine = 65536; ///< bytes; what is behind is read by no one
 
+quint32 kindBit(LandmarkKind kind) { return quint32(1) << int(kind); }
+static_assert(int(LandmarkKind::BranchEnd) < 32);
+
 } // namespace
 
 PieceText::PieceText(DocumentRole role, const LineSource &lines, NameTable &names,
@@ -156,6 +159,9 @@ void PieceText::read(Position position)
         state = readBlockLine(marks, state, block.plays);
     }
     block.exit = state;
+    block.kinds = 0;
+    for (const Landmark &mark : block.marks)
+        block.kinds |= kindBit(mark.kind);
     if (block.marks.capacity() > 2 * block.marks.size())
         block.marks.shrink_to_fit();
 }
@@ -205,6 +211,20 @@ void PieceText::visitBack(int first, const std::function<bool(PlacedLandmark)> &
         }
         if (at.block == 0)
             return;
+    }
+}
+
+void PieceText::visitKind(LandmarkKind kind, const std::function<bool(PlacedLandmark)> &visit) const
+{
+    int firstLine = 1;
+    for (const Block &block : m_blocks) {
+        for (const Landmark &mark : block.marks) {
+            if ((block.kinds & kindBit(kind)) == 0)
+                break;
+            if (mark.kind == kind && !visit({firstLine + mark.line, &mark}))
+                return;
+        }
+        firstLine += block.lines;
     }
 }
 

@@ -50,6 +50,10 @@ public:
     /// The same from line \a first back to the beginning.
     void visitBack(int first, const std::function<bool(PlacedLandmark)> &visit) const;
 
+    /// Calls \a visit for the landmarks of one kind in their order, until it returns false; costs
+    /// little where they are few.
+    void visitKind(LandmarkKind kind, const std::function<bool(PlacedLandmark)> &visit) const;
+
     /// What the lines above say of \a line; reads up to a block of lines.
     PieceState stateAt(int line) const;
     /// Lines that may play the instrument \a name: calls \a visit with the first and the last line
@@ -67,6 +71,7 @@ private:
         bool isStale = true;
         PieceState entry;
         PieceState exit;
+        quint32 kinds = 0; ///< a bit for each kind of landmark that it has
         quint64 plays = 0; ///< a bit for each instrument that its lines may play
         std::vector<Landmark> marks;
     };
