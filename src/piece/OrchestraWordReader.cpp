@@ -106,8 +106,10 @@ private:
         if (!isSymbol(2, "(") || !touchesNext(1))
             return m_tokens.size();
         for (qsizetype at = 3; has(at) && !isSymbol(at, ")"); ++at) {
-            if (isName(at))
-                m_context.macro.arguments.append(word(at).toByteArray());
+            if (!isName(at))
+                continue;
+            add(WordUse::MacroArgument, at).defines = true;
+            m_context.macro.arguments.append(word(at).toByteArray());
         }
         return m_tokens.size();
     }
@@ -116,7 +118,7 @@ private:
     {
         for (; has(at); ++at) {
             if (isName(at)) {
-                add(WordUse::Instrument, at).defines = true;
+                addHeadingName(at);
             } else if (isKind(at, CodeTokenKind::Number)) {
                 addNumber(at, at).defines = true;
                 m_words.last().form = WordForm::Plain;
@@ -129,6 +131,17 @@ private:
         if (goesOn())
             m_state.continuation = Continuation::InstrumentNames;
         return m_tokens.size();
+    }
+
+    /// A name, with the + that may be in front.
+    void addHeadingName(qsizetype at)
+    {
+        PieceWord &found = add(WordUse::Instrument, at);
+        found.defines = true;
+        if (!isSymbol(at - 1, "+"))
+            return;
+        found.literalStart = m_offset + m_tokens[at - 1].start;
+        found.literalLength = found.end() - found.literalStart;
     }
 
     /// The types of the old notation are no words; the new one has names with types.

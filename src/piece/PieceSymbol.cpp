@@ -80,6 +80,8 @@ private:
         case WordUse::Call:
             readName();
             break;
+        case WordUse::HiddenInstrument:
+            break;
         }
     }
 
@@ -144,27 +146,6 @@ private:
     PieceSymbol m_symbol;
 };
 
-bool isInScope(const PieceSymbol &symbol, const PieceWord &word, DocumentRole role, int line)
-{
-    switch (symbol.scope) {
-    case SymbolScope::Piece:
-        return true;
-    case SymbolScope::Orchestra:
-        return word.section == PieceSection::Orchestra;
-    case SymbolScope::Score:
-        return word.section == PieceSection::Score;
-    case SymbolScope::Body:
-        return role == symbol.place.role && symbol.body.contains(line) &&
-               word.body != PieceBody::None && !word.isInMacro;
-    case SymbolScope::BetweenBodies:
-        return word.section == PieceSection::Orchestra && word.body == PieceBody::None &&
-               !word.isInMacro;
-    case SymbolScope::Word:
-        break;
-    }
-    return false;
-}
-
 bool hasUseOf(SymbolKind kind, WordUse use)
 {
     switch (kind) {
@@ -204,6 +185,8 @@ std::optional<PieceSymbol> symbolAt(const Piece &piece, const PieceText &text, i
     const int at = byteOfCharacter(reader.line(), column);
     const PieceWord *found = nullptr;
     for (const PieceWord &word : words) {
+        if (word.use == WordUse::HiddenInstrument)
+            continue;
         const bool hasSign = word.start > 0 && reader.line()[word.start - 1] == '$';
         if (at >= word.start - (hasSign ? 1 : 0) && at <= word.end())
             found = &word;
@@ -216,7 +199,28 @@ std::optional<PieceSymbol> symbolAt(const Piece &piece, const PieceText &text, i
 bool isWordOf(const PieceSymbol &symbol, const PieceWord &word, DocumentRole role, int line)
 {
     return word.name == symbol.name && hasUseOf(symbol.kind, word.use) &&
-           isInScope(symbol, word, role, line);
+           isInScopeOf(symbol, word, role, line);
+}
+
+bool isInScopeOf(const PieceSymbol &symbol, const PieceWord &word, DocumentRole role, int line)
+{
+    switch (symbol.scope) {
+    case SymbolScope::Piece:
+        return true;
+    case SymbolScope::Orchestra:
+        return word.section == PieceSection::Orchestra;
+    case SymbolScope::Score:
+        return word.section == PieceSection::Score;
+    case SymbolScope::Body:
+        return role == symbol.place.role && symbol.body.contains(line) &&
+               word.body != PieceBody::None && !word.isInMacro;
+    case SymbolScope::BetweenBodies:
+        return word.section == PieceSection::Orchestra && word.body == PieceBody::None &&
+               !word.isInMacro;
+    case SymbolScope::Word:
+        break;
+    }
+    return false;
 }
 
 bool isGlobalName(QByteArrayView name)

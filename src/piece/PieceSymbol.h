@@ -55,6 +55,9 @@ std::optional<PieceSymbol> symbolAt(const Piece &piece, const PieceText &text, i
 /// Whether \a word, which stands in \a line of the text of that role, is \a symbol.
 bool isWordOf(const PieceSymbol &symbol, const PieceWord &word, DocumentRole role, int line);
 
+/// Whether \a word is where a word that means the same as \a symbol can be.
+bool isInScopeOf(const PieceSymbol &symbol, const PieceWord &word, DocumentRole role, int line);
+
 /// Whether a variable of that name is known in all bodies: g and the letter of a type.
 bool isGlobalName(QByteArrayView name);
 

@@ -18,6 +18,7 @@ enum class WordUse : quint8 {
     Macro,         ///< without its $ and the full stop that may end it
     MacroArgument, ///< the same, within the text of a macro that has it as an argument
     Channel,
+    HiddenInstrument, ///< a macro or an expression at the place of a note's instrument
 };
 
 /// How a word is written, which matters where a number becomes a name.

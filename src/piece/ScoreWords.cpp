@@ -74,8 +74,12 @@ private:
     void readInstrument(ScoreRange field)
     {
         PieceWord word = wordAt(field);
-        if (readInstrumentLiteral(field.in(m_line), m_offset + field.start, word))
-            m_words.append(word);
+        const QByteArrayView text = field.in(m_line);
+        if (text.startsWith('[') || text.startsWith('$'))
+            word.use = WordUse::HiddenInstrument;
+        else if (!readInstrumentLiteral(text, m_offset + field.start, word))
+            return;
+        m_words.append(word);
     }
 
     QByteArrayView m_line;
@@ -118,6 +122,8 @@ void readScoreDirective(const ScoreDirective &directive, QByteArrayView line, Op
     if (directive.kind != Kind::Define)
         return;
     macro.arguments = argumentsOf(directive, line);
+    for (const ScoreRange &argument : directive.arguments)
+        reader.addName(WordUse::MacroArgument, argument, true);
     if (directive.text.length > 0)
         readScoreMacro(line, directive.text.start, directive.text.length, macro, words);
 }
