@@ -40,6 +40,8 @@ inline constexpr const char *StudioMenu[] = {
     "menuStudioFold",
     "menuStudioFoldAll",
     "menuStudioUnfoldAll",
+    nullptr,
+    "menuStudioRename",
 };
 
 inline constexpr const char *WindowMenu[] = {

@@ -11,6 +11,7 @@ constexpr Command commands[] = {
     {"menuStudioFold", "&Fold or Unfold"},
     {"menuStudioFoldAll", "Fold &All"},
     {"menuStudioUnfoldAll", "&Unfold All"},
+    {"menuStudioRename", "Re&name ..."},
 };
 
 constexpr Shortcut shortcuts[] = {
@@ -18,6 +19,7 @@ constexpr Shortcut shortcuts[] = {
     {"menuStudioGo", "Ctrl+Shift+O"},
     {"menuStudioInstrument", "Ctrl+Shift+I"},
     {"menuStudioFold", "Ctrl+Shift+K"},
+    {"menuStudioRename", "Ctrl+Shift+R"},
 };
 
 } // namespace

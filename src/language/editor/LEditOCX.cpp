@@ -3,6 +3,7 @@
 #include "language/GutterNumbers.h"
 #include "language/Utf8.h"
 #include "language/editor/LEditOCXPrivate.h"
+#include "language/editor/RangeEdits.h"
 #include "platform/DocumentFile.h"
 
 #include <QVBoxLayout>
@@ -201,6 +202,15 @@ void LEditOCX::ReplaceAll()
         return;
     const Operation operation(*d);
     d->search.replace(matches);
+}
+
+void LEditOCX::ReplaceRanges(const std::vector<EditorEdit> &edits)
+{
+    RangeEdits changes(d->text, edits);
+    if (changes.isEmpty())
+        return;
+    const Operation operation(*d);
+    changes.carryOut(d->view);
 }
 
 // The view. ---------------------------------------------------------------------------------------

@@ -13,6 +13,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace ardiphon {
 
@@ -32,6 +33,15 @@ struct EditorMouseButton
     int Shift;  ///< as in EditorKey
     int X;      ///< twips from the control's left edge
     int Y;      ///< twips from the control's top edge
+};
+
+/// A part of a line and the text that takes its place, which has no line end.
+struct EditorEdit
+{
+    int line = 1;
+    int column = 0;
+    int length = 0; ///< in characters
+    QString text;
 };
 
 /// The flag of GetState and ClearState that means the text.
@@ -149,6 +159,10 @@ public:
     void ReplaceCurrent();
     /// Replaces every match in the document as one step of history.
     void ReplaceAll();
+    /// Carries out \a edits, which are in their order and do not overlap, as one step of history.
+    /// The caret and the selection stay at their letters, and the view where it is. An edit of a
+    /// line that does not exist, or that overlaps the one before, is left out.
+    void ReplaceRanges(const std::vector<EditorEdit> &edits);
 
     // The view. ----------------------------------------------------------------------------------
 
