@@ -291,8 +291,8 @@ void tst_RenameFeature::hiddenNotes_areTold()
         text = label(dialog, "LabelRenamePlaces");
         dialog.reject();
     });
-    QCOMPARE(text, QStringLiteral("1 note has an instrument that a macro or an expression gives, "
-                                  "and stays as it is. 1 place will change:"));
+    QCOMPARE(text, QStringLiteral("1 place will change; 1 note, whose instrument a macro or an "
+                                  "expression gives, stays as it is:"));
 }
 
 void tst_RenameFeature::caretAndView_stay()

@@ -176,15 +176,16 @@ void FormRename::showPlaces()
 {
     const qsizetype count = m_rename ? m_rename->count() : 0;
     const int hidden = m_rename ? m_rename->hiddenNotes() : 0;
-    QString text = count == 1 ? QStringLiteral("1 place will change:")
-                              : QStringLiteral("%1 places will change:").arg(count);
+    QString text = count == 1 ? QStringLiteral("1 place will change")
+                              : QStringLiteral("%1 places will change").arg(count);
     if (hidden == 1)
-        text.prepend(QStringLiteral("1 note has an instrument that a macro or an expression gives, "
-                                    "and stays as it is. "));
+        text += QStringLiteral("; 1 note, whose instrument a macro or an expression gives, stays "
+                               "as it is");
     else if (hidden > 1)
-        text.prepend(QStringLiteral("%1 notes have instruments that macros or expressions give, "
-                                    "and stay as they are. ")
-                         .arg(hidden));
+        text += QStringLiteral("; %1 notes, whose instruments macros or expressions give, stay as "
+                               "they are")
+                    .arg(hidden);
+    text += u':';
     LabelRenamePlaces->setText(text);
     m_places->setPlaces(&m_context.piece, m_rename.get());
     for (const int column : {RenamePlacesModel::DocumentColumn, RenamePlacesModel::LineColumn})
