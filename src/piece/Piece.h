@@ -21,8 +21,6 @@ struct PiecePlace
     friend bool operator==(const PiecePlace &, const PiecePlace &) = default;
 };
 
-using PieceLines = LineRun;
-
 /// What a piece of music is made of, read from its texts: a unified file, or an orchestra with its
 /// score. It follows their edits, and is asked for values; it never changes a text and never fails.
 class Piece

@@ -12,8 +12,7 @@ struct PieceBodyLines
 {
     LandmarkKind kind = LandmarkKind::Instrument; ///< or Opcode
     QStringList names;                            ///< an instrument may have several
-    PieceLines
-        lines; ///< to the end of the text, or before the next heading, where its end is missing
+    LineRun lines; ///< to the end of the text, or before the next heading, where its end is missing
     int headingLine = 1;
 };
 

@@ -7,10 +7,10 @@
 namespace ardiphon {
 
 QList<PiecePlace> occurrencesOf(const Piece &, const PieceSymbol &symbol, const PieceText &text,
-                                PieceLines within)
+                                LineRun within)
 {
     QList<PiecePlace> places;
-    PieceLines lines{std::max(1, within.first), std::min(within.last, text.lineCount())};
+    LineRun lines{std::max(1, within.first), std::min(within.last, text.lineCount())};
     if (symbol.scope == SymbolScope::Body) {
         lines.first = std::max(lines.first, symbol.body.first);
         lines.last = std::min(lines.last, symbol.body.last);

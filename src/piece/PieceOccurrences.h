@@ -11,6 +11,6 @@ namespace ardiphon {
 /// ranges are of the name alone. None for an argument of a macro and for a word without a meaning.
 /// Costs what these lines and a few hundred above them take.
 QList<PiecePlace> occurrencesOf(const Piece &piece, const PieceSymbol &symbol,
-                                const PieceText &text, PieceLines within);
+                                const PieceText &text, LineRun within);
 
 } // namespace ardiphon

@@ -39,7 +39,7 @@ struct PieceSymbol
     SymbolScope scope = SymbolScope::Word;
     QByteArray name;  ///< without $ and quotes; an instrument's number without zeros in front
     PiecePlace place; ///< of the name
-    PieceLines body;  ///< with the scope Body: the lines of it, in the same text
+    LineRun body;     ///< with the scope Body: the lines of it, in the same text
 
     bool isGlobal() const { return scope != SymbolScope::Body && scope != SymbolScope::Word; }
     friend bool operator==(const PieceSymbol &, const PieceSymbol &) = default;

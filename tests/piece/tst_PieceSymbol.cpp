@@ -190,7 +190,7 @@ void tst_PieceSymbol::symbolAt_ofALocal_hasTheLinesOfItsBody()
 {
     const MarkedPiece of("kx = 1\ninstr 1\nkx§ = 2\nendin\ninstr 2\nkx = 1\nendin",
                          DocumentRole::Orchestra);
-    QCOMPARE(of.symbol()->body, (PieceLines{2, 4}));
+    QCOMPARE(of.symbol()->body, (LineRun{2, 4}));
 }
 
 void tst_PieceSymbol::words_knowTheSameStateAsTheModel()

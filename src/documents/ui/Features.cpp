@@ -9,6 +9,7 @@
 #include "help/ui/HelpFeature.h"
 #include "insight/ui/FoldFeature.h"
 #include "insight/ui/GoFeature.h"
+#include "insight/ui/MarksFeature.h"
 #include "insight/ui/OutlineFeature.h"
 #include "insight/ui/RenameFeature.h"
 #include "preferences/ui/PreferencesFeature.h"
@@ -31,7 +32,7 @@ constexpr NewFeature Features[] = {
     newFeature<AnalysisFeature>, newFeature<SoundFeature>,       newFeature<ProgramsFeature>,
     newFeature<PrintFeature>,    newFeature<HalvesFeature>,      newFeature<HelpFeature>,
     newFeature<OutlineFeature>,  newFeature<GoFeature>,          newFeature<FoldFeature>,
-    newFeature<RenameFeature>,
+    newFeature<RenameFeature>,   newFeature<MarksFeature>,
 };
 
 } // namespace

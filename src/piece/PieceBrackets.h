@@ -1,0 +1,26 @@
+#pragma once
+
+#include "piece/Piece.h"
+
+#include <optional>
+
+namespace ardiphon {
+
+/// Two places that belong together, the one at the caret first.
+struct PieceBrackets
+{
+    PiecePlace here;
+    PiecePlace partner;
+
+    friend bool operator==(const PieceBrackets &, const PieceBrackets &) = default;
+};
+
+/// The bracket or the word of a block that touches \a column, in characters from 0, of \a line, and
+/// its partner: ( ) [ ] { }, if and endif, while and od and their like, switch and endsw, instr and
+/// endin, opcode and endop, #ifdef and #end. From a word between (else, elseif, then, case, #else)
+/// the partner is the one that begins the block. None where nothing is there or nothing belongs to
+/// it, and in comments and texts. A bracket is looked for in a few hundred lines, a word in as many
+/// as its body has.
+std::optional<PieceBrackets> bracketsAt(const PieceText &text, int line, int column);
+
+} // namespace ardiphon
