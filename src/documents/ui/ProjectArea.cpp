@@ -56,6 +56,8 @@ ProjectArea::ProjectArea(ConfigurationBlock &config) : EditorArea(config)
     LEDIT2 = newEditor(QStringLiteral("LEDIT2"), DocumentRole::Score, config, this);
     panels->follow(LEDIT1);
     buildPanels();
+    PicNumeri1 = newGutter(QStringLiteral("PicNumeri1"), *LEDIT1);
+    PicNumeri2 = newGutter(QStringLiteral("PicNumeri2"), *LEDIT2);
 }
 
 // Building. --------------------------------------------------------------------------------------
@@ -80,16 +82,14 @@ void ProjectArea::buildPanels()
 
 void ProjectArea::setDocuments(HalfDocument &orchestraDocument, HalfDocument &scoreDocument)
 {
-    orchestra = newHalf(orchestraDocument, QStringLiteral("1"), QStringLiteral("Toolbar2"));
-    score = newHalf(scoreDocument, QStringLiteral("2"), QStringLiteral("Toolbar3"));
+    orchestra = newHalf(orchestraDocument, *PicNumeri1, QStringLiteral("Toolbar2"));
+    score = newHalf(scoreDocument, *PicNumeri2, QStringLiteral("Toolbar3"));
     buildGrips();
 }
 
-HalfView *ProjectArea::newHalf(HalfDocument &document, const QString &number,
-                               const QString &toolbarName)
+HalfView *ProjectArea::newHalf(HalfDocument &document, Gutter &gutter, const QString &toolbarName)
 {
     const ProjectHalf &half = document.half();
-    Gutter *const gutter = newGutter(QStringLiteral("PicNumeri") + number, document.editor());
     auto *label = newLabel(QStringLiteral("Label") + half.name, half.label(Untitled), this);
     QFont small = label->font();
     small.setPixelSize(LabelFontSize);
@@ -99,7 +99,7 @@ HalfView *ProjectArea::newHalf(HalfDocument &document, const QString &number,
     label->lower(); // its row is shorter than the label: text and line numbers cover it
     auto *toolbar = newToolbar(toolbarName, HalfToolIconSize, this);
     makeCompact(*toolbar);
-    return new HalfView(document, *gutter, *label, *toolbar, this);
+    return new HalfView(document, gutter, *label, *toolbar, this);
 }
 
 void ProjectArea::buildGrips()
@@ -132,8 +132,8 @@ void ProjectArea::groupTools(ToolToggles &tools)
 
 QList<EditorView> ProjectArea::views() const
 {
-    return {{LEDIT1, DocumentRole::Orchestra, ViewPosition::First, &orchestra->gutter()},
-            {LEDIT2, DocumentRole::Score, ViewPosition::Second, &score->gutter()}};
+    return {{LEDIT1, DocumentRole::Orchestra, ViewPosition::First, PicNumeri1},
+            {LEDIT2, DocumentRole::Score, ViewPosition::Second, PicNumeri2}};
 }
 
 HalfView *ProjectArea::focusedHalf() const

@@ -64,12 +64,14 @@ signals:
 private:
     void buildPanels();
     void buildGrips();
-    HalfView *newHalf(HalfDocument &document, const QString &number, const QString &toolbar);
+    HalfView *newHalf(HalfDocument &document, Gutter &gutter, const QString &toolbar);
     ProjectWindowState windowState() const;
     void place(const ProjectLayout &layout);
     void dragged(const std::optional<ProjectLayout> &layout);
     static bool toggle(FloatingPanel &panel, QPoint topLeft);
 
+    Gutter *PicNumeri1;
+    Gutter *PicNumeri2;
     BookmarksPanel *PictureBookmarks;
     InstrumentPanel *PictureInstrument;
     FloatingPanel *m_bookmarksPanel;
