@@ -172,7 +172,8 @@ void ExpressionReader::readSign(char sign)
     ++m_at;
     if (kindOf(sign) == 0)
         return;
-    while (!m_signs.isEmpty() && m_signs.last() != '(' && comesFirst(m_signs.last(), sign))
+    // Only the operator just before is looked at, so that 9-2*3-1 is 9-(2*3-1).
+    if (!m_signs.isEmpty() && m_signs.last() != '(' && comesFirst(m_signs.last(), sign))
         combineLast();
     m_signs.append(sign);
     m_wantsOperand = true;
@@ -205,8 +206,11 @@ double scoreNumber(QByteArrayView token)
 {
     if (token.contains('z'))
         return ScoreEternity;
-    if (token.startsWith('+'))
+    if (token.startsWith('+')) {
         token = token.sliced(1);
+        if (token.startsWith('-'))
+            return 0;
+    }
     double value = 0;
     const auto read = std::from_chars(token.begin(), token.end(), value);
     const bool isNumber = read.ptr == token.end() && read.ec == std::errc() &&

@@ -48,16 +48,19 @@ int StoredNote::name() const
 
 bool StoredNote::turnsOff() const { return (m_instrument & OffBit) != 0; }
 
-bool operator<(const StoredNote &left, const StoredNote &right)
+bool isBefore(const StoredNote &left, const StoredNote &right)
 {
     if (left.start() != right.start())
         return left.start() < right.start();
     if (left.m_instrument != right.m_instrument)
         if (const int l = rank(left), r = rank(right); l != r)
             return l < r;
-    if (left.m_beats != right.m_beats)
-        return left.m_beats < right.m_beats;
-    return left.m_line < right.m_line;
+    return left.m_beats < right.m_beats;
+}
+
+bool operator<(const StoredNote &left, const StoredNote &right)
+{
+    return isBefore(left, right) || (!isBefore(right, left) && left.m_line < right.m_line);
 }
 
 void ScoreNoteStore::clear() { *this = ScoreNoteStore(); }
@@ -66,7 +69,7 @@ void ScoreNoteStore::append(const StoredNote &note)
 {
     if (size_t(m_count) == m_chunks.size() * ChunkSize)
         m_chunks.push_back(std::make_unique_for_overwrite<Chunk>());
-    m_isInOrder = m_isInOrder && (m_count == m_sectionStart || !(note < at(m_count - 1)));
+    m_isInOrder = m_isInOrder && (m_count == m_sectionStart || !isBefore(note, at(m_count - 1)));
     at(m_count++) = note;
 }
 
@@ -74,6 +77,7 @@ void ScoreNoteStore::endSection()
 {
     if (!m_isInOrder)
         m_ranges.push_back({m_sectionStart, m_count - 1});
+    m_isDivided = false;
     m_sectionStart = m_count;
     m_isInOrder = true;
 }
@@ -107,7 +111,10 @@ void ScoreNoteStore::sortSmall(const Range &range)
     notes.reserve(size_t(range.last - range.first + 1));
     for (qsizetype i = range.first; i <= range.last; ++i)
         notes.push_back(at(i));
-    std::stable_sort(notes.begin(), notes.end());
+    if (m_isDivided)
+        std::sort(notes.begin(), notes.end());
+    else
+        std::stable_sort(notes.begin(), notes.end(), isBefore);
     for (qsizetype i = range.first; i <= range.last; ++i)
         at(i) = notes[size_t(i - range.first)];
 }
@@ -122,6 +129,7 @@ void ScoreNoteStore::beginDivision(const Range &range)
     std::nth_element(some.begin(), some.begin() + 4, some.end());
     m_division = {range, range.first, range.last, some[4]};
     m_isDividing = true;
+    m_isDivided = true;
 }
 
 /// Whether it is divided.

@@ -27,7 +27,11 @@ public:
     bool turnsOff() const;
     float number() const { return std::bit_cast<float>(m_instrument); }
 
-    /// The order of notes: by start, instrument, length and line.
+    /// The compiler's order: by start, instrument and length. Those that are equal stay as they
+    /// are.
+    friend bool isBefore(const StoredNote &left, const StoredNote &right);
+    /// The same, and then by line: the order of the notes of a section that is too long to keep
+    /// equal ones as they are.
     friend bool operator<(const StoredNote &left, const StoredNote &right);
 
 private:
@@ -95,6 +99,7 @@ private:
     std::vector<Range> m_ranges;
     Division m_division;
     bool m_isDividing = false;
+    bool m_isDivided = false; ///< the section that is put in order
 };
 
 } // namespace ardiphon

@@ -150,18 +150,19 @@ void ScoreSections::readStatement(QByteArrayView text, qsizetype at, int line)
         readFields(text, at);
         break;
     case 'v':
-        m_warp = clockValue(text, at);
+        m_warp = clockValue(text, at, m_warp);
         break;
     case 'b':
-        m_clock = clockValue(text, at);
+        m_clock = clockValue(text, at, m_clock);
         break;
     case 'B':
-        m_clock += clockValue(text, at);
+        m_clock += clockValue(text, at, 0);
         break;
     case 'y':
         m_followsNote = false;
         break;
     case 'x':
+        countStatement(line);
         m_isSkipping = true;
         break;
     case 'm':
@@ -179,11 +180,11 @@ void ScoreSections::readStatement(QByteArrayView text, qsizetype at, int line)
     }
 }
 
-/// What v, b and B tell.
-double ScoreSections::clockValue(QByteArrayView text, qsizetype at) const
+/// What v, b and B tell; \a none where they tell nothing.
+double ScoreSections::clockValue(QByteArrayView text, qsizetype at, double none) const
 {
     at = afterBlanks(text, at);
-    return takeNumber(text, at);
+    return at < text.size() && isField(text[at], BeginsField) ? takeNumber(text, at) : none;
 }
 
 void ScoreSections::countStatement(int line)
@@ -234,7 +235,7 @@ void ScoreSections::readField(QByteArrayView text, qsizetype &at)
         if (field == 2)
             statement.note.start = value * m_warp + m_clock;
         else
-            statement.note.beats = value * m_warp;
+            statement.note.beats = beatsOf(value);
         (field == 2 ? statement.hasStart : statement.hasBeats) = true;
         return;
     }
@@ -257,7 +258,7 @@ void ScoreSections::readField(QByteArrayView text, qsizetype &at)
 
 void ScoreSections::readPlayer(QByteArrayView text, qsizetype &at)
 {
-    Player &player = m_statement.player;
+    Player &player = m_statement.note.player;
     if (text[at] == '"') {
         readName(text, at);
         return;
@@ -277,7 +278,7 @@ void ScoreSections::readPlayer(QByteArrayView text, qsizetype &at)
 
 void ScoreSections::readName(QByteArrayView text, qsizetype &at)
 {
-    Player &player = m_statement.player;
+    Player &player = m_statement.note.player;
     const qsizetype start = at + 1;
     at = stringEnd(text, at);
     QByteArrayView name = text.sliced(start, std::max<qsizetype>(at - start, 0));
@@ -307,12 +308,6 @@ int ScoreSections::nameIndex(QByteArrayView name)
     return index;
 }
 
-ScoreSections::Carried *ScoreSections::carried()
-{
-    const auto found = m_carried.find(m_statement.player.key());
-    return found == m_carried.end() ? nullptr : &*found;
-}
-
 void ScoreSections::readStart(QByteArrayView token)
 {
     if (token == ".")
@@ -334,12 +329,18 @@ void ScoreSections::readStart(QByteArrayView token)
     }
 }
 
+/// The clock of a section counts for the length of a note, but not for what a d has in its place.
+double ScoreSections::beatsOf(double value) const
+{
+    return m_statement.letter == 'd' ? value : value * m_warp;
+}
+
 void ScoreSections::readBeats(QByteArrayView token)
 {
     if (token == ".")
         return;
     m_statement.hasBeats = true;
-    m_statement.note.beats = scoreNumber(token) * m_warp;
+    m_statement.note.beats = beatsOf(scoreNumber(token));
 }
 
 void ScoreSections::readTempoFields(QByteArrayView text, qsizetype at)
@@ -370,11 +371,11 @@ void ScoreSections::finishStatement()
         m_followsNote = false;
         return;
     }
-    finishNote();
+    finishNote(letter);
     m_followsNote = letter == 'i';
     if (letter == 'i' && m_notes->count() < MostNotes) {
         const Carried &note = m_statement.note;
-        const Player &player = m_statement.player;
+        const Player &player = m_statement.note.player;
         m_notes->append(
             player.name < 0
                 ? StoredNote::ofNumber(player.number, note.start, note.beats, m_statement.line)
@@ -386,30 +387,39 @@ void ScoreSections::finishStatement()
 }
 
 /// Works out what the statement carries, and what it leaves to the next.
-void ScoreSections::finishNote()
+void ScoreSections::finishNote(char letter)
 {
     Statement &statement = m_statement;
-    const bool isNote = statement.letter == 'i';
-    if (isNote && statement.fields == 0 && m_followsNote)
-        statement.player = m_lastPlayer;
-    Carried *const before = isNote ? carried() : nullptr;
     Carried &note = statement.note;
-    if (before) {
-        note.isAfterLast = note.isAfterLast || (!statement.hasStart && before->isAfterLast);
+    const bool isNote = letter == 'i';
+    const bool isBare = isNote && statement.fields == 0;
+    if (isBare && m_followsNote)
+        note.player = m_lastPlayer;
+    const auto last = m_carried.find(note.player.key());
+    const bool isFirst = last == m_carried.end();
+    if (isNote && !isFirst) {
+        // An i alone is another note of the same instrument, but takes what the note before the
+        // last had, where there is one.
+        const Carried &from = isBare && last->hasBefore ? last->before : last->note;
+        if (isBare)
+            note.player = from.player;
+        note.isAfterLast = note.isAfterLast || (!statement.hasStart && from.isAfterLast);
         if (note.isAfterLast)
-            note.start = before->start + std::abs(before->beats);
+            note.start = from.start + std::abs(from.beats);
         else if (!statement.hasStart)
-            note.start = before->start;
+            note.start = from.start;
         if (!statement.hasBeats)
-            note.beats = before->beats;
+            note.beats = from.beats;
     }
     m_lastStart = note.start;
-    if (before)
-        *before = note;
-    else if (isNote || statement.letter == 'd')
-        m_carried.insert(statement.player.key(), note);
     if (isNote)
-        m_lastPlayer = statement.player;
+        m_lastPlayer = note.player;
+    if (!isNote && letter != 'd')
+        return;
+    if (isFirst)
+        m_carried.insert(note.player.key(), {note, {}, false});
+    else
+        *last = {note, last->note, true};
 }
 
 void ScoreSections::endSection(bool isEnd)
@@ -435,8 +445,9 @@ void ScoreSections::endSection(bool isEnd)
     m_lastStart = -1;
     m_isSkipping = false;
     if (isRepeated) {
-        m_repeats.pop_back(); // where the clock is left as it is
-    } else {
+        m_repeats.pop_back();
+    } else if (!isEnd) {
+        // After an e, and after a repeat, the compiler leaves the clock as it is.
         m_warp = 1;
         m_clock = 0;
     }

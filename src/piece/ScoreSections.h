@@ -65,12 +65,20 @@ private:
         bool turnsOff = false;
         qint64 key() const; ///< the same for those that carry from each other
     };
-    /// The last note of an instrument.
+    /// What a note leaves to the next.
     struct Carried
     {
+        Player player;
         double start = 0;
         double beats = 0;
         bool isAfterLast = false; ///< by a +, which is carried itself
+    };
+    /// The last note of an instrument, and the one before.
+    struct LastNotes
+    {
+        Carried note;
+        Carried before;
+        bool hasBefore = false;
     };
     /// A statement whose fields may go on on the next line.
     struct Statement
@@ -78,7 +86,6 @@ private:
         char letter = 0;
         int line = 1;
         int fields = 0;
-        Player player;
         Carried note;
         bool hasStart = false;
         bool hasBeats = false;
@@ -98,15 +105,15 @@ private:
     void readName(QByteArrayView text, qsizetype &at);
     void readStart(QByteArrayView token);
     void readBeats(QByteArrayView token);
-    double clockValue(QByteArrayView text, qsizetype at) const;
+    double beatsOf(double value) const;
+    double clockValue(QByteArrayView text, qsizetype at, double none) const;
     void finishStatement();
-    void finishNote();
+    void finishNote(char letter);
     void countStatement(int line);
     void endSection(bool isEnd);
     void readMark(QByteArrayView text, qsizetype at);
     void beginRepeat(QByteArrayView text, qsizetype at);
     void record(QByteArrayView text, int line);
-    Carried *carried();
     int nameIndex(QByteArrayView name);
 
     ScoreNoteStore *m_notes;
@@ -117,7 +124,7 @@ private:
 
     // The section that is being read.
     Statement m_statement;
-    QHash<qint64, Carried> m_carried;
+    QHash<qint64, LastNotes> m_carried;
     Player m_lastPlayer;
     bool m_followsNote = false; ///< so that an instrument may be carried
     double m_lastStart = -1;    ///< of the statement before, for ^; below 0 where there is none
