@@ -2,6 +2,7 @@
 
 QByteArrayList ScoreGenerator::score()
 {
+    m_hasNames = isOneIn(2);
     addMacros();
     const int sections = 1 + below(4);
     for (int i = 0; i < sections; ++i) {
@@ -73,10 +74,14 @@ void ScoreGenerator::addStart()
     const bool isTempoFirst = isOneIn(2);
     if (m_hasTempo && isTempoFirst)
         addTempo();
-    for (const char *instrument : {"1", "2", "3", "-2", "\"Bell\"", "\"Drum\""})
-        add("i " + QByteArray(instrument) + " " + number(9) + " " + number(4) + moreFields());
+    QByteArrayList instruments{"1", "2", "3", "-2"};
+    if (m_hasNames)
+        instruments << "\"Bell\""
+                    << "\"Drum\"";
+    for (const QByteArray &instrument : instruments)
+        add("i " + instrument + " " + number(9) + " " + number(4) + moreFields());
     m_isAfterNote = true;
-    m_isAfterName = true;
+    m_isAfterName = m_hasNames;
     if (m_hasTempo && !isTempoFirst)
         addTempo();
 }
@@ -185,11 +190,14 @@ void ScoreGenerator::addCall()
 {
     const QByteArray time = oneOf("0", "1.5", "$HALF", "$SUM(1'2)", "[2*$TWO]", "$AGAIN(1)");
     const QByteArray length = oneOf("1", ".25", "$HALF.", "[$TWO*$HALF]", "$SUM($HALF'$TWO)");
-    switch (below(3)) {
+    switch (below(4)) {
     case 0:
-        add("$NOTE(" + time + "'" + length + ")");
+        m_lines.append("#include \"part.sco\"");
         break;
     case 1:
+        add("$NOTE(" + time + "'" + length + ")");
+        break;
+    case 2:
         add("$CHORD(" + time + ")");
         break;
     default:
@@ -239,8 +247,9 @@ void ScoreGenerator::addSectionEnd(bool isLast)
 
 QByteArray ScoreGenerator::instrument()
 {
-    return oneOf("1", "1", "2", "3", "1.5", "2.25", "-2", "\"Bell\"", "\"Drum\"", "\"Bell.3\"",
-                 "[1+1]", "$TWO");
+    if (m_hasNames && isOneIn(4))
+        return oneOf("\"Bell\"", "\"Drum\"", "\"Bell.3\"");
+    return oneOf("1", "1", "2", "3", "1.5", "2.25", "-2", "[1+1]", "$TWO");
 }
 
 QByteArray ScoreGenerator::start()

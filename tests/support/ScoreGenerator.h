@@ -22,6 +22,12 @@ public:
 
     QByteArrayList score();
 
+    /// The file that it may include, by the name "part.sco".
+    static QByteArray includedPart()
+    {
+        return "; a part\ni 1 2.5 1 440\n$NOTE(3'$TWO)\ni 2 ^+1 .5\n";
+    }
+
 private:
     int below(int count) { return int(m_random.bounded(count)); }
     bool isOneIn(int count) { return below(count) == 0; }
@@ -59,6 +65,7 @@ private:
     QByteArrayList m_lines;
     QByteArrayList m_counters; ///< the macros of the loops that are open
     QByteArrayList m_marks;
+    bool m_hasNames = false;    ///< among the instruments
     bool m_hasTempo = false;    ///< so that no note may begin before 0
     bool m_isAfterNote = false; ///< so that an instrument may be carried
     bool m_isAfterName = false; ///< that note is of a named one
