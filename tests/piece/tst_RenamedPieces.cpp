@@ -146,13 +146,14 @@ QByteArray tst_RenamedPieces::verdict(const QByteArray &text, const QString &pat
     compiler.setWorkingDirectory(folder.path());
     compiler.setProcessChannelMode(QProcess::MergedChannels);
     compiler.setStandardInputFile(QProcess::nullDevice());
-    compiler.start(QStandardPaths::findExecutable(QStringLiteral("csound")),
-                   {QStringLiteral("-n"), QStringLiteral("-d"), QStringLiteral("-m0"),
-                    QStringLiteral("--syntax-check-only"), file.fileName()});
+    compiler.start(
+        QStandardPaths::findExecutable(QStringLiteral("csound")),
+        {QStringLiteral("-n"), QStringLiteral("-d"), QStringLiteral("-m0"), file.fileName()});
     if (!compiler.waitForFinished(60'000) || compiler.exitStatus() != QProcess::NormalExit)
         return "did not end";
     const QByteArray log = compiler.readAll();
-    return compiler.exitCode() == 0 ? "compiles" : log + text;
+    const bool isClean = compiler.exitCode() == 0 && log.contains("\n0 errors in performance");
+    return isClean ? "compiles" : log + text;
 }
 
 void tst_RenamedPieces::renamed_compilesAsBefore()
@@ -163,7 +164,6 @@ void tst_RenamedPieces::renamed_compilesAsBefore()
     const QByteArray renamed = renameAll(text, steps);
     QVERIFY(!steps.isEmpty());
     QVERIFY(renamed != text);
-    QCOMPARE(verdict(text, path), QByteArray("compiles"));
     QCOMPARE(verdict(renamed, path), QByteArray("compiles"));
 }
 
