@@ -109,8 +109,8 @@ void tst_PieceRename::edits_data()
         "i 5.1 0 0");
     row("an opcode", "opcode fo§o, i, i\nendop\ninstr 1\nix foo 1\nix = foo(2)\nendin", "twice",
         "opcode twice, i, i\nendop\ninstr 1\nix twice 1\nix = twice(2)\nendin");
-    row("a local", "kx = 1\ninstr 1\nk§x = 1\nprint kx ; kx\nendin", "kLevel",
-        "kx = 1\ninstr 1\nkLevel = 1\nprint kLevel ; kx\nendin");
+    row("a local", "kx = 1\ninstr 1\nk§x = 1\nprint kx ; kx\nendin\ninstr 2\nkx = 1\nendin",
+        "kLevel", "kx = 1\ninstr 1\nkLevel = 1\nprint kLevel ; kx\nendin\ninstr 2\nkx = 1\nendin");
     row("a global", "gkx init 1\ninstr 1\ngk§x = gkx\nendin", "gkLevel",
         "gkLevel init 1\ninstr 1\ngkLevel = gkLevel\nendin");
     row("a parameter without a letter of a type", "opcode foo(val:i):(i)\nix = va§l\nendop", "num",
