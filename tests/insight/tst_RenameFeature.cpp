@@ -31,6 +31,7 @@ private slots:
     void obstacle_thatTakesReading_isShown();
     void hiddenNotes_areTold();
     void caretAndView_stay();
+    void folds_stay();
     void split_getsTheSame();
     void otherChange_findsThePlacesAgain();
     void project_changesBothTexts();
@@ -310,6 +311,20 @@ void tst_RenameFeature::caretAndView_stay()
     QCOMPARE(first()->SelText(), QStringLiteral("Longer = gk"));
     QCOMPARE(first()->CaretLine(), 100);
     QCOMPARE(first()->CaretColumn(), 13);
+    first()->ClearState(TextState);
+}
+
+void tst_RenameFeature::folds_stay()
+{
+    show(RenamedText);
+    caret(first(), 2, 3);
+    QVERIFY(first()->FoldLines({{4, 7}}));
+    inDialog([&](QDialog &dialog) {
+        type(dialog, "gkVolume");
+        QTest::keyClick(field(dialog), Qt::Key_Return);
+    });
+    QCOMPARE(first()->Text(), asText(QByteArray(RenamedText).replace("gkLevel", "gkVolume")));
+    QVERIFY(first()->IsFolded(3));
     first()->ClearState(TextState);
 }
 

@@ -17,6 +17,7 @@ private slots:
     void edits_reportOneChange();
     void edits_behindLettersOfSeveralBytes();
     void edits_thatCannotBe_areLeftOut();
+    void hiddenLines_stayHidden();
     void caretAndSelection_stayAtTheirLetters_data();
     void caretAndSelection_stayAtTheirLetters();
 };
@@ -98,6 +99,20 @@ void tst_LEditOCXRanges::edits_thatCannotBe_areLeftOut()
                           {2, 1, 100, QStringLiteral("z")},
                           {4, 0, 1, QStringLiteral("x")}});
     QCOMPARE(editor.Text(), QStringLiteral("x ab\r\naz\r\nef ab"));
+}
+
+void tst_LEditOCXRanges::hiddenLines_stayHidden()
+{
+    LEditOCX editor;
+    editor.SetText(QStringLiteral("a\r\na\r\na\r\na\r\na\r\na\r\na"));
+    editor.FoldLines({{2, 3}, {5, 6}});
+    std::vector<EditorEdit> edits;
+    for (const int line : {1, 2, 3, 5, 7})
+        edits.push_back({line, 0, 1, QStringLiteral("bc")});
+    editor.ReplaceRanges(edits);
+    QCOMPARE(editor.Text(), QStringLiteral("bc\r\nbc\r\nbc\r\na\r\nbc\r\na\r\nbc"));
+    QCOMPARE(editor.HiddenUnder(1), (LineRun{2, 3}));
+    QCOMPARE(editor.HiddenUnder(4), (LineRun{5, 6}));
 }
 
 void tst_LEditOCXRanges::caretAndSelection_stayAtTheirLetters_data()

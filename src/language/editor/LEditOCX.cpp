@@ -210,7 +210,9 @@ void LEditOCX::ReplaceRanges(const std::vector<EditorEdit> &edits)
     if (changes.isEmpty())
         return;
     const Operation operation(*d);
+    const QList<LineRun> hidden = changes.hiddenLines(d->folded);
     changes.carryOut(d->view);
+    d->folded.hide(hidden);
 }
 
 // The view. ---------------------------------------------------------------------------------------

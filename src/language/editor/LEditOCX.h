@@ -160,8 +160,8 @@ public:
     /// Replaces every match in the document as one step of history.
     void ReplaceAll();
     /// Carries out \a edits, which are in their order and do not overlap, as one step of history.
-    /// The caret and the selection stay at their letters, and the view where it is. An edit of a
-    /// line that does not exist, or that overlaps the one before, is left out.
+    /// The caret and the selection stay at their letters, the view where it is, and hidden lines
+    /// hidden. An edit of a line that does not exist, or that overlaps the one before, is left out.
     void ReplaceRanges(const std::vector<EditorEdit> &edits);
 
     // The view. ----------------------------------------------------------------------------------

@@ -35,6 +35,19 @@ RangeEdits::RangeEdits(TextBuffer &text, const std::vector<EditorEdit> &edits) :
     }
 }
 
+QList<LineRun> RangeEdits::hiddenLines(const FoldedLines &folded) const
+{
+    QList<LineRun> hidden;
+    if (folded.isNone())
+        return hidden;
+    for (const Edit &edit : m_edits) {
+        const int line = m_text.lineOf(edit.range.start);
+        if (folded.isHidden(line) && (hidden.isEmpty() || !hidden.last().contains(line)))
+            hidden.append(folded.under(folded.headerOf(line)));
+    }
+    return hidden;
+}
+
 void RangeEdits::carryOut(QsciScintillaBase &view)
 {
     const qsizetype caret = moved(m_text.caret());

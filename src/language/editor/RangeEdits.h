@@ -1,5 +1,6 @@
 #pragma once
 
+#include "language/editor/FoldedLines.h"
 #include "language/editor/LEditOCX.h"
 #include "language/editor/TextBuffer.h"
 
@@ -16,6 +17,8 @@ public:
     RangeEdits(TextBuffer &text, const std::vector<EditorEdit> &edits);
 
     bool isEmpty() const { return m_edits.empty(); }
+    /// The lines that are hidden under the same headers as lines that will change.
+    QList<LineRun> hiddenLines(const FoldedLines &folded) const;
     void carryOut(QsciScintillaBase &view);
 
 private:
