@@ -8,6 +8,7 @@
 #include "help/ui/FormAbout.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDir>
 #include <QPixmapCache>
 #include <QScopeGuard>
