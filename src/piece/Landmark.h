@@ -53,11 +53,13 @@ struct Landmark
     quint16 line = 0; ///< from 0 within the block
     LandmarkKind kind = LandmarkKind::SectionBegin;
     quint8 detail = 0;
-    quint32 column = 0; ///< in bytes
+    quint16 column = 0; ///< in bytes
     quint16 length = 0; ///< of the name in the text, in bytes
     NameTable::Id name = 0;
 
     friend bool operator==(const Landmark &, const Landmark &) = default;
 };
+
+static_assert(sizeof(Landmark) == 12);
 
 } // namespace ardiphon

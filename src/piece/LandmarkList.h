@@ -30,23 +30,28 @@ public:
     }
     void add(LandmarkKind kind, int column, int length, int detail, QByteArrayView name)
     {
-        m_marks.push_back({m_line, kind, quint8(std::clamp(detail, 0, 255)), quint32(column),
-                           quint16(std::min(length, 0xffff)), m_names.idOf(name)});
+        m_marks.push_back({m_line, kind, quint8(std::clamp(detail, 0, 255)),
+                           quint16(std::min(column, 0xffff)), quint16(std::min(length, 0xffff)),
+                           m_names.idOf(name)});
     }
-    /// Adds one unless the same body has one already, among the lines of the block.
+    /// Adds one unless the same body has one already, among the lines of the block and the last
+    /// marks of it.
     void addFirst(LandmarkKind kind, int column, int length, int detail)
     {
         const NameTable::Id name = m_names.idOf(m_text.sliced(column, length));
         const auto isSame = [=](const Landmark &mark) {
             return mark.kind == kind && mark.name == name;
         };
-        if (std::none_of(m_marks.begin() + m_body, m_marks.end(), isSame))
+        const qsizetype from = std::max(m_body, qsizetype(m_marks.size()) - MostLookedAt);
+        if (std::none_of(m_marks.begin() + from, m_marks.end(), isSame))
             add(kind, column, length, detail);
     }
     /// What follows is in another body.
     void beginBody() { m_body = qsizetype(m_marks.size()); }
 
 private:
+    static constexpr qsizetype MostLookedAt = 200;
+
     NameTable &m_names;
     std::vector<Landmark> &m_marks;
     QByteArrayView m_text;

@@ -9,6 +9,8 @@ namespace ardiphon {
 
 namespace {
 
+constexpr qsizetype MostToChannel = 100; ///< tokens from an opcode to its text
+
 /// A text without what encloses it.
 QByteArrayView withoutQuotes(QByteArrayView text)
 {
@@ -355,7 +357,7 @@ private:
     /// The channel of an opcode at \a at: the first text behind it.
     void markText(qsizetype at, ChannelUse use)
     {
-        for (qsizetype i = at + 1; has(i); ++i) {
+        for (qsizetype i = at + 1; has(i) && i < at + MostToChannel; ++i) {
             if (m_tokens[i].kind == CodeTokenKind::Text) {
                 markText(LandmarkKind::Channel, i, int(use));
                 return;

@@ -60,11 +60,9 @@ PiecePlace Piece::placeOf(const PieceText &text, PlacedLandmark found) const
 
 qsizetype Piece::memory() const
 {
-    qsizetype bytes = 0;
+    qsizetype bytes = m_names.memory();
     for (const PieceText &text : m_texts)
         bytes += text.memory();
-    for (NameTable::Id id = 0; id < m_names.size(); ++id)
-        bytes += qsizetype(sizeof(QByteArray)) + m_names[id].capacity() + 48;
     return bytes;
 }
 

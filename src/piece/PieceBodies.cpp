@@ -19,6 +19,8 @@ bool isBodyEnd(const Landmark &mark)
     return mark.kind == LandmarkKind::InstrumentEnd || mark.kind == LandmarkKind::OpcodeEnd;
 }
 
+constexpr LandmarkKinds Tags = kindsOf(LandmarkKind::SectionBegin, LandmarkKind::SectionEnd);
+
 bool isTag(const Landmark &mark)
 {
     return mark.kind == LandmarkKind::SectionBegin || mark.kind == LandmarkKind::SectionEnd;
@@ -114,7 +116,9 @@ private:
     {
         int depth = 0;
         int last = 0;
-        m_text.visit(m_line, m_text.lineCount(), [&](PlacedLandmark found) {
+        const LandmarkKinds kinds =
+            kindsOf(begin, end, LandmarkKind::Instrument, LandmarkKind::Opcode) | Tags;
+        m_text.visit(m_line, m_text.lineCount(), kinds, [&](PlacedLandmark found) {
             const Landmark &mark = *found.mark;
             if (mark.detail == detail && mark.kind == begin)
                 ++depth;
@@ -143,7 +147,7 @@ private:
     {
         int last = m_text.lineCount();
         const bool isWhole = PieceSection(tag.detail) == PieceSection::Outside;
-        m_text.visit(m_line + 1, m_text.lineCount(), [&](PlacedLandmark found) {
+        m_text.visit(m_line + 1, m_text.lineCount(), Tags, [&](PlacedLandmark found) {
             const bool isEnd =
                 found.mark->kind == LandmarkKind::SectionEnd && found.mark->name == tag.name;
             if (!isEnd && (isWhole || !isTag(*found.mark)))
@@ -186,7 +190,8 @@ private:
         int last = 0;
         if (!beginsScoreSection())
             return 0;
-        m_text.visit(m_line, m_text.lineCount(), [&](PlacedLandmark found) {
+        const LandmarkKinds kinds = kindsOf(LandmarkKind::ScoreSection) | Tags;
+        m_text.visit(m_line, m_text.lineCount(), kinds, [&](PlacedLandmark found) {
             if (found.mark->kind == LandmarkKind::ScoreSection)
                 last = found.line;
             return last == 0 && !isTag(*found.mark);

@@ -9,12 +9,12 @@ namespace ardiphon {
 
 namespace {
 
-constexpr int BlockLines = 128;    ///< of a block that is made
-constexpr int LongestBlock = 256;  ///< before it is divided
-constexpr int ShortestBlock = 32;  ///< before it is joined to the one above it
-constexpr int LongestLine = 65536; ///< bytes; what is behind is read by no one
+constexpr int BlockLines = 64;           ///< of a block that is made
+constexpr int LongestBlock = 128;        ///< before it is divided
+constexpr int ShortestBlock = 16;        ///< before it is joined to the next
+constexpr qsizetype BlockBytes = 8192;   ///< read at once; the lines behind are another block
+constexpr qsizetype LongestLine = 32768; ///< bytes; what is behind is read by no one
 
-quint32 kindBit(LandmarkKind kind) { return quint32(1) << int(kind); }
 static_assert(int(LandmarkKind::BranchEnd) < 32);
 
 } // namespace
@@ -68,6 +68,7 @@ void PieceText::removeLines(Position position, int line, int count)
     m_blocks.erase(std::remove_if(begin, end, isEmpty), end);
     m_last = position;
     m_firstStale = std::min(m_firstStale, m_blocks.size());
+    m_endStale = std::min(m_endStale, m_blocks.size());
 }
 
 /// Into the block, which is divided where it becomes too long, or joined to the next where it is
@@ -90,13 +91,25 @@ void PieceText::addLines(Position position, int count)
         part.lines = BlockLines;
         m_blocks.insert(next, size_t(parts) - 1, part);
         m_blocks[position.block + size_t(parts) - 1].lines = rest;
+        m_endStale += size_t(parts) - 1;
     }
+}
+
+/// Makes a block of its own, to be read, of what is behind so many lines of a block.
+void PieceText::splitBehind(size_t block, int lines)
+{
+    Block rest;
+    rest.lines = m_blocks[block].lines - lines;
+    m_blocks[block].lines = lines;
+    m_blocks.insert(m_blocks.begin() + qsizetype(block) + 1, std::move(rest));
+    m_endStale = std::max(m_endStale, block + 1) + 1;
 }
 
 void PieceText::makeStale(size_t block)
 {
     m_blocks[block].isStale = true;
     m_firstStale = std::min(m_firstStale, block);
+    m_endStale = std::max(m_endStale, block + 1);
 }
 
 PieceText::Position PieceText::positionOf(int line) const
@@ -123,12 +136,16 @@ bool PieceText::readOn(QDeadlineTimer deadline)
         const PieceState entry =
             m_firstStale == 0 ? initialState() : m_blocks[m_firstStale - 1].exit;
         if (!m_blocks[m_firstStale].isStale && m_blocks[m_firstStale].entry == entry) {
+            if (m_firstStale >= m_endStale)
+                break;
             if (isPlaced)
                 at.firstLine += m_blocks[at.block++].lines;
             continue;
         }
-        if (isPlaced && deadline.hasExpired())
+        if (isPlaced && deadline.hasExpired()) {
+            m_endStale = std::max(m_endStale, m_firstStale + 1);
             return false;
+        }
         if (!isPlaced) {
             while (m_last.block > m_firstStale)
                 m_last.firstLine -= m_blocks[--m_last.block].lines;
@@ -141,6 +158,8 @@ bool PieceText::readOn(QDeadlineTimer deadline)
         m_last = at;
         at.firstLine += m_blocks[at.block++].lines;
     }
+    m_firstStale = m_blocks.size();
+    m_endStale = 0;
     return true;
 }
 
@@ -150,20 +169,27 @@ void PieceText::read(Position position)
     block.entry = position.block == 0 ? initialState() : m_blocks[position.block - 1].exit;
     block.isStale = false;
     block.plays = 0;
-    block.marks.clear();
-    LandmarkList marks(m_names, block.marks);
+    m_found.clear();
+    LandmarkList marks(m_names, m_found);
     PieceState state = block.entry;
-    for (int line = 0; line < block.lines; ++line) {
+    qsizetype bytes = 0;
+    int line = 0;
+    for (; line < block.lines && bytes < BlockBytes; ++line) {
         const QByteArrayView text = m_lines.line(position.firstLine + line);
-        marks.beginLine(line, text.first(std::min<qsizetype>(text.size(), LongestLine)));
+        marks.beginLine(line, text.first(std::min(text.size(), LongestLine)));
+        bytes += marks.text().size();
         state = readBlockLine(marks, state, block.plays);
     }
     block.exit = state;
     block.kinds = 0;
-    for (const Landmark &mark : block.marks)
-        block.kinds |= kindBit(mark.kind);
-    if (block.marks.capacity() > 2 * block.marks.size())
-        block.marks.shrink_to_fit();
+    for (const Landmark &mark : m_found)
+        block.kinds |= kindsOf(mark.kind);
+    if (block.marks.size() == m_found.size())
+        std::copy(m_found.begin(), m_found.end(), block.marks.begin());
+    else
+        block.marks = std::vector<Landmark>(m_found.begin(), m_found.end());
+    if (line < block.lines)
+        splitBehind(position.block, line);
 }
 
 PieceState PieceText::readBlockLine(LandmarkList &marks, PieceState state, quint64 &plays) const
@@ -190,11 +216,20 @@ PieceState PieceText::readBlockLine(LandmarkList &marks, PieceState state, quint
 
 void PieceText::visit(int first, int last, const std::function<bool(PlacedLandmark)> &visit) const
 {
+    this->visit(first, last, AllLandmarks, visit);
+}
+
+void PieceText::visit(int first, int last, LandmarkKinds kinds,
+                      const std::function<bool(PlacedLandmark)> &visit) const
+{
     for (Position at = positionOf(first); at.block < m_blocks.size() && at.firstLine <= last;
          at.firstLine += m_blocks[at.block++].lines) {
+        if ((m_blocks[at.block].kinds & kinds) == 0)
+            continue;
         for (const Landmark &mark : m_blocks[at.block].marks) {
             const int line = at.firstLine + mark.line;
-            if (line >= first && line <= last && !visit({line, &mark}))
+            if (line >= first && line <= last && (kindsOf(mark.kind) & kinds) != 0 &&
+                !visit({line, &mark}))
                 return;
         }
     }
@@ -219,7 +254,7 @@ void PieceText::visitKind(LandmarkKind kind, const std::function<bool(PlacedLand
     int firstLine = 1;
     for (const Block &block : m_blocks) {
         for (const Landmark &mark : block.marks) {
-            if ((block.kinds & kindBit(kind)) == 0)
+            if ((block.kinds & kindsOf(kind)) == 0)
                 break;
             if (mark.kind == kind && !visit({firstLine + mark.line, &mark}))
                 return;
@@ -241,8 +276,7 @@ PieceState PieceText::stateAt(int line) const
     quint64 plays = 0;
     for (int above = position.firstLine; above < line; ++above) {
         const QByteArrayView text = m_lines.line(above);
-        marks.beginLine(above - position.firstLine,
-                        text.first(std::min<qsizetype>(text.size(), LongestLine)));
+        marks.beginLine(above - position.firstLine, text.first(std::min(text.size(), LongestLine)));
         state = readBlockLine(marks, state, plays);
     }
     return state;

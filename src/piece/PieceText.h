@@ -14,6 +14,19 @@
 
 namespace ardiphon {
 
+/// A set of kinds of landmarks.
+using LandmarkKinds = quint32;
+
+inline constexpr LandmarkKinds AllLandmarks = ~LandmarkKinds(0);
+
+constexpr LandmarkKinds kindsOf(LandmarkKind kind) { return LandmarkKinds(1) << int(kind); }
+
+template <typename... Kinds>
+constexpr LandmarkKinds kindsOf(LandmarkKind kind, Kinds... others)
+{
+    return kindsOf(kind) | kindsOf(others...);
+}
+
 /// A landmark with its line in the text.
 struct PlacedLandmark
 {
@@ -23,8 +36,8 @@ struct PlacedLandmark
 
 /// The reading of one text of a piece: the landmarks of its lines. It follows the edits of the
 /// text: change() only notes the lines, and readOn() reads them when there is time, and those below
-/// whose meaning has changed. The lines are held in blocks of about a hundred, so that an edit
-/// costs the same in any text.
+/// whose meaning has changed. The lines are held in blocks of about fifty, fewer where they are
+/// long, so that an edit costs the same in any text.
 class PieceText
 {
 public:
@@ -47,7 +60,10 @@ public:
     /// Calls \a visit for the landmarks from line \a first to line \a last in their order, until it
     /// returns false. Of lines that have not been read yet there are those of before.
     void visit(int first, int last, const std::function<bool(PlacedLandmark)> &visit) const;
-    /// The same from line \a first back to the beginning.
+    /// The same for those of some kinds; blocks without any cost next to nothing.
+    void visit(int first, int last, LandmarkKinds kinds,
+               const std::function<bool(PlacedLandmark)> &visit) const;
+    /// The same of all kinds from line \a first back to the beginning.
     void visitBack(int first, const std::function<bool(PlacedLandmark)> &visit) const;
 
     /// Calls \a visit for the landmarks of one kind in their order, until it returns false; costs
@@ -69,9 +85,9 @@ private:
     {
         int lines = 0;
         bool isStale = true;
+        LandmarkKinds kinds = 0; ///< of its marks
         PieceState entry;
         PieceState exit;
-        quint32 kinds = 0; ///< a bit for each kind of landmark that it has
         quint64 plays = 0; ///< a bit for each instrument that its lines may play
         std::vector<Landmark> marks;
     };
@@ -83,6 +99,7 @@ private:
 
     Position positionOf(int line) const;
     void read(Position position);
+    void splitBehind(size_t block, int lines);
     PieceState readBlockLine(LandmarkList &marks, PieceState state, quint64 &plays) const;
     void makeStale(size_t block);
     void removeLines(Position position, int line, int count);
@@ -96,7 +113,9 @@ private:
     std::vector<Block> m_blocks;
     int m_lineCount = 0;
     size_t m_firstStale = 0; ///< all blocks before it are read
-    mutable Position m_last; ///< the block that was found last
+    size_t m_endStale = 0;   ///< each block behind it goes on from the one above as it was read
+    std::vector<Landmark> m_found; ///< of the block that is read, before they have their room
+    mutable Position m_last;       ///< the block that was found last
 };
 
 } // namespace ardiphon

@@ -9,7 +9,7 @@ namespace ardiphon {
 namespace {
 
 constexpr int LinesOfAStatement = 128;   ///< that are looked at above a line that goes on
-constexpr qsizetype LongestRead = 65536; ///< bytes of a line, as the model reads it
+constexpr qsizetype LongestRead = 32768; ///< bytes of a line, as the model reads it
 
 } // namespace
 

@@ -19,6 +19,8 @@ private slots:
     void edit_aComment_changesAllBelow();
     void edit_oneLine_readsFewLines();
     void visit_fromLineToLine_bothWays();
+    void visit_someKinds_givesThemAlone();
+    void longLines_areReadAFewAtATime();
     void played_givesTheLinesThatMay();
 };
 
@@ -114,7 +116,7 @@ void tst_PieceText::read_inSlices_isTheSame()
     int slices = 0;
     while (!piece.readOn(QDeadlineTimer(0)))
         ++slices;
-    QCOMPARE(slices, (whole.text().lineCount() - 1) / 128);
+    QCOMPARE(slices, (whole.text().lineCount() - 1) / 64);
     QVERIFY(piece.isRead());
 }
 
@@ -129,6 +131,8 @@ void tst_PieceText::edits_areReadAsANewText()
         QByteArrayList added = randomLines(random, of.lines.lineCount() > 1500 ? 0 : most);
         if (removed == of.lines.lineCount() && added.isEmpty())
             added.append(QByteArray());
+        if (random.bounded(50) == 0)
+            added.append(QByteArray(5000, ';'));
         of.piece.change(DocumentRole::Csd, of.lines.replace(line, removed, added));
         if (random.bounded(3) == 0)
             of.piece.readOn(QDeadlineTimer(0));
@@ -177,7 +181,7 @@ void tst_PieceText::edit_oneLine_readsFewLines()
     piece.change(DocumentRole::Score, lines.replace(50000, 1, {"i 2 0 1"}));
     QCOMPARE(lines.read, 0);
     piece.readOn(QDeadlineTimer(QDeadlineTimer::Forever));
-    QVERIFY2(lines.read <= 256, qPrintable(QString::number(lines.read)));
+    QVERIFY2(lines.read <= 128, qPrintable(QString::number(lines.read)));
     QVERIFY(piece.memory() < 24 * lines.lineCount());
 }
 
@@ -195,6 +199,47 @@ void tst_PieceText::visit_fromLineToLine_bothWays()
     });
     QCOMPARE(down, QList({128, 129, 130, 131}));
     QCOMPARE(up, QList({131, 130, 129, 128}));
+}
+
+void tst_PieceText::visit_someKinds_givesThemAlone()
+{
+    const PieceOfLines of(QByteArray("instr 1\nif p4 > 1 then\nendif\nendin\n").repeated(100) +
+                              "instr 2\n",
+                          DocumentRole::Orchestra);
+    QList<int> lines;
+    const LandmarkKinds kinds = kindsOf(LandmarkKind::BlockEnd, LandmarkKind::Instrument);
+    of.text().visit(190, 200, kinds, [&](PlacedLandmark found) {
+        lines.append(found.line);
+        return true;
+    });
+    QCOMPARE(lines, QList({191, 193, 195, 197, 199}));
+    lines.clear();
+    of.text().visit(3, 401, kindsOf(LandmarkKind::Macro), [&](PlacedLandmark found) {
+        lines.append(found.line);
+        return true;
+    });
+    QCOMPARE(lines, QList<int>());
+}
+
+void tst_PieceText::longLines_areReadAFewAtATime()
+{
+    PieceTextLines lines((QByteArray("p4 + ").repeated(1000) + '\n').repeated(100));
+    Piece piece({{DocumentRole::Orchestra, &lines}}, isTestOpcode);
+    int slices = 1;
+    while (!piece.readOn(QDeadlineTimer(0)))
+        ++slices;
+    QCOMPARE(slices, 50 + 1); // of two lines each, and the empty one
+    piece.change(DocumentRole::Orchestra, lines.replace(40, 1, {"#include \"a\""}));
+    slices = 1;
+    while (!piece.readOn(QDeadlineTimer(0)))
+        ++slices;
+    QVERIFY2(slices <= 4, qPrintable(QString::number(slices)));
+    int found = 0;
+    piece.text(DocumentRole::Orchestra)->visit(1, 101, [&](PlacedLandmark mark) {
+        found = mark.mark->kind == LandmarkKind::Include ? mark.line : found;
+        return true;
+    });
+    QCOMPARE(found, 40);
 }
 
 void tst_PieceText::played_givesTheLinesThatMay()
