@@ -23,6 +23,7 @@ namespace {
 
 constexpr int MostRows = 10000;
 constexpr auto CaretPause = 60ms;
+constexpr auto TextPause = 250ms; ///< of one who types
 
 } // namespace
 
@@ -76,9 +77,13 @@ void OutlineFeature::followText()
     m_caret->setSingleShot(true);
     m_caret->setInterval(CaretPause);
     connect(m_caret, &QTimer::timeout, this, &OutlineFeature::markCaret);
+    m_rows = new QTimer(this);
+    m_rows->setSingleShot(true);
+    m_rows->setInterval(TextPause);
+    connect(m_rows, &QTimer::timeout, this, &OutlineFeature::readAgain);
     connect(&m_host->piece(), &PieceFollower::pieceRead, this, [this] {
         m_isStale = true;
-        readAgain();
+        m_rows->start();
     });
     for (const EditorView &view : m_host->views())
         connect(view.editor, &LEditOCX::caretMoved, m_caret, qOverload<>(&QTimer::start));

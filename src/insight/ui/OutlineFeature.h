@@ -40,6 +40,7 @@ private:
     QLineEdit *LineOutlineFilter = nullptr;
     QTreeView *TreeOutline = nullptr;
     OutlineModel *m_model = nullptr;
+    QTimer *m_rows = nullptr;  ///< reads the rows again a little after the last change
     QTimer *m_caret = nullptr; ///< looks for the caret's row a little after it has moved
     bool m_isStale = true;     ///< the piece has changed since the rows were read
 };
