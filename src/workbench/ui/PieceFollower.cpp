@@ -7,15 +7,7 @@
 
 #include <QTimer>
 
-using namespace std::chrono_literals;
-
 namespace ardiphon {
-
-namespace {
-
-constexpr auto Slice = 3ms; ///< with the block that is begun before its end, less than 4
-
-} // namespace
 
 PieceFollower::PieceFollower(const FeatureHost &host, QObject *parent)
     : QObject(parent), m_slices(new QTimer(this))

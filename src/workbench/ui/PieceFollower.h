@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+#include <chrono>
+
 class QTimer;
 
 namespace ardiphon {
@@ -19,6 +21,9 @@ class PieceFollower : public QObject
     Q_OBJECT
 
 public:
+    /// Of reading at once; with the block that is begun before its end, less than 4 ms.
+    static constexpr std::chrono::milliseconds Slice{2};
+
     /// Follows the editors that \a host has now; they outlive it.
     PieceFollower(const FeatureHost &host, QObject *parent);
 
