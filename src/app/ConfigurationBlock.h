@@ -55,6 +55,9 @@ struct ConfigurationBlock
     Color ColorInstrEndin;
     Color ColorInstrEndinBK;
 
+    // Settings of the sheet "Studio" (StudioSettings.h); off unless the user has them on.
+    bool ColoursByMeaning = false; ///< views are coloured as the language reads the text
+
     // The names of the open documents, mirrored here for the parts that read them: a path,
     // "[Untitled]" or, where there is no name yet, "". Before an editor window is opened, the
     // document that it opens.

@@ -1,5 +1,6 @@
 #include "app/ConfigurationBlock.h"
 #include "app/Numbers.h"
+#include "app/StudioSettings.h"
 #include "app/modRegistry.h"
 
 #include <functional>
@@ -81,6 +82,13 @@ void resolveColors(ConfigurationBlock &config,
     config.ColorInstrEndinBK = read("ColorInstrEndinBK", back);
 }
 
+void loadStudio(ConfigurationBlock &config, SettingsStore &store)
+{
+    for (const StudioSwitch &each : StudioSwitches)
+        config.*each.field =
+            ReadRegistryString(store, registry::StudioKey, QString::fromLatin1(each.name)) == u'1';
+}
+
 } // namespace
 
 void LoadConfiguration(ConfigurationBlock &config, SettingsStore &store)
@@ -89,6 +97,7 @@ void LoadConfiguration(ConfigurationBlock &config, SettingsStore &store)
     config.WindowMaximized = true;
     config.FormCSDClosing = false;
     loadSettings(config, store);
+    loadStudio(config, store);
     resolveColors(config, [&store](const QString &name) {
         return ReadRegistryString(store, registry::ColorsKey, name);
     });

@@ -39,6 +39,7 @@ private:
 namespace registry {
 inline const QString SettingsKey = QStringLiteral("Software\\Ardiphon\\Settings\\");
 inline const QString ColorsKey = QStringLiteral("Software\\Ardiphon\\Colors\\");
+inline const QString StudioKey = QStringLiteral("Software\\Ardiphon\\Studio\\");
 inline const QString WindowKey = QStringLiteral("Software\\Ardiphon\\Window\\");
 inline const QString RecentFilesKey = QStringLiteral("Software\\Ardiphon\\RecentFiles");
 inline const QString InstallPathKey = QStringLiteral("Software\\Ardiphon\\InstallPath\\");

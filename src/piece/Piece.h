@@ -55,6 +55,11 @@ public:
     PiecePlace placeOf(const PieceText &text, PlacedLandmark found) const;
     /// Whether the language has an opcode of that name; one of the piece does not count.
     bool isOpcode(QByteArrayView name) const { return m_isOpcode(name); }
+    /// Whether its orchestra defines an opcode of that name.
+    bool definesOpcode(QByteArrayView name) const
+    {
+        return orchestra() != nullptr && orchestra()->definesOpcode(name);
+    }
 
     qsizetype memory() const;
 

@@ -1,6 +1,7 @@
 #include "piece/PieceText.h"
 
 #include "piece/PieceTags.h"
+#include "piece/PlainLine.h"
 #include "piece/ScoreLandmarks.h"
 
 #include <algorithm>
@@ -9,11 +10,10 @@ namespace ardiphon {
 
 namespace {
 
-constexpr int BlockLines = 64;           ///< of a block that is made
-constexpr int LongestBlock = 128;        ///< before it is divided
-constexpr int ShortestBlock = 16;        ///< before it is joined to the next
-constexpr qsizetype BlockBytes = 8192;   ///< read at once; the lines behind are another block
-constexpr qsizetype LongestLine = 32768; ///< bytes; what is behind is read by no one
+constexpr int BlockLines = 64;         ///< of a block that is made
+constexpr int LongestBlock = 128;      ///< before it is divided
+constexpr int ShortestBlock = 16;      ///< before it is joined to the next
+constexpr qsizetype BlockBytes = 8192; ///< read at once; the lines behind are another block
 
 static_assert(int(LandmarkKind::BranchEnd) < 32);
 
@@ -65,6 +65,10 @@ void PieceText::removeLines(Position position, int line, int count)
     const auto isEmpty = [](const Block &other) { return other.lines == 0; };
     const auto begin = m_blocks.begin() + qsizetype(position.block) + 1;
     const auto end = m_blocks.begin() + qsizetype(std::max(block, position.block + 1));
+    for (auto gone = begin; gone != end; ++gone) {
+        if (isEmpty(*gone))
+            countOpcodes(*gone, -1);
+    }
     m_blocks.erase(std::remove_if(begin, end, isEmpty), end);
     m_last = position;
     m_firstStale = std::min(m_firstStale, m_blocks.size());
@@ -82,6 +86,7 @@ void PieceText::addLines(Position position, int count)
     if (block.lines < ShortestBlock && next != m_blocks.end() &&
         next->lines + block.lines <= LongestBlock) {
         block.lines += next->lines;
+        countOpcodes(*next, -1);
         m_blocks.erase(next);
     } else if (block.lines > LongestBlock) {
         const int parts = (block.lines + BlockLines - 1) / BlockLines;
@@ -103,6 +108,16 @@ void PieceText::splitBehind(size_t block, int lines)
     m_blocks[block].lines = lines;
     m_blocks.insert(m_blocks.begin() + qsizetype(block) + 1, std::move(rest));
     m_endStale = std::max(m_endStale, block + 1) + 1;
+}
+
+void PieceText::countOpcodes(const Block &block, int times)
+{
+    if ((block.kinds & kindsOf(LandmarkKind::Opcode)) == 0)
+        return;
+    for (const Landmark &mark : block.marks) {
+        if (mark.kind == LandmarkKind::Opcode)
+            m_opcodes.add(m_names[mark.name], times);
+    }
 }
 
 void PieceText::makeStale(size_t block)
@@ -169,6 +184,7 @@ void PieceText::read(Position position)
     block.entry = position.block == 0 ? initialState() : m_blocks[position.block - 1].exit;
     block.isStale = false;
     block.plays = 0;
+    countOpcodes(block, -1);
     m_found.clear();
     LandmarkList marks(m_names, m_found);
     PieceState state = block.entry;
@@ -188,6 +204,7 @@ void PieceText::read(Position position)
         std::copy(m_found.begin(), m_found.end(), block.marks.begin());
     else
         block.marks = std::vector<Landmark>(m_found.begin(), m_found.end());
+    countOpcodes(block, 1);
     if (line < block.lines)
         splitBehind(position.block, line);
 }
@@ -208,6 +225,8 @@ PieceState PieceText::readBlockLine(LandmarkList &marks, PieceState state, quint
         readOrchestraLine(marks, state, m_isOpcode);
     else if (state.section == PieceSection::Score)
         readScoreLandmarks(marks, state, plays);
+    else if (state.section == PieceSection::Outside || state.section == PieceSection::Options)
+        state.code = behindPlainLine(marks.text(), state.code);
     return state;
 }
 
@@ -265,6 +284,7 @@ void PieceText::visitKind(LandmarkKind kind, const std::function<bool(PlacedLand
 
 PieceState PieceText::stateAt(int line) const
 {
+    line = std::clamp(line, 1, std::max(1, std::min(m_lineCount, m_lines.lineCount())));
     const Position position = positionOf(line);
     PieceState state = m_blocks[position.block].entry;
     if (position.block > 0 && m_firstStale >= position.block)

@@ -4,6 +4,7 @@
 #include "language/LineSource.h"
 #include "language/TextChange.h"
 #include "piece/LandmarkList.h"
+#include "piece/NameCounts.h"
 #include "piece/OrchestraLine.h"
 #include "piece/PieceState.h"
 
@@ -41,6 +42,8 @@ struct PlacedLandmark
 class PieceText
 {
 public:
+    static constexpr qsizetype LongestLine = 32768; ///< bytes; what is behind is read by no one
+
     /// \a lines, \a names and \a isOpcode outlive it. No line has been read yet.
     PieceText(DocumentRole role, const LineSource &lines, NameTable &names,
               const IsOpcode &isOpcode);
@@ -70,8 +73,11 @@ public:
     /// little where they are few.
     void visitKind(LandmarkKind kind, const std::function<bool(PlacedLandmark)> &visit) const;
 
-    /// What the lines above say of \a line; reads up to a block of lines.
+    /// What the lines above say of \a line; reads up to a block of lines. Behind the last line it
+    /// is what they say of that.
     PieceState stateAt(int line) const;
+    /// Whether an opcode of that name is defined, in any line.
+    bool definesOpcode(QByteArrayView name) const { return m_opcodes.contains(name); }
     /// Lines that may play the instrument \a name: calls \a visit with the first and the last line
     /// of ranges from line \a from on, or back from it, until it returns false.
     void visitPlayed(QByteArrayView name, int from, bool back,
@@ -102,6 +108,7 @@ private:
     void splitBehind(size_t block, int lines);
     PieceState readBlockLine(LandmarkList &marks, PieceState state, quint64 &plays) const;
     void makeStale(size_t block);
+    void countOpcodes(const Block &block, int times);
     void removeLines(Position position, int line, int count);
     void addLines(Position position, int count);
     PieceState initialState() const;
@@ -111,6 +118,7 @@ private:
     NameTable &m_names;
     const IsOpcode &m_isOpcode;
     std::vector<Block> m_blocks;
+    NameCounts m_opcodes; ///< that the blocks define
     int m_lineCount = 0;
     size_t m_firstStale = 0; ///< all blocks before it are read
     size_t m_endStale = 0;   ///< each block behind it goes on from the one above as it was read

@@ -2,6 +2,7 @@
 
 #include "app/ConfigurationBlock.h"
 #include "app/Numbers.h"
+#include "app/StudioSettings.h"
 #include "app/modRegistry.h"
 
 #include <cmath>
@@ -91,12 +92,22 @@ QList<std::pair<QString, QString>> colorsToStore(const ConfigurationBlock &confi
     return values;
 }
 
+QList<std::pair<QString, QString>> studioToStore(const ConfigurationBlock &config)
+{
+    QList<std::pair<QString, QString>> values;
+    for (const StudioSwitch &each : StudioSwitches)
+        values.append({QString::fromLatin1(each.name),
+                       config.*each.field ? QStringLiteral("1") : QStringLiteral("0")});
+    return values;
+}
+
 void SaveSettings(ConfigurationBlock &config, SettingsStore &store)
 {
     for (const auto field : trimmedFields)
         config.*field = (config.*field).trimmed();
     WriteRegistryStrings(store, registry::SettingsKey, settingsToStore(config));
     WriteRegistryStrings(store, registry::ColorsKey, colorsToStore(config));
+    WriteRegistryStrings(store, registry::StudioKey, studioToStore(config));
 }
 
 } // namespace ardiphon

@@ -22,8 +22,11 @@ bool isNumberWithin(const QString &text, int lowest, int highest);
 QList<std::pair<QString, QString>> settingsToStore(const ConfigurationBlock &config);
 QList<std::pair<QString, QString>> colorsToStore(const ConfigurationBlock &config);
 
-/// Trims the settings of \a config and writes all of them and the colours to \a store. A write that
-/// fails is not reported.
+/// The same for the sheet "Studio".
+QList<std::pair<QString, QString>> studioToStore(const ConfigurationBlock &config);
+
+/// Trims the settings of \a config and writes all of them, the colours and what the sheet "Studio"
+/// has to \a store. A write that fails is not reported.
 void SaveSettings(ConfigurationBlock &config, SettingsStore &store);
 
 } // namespace ardiphon

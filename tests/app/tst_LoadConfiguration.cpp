@@ -123,6 +123,7 @@ void tst_LoadConfiguration::emptyStore_givesAllDefaults()
     QCOMPARE(config.WheelLines, "");
     QCOMPARE(config.WheelLinesCount, 3);
     QCOMPARE(config.AutoIndent, "0");
+    QVERIFY(!config.ColoursByMeaning);
 }
 
 void tst_LoadConfiguration::runValues_areReset()

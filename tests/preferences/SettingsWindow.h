@@ -102,7 +102,7 @@ inline void SettingsWindow::click(const char *name)
     static const std::pair<const char *, const char *> sheets[] = {
         {"FrameGeneral", "mostraGeneral"},         {"FrameText", "mostraText"},
         {"FrameColors", "mostraColors"},           {"FrameDirectory", "mostraDirectory"},
-        {"FrameAssociation", "mostraAssociation"},
+        {"FrameAssociation", "mostraAssociation"}, {"FrameStudio", "mostraStudio"},
     };
     for (const auto &[frame, sheetButton] : sheets)
         if (control<QWidget>(frame)->isAncestorOf(button))

@@ -62,7 +62,8 @@ void tst_FormImpostazioni::window_opens_onDirectory()
     QCOMPARE(m_window->windowTitle(), "Settings");
     QVERIFY(m_window->isModal());
     QVERIFY(control<QGroupBox>("FrameDirectory")->isVisible());
-    for (const char *frame : {"FrameGeneral", "FrameAssociation", "FrameText", "FrameColors"})
+    for (const char *frame :
+         {"FrameGeneral", "FrameAssociation", "FrameText", "FrameColors", "FrameStudio"})
         QVERIFY2(!control<QGroupBox>(frame)->isVisible(), frame);
 }
 
@@ -72,7 +73,7 @@ void tst_FormImpostazioni::sheets_click_showsOneAndMarksItsButton()
     const std::pair<const char *, const char *> sheets[] = {
         {"mostraGeneral", "FrameGeneral"},     {"mostraAssociation", "FrameAssociation"},
         {"mostraText", "FrameText"},           {"mostraColors", "FrameColors"},
-        {"mostraDirectory", "FrameDirectory"},
+        {"mostraDirectory", "FrameDirectory"}, {"mostraStudio", "FrameStudio"},
     };
     for (const auto &[chosen, shown] : sheets) {
         QTest::mouseClick(control<QPushButton>(chosen), Qt::LeftButton);
@@ -94,8 +95,8 @@ void tst_FormImpostazioni::sheets_everyAccessKey_isThereOnce()
     for (const auto *button : m_window->findChildren<QPushButton *>())
         if (const auto key = QKeySequence::mnemonic(button->text()); !key.isEmpty())
             keys.append(key.toString());
-    QCOMPARE(keys.size(), 6);
-    QCOMPARE(QSet<QString>(keys.begin(), keys.end()).size(), 6);
+    QCOMPARE(keys.size(), 7);
+    QCOMPARE(QSet<QString>(keys.begin(), keys.end()).size(), 7);
     QTest::keyClick(m_window->windowHandle(), Qt::Key_C, Qt::AltModifier);
     QTRY_VERIFY(control<QGroupBox>("FrameColors")->isVisible());
     QCOMPARE(m_window->focusWidget()->objectName(), "picBackColor");

@@ -281,6 +281,8 @@ void tst_SettingsEffects::save_writesEverything()
         QCOMPARE(stored(registry::SettingsKey, qPrintable(name)), text);
     for (const auto &[name, text] : colorsToStore(m_program->config))
         QCOMPARE(stored(registry::ColorsKey, qPrintable(name)), text);
+    for (const auto &[name, text] : studioToStore(m_program->config))
+        QCOMPARE(stored(registry::StudioKey, qPrintable(name)), text);
     QCOMPARE(stored(registry::ColorsKey, "ColorOrchestra"), "197121");
     QCOMPARE(stored(registry::SettingsKey, "FileCSound"), "/usr/bin/csound");
 

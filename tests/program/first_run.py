@@ -49,6 +49,9 @@ with Desktop(PROGRAM_FOLDER) as desktop:
     open_by_name(desktop, "bells.csd")
     leave(desktop, program)
 
+    # A new user has the colours by meaning, also after saved settings; who had the program before
+    # and was never asked keeps the colours of old.
+    assert setting(desktop, "ColoursByMeaning")[0].endswith("=1"), setting(desktop, "Colours")
     chosen = setting(desktop, "WorkingDirectory")
     assert len(chosen) == 1 and chosen[0].endswith(EXAMPLES), chosen
     with open(settings_file(desktop), encoding="utf-8") as file:
@@ -57,3 +60,10 @@ with Desktop(PROGRAM_FOLDER) as desktop:
         file.write(text.replace(EXAMPLES, desktop.folder))
     prepare(desktop)
     assert setting(desktop, "WorkingDirectory")[0].endswith(desktop.folder)
+
+    with open(settings_file(desktop), encoding="utf-8") as file:
+        lines = file.readlines()
+    with open(settings_file(desktop), "w", encoding="utf-8") as file:
+        file.writelines(line for line in lines if "ColoursByMeaning" not in line)
+    prepare(desktop)
+    assert setting(desktop, "ColoursByMeaning") == []

@@ -10,6 +10,7 @@
 #include "insight/ui/FoldFeature.h"
 #include "insight/ui/GoFeature.h"
 #include "insight/ui/MarksFeature.h"
+#include "insight/ui/MeaningFeature.h"
 #include "insight/ui/OutlineFeature.h"
 #include "insight/ui/RenameFeature.h"
 #include "preferences/ui/PreferencesFeature.h"
@@ -32,7 +33,7 @@ constexpr NewFeature Features[] = {
     newFeature<AnalysisFeature>, newFeature<SoundFeature>,       newFeature<ProgramsFeature>,
     newFeature<PrintFeature>,    newFeature<HalvesFeature>,      newFeature<HelpFeature>,
     newFeature<OutlineFeature>,  newFeature<GoFeature>,          newFeature<FoldFeature>,
-    newFeature<RenameFeature>,   newFeature<MarksFeature>,
+    newFeature<RenameFeature>,   newFeature<MarksFeature>,       newFeature<MeaningFeature>,
 };
 
 } // namespace

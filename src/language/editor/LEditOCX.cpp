@@ -222,6 +222,11 @@ void LEditOCX::SetGetTokenColors(TokenColorsCallback callback)
     d->styling.setTokenColors(std::move(callback));
 }
 
+void LEditOCX::SetLineColors(LineColorsCallback callback)
+{
+    d->styling.setLineColors(std::move(callback));
+}
+
 int LEditOCX::TopLine() const { return LineInRow(0); }
 
 void LEditOCX::SetTopLine(int line)

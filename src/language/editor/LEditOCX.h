@@ -1,5 +1,6 @@
 #pragma once
 
+#include "language/ColoredRange.h"
 #include "language/DocumentText.h"
 #include "language/LineRun.h"
 #include "language/TextChange.h"
@@ -69,6 +70,10 @@ public:
     /// Returns how a token is drawn; called for what comes into view, never for a comment.
     using TokenColorsCallback = std::function<TokenColors(TokenKind kind, const QString &text)>;
     void SetGetTokenColors(TokenColorsCallback callback);
+    /// Has lines drawn by what \a callback gives for them, in place of their tokens; null for the
+    /// tokens. It is called within a paint, and may read this and other controls. When it gives
+    /// other colours than before though the text is the same, Redraw() shows them.
+    void SetLineColors(LineColorsCallback callback);
 
     // The document. ----------------------------------------------------------------------------
 

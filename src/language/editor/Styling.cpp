@@ -68,6 +68,7 @@ Styling::Styling(QsciScintillaBase &view, TextBuffer &text, const FoldedLines &f
       m_text(text),
       m_folded(folded),
       m_states(text),
+      m_ranges(text),
       m_font(QStringLiteral("Courier New"), 10)
 {
     m_view.SendScintilla(Sci::SCI_SETPOSITIONCACHE, KnownWidths);
@@ -85,6 +86,12 @@ Styling::Styling(QsciScintillaBase &view, TextBuffer &text, const FoldedLines &f
 void Styling::setTokenColors(LEditOCX::TokenColorsCallback callback)
 {
     m_tokenColors = std::move(callback);
+    redraw();
+}
+
+void Styling::setLineColors(LineColorsCallback callback)
+{
+    m_ranges.setColors(std::move(callback));
     redraw();
 }
 
@@ -181,13 +188,16 @@ unsigned Styling::styleOfToken(const Token &token, QByteArrayView line, const Li
     return styleFor(own.back.value_or(colors.back), own.fore.value_or(colors.fore));
 }
 
-// As styleOfToken, but the colours themselves.
-TokenColors Styling::colorsOf(const Token &token, QByteArrayView line, const LineColors &own) const
+TokenColors Styling::colorsOf(const ColoredRange &range, const LineColors &own) const
 {
-    TokenColors colors{m_back, m_commentFore};
-    if (!token.comment)
-        colors = m_tokenColors(token.kind, stringOf(line.sliced(token.start, token.length)));
+    const TokenColors colors = range.colors.value_or(TokenColors{m_back, m_commentFore});
     return {own.back.value_or(colors.back), own.fore.value_or(colors.fore)};
+}
+
+unsigned Styling::styleOfRange(const ColoredRange &range, const LineColors &own)
+{
+    const TokenColors colors = colorsOf(range, own);
+    return !range.colors && !own.fore ? CommentStyle : styleFor(colors.back, colors.fore);
 }
 
 void Styling::colorLine(int line, LineState state, const LineColors &own)
@@ -197,9 +207,18 @@ void Styling::colorLine(int line, LineState state, const LineColors &own)
     const qsizetype coloredEnd = std::min(end, start + ColoredLength);
     const QByteArray text = m_text.bytes(start, coloredEnd).toByteArray();
     QByteArray styles(text.size(), char(PlainStyle));
-    for (const Token &token : tokenizeLine(text, state)) {
-        const unsigned style = styleOfToken(token, text, own);
-        std::fill_n(styles.begin() + token.start, token.length, char(style));
+    if (m_ranges.areOn()) {
+        for (const ColoredRange &range : m_ranges.read(line, ColoredLength)) {
+            const unsigned style = styleOfRange(range, own);
+            const qsizetype from = std::min<qsizetype>(range.start, styles.size());
+            std::fill_n(styles.begin() + from,
+                        std::min<qsizetype>(range.length, styles.size() - from), char(style));
+        }
+    } else {
+        for (const Token &token : tokenizeLine(text, state)) {
+            const unsigned style = styleOfToken(token, text, own);
+            std::fill_n(styles.begin() + token.start, token.length, char(style));
+        }
     }
     applyStyles(start, styles);
     m_hasLongLine |= coloredEnd < end;
@@ -221,24 +240,45 @@ TextRange Styling::columnsInView(int line) const
             m_view.SendScintilla(Sci::SCI_POSITIONFROMPOINT, ulong(width), y)};
 }
 
+// Of a very long line, what is behind \a first, from the line's start; perhaps what is before it or
+// behind \a last as well.
+ColoredRanges Styling::farRanges(int line, qsizetype first, qsizetype last)
+{
+    if (m_ranges.areOn())
+        return m_ranges.known(line);
+    const LineStates::Checkpoint known = m_states.before(first);
+    const QByteArray text = m_text.bytes(known.offset, last).toByteArray();
+    const qsizetype before = known.offset - m_text.lineStart(line);
+    LineState state = known.state;
+    ColoredRanges ranges;
+    for (const Token &token : tokenizeLine(text, state)) {
+        if (known.offset + token.end() <= first || (!token.comment && !m_tokenColors))
+            continue;
+        ColoredRange range{int(before + token.start), int(token.length), std::nullopt};
+        if (!token.comment)
+            range.colors =
+                m_tokenColors(token.kind, stringOf(text.sliced(token.start, token.length)));
+        ranges.append(range);
+    }
+    return ranges;
+}
+
 void Styling::colorFarInView(int line, const LineColors &own)
 {
-    const qsizetype styled = m_text.lineStart(line) + ColoredLength;
+    const qsizetype lineStart = m_text.lineStart(line);
+    const qsizetype styled = lineStart + ColoredLength;
     const qsizetype end = m_text.lineEnd(line);
     const TextRange seen = columnsInView(line);
     const qsizetype first = std::clamp(seen.start - LongestToken, styled, end);
     const qsizetype last = std::clamp(seen.end + LongestToken, styled, end);
     restyleFar(first, last);
-    const LineStates::Checkpoint known = m_states.before(first);
-    const QByteArray text = m_text.bytes(known.offset, last).toByteArray();
-    LineState state = known.state;
     qsizetype done = styled;
-    for (const Token &token : tokenizeLine(text, state)) {
-        const qsizetype start = std::max(known.offset + token.start, first);
-        const qsizetype behind = std::max(known.offset + token.end(), first);
-        if (start >= behind || (!token.comment && !m_tokenColors))
+    for (const ColoredRange &range : farRanges(line, first, last)) {
+        const qsizetype start = std::max(lineStart + range.start, first);
+        const qsizetype behind = std::min(lineStart + range.start + range.length, last);
+        if (start >= behind)
             continue;
-        const TokenColors colors = colorsOf(token, text, own);
+        const TokenColors colors = colorsOf(range, own);
         mark(FarForeIndicator, done, start, std::nullopt);
         markBack(done, start, std::nullopt);
         mark(FarForeIndicator, start, behind, colors.fore);
@@ -336,6 +376,7 @@ void Styling::prepare(int first, int last, const std::function<LineColors(int li
     const std::vector<LineRun> runs = m_folded.linesIn(first, last);
     if (runs.empty())
         return;
+    m_ranges.begin(runs.front().first);
     LineState state = stateAt(runs.front().first);
     for (const LineRun &run : runs) {
         if (run.first != runs.front().first)
@@ -348,6 +389,7 @@ void Styling::prepare(int first, int last, const std::function<LineColors(int li
     }
     if (m_hasLongLine)
         colorFarIn(runs, lineColors);
+    m_ranges.end();
     last = runs.back().last;
     m_readTo = std::max(m_text.lineEnd(last), std::min(kept, m_readTo));
     m_view.SendScintilla(Sci::SCI_STARTSTYLING, ulong(m_readTo));

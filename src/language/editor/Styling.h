@@ -4,6 +4,7 @@
 #include "language/editor/FoldedLines.h"
 #include "language/editor/LEditOCX.h"
 #include "language/editor/LineStates.h"
+#include "language/editor/LineRanges.h"
 #include "language/editor/TextBuffer.h"
 
 #include <QFont>
@@ -32,6 +33,7 @@ public:
     Styling(QsciScintillaBase &view, TextBuffer &text, const FoldedLines &folded);
 
     void setTokenColors(LEditOCX::TokenColorsCallback callback);
+    void setLineColors(LineColorsCallback callback);
     void setBack(Color color);
     void setCommentFore(Color color);
     void setSelectionBack(Color color);
@@ -61,9 +63,11 @@ private:
     void applyBaseColors();
     unsigned styleFor(Color back, Color fore);
     unsigned styleOfToken(const Token &token, QByteArrayView line, const LineColors &own);
-    TokenColors colorsOf(const Token &token, QByteArrayView line, const LineColors &own) const;
+    unsigned styleOfRange(const ColoredRange &range, const LineColors &own);
+    TokenColors colorsOf(const ColoredRange &range, const LineColors &own) const;
     void colorLine(int line, LineState state, const LineColors &own);
     void applyStyles(qsizetype start, const QByteArray &styles);
+    ColoredRanges farRanges(int line, qsizetype first, qsizetype last);
     void colorFarInView(int line, const LineColors &own);
     void colorFarIn(const std::vector<LineRun> &runs,
                     const std::function<LineColors(int line)> &lineColors);
@@ -77,6 +81,7 @@ private:
     const FoldedLines &m_folded;
     LineStates m_states;
     LEditOCX::TokenColorsCallback m_tokenColors;
+    LineRanges m_ranges;
     QFont m_font;
     Color m_back = Color::rgb(255, 255, 255);
     Color m_commentFore;

@@ -11,6 +11,7 @@
 #include "preferences/ui/ColorSheet.h"
 #include "preferences/ui/DirectorySheet.h"
 #include "preferences/ui/GeneralSheet.h"
+#include "preferences/ui/StudioSheet.h"
 #include "preferences/ui/TextSheet.h"
 
 #include <QBoxLayout>
@@ -31,7 +32,7 @@ struct SheetButton
 constexpr SheetButton sheetButtons[] = {
     {"mostraGeneral", "&General"},     {"mostraAssociation", "&Files Association"},
     {"mostraText", "&Text"},           {"mostraColors", "&Colors"},
-    {"mostraDirectory", "&Directory"},
+    {"mostraDirectory", "&Directory"}, {"mostraStudio", "St&udio"},
 };
 constexpr int DirectoryIndex = 4;
 
@@ -64,9 +65,12 @@ QList<QWidget *> FormImpostazioni::makeSheets()
     ConfigurationBlock &config = m_program.config;
     m_general = new GeneralSheet(config, this);
     m_text = new TextSheet(config, m_program.dialogs, this);
-    return {m_general, new AssociationSheet(m_program.dialogs, this), m_text,
+    return {m_general,
+            new AssociationSheet(m_program.dialogs, this),
+            m_text,
             new ColorSheet(config, m_program.dialogs, m_editors, this),
-            new DirectorySheet(config, m_program.dialogs, this)};
+            new DirectorySheet(config, m_program.dialogs, this),
+            new StudioSheet(config, {&m_views.LEDIT1, &m_views.LEDIT2}, this)};
 }
 
 void FormImpostazioni::layOut(const QList<QWidget *> &sheets)
