@@ -4,6 +4,7 @@
 #include "MeasuredEditor.h"
 
 #include "documents/ui/FormCSD.h"
+#include "workbench/ui/PieceFollower.h"
 
 #include <QAction>
 #include <QKeyEvent>
@@ -20,6 +21,8 @@ public:
     {
         open(lines);
         reportTicks(lines);
+        reportKeys("key at the end, by its tokens", lines, false);
+        reportKeys("key at the end, by meaning", lines, true);
         reportIdle("idle", lines);
         m_window->findChild<QAction *>(QStringLiteral("buttonSplit"))->trigger();
         QApplication::processEvents();
@@ -63,6 +66,24 @@ private:
             return measure::processTime([this] { tick(); });
         });
         measure::row("tick behind a key", lines, value, "ms", 1);
+        measure::goTo(*first(), 1, 0);
+    }
+
+    /// Until the model of the piece has been read on, and what changed is painted.
+    void reportKeys(const char *what, int lines, bool byMeaning)
+    {
+        m_program.config.ColoursByMeaning = byMeaning;
+        measure::goTo(*first(), lines, 3);
+        first()->Redraw();
+        measure::idle(100);
+        const auto &follower = *m_window->findChild<PieceFollower *>();
+        report(what, lines, 101, 4, [&] {
+            type(Qt::Key_A, QStringLiteral("a"));
+            while (!follower.piece().isRead())
+                QApplication::processEvents();
+            QApplication::processEvents();
+        });
+        m_program.config.ColoursByMeaning = false;
         measure::goTo(*first(), 1, 0);
     }
 

@@ -261,7 +261,8 @@ void tst_MeaningFeature::check_inTheSettings_countsAtOnce()
                           Qt::LeftButton);
     });
     QCOMPARE(on, "comment");
-    QCOMPARE(again, before);
+    const QRect behindCaret = before.rect().adjusted(6, 0, 0, 0);
+    QCOMPARE(again.copy(behindCaret), before.copy(behindCaret));
     QCOMPARE(look(*first(), "two strokes"), "comment");
     QCOMPARE(ReadRegistryString(m_program->settings, registry::StudioKey, "ColoursByMeaning"), "1");
 }
