@@ -225,7 +225,7 @@ PieceState PieceText::readBlockLine(LandmarkList &marks, PieceState state, quint
         readOrchestraLine(marks, state, m_isOpcode);
     else if (state.section == PieceSection::Score)
         readScoreLandmarks(marks, state, plays);
-    else if (state.section == PieceSection::Outside || state.section == PieceSection::Options)
+    else if (isPlain(state.section))
         state.code = behindPlainLine(marks.text(), state.code);
     return state;
 }

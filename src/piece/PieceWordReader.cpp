@@ -1,6 +1,7 @@
 #include "piece/PieceWordReader.h"
 
 #include "piece/PieceTags.h"
+#include "piece/PlainLine.h"
 
 #include <algorithm>
 
@@ -8,8 +9,7 @@ namespace ardiphon {
 
 namespace {
 
-constexpr int LinesOfAStatement = 128;   ///< that are looked at above a line that goes on
-constexpr qsizetype LongestRead = 32768; ///< bytes of a line, as the model reads it
+constexpr int LinesOfAStatement = 128; ///< that are looked at above a line that goes on
 
 } // namespace
 
@@ -36,7 +36,7 @@ const PieceWords &PieceWordReader::readLine()
 {
     m_words.clear();
     const QByteArrayView line = m_text.line(m_line++);
-    m_bytes = line.first(std::min(line.size(), LongestRead));
+    m_bytes = line.first(std::min(line.size(), PieceText::LongestLine));
     readWords();
     return m_words;
 }
@@ -56,6 +56,8 @@ void PieceWordReader::readWords()
         readOrchestraWords(m_bytes, m_state, m_orchestra, m_words);
     else if (m_state.section == PieceSection::Score && m_sections.hasScore)
         readScoreWords(m_bytes, m_state.code, m_scoreMacro, m_words);
+    else if (isPlain(m_state.section))
+        m_state.code = behindPlainLine(m_bytes, m_state.code);
 }
 
 } // namespace ardiphon

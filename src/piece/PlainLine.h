@@ -1,12 +1,17 @@
 #pragma once
 
 #include "language/Tokenizer.h"
-#include "piece/CodeState.h"
+#include "piece/PieceState.h"
 
 namespace ardiphon {
 
 // Lines of a unified file that are neither orchestra nor score are read by the rules of the
 // editors' tokens; the only thing that such a line leaves open is a block comment.
+
+inline bool isPlain(PieceSection section)
+{
+    return section == PieceSection::Outside || section == PieceSection::Options;
+}
 
 inline LineState plainLineState(CodeState state)
 {

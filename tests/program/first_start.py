@@ -33,6 +33,7 @@ with Desktop(COMMAND_FOLDER) as desktop:
         r"Ardiphon\InstallPath\First": "1",
         r"Ardiphon\Settings\FileCSound": shutil.which("csound"),
         r"Ardiphon\Settings\FileGuida": MANUAL,
+        r"Ardiphon\Studio\ColoursByMeaning": "1",
     }, settings(desktop)
     desktop.key_until(["alt+n"], "the chooser", lambda: desktop.has_focus("ArdiphonPro Startup"))
     assert settings(desktop)[r"Ardiphon\InstallPath\First"] == "0"
