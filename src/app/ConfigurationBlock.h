@@ -55,8 +55,13 @@ struct ConfigurationBlock
     Color ColorInstrEndin;
     Color ColorInstrEndinBK;
 
-    // Settings of the sheet "Studio" (StudioSettings.h); off unless the user has them on.
-    bool ColoursByMeaning = false; ///< views are coloured as the language reads the text
+    // Settings of the sheet "Studio" (StudioSettings.h).
+    bool ColoursByMeaning = false;     ///< views are coloured as the language reads the text
+    bool CompletionWhileTyping = true; ///< words are proposed; on demand they are anyway
+    bool ArgumentHints = true;         ///< the arguments of the opcode at the caret are shown
+    bool PointerHelp = true;           ///< what the pointer rests on is explained
+    bool MarkOccurrences = true;       ///< the name at the caret is marked wherever it is
+    bool IndentByBlocks = false;       ///< a new line is indented by the block that it is in
 
     // The names of the open documents, mirrored here for the parts that read them: a path,
     // "[Untitled]" or, where there is no name yet, "". Before an editor window is opened, the

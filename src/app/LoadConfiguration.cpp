@@ -84,9 +84,11 @@ void resolveColors(ConfigurationBlock &config,
 
 void loadStudio(ConfigurationBlock &config, SettingsStore &store)
 {
-    for (const StudioSwitch &each : StudioSwitches)
-        config.*each.field =
-            ReadRegistryString(store, registry::StudioKey, QString::fromLatin1(each.name)) == u'1';
+    for (const StudioSwitch &each : StudioSwitches) {
+        const QString value =
+            ReadRegistryString(store, registry::StudioKey, QString::fromLatin1(each.name));
+        config.*each.field = value == u'1' || (each.isOnAtFirst && value != u'0');
+    }
 }
 
 } // namespace

@@ -5,15 +5,21 @@
 namespace ardiphon {
 
 /// A setting of the sheet "Studio" that is on or off: what it is called in the store, where it has
-/// the text "1" or "0", and its field. All are off where the store says nothing.
+/// the text "1" or "0", its field, and what it is where the store has neither.
 struct StudioSwitch
 {
     const char *name;
     bool ConfigurationBlock::*field;
+    bool isOnAtFirst;
 };
 
 inline constexpr StudioSwitch StudioSwitches[] = {
-    {"ColoursByMeaning", &ConfigurationBlock::ColoursByMeaning},
+    {"ColoursByMeaning", &ConfigurationBlock::ColoursByMeaning, false},
+    {"CompletionWhileTyping", &ConfigurationBlock::CompletionWhileTyping, true},
+    {"ArgumentHints", &ConfigurationBlock::ArgumentHints, true},
+    {"PointerHelp", &ConfigurationBlock::PointerHelp, true},
+    {"MarkOccurrences", &ConfigurationBlock::MarkOccurrences, true},
+    {"IndentByBlocks", &ConfigurationBlock::IndentByBlocks, false},
 };
 
 } // namespace ardiphon

@@ -124,6 +124,8 @@ void tst_LoadConfiguration::emptyStore_givesAllDefaults()
     QCOMPARE(config.WheelLinesCount, 3);
     QCOMPARE(config.AutoIndent, "0");
     QVERIFY(!config.ColoursByMeaning);
+    QVERIFY(config.CompletionWhileTyping && config.ArgumentHints && config.PointerHelp);
+    QVERIFY(config.MarkOccurrences && !config.IndentByBlocks);
 }
 
 void tst_LoadConfiguration::runValues_areReset()

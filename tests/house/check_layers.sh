@@ -18,7 +18,7 @@ level() {
         piece) echo 3 ;;
         workbench) echo 4 ;;
         navigation | audio | help | associations) echo 5 ;;
-        compile | preferences | printing | analysis | insight) echo 6 ;;
+        compile | preferences | printing | analysis | insight | typing) echo 6 ;;
         documents) echo 7 ;;
         *) echo 9 ;;
     esac

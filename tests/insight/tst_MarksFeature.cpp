@@ -21,6 +21,7 @@ private slots:
     void blockWord_bothAreMarked();
     void selection_hasNoMarks();
     void focusElsewhere_noMarks();
+    void notWanted_onlyBracketsAreMarked();
 
 private:
     /// Whether the background of that character is not the view's.
@@ -101,8 +102,24 @@ void tst_MarksFeature::focusElsewhere_noMarks()
     showAt("<CsInstruments>\ninstr 1\nka = 1\nka = 2\nendin\n", 3, 1);
     QTRY_COMPARE(markedColumns(4), QStringLiteral("xx...."));
     trigger("menuStudioOutline");
-    caret(first(), 4, 1);
-    QTRY_COMPARE(markedColumns(3), QStringLiteral("......"));
+    QTRY_COMPARE(markedColumns(4), QStringLiteral("......"));
+    first()->setFocus();
+    QTRY_COMPARE(markedColumns(4), QStringLiteral("xx...."));
+}
+
+/// Brackets are marked all the same.
+void tst_MarksFeature::notWanted_onlyBracketsAreMarked()
+{
+    showAt("<CsInstruments>\ninstr 1\nka = (1)\nka = 2\nendin\n", 3, 1);
+    QTRY_COMPARE(markedColumns(4), QStringLiteral("xx...."));
+    m_program->config.MarkOccurrences = false;
+    first()->Redraw();
+    QTRY_COMPARE(markedColumns(4), QStringLiteral("......"));
+    caret(first(), 3, 5);
+    QTRY_COMPARE(markedColumns(3), QStringLiteral(".....x.x"));
+    m_program->config.MarkOccurrences = true;
+    caret(first(), 3, 1);
+    QTRY_COMPARE(markedColumns(4), QStringLiteral("xx...."));
 }
 
 ARDIPHON_TEST(tst_MarksFeature, QApplication)

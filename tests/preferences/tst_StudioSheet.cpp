@@ -1,3 +1,4 @@
+#include "app/StudioSettings.h"
 #include "preferences/SettingsWindow.h"
 #include "support/TestMain.h"
 
@@ -20,6 +21,8 @@ private slots:
     void sheet_leavesTheWindowsSize();
     void check_showsTheSetting_data();
     void check_showsTheSetting();
+    void checks_haveTheirOwnDefaults_data();
+    void checks_haveTheirOwnDefaults();
     void check_click_countsAtOnceInBothViews_data();
     void check_click_countsAtOnceInBothViews();
     void check_space_countsToo();
@@ -69,8 +72,21 @@ void tst_StudioSheet::sheet_isTheLast_withItsTexts()
     QStringList texts;
     for (const auto *label : control<QGroupBox>("FrameStudio")->findChildren<QLabel *>())
         texts.append(label->text());
-    QCOMPARE(texts, QStringList("Draws comments, texts of several lines, opcodes of your own, "
-                                "p-fields, labels and macros as Csound reads them."));
+    QCOMPARE(texts,
+             QStringList({"Draws comments, texts of several lines, opcodes of your own, p-fields, "
+                          "labels and macros as Csound reads them.",
+                          "Tab takes what is proposed. Ctrl+Space asks for it at any time.",
+                          "Shows what an opcode takes while you write its arguments.",
+                          "Shows what a name is: an opcode, a variable, a table, an instrument.",
+                          "Marks the places in view where the same name is meant.",
+                          "Indents a new line in an instrument, a condition or a loop."}));
+    QStringList captions;
+    for (const auto *box : control<QGroupBox>("FrameStudio")->findChildren<QCheckBox *>())
+        captions.append(box->text());
+    QCOMPARE(captions,
+             QStringList({"Colours by meaning", "Propose words while typing",
+                          "Show the arguments at the caret", "Explain what the pointer rests on",
+                          "Mark the name at the caret everywhere", "Indent by blocks"}));
 }
 
 /// The row of the sheets' buttons is as wide as before, and what is below it is where it was.
@@ -81,8 +97,10 @@ void tst_StudioSheet::sheet_leavesTheWindowsSize()
     QCOMPARE(control<QPushButton>("mostraGeneral")->x(), control<QGroupBox>("FrameDirectory")->x());
     QCOMPARE(control<QPushButton>("mostraStudio")->geometry().right(),
              control<QGroupBox>("FrameDirectory")->geometry().right());
-    QVERIFY(control<QGroupBox>("FrameStudio")->minimumSizeHint().height() <=
-            control<QGroupBox>("FrameColors")->minimumSizeHint().height());
+    qInfo("%d %d", control<QGroupBox>("FrameStudio")->minimumSizeHint().height(),
+          control<QGroupBox>("FrameColors")->minimumSizeHint().height());
+    QCOMPARE_LE(control<QGroupBox>("FrameStudio")->minimumSizeHint().height(),
+                control<QGroupBox>("FrameColors")->minimumSizeHint().height());
     for (const char *name : {"mostraGeneral", "mostraAssociation", "mostraText", "mostraColors",
                              "mostraDirectory", "mostraStudio"})
         QVERIFY2(control<QPushButton>(name)->width() >=
@@ -109,6 +127,31 @@ void tst_StudioSheet::check_showsTheSetting()
     LoadConfiguration(m_program->config, m_program->settings);
     open();
     QTEST(check()->isChecked(), "on");
+}
+
+/// Each has its own value where the store says nothing, and else what it says.
+void tst_StudioSheet::checks_haveTheirOwnDefaults_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("atFirst");
+
+    for (const StudioSwitch &each : StudioSwitches)
+        QTest::newRow(each.name) << QString::fromLatin1(each.name) << each.isOnAtFirst;
+}
+
+void tst_StudioSheet::checks_haveTheirOwnDefaults()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, atFirst);
+    for (const QString &text : {QString(), QStringLiteral("0"), QStringLiteral("1")}) {
+        if (!text.isEmpty())
+            WriteRegistryString(m_program->settings, registry::StudioKey, name, text);
+        LoadConfiguration(m_program->config, m_program->settings);
+        open();
+        QCOMPARE(control<QCheckBox>(qPrintable("Check" + name))->isChecked(),
+                 text.isEmpty() ? atFirst : text == u'1');
+        m_window->close();
+    }
 }
 
 void tst_StudioSheet::check_click_countsAtOnceInBothViews_data()

@@ -1,5 +1,6 @@
 #include "insight/ui/MarksFeature.h"
 
+#include "app/ConfigurationBlock.h"
 #include "language/TextSpan.h"
 #include "language/editor/LEditOCX.h"
 #include "piece/PieceBrackets.h"
@@ -33,7 +34,7 @@ void MarksFeature::install(FeatureHost &host)
 void MarksFeature::mark(const EditorView &view, const QList<LineRun> &lines) const
 {
     const bool hasCaret = view.editor->hasFocus() && view.editor->SelectionLength() == 0;
-    markOccurrences(view, hasCaret ? lines : QList<LineRun>());
+    markOccurrences(view, hasCaret && m_host->config().MarkOccurrences ? lines : QList<LineRun>());
     if (hasCaret)
         markBrackets(view);
     else

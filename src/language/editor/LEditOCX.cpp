@@ -259,7 +259,11 @@ void LEditOCX::SetSelectionBackColor(Color color) { d->styling.setSelectionBack(
 
 void LEditOCX::SetSelectionForeColor(Color color) { d->styling.setSelectionFore(color); }
 
-void LEditOCX::Redraw() { d->styling.redraw(); }
+void LEditOCX::Redraw()
+{
+    d->marks.askAgain();
+    d->styling.redraw();
+}
 
 QString LEditOCX::FontName() const { return d->styling.font().family(); }
 

@@ -184,7 +184,8 @@ public:
     void SetForeColor(Color color); ///< of comments
     void SetSelectionBackColor(Color color);
     void SetSelectionForeColor(Color color);
-    /// Draws the view again, its tokens in the colours that the callback gives for them now.
+    /// Draws the view again, its tokens in the colours that the callback gives for them now, and
+    /// with other marks if they are due.
     void Redraw();
 
     QString FontName() const;
@@ -298,7 +299,7 @@ signals:
     /// operation is complete, after its textChanged().
     void foldsChanged();
     /// The view is about to be painted, and since the last time the lines in view, the text, the
-    /// caret or the selection have changed; so other marks may be due. \a lines are those in view,
+    /// caret, the selection or the focus have changed; so other marks may be due. \a lines are those in view,
     /// in their order, without hidden ones and those of more than 16 KiB. A follower calls
     /// SetMarks() now or later, and changes nothing else.
     void marksWanted(const QList<ardiphon::LineRun> &lines);

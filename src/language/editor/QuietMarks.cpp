@@ -108,7 +108,7 @@ bool QuietMarks::isDue(quint64 revision)
 
 QuietMarks::Shown QuietMarks::shownNow(quint64 revision) const
 {
-    return {linesInView(), m_text.selection(), m_text.caret(), revision};
+    return {linesInView(), m_text.selection(), m_text.caret(), revision, m_view.hasFocus()};
 }
 
 bool QuietMarks::isTooLong(int line) const

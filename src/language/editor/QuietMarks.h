@@ -27,8 +27,11 @@ public:
     void set(MarkKind kind, const QList<TextSpan> &spans, quint64 revision);
 
     /// Whether something has changed since the last call by which other marks may be due: the lines
-    /// in view, the text, the caret or the selection. To be called before the view is painted.
+    /// in view, the text, the caret, the selection or the focus. To be called before the view is
+    /// painted.
     bool isDue(quint64 revision);
+    /// Other marks are due the next time, whatever has changed.
+    void askAgain() { m_shown = {}; }
     /// The lines that were in view at the last isDue(), but those that are too long.
     const QList<LineRun> &lines() const { return m_shown.lines; }
 
@@ -40,6 +43,7 @@ private:
         TextRange selection;
         qsizetype caret = -1;
         quint64 revision = 0;
+        bool hasFocus = false;
 
         bool operator==(const Shown &) const = default;
     };

@@ -24,6 +24,21 @@ const StudioSheet::Check StudioSheet::checks[] = {
      "Draws comments, texts of several lines, opcodes of your own, p-fields, labels and macros as "
      "Csound reads them.",
      &ConfigurationBlock::ColoursByMeaning},
+    {"CheckCompletionWhileTyping", "Propose words while typing",
+     "Tab takes what is proposed. Ctrl+Space asks for it at any time.",
+     &ConfigurationBlock::CompletionWhileTyping},
+    {"CheckArgumentHints", "Show the arguments at the caret",
+     "Shows what an opcode takes while you write its arguments.",
+     &ConfigurationBlock::ArgumentHints},
+    {"CheckPointerHelp", "Explain what the pointer rests on",
+     "Shows what a name is: an opcode, a variable, a table, an instrument.",
+     &ConfigurationBlock::PointerHelp},
+    {"CheckMarkOccurrences", "Mark the name at the caret everywhere",
+     "Marks the places in view where the same name is meant.",
+     &ConfigurationBlock::MarkOccurrences},
+    {"CheckIndentByBlocks", "Indent by blocks",
+     "Indents a new line in an instrument, a condition or a loop.",
+     &ConfigurationBlock::IndentByBlocks},
 };
 
 StudioSheet::StudioSheet(ConfigurationBlock &config, const QList<LEditOCX *> &editors,
@@ -32,6 +47,7 @@ StudioSheet::StudioSheet(ConfigurationBlock &config, const QList<LEditOCX *> &ed
 {
     setObjectName(QStringLiteral("FrameStudio"));
     auto *const rows = new QVBoxLayout(this);
+    rows->setSpacing(0);
     for (const Check &check : checks)
         addCheck(*rows, check);
     rows->addStretch();
@@ -50,7 +66,7 @@ void StudioSheet::addCheck(QVBoxLayout &rows, const Check &check)
                     style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing));
     rows.addWidget(box);
     rows.addWidget(note);
-    rows.addSpacing(10);
+    rows.addSpacing(6);
 }
 
 void StudioSheet::take(const Check &check, bool on)
