@@ -86,8 +86,7 @@ public:
             last = std::max(last, endOf(*found.mark));
             return true;
         });
-        if (last <= m_line)
-            last = std::max(endOfComment(), endOfScoreSection());
+        last = std::max({last, endOfScoreSection(), last > m_line ? 0 : endOfComment()});
         return last > m_line ? last : 0;
     }
 

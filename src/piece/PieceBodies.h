@@ -20,8 +20,8 @@ struct PieceBodyLines
 std::optional<PieceBodyLines> bodyAt(const Piece &piece, const PieceText &text, int line);
 
 /// The last line of what begins at \a line and can be folded: a body, a block of statements, a
-/// comment over lines or of several lines, a macro, a section of the file, a section of the score.
-/// 0 where nothing begins or it ends on the same line.
+/// comment over lines or of several lines, a macro, a section of the file, a section of the score;
+/// the longest where several begin. 0 where nothing begins or it ends on the same line.
 int lastLineOfBlock(const Piece &piece, const PieceText &text, int line);
 
 /// The innermost of what can be folded that has \a line in it: its first and its last line. Empty
