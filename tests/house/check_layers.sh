@@ -19,7 +19,8 @@ level() {
         workbench) echo 4 ;;
         navigation | audio | help | associations) echo 5 ;;
         compile | preferences | printing | analysis | insight | typing) echo 6 ;;
-        documents) echo 7 ;;
+        check) echo 7 ;;
+        documents) echo 8 ;;
         *) echo 9 ;;
     esac
 }

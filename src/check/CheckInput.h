@@ -1,0 +1,40 @@
+#pragma once
+
+#include "check/MessagePlaces.h"
+#include "platform/ProgramCommand.h"
+
+#include <QByteArray>
+#include <QStringList>
+
+namespace ardiphon {
+
+/// What the compiler is given to check a piece: the orchestra and the score as two files, whose
+/// names these are, and options. So nothing of a unified file that would write a file or open a
+/// device reaches it.
+struct CheckInput
+{
+    CheckedLines orchestra{QStringLiteral("piece.orc"), {}};
+    CheckedLines score{QStringLiteral("piece.sco"), {}};
+    QByteArray orchestraText;
+    QByteArray scoreText; ///< without notes where the score is not for the compiler
+    QStringList options;
+    bool isUnified = false; ///< the compiler looks for included files beside the document
+};
+
+/// A longer score is not checked by the compiler.
+inline constexpr int LongestCheckedScore = 5000;
+
+/// What is to be checked of \a piece, all of which has been read. A text without an orchestra gives
+/// empty lines. A score that another program makes is left out, as that would be run.
+CheckInput checkInputOf(const Piece &piece);
+
+/// Those of the options that a unified file gives by \a text that change what its orchestra and its
+/// score mean: macros, environment and header values; none that opens or writes anything.
+QStringList checkedOptions(const QString &text);
+
+/// The command that checks the files of \a input in \a folder, which has its closing "/". The
+/// document is in \a documentFolder; the compiler runs and finds included files as in a compile.
+ProgramCommand checkCommand(const QString &compiler, const CheckInput &input, const QString &folder,
+                            const QString &documentFolder);
+
+} // namespace ardiphon
