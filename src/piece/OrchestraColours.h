@@ -4,7 +4,7 @@
 
 namespace ardiphon {
 
-/// Paints a line of an orchestra, as meaningsOf() tells.
+/// Paints a line of an orchestra, as meaningsOf() describes it.
 void paintOrchestraLine(QByteArrayView line, PieceState &state, const IsOpcode &isOpcode,
                         MeaningPaint &paint);
 

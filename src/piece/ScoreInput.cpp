@@ -50,7 +50,7 @@ int ScoreInput::get()
 int ScoreInput::peek()
 {
     while (!m_texts.empty() && m_texts.back().at >= m_texts.back().text.size())
-        leaveText();
+        m_texts.pop_back();
     if (m_texts.empty() && m_at >= m_source.size())
         return m_line <= m_lines.lineCount() ? '\n' : End;
     return peekHere();
@@ -92,23 +92,19 @@ void ScoreInput::skipLine()
         skip(rest().size());
 }
 
-bool ScoreInput::put(const QByteArray &text, const QByteArrayList &arguments,
-                     const QByteArrayList &values)
+bool ScoreInput::put(const QByteArray &text, int macro, const QByteArrayList &arguments)
 {
     if (m_texts.size() >= MostTexts)
         return false;
-    ++m_serial;
-    for (qsizetype i = 0; i < arguments.size(); ++i)
-        m_macros.define(arguments[i], {values.value(i), {}, -m_serial});
-    m_texts.push_back({text, 0, m_serial, arguments});
+    m_texts.push_back({text, 0, ++m_serial, macro, arguments});
     return true;
 }
 
-void ScoreInput::leaveText()
+QByteArray ScoreInput::argument(int macro, int index) const
 {
-    for (const QByteArray &argument : std::as_const(m_texts.back().arguments))
-        m_macros.undefine(argument);
-    m_texts.pop_back();
+    const auto text = std::find_if(m_texts.rbegin(), m_texts.rend(),
+                                   [=](const Text &candidate) { return candidate.macro == macro; });
+    return text == m_texts.rend() ? QByteArray() : text->arguments.value(index);
 }
 
 ScoreInput::Place ScoreInput::place() const
@@ -133,7 +129,7 @@ bool ScoreInput::goBackTo(const Place &place)
     if (place.serial != 0 && text == m_texts.end())
         return false;
     while (!m_texts.empty() && m_texts.back().serial != place.serial)
-        leaveText();
+        m_texts.pop_back();
     if (!m_texts.empty()) {
         m_texts.back().at = place.at;
         return true;

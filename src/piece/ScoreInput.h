@@ -1,9 +1,9 @@
 #pragma once
 
 #include "language/LineSource.h"
-#include "piece/ScoreMacros.h"
 
 #include <QByteArray>
+#include <QByteArrayList>
 #include <QByteArrayView>
 
 #include <vector>
@@ -25,8 +25,8 @@ public:
         qsizetype at = 0;
     };
 
-    /// \a lines are to be read; \a macros has the arguments of those that are.
-    ScoreInput(const LineSource &lines, ScoreMacros &macros) : m_lines(lines), m_macros(macros) {}
+    /// \a lines are to be read.
+    explicit ScoreInput(const LineSource &lines) : m_lines(lines) {}
 
     void restart();
     /// To be called before others, since the lines may have been asked for elsewhere.
@@ -46,10 +46,12 @@ public:
     /// To the end of the line, which comes next then.
     void skipLine();
 
-    /// Puts \a text in, in which \a arguments are defined by \a values. Gives false, and does
-    /// nothing, where there are too many within each other.
-    bool put(const QByteArray &text, const QByteArrayList &arguments = {},
-             const QByteArrayList &values = {});
+    /// Puts \a text in: that of a file, or of the macro of number \a macro, called with
+    /// \a arguments. Gives false, and does nothing, where there are too many within each other.
+    bool put(const QByteArray &text, int macro = 0, const QByteArrayList &arguments = {});
+    /// What the innermost text of \a macro was given as its argument \a index; empty where it is
+    /// not read, or was given fewer.
+    QByteArray argument(int macro, int index) const;
 
     /// Whether the beginning of a line of the source comes next.
     bool isAtLine() const { return m_texts.empty() && m_at == 0 && m_line <= m_lines.lineCount(); }
@@ -70,14 +72,13 @@ private:
         QByteArray text;
         qsizetype at = 0;
         qint64 serial = 0;
+        int macro = 0;
         QByteArrayList arguments;
     };
 
-    void leaveText();
     void goToLine(int line);
 
     const LineSource &m_lines;
-    ScoreMacros &m_macros;
     int m_line = 1;
     qsizetype m_at = 0;
     QByteArrayView m_source; ///< the line that is read

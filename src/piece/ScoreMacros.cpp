@@ -7,6 +7,9 @@ namespace {
 constexpr qsizetype MostMacros = 100'000;
 constexpr qsizetype MostMacroBytes = 32'000'000;
 
+/// To look for, without a copy.
+QByteArray keyOf(QByteArrayView name) { return QByteArray::fromRawData(name.data(), name.size()); }
+
 } // namespace
 
 bool ScoreMacros::define(const QByteArray &name, const ScoreMacro &macro)
@@ -25,9 +28,9 @@ bool ScoreMacros::define(const QByteArray &name, const ScoreMacro &macro)
     return true;
 }
 
-void ScoreMacros::undefine(const QByteArray &name)
+void ScoreMacros::undefine(QByteArrayView name)
 {
-    const auto macros = m_macros.find(name);
+    const auto macros = m_macros.find(keyOf(name));
     if (macros == m_macros.end() || macros->empty())
         return;
     --m_count;
@@ -46,9 +49,9 @@ void ScoreMacros::setText(const QByteArray &name, const QByteArray &text)
     macros->back().text = text;
 }
 
-const ScoreMacro *ScoreMacros::find(const QByteArray &name) const
+const ScoreMacro *ScoreMacros::find(QByteArrayView name) const
 {
-    const auto macros = m_macros.constFind(name);
+    const auto macros = m_macros.constFind(keyOf(name));
     return macros == m_macros.cend() || macros->empty() ? nullptr : &macros->back();
 }
 

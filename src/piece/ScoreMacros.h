@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QByteArray>
-#include <QByteArrayList>
+#include <QByteArrayView>
 #include <QHash>
 
 #include <vector>
@@ -12,7 +12,8 @@ namespace ardiphon {
 struct ScoreMacro
 {
     QByteArray text;
-    QByteArrayList arguments;
+    int argumentCount = 0;
+    int number = 0; ///< another one for each #define that has arguments
     /// Where it was defined: a place that is passed again, as in a loop, changes its macro.
     qint64 place = 0;
 };
@@ -24,11 +25,11 @@ class ScoreMacros
 public:
     /// Gives false, and defines nothing, once there are too many or their texts are too long.
     bool define(const QByteArray &name, const ScoreMacro &macro);
-    void undefine(const QByteArray &name);
+    void undefine(QByteArrayView name);
     /// Changes the text of the last one, if there is one.
     void setText(const QByteArray &name, const QByteArray &text);
     /// The last one, until the next change, or nullptr.
-    const ScoreMacro *find(const QByteArray &name) const;
+    const ScoreMacro *find(QByteArrayView name) const;
     void clear();
 
 private:

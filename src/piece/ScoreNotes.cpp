@@ -94,7 +94,7 @@ bool ScoreNotes::readOn(QDeadlineTimer deadline)
 
 bool ScoreNotes::isComplete() const { return m_reading->isComplete; }
 
-bool ScoreNotes::truncated() const
+bool ScoreNotes::isTruncated() const
 {
     return m_reading->text.isTruncated() || m_reading->sections.isTruncated() ||
            m_reading->store.count() >= ScoreSections::MostNotes;

@@ -59,9 +59,9 @@ public:
     /// Reads until \a deadline. Whether there is more to do.
     bool readOn(QDeadlineTimer deadline);
     bool isComplete() const;
-    /// Whether there are notes that are not told: more than 4,000,000, or behind a macro that calls
-    /// itself, a file that includes itself or loops without an end.
-    bool truncated() const;
+    /// Whether notes are left out: there are more than 4,000,000, or they are behind a macro that
+    /// calls itself, a file that includes itself or loops without an end.
+    bool isTruncated() const;
 
     /// The notes of the sections that are complete, in order.
     qsizetype count() const;

@@ -1,8 +1,8 @@
 #include "piece/ScoreSections.h"
 
 #include "piece/ScoreExpression.h"
+#include "piece/ScoreFieldText.h"
 
-#include <array>
 #include <cmath>
 
 namespace ardiphon {
@@ -11,73 +11,13 @@ namespace {
 
 constexpr size_t MostTempoFields = 20'000;
 constexpr int MostNames = 1'000'000;
-constexpr qsizetype MostRecorded = 64'000'000;
-constexpr qsizetype MostMarks = 100'000;
-constexpr size_t MostRepeats = 32; ///< within each other
-constexpr qint64 MostRepeated = 256'000'000;
-
-/// What a character is in a field.
-enum FieldByte : quint8 { BeginsField = 1, InField = 2, IsBlank = 4 };
-
-constexpr std::array<quint8, 256> fieldBytes = [] {
-    std::array<quint8, 256> bytes{};
-    for (const char c : {' ', '\t', '\r', '\n'})
-        bytes[quint8(c)] = IsBlank;
-    for (char c = '0'; c <= '9'; ++c)
-        bytes[quint8(c)] = BeginsField | InField;
-    for (const char c : {'+', '-', '.', '<', '>', '(', ')', '~', 'n', 'p', 'z'})
-        bytes[quint8(c)] = BeginsField | InField;
-    for (const char c : {'e', 'E'})
-        bytes[quint8(c)] = InField;
-    for (const char c : {'^', '!', '"', '['})
-        bytes[quint8(c)] = BeginsField;
-    return bytes;
-}();
-
-bool isField(char c, quint8 what) { return (fieldBytes[quint8(c)] & what) != 0; }
-
-qsizetype afterBlanks(QByteArrayView text, qsizetype at)
-{
-    while (at < text.size() && isField(text[at], IsBlank))
-        ++at;
-    return at;
-}
-
-/// The number, or what stands in its place, that begins at \a at, which is behind it then.
-QByteArrayView takeToken(QByteArrayView text, qsizetype &at)
-{
-    const qsizetype start = at;
-    while (at < text.size() && isField(text[at], InField))
-        ++at;
-    return text.sliced(start, at - start);
-}
-
-/// The value of a number or an expression at \a at, which is behind it then.
-double takeNumber(QByteArrayView text, qsizetype &at)
-{
-    if (at < text.size() && text[at] == '[')
-        return scoreExpression(text, at);
-    return scoreNumber(takeToken(text, at));
-}
-
-/// The end of the string that begins at \a at.
-qsizetype stringEnd(QByteArrayView text, qsizetype at)
-{
-    for (++at; at < text.size(); ++at) {
-        if (text[at] == '\\')
-            ++at;
-        else if (text[at] == '"')
-            return at + 1;
-    }
-    return text.size();
-}
 
 /// The name of a mark at \a at.
 QByteArray markName(QByteArrayView text, qsizetype at)
 {
-    const qsizetype start = afterBlanks(text, at);
+    const qsizetype start = afterScoreBlanks(text, at);
     qsizetype end = start;
-    while (end < text.size() && !isField(text[end], IsBlank))
+    while (end < text.size() && !isScoreByte(text[end], ScoreFieldByte::Blank))
         ++end;
     return text.sliced(start, end - start).toByteArray();
 }
@@ -99,35 +39,29 @@ void ScoreSections::restart()
 
 qsizetype ScoreSections::bytes() const
 {
-    qsizetype bytes = m_recorded.capacity();
-    bytes += qsizetype(m_recordedLines.capacity() * sizeof(int));
-    bytes += qsizetype(m_sections.capacity() * sizeof(Section));
-    return bytes;
+    return m_repeats.bytes() + qsizetype(m_sections.capacity() * sizeof(Section));
 }
 
 void ScoreSections::readLine(QByteArrayView text, int line)
 {
-    const qsizetype at = afterBlanks(text, 0);
+    const qsizetype at = afterScoreBlanks(text, 0);
     if (at >= text.size())
         return;
     const char first = text[at];
     if (m_statement.letter != 0) {
         const bool goesOn = m_statement.letter == 't'
                                 ? (first >= '0' && first <= '9') || first == '['
-                                : isField(first, BeginsField);
+                                : beginsScoreField(first);
         if (goesOn) {
             readFields(text, at);
-            if (m_isRecording)
-                record(text, line);
+            m_repeats.record(text, line);
             return;
         }
         finishStatement();
     }
     if (m_isSkipping && first != 's' && first != 'e' && first != 'm')
         return;
-    // A mark is what comes after it, so it is told before its own line would be kept.
-    if (m_isRecording)
-        record(text, line);
+    m_repeats.record(text, line); // before it is read: a mark is what comes after its line
     readStatement(text, at, line);
 }
 
@@ -166,25 +100,26 @@ void ScoreSections::readStatement(QByteArrayView text, qsizetype at, int line)
         m_isSkipping = true;
         break;
     case 'm':
-        readMark(text, at);
+        m_isSkipping = false;
+        m_repeats.mark(markName(text, at));
         break;
     case 'n':
-        beginRepeat(text, at);
+        m_repeats.begin(markName(text, at));
         break;
     case 's':
     case 'e':
         endSection(letter == 'e');
         break;
     default:
-        break; // no statement, or one that tells nothing of the notes
+        break; // no statement, or one that says nothing of the notes
     }
 }
 
-/// What v, b and B tell; \a none where they tell nothing.
+/// What v, b and B say; \a none where they say nothing.
 double ScoreSections::clockValue(QByteArrayView text, qsizetype at, double none) const
 {
-    at = afterBlanks(text, at);
-    return at < text.size() && isField(text[at], BeginsField) ? takeNumber(text, at) : none;
+    at = afterScoreBlanks(text, at);
+    return at < text.size() && beginsScoreField(text[at]) ? takeScoreNumber(text, at) : none;
 }
 
 void ScoreSections::countStatement(int line)
@@ -201,12 +136,12 @@ void ScoreSections::readFields(QByteArrayView text, qsizetype at)
         return;
     }
     Statement &statement = m_statement;
-    // What is behind the third field tells nothing of when a note is played.
+    // What is behind the third field says nothing of when a note is played.
     while (!statement.wasRead && statement.fields < 3) {
-        at = afterBlanks(text, at);
+        at = afterScoreBlanks(text, at);
         if (at >= text.size())
             return;
-        if (!isField(text[at], BeginsField)) {
+        if (!beginsScoreField(text[at])) {
             statement.wasRead = true; // the rest of the line does not count, nor does the next
             finishStatement();
             return;
@@ -245,9 +180,9 @@ void ScoreSections::readField(QByteArrayView text, qsizetype &at)
         const bool isSigned = at < text.size() && (text[at] == '+' || text[at] == '-');
         if (isSigned)
             ++at;
-        takeToken(text, at);
+        takeScoreToken(text, at);
     } else {
-        takeToken(text, at);
+        takeScoreToken(text, at);
     }
     const QByteArrayView token = text.sliced(start, at - start);
     if (field == 2)
@@ -269,7 +204,7 @@ void ScoreSections::readPlayer(QByteArrayView text, qsizetype &at)
     }
     if (text[at] == '^' || text[at] == '!')
         ++at;
-    const QByteArrayView token = takeToken(text, at);
+    const QByteArrayView token = takeScoreToken(text, at);
     if (token == "." && m_followsNote)
         player = m_lastPlayer;
     else
@@ -280,7 +215,7 @@ void ScoreSections::readName(QByteArrayView text, qsizetype &at)
 {
     Player &player = m_statement.note.player;
     const qsizetype start = at + 1;
-    at = stringEnd(text, at);
+    at = scoreStringEnd(text, at);
     QByteArrayView name = text.sliced(start, std::max<qsizetype>(at - start, 0));
     if (name.endsWith('"'))
         name.chop(1);
@@ -346,7 +281,7 @@ void ScoreSections::readBeats(QByteArrayView token)
 void ScoreSections::readTempoFields(QByteArrayView text, qsizetype at)
 {
     for (;;) {
-        at = afterBlanks(text, at);
+        at = afterScoreBlanks(text, at);
         if (at >= text.size())
             return;
         const bool isNumber = (text[at] >= '0' && text[at] <= '9') || text[at] == '[';
@@ -354,7 +289,7 @@ void ScoreSections::readTempoFields(QByteArrayView text, qsizetype at)
             finishStatement(); // the rest does not count
             return;
         }
-        const double value = takeNumber(text, at);
+        const double value = takeScoreNumber(text, at);
         if (m_tempoFields.size() < MostTempoFields)
             m_tempoFields.push_back(value);
         else
@@ -424,7 +359,7 @@ void ScoreSections::finishNote(char letter)
 
 void ScoreSections::endSection(bool isEnd)
 {
-    const bool isRepeated = !m_repeats.empty();
+    const bool isRepeated = m_repeats.isRepeating();
     if (m_hasStatements) {
         int tempo = -1;
         if (ScoreTempo given(m_tempoFields); given.isGiven()) {
@@ -445,7 +380,7 @@ void ScoreSections::endSection(bool isEnd)
     m_lastStart = -1;
     m_isSkipping = false;
     if (isRepeated) {
-        m_repeats.pop_back();
+        m_repeats.end();
     } else if (!isEnd) {
         // After an e, and after a repeat, the compiler leaves the clock as it is.
         m_warp = 1;
@@ -460,62 +395,14 @@ void ScoreSections::finish()
         endSection(false);
 }
 
-void ScoreSections::readMark(QByteArrayView text, qsizetype at)
-{
-    m_isSkipping = false;
-    const QByteArray name = markName(text, at);
-    if (!m_repeats.empty() || m_marks.contains(name))
-        return; // the first one counts
-    if (m_marks.size() >= MostMarks) {
-        m_isTruncated = true;
-        return;
-    }
-    m_isRecording = true;
-    m_marks.insert(name, {m_recorded.size(), qsizetype(m_recordedLines.size())});
-}
-
-void ScoreSections::beginRepeat(QByteArrayView text, qsizetype at)
-{
-    const auto mark = m_marks.constFind(markName(text, at));
-    if (mark == m_marks.cend())
-        return;
-    if (m_repeats.size() >= MostRepeats) {
-        m_isTruncated = true;
-        return;
-    }
-    m_repeats.push_back(*mark);
-}
-
-/// Keeps a line for the repeats to come.
-void ScoreSections::record(QByteArrayView text, int line)
-{
-    if (m_recorded.size() + text.size() > MostRecorded) {
-        m_isTruncated = true;
-        return;
-    }
-    m_recorded.append(text).append('\n');
-    m_recordedLines.push_back(line);
-}
-
 void ScoreSections::repeatLine()
 {
-    Mark &repeat = m_repeats.back();
-    if (repeat.at >= m_recorded.size() || m_count > MostRepeated) {
-        // The part has no end: that of the score is its end.
-        m_isTruncated = m_isTruncated || m_count > MostRepeated;
+    if (const auto line = m_repeats.next()) {
+        readLine(line->text, line->number);
+    } else { // the part has no end: that of the score is its end
         finishStatement();
         endSection(false);
-        return;
     }
-    const qsizetype end = m_recorded.indexOf('\n', repeat.at);
-    const QByteArrayView text = QByteArrayView(m_recorded).sliced(repeat.at, end - repeat.at);
-    const int line = m_recordedLines[size_t(repeat.line)];
-    m_count += text.size() + 1;
-    repeat.at = end + 1;
-    ++repeat.line;
-    const bool wasRecording = std::exchange(m_isRecording, false);
-    readLine(text, line);
-    m_isRecording = wasRecording;
 }
 
 } // namespace ardiphon

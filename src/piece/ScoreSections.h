@@ -1,6 +1,7 @@
 #pragma once
 
 #include "piece/ScoreNoteStore.h"
+#include "piece/ScoreRepeats.h"
 #include "piece/ScoreTempo.h"
 
 #include <QByteArray>
@@ -36,12 +37,12 @@ public:
     /// Reads \a text, a line of ScoreText that begins on \a line of the source.
     void readLine(QByteArrayView text, int line);
     /// Whether a marked part is to be repeated before the next line: repeatLine() reads one of it.
-    bool isRepeating() const { return !m_repeats.empty(); }
+    bool isRepeating() const { return m_repeats.isRepeating(); }
     void repeatLine();
     /// To be called after the last line.
     void finish();
 
-    /// Whether a section just ended, whose notes are to be put in order. Tells it once.
+    /// Whether a section just ended, whose notes are to be put in order. True once for each.
     bool takeSectionEnd() { return std::exchange(m_hasSectionEnded, false); }
 
     const std::vector<Section> &sections() const { return m_sections; }
@@ -50,9 +51,7 @@ public:
     const ScoreTempo &tempo(int index) const { return m_tempos[size_t(index)]; }
     const QByteArray &name(int index) const { return m_names[index]; }
     /// Whether there are more notes, names, marks or repeats than are kept.
-    bool isTruncated() const { return m_isTruncated; }
-    /// How many characters were repeated.
-    qint64 count() const { return m_count; }
+    bool isTruncated() const { return m_isTruncated || m_repeats.isTruncated(); }
     /// How many bytes are held besides the notes.
     qsizetype bytes() const;
 
@@ -91,11 +90,6 @@ private:
         bool hasBeats = false;
         bool wasRead = false; ///< as far as anything counts
     };
-    struct Mark
-    {
-        qsizetype at = 0;   ///< in m_recorded
-        qsizetype line = 0; ///< in m_recordedLines
-    };
 
     void readStatement(QByteArrayView text, qsizetype at, int line);
     void readFields(QByteArrayView text, qsizetype at);
@@ -111,9 +105,6 @@ private:
     void finishNote(char letter);
     void countStatement(int line);
     void endSection(bool isEnd);
-    void readMark(QByteArrayView text, qsizetype at);
-    void beginRepeat(QByteArrayView text, qsizetype at);
-    void record(QByteArrayView text, int line);
     int nameIndex(QByteArrayView name);
 
     ScoreNoteStore *m_notes;
@@ -138,14 +129,7 @@ private:
     bool m_isPlayed = true;
     bool m_hasSectionEnded = false;
 
-    // What is marked, from the first mark on, and the repeats that are under way.
-    QHash<QByteArray, Mark> m_marks;
-    QByteArray m_recorded;
-    std::vector<int> m_recordedLines;
-    bool m_isRecording = false;
-    std::vector<Mark> m_repeats;
-
-    qint64 m_count = 0;
+    ScoreRepeats m_repeats;
     bool m_isTruncated = false;
 };
 

@@ -21,13 +21,13 @@ struct ScoreRange
     friend bool operator==(const ScoreRange &, const ScoreRange &) = default;
 };
 
-/// A word with a # in front: what is told to the reader of the score and is no statement.
+/// A word with a # in front, which says how the score is read and is no statement.
 struct ScoreDirective
 {
     enum class Kind : quint8 { Define, Undef, Include, Ifdef, Ifndef, Else, End };
 
     Kind kind = Kind::Define;
-    ScoreRange word; ///< the # and what is told, as "#define"
+    ScoreRange word; ///< the # and its word, as "#define"
     ScoreRange
         name; ///< of the macro; of Include the file, without its quotes. Empty with Else and End
     QVarLengthArray<ScoreRange, 4> arguments; ///< the names of a macro's arguments
@@ -37,11 +37,11 @@ struct ScoreDirective
 /// One line of a score.
 struct ScoreStatement
 {
-    /// The fields that are told of a line; what follows is left out.
+    /// The fields of a line that are kept; what follows is left out.
     static constexpr int MostFields = 2000;
 
     /// The statement's letter, '{' or '}'; '$' where the line begins with the call of a macro,
-    /// which tells what it is only when it is expanded; 0 where the line has no statement.
+    /// which shows what it is only when it is expanded; 0 where the line has no statement.
     char letter = 0;
     int letterAt = 0;
     /// What follows the letter, in order: numbers, names, signs, a string with its quotes, an
@@ -59,8 +59,8 @@ struct ScoreInstrument
     bool turnsOff = false;
 };
 
-/// Reads \a line (without its end; bytes of any kind), of which \a state tells what the lines above
-/// leave open, and tells in \a state what it leaves open itself: Code, BlockComment or Macro. A
+/// Reads \a line (without its end; bytes of any kind), of which \a state has what the lines above
+/// leave open, and puts into \a state what it leaves open itself: Code, BlockComment or Macro. A
 /// text in {{ }} or R"( )" is unknown in a score; such a state counts as Code. Takes time in
 /// proportion to the line, and no memory of its own for one of usual length.
 ///
@@ -71,7 +71,7 @@ ScoreStatement readScoreLine(QByteArrayView line, CodeState &state);
 /// Whether the language has statements of that letter ('{' and '}' among them).
 bool isScoreStatement(char letter);
 
-/// The instrument that \a field, the first of a statement i, d or q, tells by a number ("1", "1.3",
+/// The instrument that \a field, the first of a statement i, d or q, gives by a number ("1", "1.3",
 /// "-1") or a quoted name; nothing where it is carried (".") or has to be worked out (a macro, an
 /// expression).
 std::optional<ScoreInstrument> instrumentOf(QByteArrayView field);

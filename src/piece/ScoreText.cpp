@@ -9,6 +9,7 @@ namespace {
 /// Far more than any score is, and read in a few seconds.
 constexpr qint64 MostCharacters = 256'000'000;
 constexpr qsizetype MostBuilt = 1 << 20;
+constexpr qsizetype MostRun = 1024;
 constexpr size_t MostLoops = 64;
 constexpr int MostTurns = 2'000'000'000;
 
@@ -57,18 +58,16 @@ qsizetype plainLength(QByteArrayView line)
 } // namespace
 
 ScoreText::ScoreText(const LineSource &lines, ScoreIncludes includes)
-    : m_input(lines, m_macros), m_includes(std::move(includes))
+    : m_input(lines), m_preprocessor(m_input, std::move(includes))
 {
     restart();
 }
 
 void ScoreText::restart()
 {
-    m_macros.clear();
     m_input.restart();
-    m_mode = Mode::Code;
-    m_skippedDepth = 0;
-    m_defined = {};
+    m_preprocessor.restart();
+    m_isInComment = false;
     m_loops.clear();
     m_repeat.reset();
     m_built.clear();
@@ -83,21 +82,21 @@ void ScoreText::restart()
 ScoreText::Step ScoreText::next()
 {
     m_input.refresh();
-    if (m_isAtStart && m_mode == Mode::Code) {
+    if (m_isAtStart && !m_isInComment && !m_preprocessor.isBetween()) {
         m_built.clear();
         if (readWholeLine())
             return Step::Line;
     }
-    constexpr int Characters = 128;
+    constexpr int Characters = 32;
     for (int i = 0; i < Characters; ++i) {
-        if (m_input.count() > MostCharacters)
+        if (m_input.count() > MostCharacters || m_preprocessor.isFull())
             giveUp();
         if (m_isAtEnd)
             return Step::End;
         if (const Step step = readStep(); step != Step::Pending)
             return step;
-        if (m_mode != Mode::Code)
-            i += Characters / 8;
+        if (m_isInComment || m_preprocessor.isBetween())
+            i += Characters / 4;
     }
     return Step::Pending;
 }
@@ -114,7 +113,8 @@ bool ScoreText::readWholeLine()
     const char first = start < line.size() ? line[start] : '\0';
     if (first == 'r' || (m_repeat && (first == 's' || first == 'e')))
         return false;
-    const qsizetype length = first == 'c' ? 0 : plainLength(line);
+    const qsizetype length =
+        first == 'c' ? 0 : plainLength(line.first(std::min(line.size(), MostBuilt)));
     if (length < 0)
         return false;
     m_number = m_input.line();
@@ -126,19 +126,12 @@ bool ScoreText::readWholeLine()
 
 ScoreText::Step ScoreText::readStep()
 {
-    switch (m_mode) {
-    case Mode::Code:
-        return readCode();
-    case Mode::Comment:
+    if (m_isInComment)
         readComment();
-        break;
-    case Mode::Skipped:
-        readSkipped();
-        break;
-    case Mode::Definition:
-        readDefinition();
-        break;
-    }
+    else if (m_preprocessor.isBetween())
+        m_preprocessor.readLine();
+    else
+        return readCode();
     return Step::Pending;
 }
 
@@ -167,17 +160,19 @@ ScoreText::Step ScoreText::readCode()
     if (c == ';' || (c == '/' && next == '/'))
         m_input.skipLine();
     else if (c == '/' && next == '*')
-        m_input.get(), m_mode = Mode::Comment;
-    else if (c == '#')
-        readDirective();
+        m_input.get(), m_isInComment = true;
+    else if (c == '#' && m_preprocessor.readDirective())
+        return Step::Pending;
     else if (c == '$')
         expand();
     else if (c == '{')
         beginLoop();
     else if (c == '}')
         endLoop();
-    else if (c != '\\' || !readBackslash())
+    else if (c != '\\' || !readBackslash()) {
         put(c);
+        putRun();
+    }
     return Step::Pending;
 }
 
@@ -218,31 +213,26 @@ void ScoreText::put(int c)
         m_built.append(char(c));
 }
 
+/// What comes after a character that was put and needs no look at each.
+void ScoreText::putRun()
+{
+    if (m_isAtStart || m_isInString || m_built.size() >= MostBuilt)
+        return;
+    const QByteArrayView rest = m_input.rest();
+    qsizetype length = 0;
+    while (length < rest.size() && length < MostRun && !isActive[quint8(rest[length])])
+        ++length;
+    m_built.append(rest.first(length));
+    m_input.skip(length);
+}
+
 void ScoreText::readComment()
 {
     const QByteArrayView rest = m_input.rest();
     const qsizetype end = rest.indexOf("*/");
     m_input.skip(end < 0 ? rest.size() : end + 2);
     if (end >= 0 || m_input.get() == ScoreInput::End)
-        m_mode = Mode::Code;
-}
-
-/// Passes over one line of a branch that does not count.
-void ScoreText::readSkipped()
-{
-    QByteArrayView line = m_input.rest().trimmed();
-    if (line.startsWith('#')) {
-        line = line.sliced(1).trimmed();
-        if (line.startsWith("ifdef") || line.startsWith("ifndef"))
-            ++m_skippedDepth;
-        else if (line.startsWith("end") && --m_skippedDepth < 0)
-            m_mode = Mode::Code;
-        else if (line.startsWith("else") && m_skippedDepth == 0)
-            m_mode = Mode::Code;
-    }
-    m_input.skipLine();
-    if (m_mode == Mode::Skipped && m_input.get() == ScoreInput::End)
-        m_mode = Mode::Code;
+        m_isInComment = false;
 }
 
 /// Whether the \ that was read ends the line, which goes on on the next.
@@ -258,7 +248,7 @@ bool ScoreText::readBackslash()
     return true;
 }
 
-/// How many times, which a macro may tell; 1 where it is not told.
+/// How many times, which a macro may say; 1 where nothing says it.
 int ScoreText::readCount()
 {
     m_input.skipBlanks();
@@ -274,7 +264,7 @@ int ScoreText::readCount()
         } else {
             break;
         }
-        if (m_isTruncated)
+        if (isTruncated())
             break;
     }
     m_input.skipBlanks();
@@ -285,10 +275,9 @@ int ScoreText::readCount()
 void ScoreText::beginRepeat()
 {
     const int count = readCount();
-    Loop repeat{{}, readName(), count, 0};
+    Loop repeat{{}, m_preprocessor.readName().toByteArray(), count, 0};
     repeat.body = m_input.place();
-    if (!repeat.name.isEmpty() && !m_macros.define(repeat.name, {"0", {}, m_input.placeNumber()}))
-        giveUp();
+    m_preprocessor.beginCount(repeat.name);
     m_repeat = repeat;
 }
 
@@ -307,16 +296,15 @@ ScoreText::Step ScoreText::endRepeat()
 void ScoreText::beginLoop()
 {
     const int count = readCount();
-    Loop loop{{}, readName(), count, 0};
+    Loop loop{{}, m_preprocessor.readName().toByteArray(), count, 0};
     m_input.skipLine();
     m_input.get();
     loop.body = m_input.place();
-    const bool isNamed = !loop.name.isEmpty();
-    if (m_loops.size() >= MostLoops ||
-        (isNamed && !m_macros.define(loop.name, {"0", {}, m_input.placeNumber()}))) {
+    if (m_loops.size() >= MostLoops) {
         giveUp();
         return;
     }
+    m_preprocessor.beginCount(loop.name);
     m_loops.push_back(loop);
 }
 
@@ -331,8 +319,15 @@ bool ScoreText::turn(Loop &loop)
 {
     if (++loop.turn >= loop.count || !m_input.goBackTo(loop.body))
         return false;
-    m_macros.setText(loop.name, QByteArray::number(loop.turn));
+    m_preprocessor.setCount(loop.name, loop.turn);
     return true;
+}
+
+/// $, after it.
+void ScoreText::expand()
+{
+    if (!m_preprocessor.expand())
+        put('$'); // what is no field: the rest of the line does not count
 }
 
 void ScoreText::giveUp()

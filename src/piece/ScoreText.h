@@ -1,16 +1,11 @@
 #pragma once
 
-#include "piece/ScoreInput.h"
+#include "piece/ScorePreprocessor.h"
 
-#include <functional>
 #include <optional>
 #include <vector>
 
 namespace ardiphon {
-
-/// The text of the file that an #include names, with lines that end in LF, or nothing where there
-/// is none.
-using ScoreIncludes = std::function<std::optional<QByteArray>(QByteArrayView name)>;
 
 /// The text of a score after its first pass: macros and files are put in, loops and repeated
 /// sections written out, comments and the ends of continued lines gone. Given line by line.
@@ -39,7 +34,7 @@ public:
     qint64 count() const { return m_input.count(); }
     /// Whether text was left out: a macro calls itself, a file includes itself, too many are
     /// defined, or far too much would come of it.
-    bool isTruncated() const { return m_isTruncated; }
+    bool isTruncated() const { return m_isTruncated || m_preprocessor.isTruncated(); }
 
 private:
     struct Loop
@@ -49,17 +44,15 @@ private:
         int count = 1;
         int turn = 0;
     };
-    enum class Mode { Code, Comment, Skipped, Definition };
 
     bool readWholeLine();
     Step readStep();
     Step readCode();
     Step readInString(int c);
+    void putRun();
     Step finishLine();
     void put(int c);
     void readComment();
-    void readSkipped();
-    void readDefinition();
     bool readBackslash();
     void beginRepeat();
     Step endRepeat();
@@ -67,24 +60,12 @@ private:
     void endLoop();
     bool turn(Loop &loop);
     int readCount();
-    void readDirective();
-    void readDefine();
-    bool goToDefinition();
-    void readInclude();
     void expand();
-    QByteArrayList readArguments(qsizetype count);
-    QByteArray readArgumentName();
-    QByteArray readName();
     void giveUp();
 
-    ScoreMacros m_macros;
     ScoreInput m_input;
-    const ScoreIncludes m_includes;
-
-    Mode m_mode = Mode::Code;
-    int m_skippedDepth = 0; ///< of #ifdef within the branch that is passed over
-    QByteArray m_definedName;
-    ScoreMacro m_defined;
+    ScorePreprocessor m_preprocessor;
+    bool m_isInComment = false;
     std::vector<Loop> m_loops;
     std::optional<Loop> m_repeat;
 

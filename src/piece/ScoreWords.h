@@ -13,7 +13,7 @@ struct OpenMacro
     QByteArrayList arguments;
 };
 
-/// Adds the words of a line of a score to \a words; \a state and \a macro tell what the lines above
+/// Adds the words of a line of a score to \a words; \a state and \a macro have what the lines above
 /// leave open, and then what this one does.
 void readScoreWords(QByteArrayView line, CodeState &state, OpenMacro &macro, PieceWords &words);
 
