@@ -1,7 +1,5 @@
 #include "piece/PieceNames.h"
 
-#include "piece/ScoreStatement.h"
-
 #include <QSet>
 
 #include <algorithm>
@@ -92,64 +90,6 @@ private:
     QSet<Key> m_knownHere; ///< in the present body
 };
 
-QByteArray playedIn(QByteArrayView line, CodeState &state)
-{
-    const ScoreStatement statement = readScoreLine(line, state);
-    if (!QByteArrayView("idq").contains(statement.letter) || statement.letter == 0 ||
-        statement.fields.isEmpty())
-        return QByteArray();
-    const std::optional<ScoreInstrument> played = instrumentOf(statement.fields[0].in(line));
-    if (!played)
-        return QByteArray();
-    return played->name.isEmpty() ? QByteArray::number(played->number) : played->name.toByteArray();
-}
-
-/// The first line of \a text from \a first to \a last that plays one of \a names; 0 for none.
-int noteBetween(const PieceText &text, const QList<QByteArray> &names, int first, int last)
-{
-    PieceState state = text.stateAt(first);
-    if (state.section != PieceSection::Score)
-        return 0;
-    for (int line = first; line <= last; ++line) {
-        if (names.contains(playedIn(text.line(line), state.code)))
-            return line;
-    }
-    return 0;
-}
-
-int noteBehind(const PieceText &text, const QList<QByteArray> &names, int from)
-{
-    int nearest = 0;
-    if (from > text.lineCount())
-        return nearest;
-    for (const QByteArray &name : names) {
-        text.visitPlayed(name, from, false, [&](int first, int last) {
-            if (nearest != 0 && first >= nearest)
-                return false;
-            const int found = noteBetween(text, {name}, first, last);
-            if (found != 0 && (nearest == 0 || found < nearest))
-                nearest = found;
-            return found == 0;
-        });
-    }
-    return nearest;
-}
-
-/// The first line of \a text that belongs to the score; behind the last for none.
-int scoreBegin(const PieceText &text)
-{
-    if (text.role() == DocumentRole::Score)
-        return 1;
-    int line = text.lineCount() + 1;
-    text.visit(1, text.lineCount(), [&](PlacedLandmark found) {
-        const bool isScore = found.mark->kind == LandmarkKind::SectionBegin &&
-                             PieceSection(found.mark->detail) == PieceSection::Score;
-        line = isScore ? found.line + 1 : line;
-        return !isScore;
-    });
-    return line;
-}
-
 } // namespace
 
 QList<PieceName> namesOf(const Piece &piece, int most) { return NameReader(piece, most).read(); }
@@ -202,30 +142,6 @@ std::optional<PiecePlace> instrumentNamed(const Piece &piece, QByteArrayView nam
         return !place;
     });
     return place;
-}
-
-QByteArray instrumentPlayed(const Piece &, const PieceText &text, int line)
-{
-    PieceState state = text.stateAt(line);
-    return state.section == PieceSection::Score ? playedIn(text.line(line), state.code)
-                                                : QByteArray();
-}
-
-std::optional<PiecePlace> nextNote(const Piece &piece, const QStringList &names, int line)
-{
-    const PieceText *const text = piece.score();
-    if (text == nullptr)
-        return std::nullopt;
-    QList<QByteArray> wanted;
-    for (const QString &name : names)
-        wanted.append(name.toUtf8());
-    const int first = scoreBegin(*text);
-    int found = noteBehind(*text, wanted, std::max(first, line + 1));
-    if (found == 0)
-        found = noteBehind(*text, wanted, first);
-    if (found == 0)
-        return std::nullopt;
-    return PiecePlace{text->role(), found, 0, 0};
 }
 
 } // namespace ardiphon

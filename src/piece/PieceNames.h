@@ -29,10 +29,5 @@ QString kindText(LandmarkKind kind);
 
 /// Where the instrument is defined that has \a name, or that number.
 std::optional<PiecePlace> instrumentNamed(const Piece &piece, QByteArrayView name);
-/// The name or the number of the instrument that \a line of the score plays; "" for none.
-QByteArray instrumentPlayed(const Piece &piece, const PieceText &text, int line);
-/// The next line of the score behind \a line that plays one of the instruments \a names; where
-/// there is none, the first of the score.
-std::optional<PiecePlace> nextNote(const Piece &piece, const QStringList &names, int line);
 
 } // namespace ardiphon

@@ -183,7 +183,7 @@ void PieceText::read(Position position)
     Block &block = m_blocks[position.block];
     block.entry = position.block == 0 ? initialState() : m_blocks[position.block - 1].exit;
     block.isStale = false;
-    block.plays = 0;
+    block.players = {};
     countOpcodes(block, -1);
     m_found.clear();
     LandmarkList marks(m_names, m_found);
@@ -194,7 +194,7 @@ void PieceText::read(Position position)
         const QByteArrayView text = m_lines.line(position.firstLine + line);
         marks.beginLine(line, text.first(std::min(text.size(), LongestLine)));
         bytes += marks.text().size();
-        state = readBlockLine(marks, state, block.plays);
+        state = readBlockLine(marks, state, block.players);
     }
     block.exit = state;
     block.kinds = 0;
@@ -209,13 +209,15 @@ void PieceText::read(Position position)
         splitBehind(position.block, line);
 }
 
-PieceState PieceText::readBlockLine(LandmarkList &marks, PieceState state, quint64 &plays) const
+PieceState PieceText::readBlockLine(LandmarkList &marks, PieceState state,
+                                    ScorePlayers &players) const
 {
     if (m_role == DocumentRole::Csd) {
         if (const std::optional<PieceTag> tag = pieceTag(marks.text())) {
             marks.add(tag->ends ? LandmarkKind::SectionEnd : LandmarkKind::SectionBegin, tag->start,
                       tag->length, int(tag->section));
             marks.beginBody();
+            players.end();
             state = PieceState();
             state.section = tag->section;
             return state;
@@ -224,7 +226,7 @@ PieceState PieceText::readBlockLine(LandmarkList &marks, PieceState state, quint
     if (state.section == PieceSection::Orchestra)
         readOrchestraLine(marks, state, m_isOpcode);
     else if (state.section == PieceSection::Score)
-        readScoreLandmarks(marks, state, plays);
+        readScoreLandmarks(marks, state, players);
     else if (isPlain(state.section))
         state.code = behindPlainLine(marks.text(), state.code);
     return state;
@@ -293,33 +295,72 @@ PieceState PieceText::stateAt(int line) const
         state = initialState();
     std::vector<Landmark> found;
     LandmarkList marks(m_names, found);
-    quint64 plays = 0;
+    ScorePlayers players;
     for (int above = position.firstLine; above < line; ++above) {
         const QByteArrayView text = m_lines.line(above);
         marks.beginLine(above - position.firstLine, text.first(std::min(text.size(), LongestLine)));
-        state = readBlockLine(marks, state, plays);
+        state = readBlockLine(marks, state, players);
     }
     return state;
 }
 
-void PieceText::visitPlayed(QByteArrayView name, int from, bool back,
+void PieceText::visitPlayed(QByteArrayView name, int from,
                             const std::function<bool(int first, int last)> &visit) const
 {
-    const quint64 bit = instrumentBit(name);
+    const quint64 bit = ScorePlayers::bitOf(name);
     Position at = positionOf(from);
-    while (at.block < m_blocks.size()) {
+    quint64 carried = carriedInto(at);
+    for (; at.block < m_blocks.size(); at.firstLine += m_blocks[at.block++].lines) {
         const Block &block = m_blocks[at.block];
-        const int last = at.firstLine + block.lines - 1;
-        if ((block.plays & bit) != 0 && !visit(back ? at.firstLine : std::max(from, at.firstLine),
-                                               back ? std::min(from, last) : last))
+        const quint64 played = block.players.named | (block.players.carryFirst ? carried : 0);
+        if ((played & bit) != 0 &&
+            !visit(std::max(from, at.firstLine), at.firstLine + block.lines - 1))
             return;
-        if (back && at.block == 0)
-            return;
-        if (back)
-            at.firstLine -= m_blocks[--at.block].lines;
-        else
-            at.firstLine += m_blocks[at.block++].lines;
+        if (!block.players.isLastAbove)
+            carried = block.players.last;
     }
+}
+
+/// What carried lines at the begin of a block play, as bits.
+quint64 PieceText::carriedInto(Position position) const
+{
+    size_t block = position.block;
+    while (block > 0 && m_blocks[block - 1].players.isLastAbove)
+        --block;
+    return block > 0 ? m_blocks[block - 1].players.last : 0;
+}
+
+int PieceText::lineCarriedAt(int line) const
+{
+    Position at = positionOf(std::clamp(line, 1, std::max(1, m_lineCount)));
+    for (int end = line;; end = at.firstLine + m_blocks[at.block].lines) {
+        if (const int found = lastOwnPlay(at, end); found >= 0)
+            return found;
+        do {
+            if (at.block == 0)
+                return 0;
+            at.firstLine -= m_blocks[--at.block].lines;
+        } while (m_blocks[at.block].players.isLastAbove);
+    }
+}
+
+/// The last line of a block before line \a end that leaves an instrument of its own to be carried;
+/// 0 where nothing can be carried there, -1 where it is left to the lines above.
+int PieceText::lastOwnPlay(Position position, int end) const
+{
+    PieceState state = stateAt(position.firstLine);
+    std::vector<Landmark> found;
+    LandmarkList marks(m_names, found);
+    int last = -1;
+    for (int line = position.firstLine; line < end; ++line) {
+        const QByteArrayView text = m_lines.line(line);
+        marks.beginLine(line - position.firstLine, text.first(std::min(text.size(), LongestLine)));
+        ScorePlayers players;
+        state = readBlockLine(marks, state, players);
+        if (!players.isLastAbove)
+            last = players.last != 0 ? line : 0;
+    }
+    return last;
 }
 
 qsizetype PieceText::memory() const

@@ -7,6 +7,7 @@
 #include "piece/NameCounts.h"
 #include "piece/OrchestraLine.h"
 #include "piece/PieceState.h"
+#include "piece/ScorePlayers.h"
 
 #include <QDeadlineTimer>
 
@@ -78,10 +79,13 @@ public:
     PieceState stateAt(int line) const;
     /// Whether an opcode of that name is defined, in any line.
     bool definesOpcode(QByteArrayView name) const { return m_opcodes.contains(name); }
-    /// Lines that may play the instrument \a name: calls \a visit with the first and the last line
-    /// of ranges from line \a from on, or back from it, until it returns false.
-    void visitPlayed(QByteArrayView name, int from, bool back,
+    /// Lines that may play the instrument \a name, whether they name or carry it: calls \a visit
+    /// with the first and the last line of ranges from line \a from on, until it returns false.
+    void visitPlayed(QByteArrayView name, int from,
                      const std::function<bool(int first, int last)> &visit) const;
+    /// The line above whose instrument a line plays that carries it, when it stands at \a line; 0
+    /// where there is none.
+    int lineCarriedAt(int line) const;
 
     /// What it takes, in bytes.
     qsizetype memory() const;
@@ -94,7 +98,7 @@ private:
         LandmarkKinds kinds = 0; ///< of its marks
         PieceState entry;
         PieceState exit;
-        quint64 plays = 0; ///< a bit for each instrument that its lines may play
+        ScorePlayers players;
         std::vector<Landmark> marks;
     };
     struct Position
@@ -105,8 +109,10 @@ private:
 
     Position positionOf(int line) const;
     void read(Position position);
+    int lastOwnPlay(Position position, int end) const;
+    quint64 carriedInto(Position position) const;
     void splitBehind(size_t block, int lines);
-    PieceState readBlockLine(LandmarkList &marks, PieceState state, quint64 &plays) const;
+    PieceState readBlockLine(LandmarkList &marks, PieceState state, ScorePlayers &players) const;
     void makeStale(size_t block);
     void countOpcodes(const Block &block, int times);
     void removeLines(Position position, int line, int count);

@@ -67,23 +67,9 @@ void addFile(LandmarkList &marks, const ScoreStatement &statement)
     }
 }
 
-void addStatement(LandmarkList &marks, const ScoreStatement &statement, quint64 &plays)
+void addStatement(LandmarkList &marks, const ScoreStatement &statement)
 {
     switch (statement.letter) {
-    case 'i':
-    case 'd':
-    case 'q':
-        if (statement.fields.isEmpty())
-            break;
-        if (const auto played = instrumentOf(statement.fields[0].in(marks.text())))
-            plays |= instrumentBit(played->name.isEmpty() ? QByteArray::number(played->number)
-                                                          : played->name);
-        else
-            plays = ~quint64(0); // carried, or worked out: it may be any
-        break;
-    case '$':
-        plays = ~quint64(0);
-        break;
     case 'f':
         if (!statement.fields.isEmpty())
             marks.add(LandmarkKind::Table, statement.fields[0].start, statement.fields[0].length);
@@ -104,9 +90,7 @@ void addStatement(LandmarkList &marks, const ScoreStatement &statement, quint64 
 
 } // namespace
 
-quint64 instrumentBit(QByteArrayView name) { return quint64(1) << (qHash(name) % 64); }
-
-void readScoreLandmarks(LandmarkList &marks, PieceState &state, quint64 &plays)
+void readScoreLandmarks(LandmarkList &marks, PieceState &state, ScorePlayers &players)
 {
     const CodeState before = state.code;
     const ScoreStatement statement = readScoreLine(marks.text(), state.code);
@@ -115,7 +99,8 @@ void readScoreLandmarks(LandmarkList &marks, PieceState &state, quint64 &plays)
         addTitle(marks);
     for (const ScoreDirective &directive : statement.directives)
         addDirective(marks, directive);
-    addStatement(marks, statement, plays);
+    addStatement(marks, statement);
+    players.add(statement, marks.text());
 }
 
 } // namespace ardiphon

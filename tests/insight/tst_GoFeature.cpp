@@ -22,6 +22,7 @@ private slots:
     void list_noMatch_enterDoesNothing();
     void list_escape_leavesTheCaret();
     void note_goesToItsInstrumentAndBack();
+    void carriedNote_goesToItsInstrumentAndBack();
     void note_withoutInstrument_saysSo();
     void instrument_withoutNote_saysSo();
 
@@ -158,6 +159,21 @@ void tst_GoFeature::note_goesToItsInstrumentAndBack()
     caret(first(), 1, 0);
     goBetween();
     QCOMPARE(first()->CaretLine(), 1);
+}
+
+void tst_GoFeature::carriedNote_goesToItsInstrumentAndBack()
+{
+    show("<CsInstruments>\ninstr 1\nendin\ninstr Bell\nendin\n</CsInstruments>\n<CsScore>\n"
+         "i \"Bell\" 0 1\ni . + .\ni\ni 1 0 1\n</CsScore>\n");
+    caret(first(), 9, 3);
+    goBetween();
+    QCOMPARE(first()->CaretLine(), 4);
+    goBetween();
+    QCOMPARE(first()->CaretLine(), 10);
+    goBetween();
+    QCOMPARE(first()->CaretLine(), 4);
+    goBetween();
+    QCOMPARE(first()->CaretLine(), 8);
 }
 
 void tst_GoFeature::note_withoutInstrument_saysSo()

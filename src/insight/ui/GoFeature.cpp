@@ -5,6 +5,7 @@
 #include "language/editor/LEditOCX.h"
 #include "piece/PieceBodies.h"
 #include "piece/PieceNames.h"
+#include "piece/PieceNotes.h"
 #include "platform/Dialogs.h"
 #include "workbench/ui/CommandSet.h"
 #include "workbench/ui/FeatureHost.h"
@@ -50,7 +51,7 @@ void GoFeature::goToInstrumentOrNote()
     const PieceText &text = *piece.text(view->role);
     const int line = focused->CaretLine();
     if (text.stateAt(line).section == PieceSection::Score)
-        goToInstrument(instrumentPlayed(piece, text, line), line);
+        goToInstrument(instrumentPlayed(text, line), line);
     else if (const auto body = bodyAt(piece, text, line))
         goToNote(body->names);
 }
