@@ -76,6 +76,7 @@ def check_files(package, folder):
         "lib/ardiphon/opcode.txt",
         "lib/ardiphon/csd.txt",
         "lib/ardiphon/score.txt",
+        "lib/ardiphon/snippets.txt",
         "share/applications/ardiphon.desktop",
         "share/doc/ardiphon/copyright",
         "share/doc/ardiphon/examples/first.csd",
