@@ -1,0 +1,12 @@
+#pragma once
+
+#include "typing/CompletionList.h"
+
+namespace ardiphon {
+
+/// All suggestions for \a place that have its letters, in no order. \a isAsked and \a behind as for
+/// CompletionList.
+QList<Completion> candidatesAt(const CompletionSources &sources, const CompletionPlace &place,
+                               bool isAsked, const QString &behind);
+
+} // namespace ardiphon

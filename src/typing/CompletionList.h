@@ -1,0 +1,62 @@
+#pragma once
+
+#include "typing/Completion.h"
+#include "typing/CompletionPlace.h"
+#include "typing/OpcodeSignatures.h"
+
+#include <QList>
+#include <QStringList>
+
+#include <functional>
+
+namespace ardiphon {
+
+class WordTables;
+
+/// What suggestions are taken from. All of it outlives them.
+struct CompletionSources
+{
+    const Piece &piece;
+    const WordTables &words;
+    OpcodeSignatures &opcodes;
+    /// The files that can be named in a text that wants a file; asked only there.
+    std::function<QStringList()> files;
+};
+
+/// The suggestions at a place: read once, then narrowed as the word is typed on.
+class CompletionList
+{
+public:
+    /// What can stand at \a place and has its letters. With \a isAsked, where the user asked for
+    /// it, what is open is closed too; \a behind is the line behind the caret.
+    CompletionList(const CompletionSources &sources, CompletionPlace place, bool isAsked,
+                   const QString &behind);
+
+    const CompletionPlace &place() const { return m_place; }
+    /// Of the word as it is typed now; it has all letters that it had at first.
+    void narrow(const QString &typed);
+    const QString &typed() const { return m_typed; }
+
+    int size() const { return int(m_shown.size()); }
+    bool isEmpty() const { return m_shown.isEmpty(); }
+    /// In the order in which they are shown.
+    const Completion &at(int row) const { return m_all[m_shown[row]]; }
+    /// Whether a row would change nothing: its word is there.
+    bool isTyped(int row) const { return !at(row).isAppended && at(row).taken() == m_typed; }
+
+private:
+    CompletionPlace m_place;
+    QString m_typed;
+    QList<Completion> m_all;
+    QList<int> m_shown;
+};
+
+/// The form and the sentence of a suggestion.
+struct CompletionText
+{
+    QString form;
+    QString sentence;
+};
+CompletionText textOf(const Completion &of, OpcodeSignatures &opcodes);
+
+} // namespace ardiphon

@@ -1,0 +1,95 @@
+#include "typing/KnownWords.h"
+
+namespace ardiphon {
+
+namespace {
+
+constexpr KnownWord Routines[] = {
+    {"GEN01", "1, file, skiptime, format, channel", "Loads a sound file into the table."},
+    {"GEN02", "2, v1, v2, v3, ...", "Takes each point of the table from the statement itself."},
+    {"GEN03", "3, xval1, xval2, c0, c1, ...", "Draws a polynomial over a range of x."},
+    {"GEN04", "4, source, mode",
+     "Works out the values that level another table, for waveshaping with an even loudness."},
+    {"GEN05", "5, a, n1, b, n2, c, ...", "Joins points by exponential curves."},
+    {"GEN06", "6, a, n1, b, n2, c, ...", "Joins points by cubic curves, alternately bent."},
+    {"GEN07", "7, a, n1, b, n2, c, ...", "Joins points by straight lines."},
+    {"GEN08", "8, a, n1, b, n2, c, ...", "Joins points by a smooth spline."},
+    {"GEN09", "9, pn1, str1, phs1, pn2, ...",
+     "Adds sines of any ratio, each with its strength and phase."},
+    {"GEN10", "10, str1, str2, str3, ...", "Adds harmonics, each with its strength."},
+    {"GEN11", "11, nh, lh, r", "Adds cosine harmonics whose strengths follow a ratio."},
+    {"GEN12", "12, xint",
+     "Draws the logarithm of a Bessel function, for asymmetric frequency modulation."},
+    {"GEN13", "13, xint, xamp, h0, h1, ...",
+     "Makes a waveshaper that gives the wanted harmonics, by polynomials of the first kind."},
+    {"GEN14", "14, xint, xamp, h0, h1, ...",
+     "Makes a waveshaper that gives the wanted harmonics, by polynomials of the second kind."},
+    {"GEN15", "15, xint, xamp, h0, phs0, h1, phs1, ...",
+     "Makes two waveshapers for harmonics with their phases."},
+    {"GEN16", "16, val1, dur1, type1, val2, ...",
+     "Joins points by curves whose bend is chosen for each."},
+    {"GEN17", "17, x1, a, x2, b, ...", "Holds values in steps between the given places."},
+    {"GEN18", "18, fna, amp, start, finish, ...", "Mixes parts of other tables into this one."},
+    {"GEN19", "19, pn1, str1, phs1, dco1, ...",
+     "Adds sines of any ratio, each with strength, phase and offset."},
+    {"GEN20", "20, window, max, opt", "Draws a window, as those of Hann, Hamming or Gauss."},
+    {"GEN21", "21, type, level, arg1, arg2", "Fills the table with random numbers of a kind."},
+    {"GEN23", "23, \"file\"", "Reads numbers from a text file."},
+    {"GEN24", "24, source, min, max", "Scales another table into a range."},
+    {"GEN25", "25, x1, y1, x2, y2, ...", "Joins points, given by their places, exponentially."},
+    {"GEN27", "27, x1, y1, x2, y2, ...", "Joins points, given by their places, by lines."},
+    {"GEN28", "28, \"file\"", "Reads a path of points in time from a text file."},
+    {"GEN30", "30, source, minh, maxh", "Keeps a range of harmonics of another table."},
+    {"GEN31", "31, source, pn1, str1, phs1, ...",
+     "Adds copies of another table as if they were partials."},
+    {"GEN32", "32, source, pn1, str1, phs1, ...",
+     "Mixes other tables, read at any ratio by interpolation."},
+    {"GEN33", "33, source, nh, scale, fmode", "Adds partials that another table lists, fast."},
+    {"GEN34", "34, source, nh, scale, fmode", "Adds partials that another table lists, exactly."},
+    {"GEN40", "40, source", "Turns a histogram into a table to draw random numbers by."},
+    {"GEN41", "41, v1, p1, v2, p2, ...", "Lists numbers, each as often as its share says."},
+    {"GEN42", "42, min1, max1, p1, ...", "Lists ranges of numbers, each as often as its share."},
+    {"GEN43", "43, \"file\", channel", "Averages the frames of an analysis file."},
+    {"GEN49", "49, file, skiptime, format", "Loads an MP3 file into the table."},
+    {"GEN51", "51, numgrades, interval, basefreq, basekey, r1, ...",
+     "Fills a tuning: the frequency of each key of a scale."},
+    {"GEN52", "52, nchannels, fn1, offset1, channel1, ...",
+     "Weaves the channels of other tables into one."},
+    {"exp", "\"exp\", start, end, rescale", "Draws the exponential function over a range."},
+    {"farey", "\"farey\", order, mode", "Lists fractions of a Farey sequence."},
+    {"padsynth", "\"padsynth\", basefreq, width, scale, shape, ...",
+     "Makes a rich, beating wave out of harmonics that are spread in frequency."},
+    {"quadbezier", "\"quadbezier\", y1, x2, y2, ...", "Joins points by quadratic curves."},
+    {"sone", "\"sone\", start, end, equal, rescale", "Draws x to the power of a loudness law."},
+    {"tanh", "\"tanh\", start, end, rescale", "Draws the hyperbolic tangent over a range."},
+    {"wave", "\"wave\", source, scales, scale", "Makes a wavelet out of a filter."},
+};
+
+constexpr KnownWord Statements[] = {
+    {"a", "a 0 p2 p3", "Lets the score run on without sound for a while."},
+    {"b", "b p1", "Sets the clock from which the following notes count their beginning."},
+    {"B", "B p1", "Moves that clock on by so much."},
+    {"C", "C p1", "Switches the carrying of fields from the note above off and on."},
+    {"d", "d p1", "Turns an endless note off."},
+    {"e", "e [p1]", "Ends the score, at a time if one is given."},
+    {"f", "f p1 time size GEN ...", "Makes a function table."},
+    {"i", "i p1 start duration p4 ...", "Plays a note of an instrument."},
+    {"m", "m name", "Names a section, so that n can repeat it."},
+    {"n", "n name", "Repeats a section that has a name."},
+    {"q", "q p1 time switch", "Mutes an instrument from a time on."},
+    {"r", "r count [MACRO]", "Begins a section that is repeated."},
+    {"s", "s [time]", "Ends a section."},
+    {"t", "t 0 tempo time tempo ...", "Sets the tempo, and how it changes."},
+    {"v", "v factor", "Stretches the notes that follow in time."},
+    {"x", "x", "Skips the rest of the section."},
+    {"y", "y [seed]", "Seeds the random numbers."},
+    {"{", "{ count NAME", "Begins a loop that is repeated, with a macro that counts."},
+    {"}", "}", "Ends a loop."},
+};
+
+} // namespace
+
+std::span<const KnownWord> genRoutines() { return Routines; }
+std::span<const KnownWord> scoreStatements() { return Statements; }
+
+} // namespace ardiphon
