@@ -61,6 +61,7 @@ struct ConfigurationBlock
     bool ArgumentHints = true;         ///< the arguments of the opcode at the caret are shown
     bool PointerHelp = true;           ///< what the pointer rests on is explained
     bool MarkOccurrences = true;       ///< the name at the caret is marked wherever it is
+    bool CheckWhileTyping = true;      ///< the compiler checks the piece when one pauses typing
     bool IndentByBlocks = false;       ///< a new line is indented by the block that it is in
 
     // The names of the open documents, mirrored here for the parts that read them: a path,

@@ -19,6 +19,7 @@ inline constexpr StudioSwitch StudioSwitches[] = {
     {"ArgumentHints", &ConfigurationBlock::ArgumentHints, true},
     {"PointerHelp", &ConfigurationBlock::PointerHelp, true},
     {"MarkOccurrences", &ConfigurationBlock::MarkOccurrences, true},
+    {"CheckWhileTyping", &ConfigurationBlock::CheckWhileTyping, true},
     {"IndentByBlocks", &ConfigurationBlock::IndentByBlocks, false},
 };
 

@@ -100,6 +100,16 @@ CheckInput checkInputOf(const Piece &piece)
     return input;
 }
 
+CheckInput compiledLines(const Piece &piece, const QString &orchestra, const QString &score)
+{
+    CheckInput input = checkInputOf(piece);
+    input.orchestra.fileName = orchestra;
+    input.score.fileName = input.isUnified ? orchestra : score;
+    for (CheckedLines *each : {&input.orchestra, &input.score})
+        each->firstNumber = each->lines.first;
+    return input;
+}
+
 QStringList checkedOptions(const QString &text)
 {
     QStringList kept;

@@ -13,8 +13,8 @@ namespace ardiphon {
 /// device reaches it.
 struct CheckInput
 {
-    CheckedLines orchestra{QStringLiteral("piece.orc"), {}};
-    CheckedLines score{QStringLiteral("piece.sco"), {}};
+    CheckedLines orchestra{QStringLiteral("piece.orc"), {}, 1};
+    CheckedLines score{QStringLiteral("piece.sco"), {}, 1};
     QByteArray orchestraText;
     QByteArray scoreText; ///< without notes where the score is not for the compiler
     QStringList options;
@@ -27,6 +27,10 @@ inline constexpr int LongestCheckedScore = 5000;
 /// What is to be checked of \a piece, all of which has been read. A text without an orchestra gives
 /// empty lines. A score that another program makes is left out, as that would be run.
 CheckInput checkInputOf(const Piece &piece);
+
+/// The same lines as a compile of the documents has them, which are named \a orchestra and
+/// \a score, or of a unified file \a orchestra.
+CheckInput compiledLines(const Piece &piece, const QString &orchestra, const QString &score);
 
 /// Those of the options that a unified file gives by \a text that change what its orchestra and its
 /// score mean: macros, environment and header values; none that opens or writes anything.

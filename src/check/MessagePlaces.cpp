@@ -25,7 +25,7 @@ int MessagePlaces::expectedLine(const CompilerMessage &message) const
     const LineRun lines = m_orchestra.lines;
     if (message.kind == MessageKind::Other && message.line == 0)
         return std::max(lines.first, lines.last); // what comes once too often
-    return std::clamp(lines.first + message.line - 1, lines.first,
+    return std::clamp(lines.first + message.line - m_orchestra.firstNumber, lines.first,
                       std::max(lines.first, lines.last));
 }
 

@@ -9,11 +9,12 @@
 
 namespace ardiphon {
 
-/// Lines of a piece that the compiler was given as a file of its own.
+/// Lines of a piece as the compiler was given them.
 struct CheckedLines
 {
-    QString fileName; ///< without its folder
-    LineRun lines;    ///< of the text, the first of them being line 1 of the file
+    QString fileName;    ///< of the file that has them, without its folder
+    LineRun lines;       ///< of the text
+    int firstNumber = 1; ///< the number of the first of them in the file
 };
 
 /// Finds the places of the text that messages of the compiler mean. The lines that it names are

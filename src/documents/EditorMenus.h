@@ -42,6 +42,11 @@ inline constexpr const char *StudioMenu[] = {
     "menuStudioUnfoldAll",
     nullptr,
     "menuStudioRename",
+    nullptr,
+    "menuStudioCheck",
+    "menuStudioProblems",
+    "menuStudioNextProblem",
+    "menuStudioPreviousProblem",
 };
 
 inline constexpr const char *WindowMenu[] = {

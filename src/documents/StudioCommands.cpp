@@ -12,6 +12,10 @@ constexpr Command commands[] = {
     {"menuStudioFoldAll", "Fold &All"},
     {"menuStudioUnfoldAll", "&Unfold All"},
     {"menuStudioRename", "Re&name ..."},
+    {"menuStudioCheck", "&Check While Typing", true},
+    {"menuStudioProblems", "&Problems", true},
+    {"menuStudioNextProblem", "Ne&xt Problem"},
+    {"menuStudioPreviousProblem", "Pre&vious Problem"},
 };
 
 constexpr Shortcut shortcuts[] = {
@@ -20,6 +24,9 @@ constexpr Shortcut shortcuts[] = {
     {"menuStudioInstrument", "Ctrl+Shift+I"},
     {"menuStudioFold", "Ctrl+Shift+K"},
     {"menuStudioRename", "Ctrl+Shift+R"},
+    {"menuStudioProblems", "Ctrl+Shift+M"},
+    {"menuStudioNextProblem", "Ctrl+."},
+    {"menuStudioPreviousProblem", "Ctrl+,"},
 };
 
 } // namespace

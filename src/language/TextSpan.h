@@ -14,6 +14,6 @@ struct TextSpan
 };
 
 /// What a part of the text is marked as, beside its colours.
-enum class MarkKind { Occurrence, Bracket };
+enum class MarkKind { Occurrence, Bracket, Error, Warning, Hint };
 
 } // namespace ardiphon

@@ -280,7 +280,11 @@ void tst_QuietMarks::wanted_onceForEachChange()
     m_editor->resize(500, 10 * m_editor->LineHeight());
     QCOMPARE(count(), 1);
     m_editor->Redraw();
+    QCOMPARE(count(), 1);
+    m_editor->update();
     QCOMPARE(count(), 0);
+    m_editor->focusProxy()->clearFocus();
+    QCOMPARE(count(), 1);
 }
 
 void tst_QuietMarks::wanted_tellsTheLinesInView()

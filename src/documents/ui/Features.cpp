@@ -2,6 +2,7 @@
 
 #include "analysis/ui/AnalysisFeature.h"
 #include "audio/ui/SoundFeature.h"
+#include "check/ui/CheckFeature.h"
 #include "compile/ui/CompileFeature.h"
 #include "documents/ui/HalvesFeature.h"
 #include "documents/ui/HeadersFeature.h"
@@ -34,6 +35,7 @@ constexpr NewFeature Features[] = {
     newFeature<PrintFeature>,    newFeature<HalvesFeature>,      newFeature<HelpFeature>,
     newFeature<OutlineFeature>,  newFeature<GoFeature>,          newFeature<FoldFeature>,
     newFeature<RenameFeature>,   newFeature<MarksFeature>,       newFeature<MeaningFeature>,
+    newFeature<CheckFeature>,
 };
 
 } // namespace

@@ -381,4 +381,10 @@ void LEditOCX::SetMarks(MarkKind kind, const QList<TextSpan> &spans)
     d->marks.set(kind, spans, d->recorder.revision());
 }
 
+void LEditOCX::AskForMarks()
+{
+    d->marks.askAgain();
+    d->view.viewport()->update();
+}
+
 } // namespace ardiphon

@@ -251,10 +251,13 @@ public:
     // Quiet marks. -------------------------------------------------------------------------------
 
     /// Marks these parts of the text as \a kind, and nothing else as that: a box behind the
-    /// letters, which leaves their colours and those of the selection as they are. The marks move
-    /// with the edits. Parts that do not exist are left out, as are those in lines of more than 16
-    /// KiB; a part ends with its line. Meant for what is in view: see marksWanted().
+    /// letters, or a wavy line under them for what is wrong, which leaves their colours and those
+    /// of the selection as they are. The marks move with the edits. Parts that do not exist are
+    /// left out, as are those in lines of more than 16 KiB; a part ends with its line. Meant for
+    /// what is in view: see marksWanted().
     void SetMarks(MarkKind kind, const QList<TextSpan> &spans);
+    /// Has marksWanted() emitted soon though nothing has changed that it follows.
+    void AskForMarks();
 
 signals:
     /// The left button was released; the caret is where it was pressed.

@@ -12,6 +12,13 @@ namespace {
 
 using Sci = QsciScintillaBase;
 
+/// The colour of a kind on light and on dark backgrounds.
+struct Ink
+{
+    Color onLight;
+    Color onDark;
+};
+
 /// How a kind is drawn: an indicator of the view, beside those of the colouring.
 struct Look
 {
@@ -19,11 +26,15 @@ struct Look
     unsigned shape;
     int inside; ///< how much of it covers the background, of 255
     int border;
+    std::optional<Ink> ink = std::nullopt; ///< else that of the letters
 };
 
 constexpr Look Looks[QuietMarks::KindCount] = {
     {11, Sci::INDIC_ROUNDBOX, 26, 56},
     {12, Sci::INDIC_STRAIGHTBOX, 20, 110},
+    {13, Sci::INDIC_SQUIGGLE, 255, 255, Ink{Color::rgb(208, 0, 0), Color::rgb(255, 100, 100)}},
+    {14, Sci::INDIC_SQUIGGLE, 255, 255, Ink{Color::rgb(190, 120, 0), Color::rgb(240, 180, 60)}},
+    {15, Sci::INDIC_SQUIGGLE, 255, 255, Ink{Color::rgb(120, 120, 120), Color::rgb(150, 150, 150)}},
 };
 
 constexpr qsizetype LongestMarkedLine = 1 << 14; // as far as a line is coloured as a whole
@@ -81,8 +92,10 @@ void QuietMarks::setBack(Color back)
 {
     const bool isDark = QColor(back.red(), back.green(), back.blue()).lightness() < 128;
     const Color ink = isDark ? Color::rgb(255, 255, 255) : Color::rgb(0, 0, 0);
-    for (const Look &look : Looks)
-        send(Sci::SCI_INDICSETFORE, look.indicator, ink.value);
+    for (const Look &look : Looks) {
+        const Color own = look.ink ? (isDark ? look.ink->onDark : look.ink->onLight) : ink;
+        send(Sci::SCI_INDICSETFORE, look.indicator, own.value);
+    }
 }
 
 void QuietMarks::set(MarkKind kind, const QList<TextSpan> &spans, quint64 revision)

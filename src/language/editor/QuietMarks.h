@@ -10,12 +10,13 @@
 
 namespace ardiphon {
 
-/// Boxes behind parts of the text that is in view. They lie under the letters, which keep their
-/// colours, and never under the selection. The view moves them with the edits.
+/// Boxes behind parts of the text that is in view, and wavy lines under them. They lie under the
+/// letters, which keep their colours, and never under the selection. The view moves them with the
+/// edits.
 class QuietMarks
 {
 public:
-    static constexpr int KindCount = 2;
+    static constexpr int KindCount = 5;
 
     QuietMarks(QsciScintillaBase &view, const TextBuffer &text, const FoldedLines &folded);
 

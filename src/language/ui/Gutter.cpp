@@ -14,6 +14,12 @@
 
 namespace ardiphon {
 
+namespace {
+
+constexpr int EdgeWidth = 3; ///< of a mark at the left edge, in pixels
+
+} // namespace
+
 Gutter::Gutter(LEditOCX &editor, const ConfigurationBlock &config, QWidget *parent)
     : QWidget(parent), m_editor(editor), m_config(config), m_foldMarks(editor)
 {
@@ -61,6 +67,14 @@ void Gutter::setFoldEnd(FoldEnd foldEnd)
     refreshMarks();
 }
 
+void Gutter::setLineMark(std::function<QColor(int line)> lineMark)
+{
+    m_lineMark = std::move(lineMark);
+    refreshMarks();
+}
+
+QColor Gutter::edgeOf(int line) const { return m_lineMark ? m_lineMark(line) : QColor(); }
+
 void Gutter::refreshMarks()
 {
     Marks marks = marksInView();
@@ -72,12 +86,12 @@ void Gutter::refreshMarks()
 Gutter::Marks Gutter::marksInView() const
 {
     Marks marks;
-    if (m_foldMarks.isNone())
+    if (m_foldMarks.isNone() && !m_lineMark)
         return marks;
     const GutterNumbers rows = gutterNumbers(0, height(), m_editor.LineHeight());
     for (int row = rows.first; row <= rows.last; ++row) {
         const int line = m_editor.LineInRow(row);
-        marks.emplace_back(line, m_foldMarks.markOf(line));
+        marks.push_back({line, m_foldMarks.markOf(line), edgeOf(line)});
     }
     return marks;
 }
@@ -119,6 +133,8 @@ void Gutter::paintEvent(QPaintEvent *event)
                          QString::number(line));
         if (!m_foldMarks.isNone())
             drawMark(painter, line, place);
+        if (const QColor edge = edgeOf(line); edge.isValid())
+            painter.fillRect(QRect(place.left(), place.top(), EdgeWidth, place.height()), edge);
     }
 }
 

@@ -2,10 +2,10 @@
 
 #include "language/ui/FoldMarks.h"
 
+#include <QColor>
 #include <QString>
 #include <QWidget>
 
-#include <utility>
 #include <vector>
 
 namespace ardiphon {
@@ -31,7 +31,10 @@ public:
 
     /// What can be folded in the editor, for the marks; without it only what is folded is marked.
     void setFoldEnd(FoldEnd foldEnd);
-    /// To be called when \a foldEnd may answer otherwise for the same text; a change of what is
+    /// What is drawn at the left edge beside a line, for example for a problem in it: the colour
+    /// that \a lineMark gives for it; nothing for an invalid one. Asked for the lines in view.
+    void setLineMark(std::function<QColor(int line)> lineMark);
+    /// To be called when one of these may answer otherwise for the same text; a change of what is
     /// visible needs no call. Draws only when a mark that is visible is another.
     void refreshMarks();
 
@@ -46,11 +49,20 @@ protected:
     void leaveEvent(QEvent *event) override;
 
 private:
+    struct RowMark
+    {
+        int line = 0;
+        FoldMark fold = FoldMark::None;
+        QColor edge; ///< invalid for none
+
+        bool operator==(const RowMark &) const = default;
+    };
     /// The marks beside the lines in view, as far as there may be any.
-    using Marks = std::vector<std::pair<int, FoldMark>>;
+    using Marks = std::vector<RowMark>;
 
     void followView();
     Marks marksInView() const;
+    QColor edgeOf(int line) const;
     void setNear(bool isNear);
     QRect markPlace(int line, const QRect &row) const;
     bool isFull(int line) const;
@@ -60,6 +72,7 @@ private:
     LEditOCX &m_editor;
     const ConfigurationBlock &m_config;
     FoldMarks m_foldMarks;
+    std::function<QColor(int line)> m_lineMark;
     // As they were when the view last changed.
     QString m_fontName;
     double m_fontSize = 0;
