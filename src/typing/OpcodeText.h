@@ -17,4 +17,9 @@ struct OpcodeText
 /// What is known of the opcode of that name; empty texts where there is none.
 using OpcodeLookup = std::function<OpcodeText(QByteArrayView name)>;
 
+class WordTables;
+
+/// What \a words say, which outlive the result. The record that was read last stays in them.
+OpcodeLookup lookupIn(WordTables &words);
+
 } // namespace ardiphon

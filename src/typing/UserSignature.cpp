@@ -109,9 +109,9 @@ public:
 private:
     void readLine(int line)
     {
+        CodeState state = m_text.stateAt(line).code; // which reads other lines
         m_bytes = m_text.line(line);
         m_bytes = m_bytes.first(std::min(m_bytes.size(), PieceText::LongestLine));
-        CodeState state = m_text.stateAt(line).code;
         m_tokens.clear();
         for (const CodeToken &token : readCodeLine(m_bytes, state)) {
             if (token.kind != CodeTokenKind::Comment)

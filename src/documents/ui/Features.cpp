@@ -16,6 +16,8 @@
 #include "insight/ui/RenameFeature.h"
 #include "preferences/ui/PreferencesFeature.h"
 #include "printing/ui/PrintFeature.h"
+#include "typing/ui/HintFeature.h"
+#include "typing/ui/PointerHelpFeature.h"
 
 namespace ardiphon {
 
@@ -35,7 +37,7 @@ constexpr NewFeature Features[] = {
     newFeature<PrintFeature>,    newFeature<HalvesFeature>,      newFeature<HelpFeature>,
     newFeature<OutlineFeature>,  newFeature<GoFeature>,          newFeature<FoldFeature>,
     newFeature<RenameFeature>,   newFeature<MarksFeature>,       newFeature<MeaningFeature>,
-    newFeature<CheckFeature>,
+    newFeature<CheckFeature>,    newFeature<HintFeature>,        newFeature<PointerHelpFeature>,
 };
 
 } // namespace

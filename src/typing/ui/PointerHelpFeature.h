@@ -1,0 +1,44 @@
+#pragma once
+
+#include "typing/PointerHelp.h"
+#include "workbench/ui/EditorView.h"
+#include "workbench/ui/WindowFeature.h"
+
+#include <QObject>
+#include <QPoint>
+#include <QRect>
+
+#include <optional>
+
+class QTimer;
+
+namespace ardiphon {
+
+/// Shows what the name is that the pointer rests on, until it moves off.
+class PointerHelpFeature : public QObject, public WindowFeature
+{
+    Q_OBJECT
+
+public:
+    void install(FeatureHost &host) override;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void notePointer(const EditorView &view, QPoint at);
+    void noteRepaint(const LEditOCX &editor);
+    void show();
+    void hide();
+
+    FeatureHost *m_host = nullptr;
+    QTimer *m_rest = nullptr;
+    QList<EditorView> m_views;
+    EditorView m_view;  ///< that the pointer is in
+    QPoint m_pointer;   ///< in its editor
+    QRect m_name;       ///< what is explained there; empty for nothing
+    PiecePlace m_place; ///< the same in the text
+    QString m_shown;
+};
+
+} // namespace ardiphon
