@@ -1,4 +1,5 @@
 #include "app/ConfigurationBlock.h"
+#include "app/OpenedLine.h"
 #include "app/ProgramContext.h"
 #include "app/modRegistry.h"
 #include "app/ui/Icons.h"
@@ -6,11 +7,15 @@
 #include "documents/ui/FormCSD.h"
 #include "documents/ui/FormORCSCO.h"
 #include "help/ui/FormAbout.h"
+#include "insight/ui/GoToPlace.h"
 #include "language/WordTables.h"
+#include "piece/Piece.h"
 #include "platform/FileName.h"
 #include "platform/RunFolder.h"
+#include "platform/StartDetached.h"
 #include "platform/ui/QtDialogs.h"
 #include "platform/ui/WheelGuard.h"
+#include "start/StartRules.h"
 #include "start/ui/Form1.h"
 
 #include <QApplication>
@@ -27,6 +32,23 @@ QByteArray commandText(int argc, char *argv[])
     for (int i = 1; i < argc; ++i)
         words.append(argv[i]);
     return words.join(' ');
+}
+
+/// Another run of this program with the file at \a path.
+bool openInAnotherRun(const QString &path, int line)
+{
+    return ardiphon::StartDetached(
+        QApplication::applicationFilePath(), {path}, QString(),
+        {{QLatin1String(ardiphon::OpenedLineVariable), QString::number(line)}});
+}
+
+/// Puts the caret into that line of the document that was opened from \a path.
+void showLine(const QString &path, int line)
+{
+    for (QWidget *const widget : QApplication::topLevelWidgets()) {
+        if (auto *const window = qobject_cast<ardiphon::EditorWindow *>(widget))
+            ardiphon::goToPlace(*window, {ardiphon::roleOfPath(path), line, 0, 0});
+    }
 }
 
 } // namespace
@@ -46,6 +68,7 @@ int main(int argc, char *argv[])
     WheelGuard wheelGuard;
     application.installEventFilter(&wheelGuard);
 
+    const int openedLine = takeOpenedLine();
     ConfigurationBlock config;
     config.Words = std::make_shared<WordTables>();
     SettingsStore settings(SettingsStore::userFilePath());
@@ -55,6 +78,7 @@ int main(int argc, char *argv[])
     ProgramContext program{config, settings, dialogs, {}};
     program.windows.showFormCSD = [&program] { (new FormCSD(program))->show(); };
     program.windows.showFormORCSCO = [&program] { (new FormORCSCO(program))->show(); };
+    program.windows.openFile = openInAnotherRun;
 
     Form1 start(config, settings, dialogs, program.windows);
     start.loadWords = [&config](const QString &folder) { config.Words->LoadWordTables(folder); };
@@ -71,5 +95,7 @@ int main(int argc, char *argv[])
         named.clear();
     }
     start.Load(named, QApplication::applicationDirPath(), runFolder.path());
+    if (openedLine > 0)
+        showLine(named, openedLine);
     return QApplication::exec();
 }

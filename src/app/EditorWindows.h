@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <functional>
 
 namespace ardiphon {
@@ -12,6 +14,9 @@ struct EditorWindows
 {
     std::function<void()> showFormCSD;
     std::function<void()> showFormORCSCO;
+    /// Opens the file at a path in an editor window of its own, which outlives this program, with
+    /// the caret in that line. False where that fails.
+    std::function<bool(const QString &path, int line)> openFile = {};
 
     /// Shows an editor window; nothing for the chooser.
     void show(StartWindow window) const;

@@ -15,6 +15,7 @@ struct PieceName
     QString name;
     QString scope; ///< of a variable, a label or a p-field: its body, as "instr 1"; else ""
     PiecePlace place;
+    QString file = {}; ///< the included file that it is in, by its path; "" for the piece
 
     friend bool operator==(const PieceName &, const PieceName &) = default;
 };

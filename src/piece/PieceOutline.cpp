@@ -177,7 +177,7 @@ int outlineRowAt(const Outline &outline, DocumentRole role, int line)
     int row = -1;
     for (int i = 0; i < outline.rows.size(); ++i) {
         const PiecePlace &place = outline.rows[i].place;
-        if (place.role == role && place.line <= line)
+        if (outline.rows[i].file.isEmpty() && place.role == role && place.line <= line)
             row = i;
     }
     return row;

@@ -13,7 +13,10 @@ struct OutlineRow
     QString name; ///< as it is shown, for example "instr 3, Bell"
     QString note; ///< a comment or a signature, or ""
     PiecePlace place;
-    int level = 0; ///< 0 for a section of the piece, 1 for what is in it
+    int level = 0;     ///< 0 for a section of the piece, 1 for what is in it
+    QString file = {}; ///< the included file that \a place is in, by its path; "" for the piece
+    QString included =
+        {}; ///< the file that it includes, by its path; "" for none, or not looked for
 
     friend bool operator==(const OutlineRow &, const OutlineRow &) = default;
 };

@@ -21,6 +21,9 @@ private slots:
     void list_typed_narrowsAndGoes();
     void list_noMatch_enterDoesNothing();
     void list_escape_leavesTheCaret();
+    void list_hasWhatIncludedFilesDefine();
+    void note_ofAnIncludedInstrument_opensTheFile();
+    void include_opensTheFile();
     void note_goesToItsInstrumentAndBack();
     void carriedNote_goesToItsInstrumentAndBack();
     void note_withoutInstrument_saysSo();
@@ -51,6 +54,20 @@ private:
         return dialog.findChild<QLineEdit *>(QStringLiteral("LineGoFilter"));
     }
 
+    void showIncluding()
+    {
+        m_tools = m_program->write(QStringLiteral("tools.inc"), "\ninstr 7, Bell\nendin\n");
+        m_program->context.windows.openFile = [this](const QString &path, int line) {
+            m_opened.append(QStringLiteral("%1:%2").arg(path).arg(line));
+            return true;
+        };
+        m_opened.clear();
+        show("<CsInstruments>\n#include \"tools.inc\"\n#include \"none.inc\"\n</CsInstruments>\n"
+             "<CsScore>\ni \"Bell\" 0 1\ni 7 0 1\ni 8 0 1\n</CsScore>\n");
+    }
+
+    QString m_tools;
+    QStringList m_opened;
     static constexpr auto Keys = Qt::ControlModifier | Qt::ShiftModifier;
 };
 
@@ -136,6 +153,52 @@ void tst_GoFeature::list_escape_leavesTheCaret()
     });
     QCOMPARE(first()->CaretLine(), 3);
     QCOMPARE(first()->CaretColumn(), 2);
+}
+
+void tst_GoFeature::list_hasWhatIncludedFilesDefine()
+{
+    showIncluding();
+    QStringList names;
+    inList([&](QDialog &dialog) {
+        names = namesIn(dialog);
+        QTest::keyClicks(lineIn(dialog), QStringLiteral("bell"));
+        QTest::keyClick(lineIn(dialog), Qt::Key_Return);
+    });
+    QCOMPARE(
+        names,
+        QStringList({"tools.inc   included file, line 2", "none.inc   included file, line 3",
+                     "7   instrument, tools.inc, line 2", "Bell   instrument, tools.inc, line 2"}));
+    QCOMPARE(m_opened, QStringList(m_tools + QStringLiteral(":2")));
+    QCOMPARE(first()->CaretLine(), 1);
+}
+
+void tst_GoFeature::note_ofAnIncludedInstrument_opensTheFile()
+{
+    showIncluding();
+    caret(first(), 6, 0);
+    goBetween();
+    QCOMPARE(m_opened, QStringList(m_tools + QStringLiteral(":2")));
+    caret(first(), 7, 0);
+    goBetween();
+    QCOMPARE(m_opened.size(), 2);
+    caret(first(), 8, 0);
+    m_program->dialogs.expect({.text = QStringLiteral("The orchestra has no instrument 8."),
+                               .icon = MessageIcon::Information});
+    goBetween();
+    QCOMPARE(m_opened.size(), 2);
+}
+
+void tst_GoFeature::include_opensTheFile()
+{
+    showIncluding();
+    caret(first(), 2, 3);
+    goBetween();
+    QCOMPARE(m_opened, QStringList(m_tools + QStringLiteral(":1")));
+    caret(first(), 3, 0);
+    m_program->dialogs.expect({.text = QStringLiteral("The included file none.inc was not found."),
+                               .icon = MessageIcon::Information});
+    goBetween();
+    QCOMPARE(m_opened.size(), 1);
 }
 
 void tst_GoFeature::note_goesToItsInstrumentAndBack()

@@ -26,6 +26,13 @@ private slots:
     void filter_escape_emptiesThenLeaves();
     void click_goesToTheRow();
     void caret_itsRowIsMarked();
+    void included_rowsStandBelowTheStatement();
+    void included_rowIsChosen_theFileOpensAtItsLine();
+    void included_fileIsMissing_itsRowGoesToTheStatement();
+    void included_windowDoesNotOpen_isTold();
+    void included_changedFile_isReadWhenTheWindowIsUsedAgain();
+    void included_manyRows_areClosedUntilTheyAreOpened();
+    void included_filter_findsWhatIsInTheFile();
     void project_bothTextsHaveTheirRows();
     void project_hiddenHalf_isShown();
 
@@ -39,11 +46,42 @@ private:
     {
         QStringList rows;
         for (QModelIndex at = view.model()->index(0, 0); at.isValid(); at = view.indexBelow(at))
-            rows.append((at.parent().isValid() ? QStringLiteral("  ") : QString()) +
-                        at.data().toString());
+            rows.append(QString(levelOf(at) * 2, u' ') + at.data().toString());
         return rows;
     }
+    static int levelOf(const QModelIndex &index)
+    {
+        return index.parent().isValid() ? levelOf(index.parent()) + 1 : 0;
+    }
     QStringList rows() const { return rowsOf(*tree()); }
+    /// Shows a piece that includes tools.inc with that text, and takes note of what opens.
+    void showIncluding(const QByteArray &tools)
+    {
+        m_tools = m_program->write(QStringLiteral("tools.inc"), tools);
+        m_opened.clear();
+        m_program->context.windows.openFile = [this](const QString &path, int line) {
+            m_opened.append(QStringLiteral("%1:%2").arg(path).arg(line));
+            return m_opens;
+        };
+        showOutline(IncludingPiece);
+    }
+    void clickRow(const QString &text)
+    {
+        QModelIndex at = tree()->model()->index(0, 0);
+        while (at.isValid() && at.data().toString() != text)
+            at = tree()->indexBelow(at);
+        QVERIFY2(at.isValid(), qPrintable(text));
+        QTest::mouseClick(tree()->viewport(), Qt::LeftButton, {}, tree()->visualRect(at).center());
+    }
+
+    static inline const QByteArray IncludingPiece = "<CsInstruments>\n"
+                                                    "#include \"tools.inc\"\n"
+                                                    "instr 1\n"
+                                                    "endin\n"
+                                                    "</CsInstruments>\n";
+    QString m_tools;
+    QStringList m_opened; ///< files with their line
+    bool m_opens = true;
     void showOutline(const QByteArray &text)
     {
         show(text);
@@ -86,7 +124,7 @@ const QStringList OutlinedRows = {"Options",
                                   "  table 1   sine",
                                   "  Coda",
                                   "  section 2   slow",
-                                  "  include more.sco"};
+                                  "  include more.sco   not found"};
 
 } // namespace
 
@@ -195,6 +233,111 @@ void tst_OutlineFeature::caret_itsRowIsMarked()
     QTRY_COMPARE(current(), QStringLiteral("instr 2   the bass"));
     caret(first(), 1, 0);
     QTRY_COMPARE(current(), QString());
+}
+
+void tst_OutlineFeature::included_rowsStandBelowTheStatement()
+{
+    showIncluding("instr 7, Bell ; a bell\nendin\n#include \"none.inc\"\n");
+    QTRY_COMPARE(rows(),
+                 QStringList({"Orchestra", "  include tools.inc", "    instr 7, Bell   a bell",
+                              "    include none.inc   not found", "  instr 1"}));
+    first()->setFocus();
+    caret(first(), 2, 0);
+    QTRY_COMPARE(current(), QStringLiteral("include tools.inc"));
+    QTest::keyClick(first()->focusProxy(), Qt::Key_Down);
+    QTRY_COMPARE(current(), QStringLiteral("instr 1"));
+    const QModelIndex bell = tree()->indexBelow(tree()->indexBelow(tree()->model()->index(0, 0)));
+    QCOMPARE(bell.data(Qt::ToolTipRole).toString().contains(m_tools), true);
+}
+
+void tst_OutlineFeature::included_rowIsChosen_theFileOpensAtItsLine()
+{
+    showIncluding("\n\ninstr 7, Bell\nendin\n#include \"none.inc\"\n");
+    QTRY_COMPARE(rows().size(), 5);
+    clickRow(QStringLiteral("instr 7, Bell"));
+    QCOMPARE(m_opened, QStringList(m_tools + QStringLiteral(":3")));
+    clickRow(QStringLiteral("include tools.inc"));
+    QCOMPARE(m_opened.last(), m_tools + QStringLiteral(":1"));
+    clickRow(QStringLiteral("include none.inc   not found"));
+    QCOMPARE(m_opened.last(), m_tools + QStringLiteral(":5"));
+    filter()->setFocus();
+    QTest::keyClicks(filter(), QStringLiteral("bell"));
+    QTest::keyClick(filter(), Qt::Key_Return);
+    QCOMPARE(m_opened.last(), m_tools + QStringLiteral(":3"));
+    QCOMPARE(m_opened.size(), 4);
+    QCOMPARE(first()->CaretLine(), 1);
+}
+
+void tst_OutlineFeature::included_fileIsMissing_itsRowGoesToTheStatement()
+{
+    showIncluding("");
+    QVERIFY(QFile::remove(m_tools));
+    QTRY_COMPARE(rows(),
+                 QStringList({"Orchestra", "  include tools.inc   not found", "  instr 1"}));
+    clickRow(QStringLiteral("include tools.inc   not found"));
+    QCOMPARE(m_opened, QStringList());
+    QCOMPARE(first()->CaretLine(), 2);
+}
+
+void tst_OutlineFeature::included_windowDoesNotOpen_isTold()
+{
+    m_opens = false;
+    showIncluding("instr 7\nendin\n");
+    QTRY_COMPARE(rows().size(), 4);
+    m_program->dialogs.expect(
+        {m_tools + QStringLiteral(" cannot be opened in a window of its own.")});
+    clickRow(QStringLiteral("instr 7"));
+    m_opens = true;
+}
+
+void tst_OutlineFeature::included_changedFile_isReadWhenTheWindowIsUsedAgain()
+{
+    showIncluding("instr 7\nendin\n");
+    QTRY_COMPARE(rows().size(), 4);
+    m_program->write(QStringLiteral("tools.inc"), "instr 77\nendin\ninstr 78\nendin\n");
+    QEvent activated(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(m_window, &activated);
+    QTRY_COMPARE(rows(), QStringList({"Orchestra", "  include tools.inc", "    instr 77",
+                                      "    instr 78", "  instr 1"}));
+}
+
+void tst_OutlineFeature::included_manyRows_areClosedUntilTheyAreOpened()
+{
+    QByteArray tools;
+    for (int i = 2; i < 33; ++i)
+        tools += "instr " + QByteArray::number(i) + "\nendin\n";
+    showIncluding(tools);
+    const auto include = [this] { return tree()->indexBelow(tree()->model()->index(0, 0)); };
+    QTRY_COMPARE(tree()->model()->rowCount(include()), 31);
+    QCOMPARE(rows().size(), 3);
+    tree()->setFocus();
+    tree()->setCurrentIndex(include());
+    QTest::keyClick(tree(), Qt::Key_Right);
+    QCOMPARE(rows().size(), 34);
+    caret(first(), 4, 0);
+    QTest::keyClick(first()->focusProxy(), Qt::Key_Return);
+    QTest::keyClicks(first()->focusProxy(), QStringLiteral("instr 99"));
+    QTRY_COMPARE(rows().size(), 35); // and they stay open
+    tree()->setCurrentIndex(include());
+    QTest::keyClick(tree(), Qt::Key_Left);
+    QCOMPARE(rows().size(), 4);
+    QTest::keyClicks(filter(), QStringLiteral("instr"));
+    QCOMPARE(rows().size(), 35);
+    filter()->clear();
+    QCOMPARE(rows().size(), 4);
+    first()->ClearState(TextState);
+}
+
+void tst_OutlineFeature::included_filter_findsWhatIsInTheFile()
+{
+    showIncluding("instr 7, Bell ; a bell\nendin\ninstr 8\nendin\n");
+    QTRY_COMPARE(rows().size(), 5);
+    QTest::keyClicks(filter(), QStringLiteral("bell"));
+    QCOMPARE(rows(),
+             QStringList({"Orchestra", "  include tools.inc", "    instr 7, Bell   a bell"}));
+    filter()->clear();
+    QTest::keyClicks(filter(), QStringLiteral("tools"));
+    QCOMPARE(rows(), QStringList({"Orchestra", "  include tools.inc"}));
 }
 
 void tst_OutlineFeature::project_bothTextsHaveTheirRows()

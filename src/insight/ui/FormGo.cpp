@@ -50,7 +50,7 @@ void FormGo::narrow(const QString &typed)
     ListGoNames->setCurrentIndex(m_model->index(0));
 }
 
-PiecePlace FormGo::chosen() const { return m_model->name(ListGoNames->currentIndex().row()).place; }
+const PieceName &FormGo::chosen() const { return m_model->name(ListGoNames->currentIndex().row()); }
 
 void FormGo::accept()
 {

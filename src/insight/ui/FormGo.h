@@ -21,7 +21,7 @@ public:
     ~FormGo() override;
 
     /// What was chosen, after the dialog was accepted.
-    PiecePlace chosen() const;
+    const PieceName &chosen() const;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

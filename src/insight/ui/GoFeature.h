@@ -19,6 +19,7 @@ private:
     void goToName();
     void goToInstrumentOrNote();
     void goToInstrument(const QByteArray &name, int noteLine);
+    bool openInclude(const PieceText &text, int line);
     void goToNote(const QStringList &instruments);
     void tell(const QString &text);
 

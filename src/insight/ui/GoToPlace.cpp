@@ -1,7 +1,9 @@
 #include "insight/ui/GoToPlace.h"
 
+#include "app/ProgramContext.h"
 #include "language/editor/LEditOCX.h"
 #include "piece/Piece.h"
+#include "platform/Dialogs.h"
 #include "workbench/ui/CommandSet.h"
 #include "workbench/ui/FeatureHost.h"
 
@@ -18,6 +20,16 @@ void goToPlace(FeatureHost &host, const PiecePlace &place)
     editor->SelStartColumn = editor->SelEndColumn = place.column;
     editor->SetSelection();
     editor->setFocus();
+}
+
+void goToPlace(FeatureHost &host, const PiecePlace &place, const QString &file)
+{
+    const std::function<bool(const QString &, int)> &open = host.program().windows.openFile;
+    if (file.isEmpty())
+        goToPlace(host, place);
+    else if (open && !open(file, place.line))
+        host.dialogs().message(
+            {file + QStringLiteral(" cannot be opened in a window of its own.")});
 }
 
 } // namespace ardiphon

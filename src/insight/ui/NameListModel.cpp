@@ -3,6 +3,8 @@
 #include "app/ui/ToolTip.h"
 #include "piece/PieceOutline.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
 #include <numeric>
 
@@ -25,7 +27,9 @@ QString textOf(const PieceName &name)
 {
     const QString kind = kindText(name.kind);
     const QString where = name.scope.isEmpty() ? kind : kind + QStringLiteral(" of ") + name.scope;
-    return QStringLiteral("%1   %2, line %3").arg(name.name, where).arg(name.place.line);
+    const QString file =
+        name.file.isEmpty() ? QString() : QFileInfo(name.file).fileName() + QStringLiteral(", ");
+    return QStringLiteral("%1   %2, %3line %4").arg(name.name, where, file).arg(name.place.line);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "insight/ui/OutlineFeature.h"
 
 #include "insight/ui/GoToPlace.h"
+#include "insight/ui/IncludeFollower.h"
 #include "insight/ui/OutlineModel.h"
 #include "language/editor/LEditOCX.h"
 #include "workbench/ui/CommandSet.h"
@@ -11,6 +12,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QSignalBlocker>
 #include <QTimer>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -22,6 +24,7 @@ namespace ardiphon {
 namespace {
 
 constexpr int MostRows = 10000;
+constexpr int MostOpenRows = 30; ///< of an included file, before the user has opened it
 constexpr auto CaretPause = 60ms;
 constexpr auto TextPause = 250ms; ///< of one who types
 
@@ -69,6 +72,15 @@ void OutlineFeature::build()
 
     connect(LineOutlineFilter, &QLineEdit::textChanged, this, &OutlineFeature::filter);
     connect(TreeOutline, &QTreeView::clicked, this, &OutlineFeature::goToRow);
+    const auto remember = [this](const QModelIndex &index, bool isOpen) {
+        const OutlineRow *const row = m_model->row(index);
+        if (!row->included.isEmpty())
+            m_open.insert(row->included, isOpen);
+    };
+    connect(TreeOutline, &QTreeView::expanded, this,
+            [remember](const QModelIndex &index) { remember(index, true); });
+    connect(TreeOutline, &QTreeView::collapsed, this,
+            [remember](const QModelIndex &index) { remember(index, false); });
 }
 
 void OutlineFeature::followText()
@@ -87,20 +99,47 @@ void OutlineFeature::followText()
     });
     for (const EditorView &view : m_host->views())
         connect(view.editor, &LEditOCX::caretMoved, m_caret, qOverload<>(&QTimer::start));
+    m_includes = &IncludeFollower::of(*m_host);
+    connect(m_includes, &IncludeFollower::filesRead, this, &OutlineFeature::showRows);
+    m_host->owner().installEventFilter(this);
 }
 
 /// Nothing is read while the dock is not to be seen.
 void OutlineFeature::readAgain()
 {
-    if (m_dock->isHidden() || !m_isStale)
+    if (m_dock->isHidden())
         return;
-    m_isStale = false;
-    Outline outline = outlineOf(m_host->piece().piece(), MostRows);
+    if (std::exchange(m_isStale, false))
+        m_own = outlineOf(m_host->piece().piece(), MostRows);
+    showRows();
+    m_includes->refresh();
+}
+
+void OutlineFeature::showRows()
+{
+    if (m_dock->isHidden())
+        return;
+    const Outline outline = m_includes->files().withFiles(m_own, MostRows);
     if (outline.rows == m_model->outline().rows)
         return;
     m_model->setOutline(outline);
-    TreeOutline->expandAll();
+    expandRows();
     markCaret();
+}
+
+/// All but the included files that have much in them, or that the user has closed.
+void OutlineFeature::expandRows()
+{
+    const QSignalBlocker quiet(TreeOutline); // the user did not do it
+    TreeOutline->expandAll();
+    const QList<OutlineRow> &rows = m_model->outline().rows;
+    for (int i = 0; i < rows.size() && LineOutlineFilter->text().isEmpty(); ++i) {
+        if (rows[i].included.isEmpty())
+            continue;
+        const QModelIndex index = m_model->indexOfRow(i);
+        const bool isShort = m_model->rowCount(index) <= MostOpenRows;
+        TreeOutline->setExpanded(index, m_open.value(rows[i].included, isShort));
+    }
 }
 
 void OutlineFeature::markCaret()
@@ -119,21 +158,27 @@ void OutlineFeature::markCaret()
 void OutlineFeature::filter(const QString &typed)
 {
     m_model->setFilter(typed);
-    TreeOutline->expandAll();
-    const QModelIndex section = m_model->index(0, 0);
-    const QModelIndex first = m_model->index(0, 0, section);
-    TreeOutline->setCurrentIndex(first.isValid() ? first : section);
+    expandRows();
+    TreeOutline->setCurrentIndex(m_model->firstMatch());
 }
 
 void OutlineFeature::goToRow(const QModelIndex &index)
 {
-    if (const OutlineRow *const row = m_model->row(index))
-        goToPlace(*m_host, PiecePlace(row->place));
+    const OutlineRow *const found = m_model->row(index);
+    if (found == nullptr)
+        return;
+    const OutlineRow row = *found; // the rows may change while the other window opens
+    if (row.included.isEmpty())
+        goToPlace(*m_host, row.place, row.file);
+    else
+        goToPlace(*m_host, PiecePlace(), row.included);
 }
 
 bool OutlineFeature::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::KeyPress)
+    if (event->type() == QEvent::WindowActivate && watched == &m_host->owner())
+        m_rows->start(); // an included file may have changed meanwhile
+    if (event->type() != QEvent::KeyPress || watched == &m_host->owner())
         return false;
     auto *const press = static_cast<QKeyEvent *>(event);
     switch (press->key()) {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "piece/PieceOutline.h"
 #include "workbench/ui/WindowFeature.h"
 
+#include <QHash>
 #include <QObject>
 #include <QPointer>
 
@@ -13,6 +15,7 @@ class QTreeView;
 
 namespace ardiphon {
 
+class IncludeFollower;
 class OutlineModel;
 
 /// `DockOutline`: what the piece is made of, beside the text. It follows the text, and marks where
@@ -31,6 +34,8 @@ private:
     void build();
     void followText();
     void readAgain();
+    void showRows();
+    void expandRows();
     void markCaret();
     void filter(const QString &typed);
     void goToRow(const QModelIndex &index);
@@ -40,9 +45,12 @@ private:
     QLineEdit *LineOutlineFilter = nullptr;
     QTreeView *TreeOutline = nullptr;
     OutlineModel *m_model = nullptr;
-    QTimer *m_rows = nullptr;  ///< reads the rows again a little after the last change
-    QTimer *m_caret = nullptr; ///< looks for the caret's row a little after it has moved
-    bool m_isStale = true;     ///< the piece has changed since the rows were read
+    IncludeFollower *m_includes = nullptr;
+    Outline m_own;               ///< without what is included
+    QHash<QString, bool> m_open; ///< the included files that the user has opened or closed here
+    QTimer *m_rows = nullptr;    ///< reads the rows again a little after the last change
+    QTimer *m_caret = nullptr;   ///< looks for the caret's row a little after it has moved
+    bool m_isStale = true;       ///< the piece has changed since the rows were read
 };
 
 } // namespace ardiphon

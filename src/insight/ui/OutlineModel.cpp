@@ -8,6 +8,23 @@
 
 namespace ardiphon {
 
+namespace {
+
+QString textOf(const OutlineRow &row)
+{
+    return row.note.isEmpty() ? row.name : row.name + QStringLiteral("   ") + row.note;
+}
+
+QString tipOf(const OutlineRow &row)
+{
+    if (!row.included.isEmpty())
+        return textOf(row) + QStringLiteral("\n") + row.included;
+    const QString line = QStringLiteral("line %1: ").arg(row.place.line) + textOf(row);
+    return row.file.isEmpty() ? line : row.file + QStringLiteral(", ") + line;
+}
+
+} // namespace
+
 void OutlineModel::setOutline(const Outline &outline)
 {
     beginResetModel();
@@ -26,65 +43,76 @@ void OutlineModel::setFilter(const QString &typed)
 
 void OutlineModel::filter()
 {
-    m_sections.clear();
-    for (int i = 0; i < m_outline.rows.size(); ++i) {
-        const OutlineRow &row = m_outline.rows[i];
-        if (row.level == 0 || m_sections.empty())
-            m_sections.push_back({i, {}});
-        if (row.level > 0 && hasLettersInOrder(row.name + u' ' + row.note, m_typed))
-            m_sections.back().rows.push_back(i);
+    const QList<OutlineRow> &rows = m_outline.rows;
+    m_nodes.assign(size_t(rows.size()), Node());
+    m_top.clear();
+    std::vector<int> open; // the last row of each level up to the present one
+    for (int i = 0; i < rows.size(); ++i) {
+        while (!open.empty() && rows[open.back()].level >= rows[i].level)
+            open.pop_back();
+        m_nodes[size_t(i)].above = open.empty() ? None : open.back();
+        open.push_back(i);
     }
-    const auto isEmpty = [](const Section &section) { return section.rows.empty(); };
-    if (!m_typed.trimmed().isEmpty())
-        m_sections.erase(std::remove_if(m_sections.begin(), m_sections.end(), isEmpty),
-                         m_sections.end());
+    std::vector<bool> shown(m_nodes.size());
+    m_match = None;
+    for (int i = int(rows.size()); i-- > 0;) {
+        const bool isSection = rows[i].level == 0;
+        const bool has = isSection ? m_typed.trimmed().isEmpty()
+                                   : hasLettersInOrder(rows[i].name + u' ' + rows[i].note, m_typed);
+        shown[size_t(i)] = shown[size_t(i)] || has;
+        m_match = has && !isSection ? i : m_match;
+        const int above = m_nodes[size_t(i)].above;
+        if (shown[size_t(i)] && above != None)
+            shown[size_t(above)] = true;
+    }
+    for (int i = 0; i < rows.size(); ++i) {
+        if (!shown[size_t(i)])
+            continue;
+        Node &node = m_nodes[size_t(i)];
+        std::vector<int> &siblings = node.above == None ? m_top : m_nodes[size_t(node.above)].below;
+        node.position = int(siblings.size());
+        siblings.push_back(i);
+    }
 }
 
 const OutlineRow *OutlineModel::row(const QModelIndex &index) const
 {
-    if (!index.isValid())
-        return nullptr;
-    const QModelIndex above = index.parent();
-    const Section &section = m_sections[size_t(above.isValid() ? above.row() : index.row())];
-    return &m_outline.rows[above.isValid() ? section.rows[size_t(index.row())] : section.row];
+    return index.isValid() ? &m_outline.rows[qsizetype(index.internalId())] : nullptr;
 }
 
 QModelIndex OutlineModel::indexOfRow(int row) const
 {
-    for (size_t i = m_sections.size(); row >= 0 && i-- > 0;) {
-        const Section &section = m_sections[i];
-        if (section.row > row)
-            continue;
-        const QModelIndex head = index(int(i), 0);
-        const auto found = std::find(section.rows.begin(), section.rows.end(), row);
-        return found == section.rows.end() ? head
-                                           : index(int(found - section.rows.begin()), 0, head);
-    }
-    return QModelIndex();
+    while (row != None && m_nodes[size_t(row)].position == None)
+        row = m_nodes[size_t(row)].above;
+    return row == None ? QModelIndex()
+                       : createIndex(m_nodes[size_t(row)].position, 0, quintptr(row));
 }
 
-// The number of an index is 0 for a section, and else one more than that of its section.
+QModelIndex OutlineModel::firstMatch() const
+{
+    return m_match == None ? index(0, 0) : indexOfRow(m_match);
+}
+
+// The number of an index is that of its row in the outline.
+
+const std::vector<int> &OutlineModel::rowsIn(const QModelIndex &above) const
+{
+    return above.isValid() ? m_nodes[above.internalId()].below : m_top;
+}
 
 QModelIndex OutlineModel::index(int row, int column, const QModelIndex &above) const
 {
     if (!hasIndex(row, column, above))
         return QModelIndex();
-    return createIndex(row, column, quintptr(above.isValid() ? above.row() + 1 : 0));
+    return createIndex(row, column, quintptr(rowsIn(above)[size_t(row)]));
 }
 
 QModelIndex OutlineModel::parent(const QModelIndex &index) const
 {
-    if (!index.isValid() || index.internalId() == 0)
-        return QModelIndex();
-    return createIndex(int(index.internalId()) - 1, 0, quintptr(0));
+    return index.isValid() ? indexOfRow(m_nodes[index.internalId()].above) : QModelIndex();
 }
 
-int OutlineModel::rowCount(const QModelIndex &above) const
-{
-    if (!above.isValid())
-        return int(m_sections.size());
-    return above.internalId() == 0 ? int(m_sections[size_t(above.row())].rows.size()) : 0;
-}
+int OutlineModel::rowCount(const QModelIndex &above) const { return int(rowsIn(above).size()); }
 
 QVariant OutlineModel::data(const QModelIndex &index, int role) const
 {
@@ -93,14 +121,9 @@ QVariant OutlineModel::data(const QModelIndex &index, int role) const
         return QVariant();
     switch (role) {
     case Qt::DisplayRole:
-        return found->note.isEmpty() ? found->name
-                                     : found->name + QStringLiteral("   ") + found->note;
+        return textOf(*found);
     case Qt::ToolTipRole:
-        return plainToolTip(QStringLiteral("line %1: %2")
-                                .arg(found->place.line)
-                                .arg(found->note.isEmpty()
-                                         ? found->name
-                                         : found->name + QStringLiteral("   ") + found->note));
+        return plainToolTip(tipOf(*found));
     case Qt::FontRole: {
         QFont font;
         font.setBold(found->level == 0);
