@@ -289,7 +289,7 @@ QList<LineRun> outerBlocks(const Piece &piece, const PieceText &text)
 
 int lastLineOfBlock(const Piece &piece, const PieceText &text, int line)
 {
-    return BlockFinder(piece, text, line).lastLine();
+    return line <= text.lineCount() ? BlockFinder(piece, text, line).lastLine() : 0;
 }
 
 } // namespace ardiphon

@@ -21,7 +21,8 @@ std::optional<PieceBodyLines> bodyAt(const Piece &piece, const PieceText &text, 
 
 /// The last line of what begins at \a line and can be folded: a body, a block of statements, a
 /// comment over lines or of several lines, a macro, a section of the file, a section of the score;
-/// the longest where several begin. 0 where nothing begins or it ends on the same line.
+/// the longest where several begin. 0 where nothing begins, it ends on the same line, or there is
+/// no such line.
 int lastLineOfBlock(const Piece &piece, const PieceText &text, int line);
 
 /// The innermost of what can be folded that has \a line in it: its first and its last line. Empty

@@ -262,6 +262,7 @@ void tst_PieceBodies::outer_ofAScore()
 {
     QCOMPARE(outer(PieceOfLines("{ 2 N\ni 1 0 1\n}\ns\n; a\n; b\ni 1 0 1\n", DocumentRole::Score)),
              QStringList({"1-4", "5-6"}));
+    QCOMPARE(outer(PieceOfLines("i 1 0 1\ns", DocumentRole::Score)), QStringList("1-2"));
 }
 
 void tst_PieceBodies::outer_ofAUnifiedFile()
