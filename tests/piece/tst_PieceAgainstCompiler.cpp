@@ -31,9 +31,9 @@ constexpr int MadePieces = 200;
 /// The instruments of a piece, each with all of its names, and its opcodes, in their order.
 using Headings = QStringList;
 
-Headings headingsOfModel(const QByteArray &text)
+Headings headingsOfModel(const QByteArray &text, DocumentRole role)
 {
-    const PieceOfLines of(text);
+    const PieceOfLines of(text, role);
     Headings headings;
     of.text().visit(1, of.text().lineCount(), [&](PlacedLandmark found) {
         const QString name = of.piece.nameText(*found.mark);
@@ -91,15 +91,14 @@ struct Compiled
     QByteArray log;
 };
 
-/// Has the compiler read \a file, in that folder.
-Compiled compiled(const QString &folder, const QString &file)
+/// Has the compiler read \a files, a unified file or an orchestra and its score, in that folder.
+Compiled compiled(const QString &folder, const QStringList &files)
 {
     QProcess compiler;
     compiler.setWorkingDirectory(folder);
     compiler.setProcessChannelMode(QProcess::MergedChannels);
     compiler.setStandardInputFile(QProcess::nullDevice());
-    compiler.start(QStringLiteral("csound"),
-                   {QStringLiteral("--syntax-check-only"), QStringLiteral("-v"), file});
+    compiler.start(QStringLiteral("csound"), QStringList({"--syntax-check-only", "-v"}) + files);
     require(compiler.waitForFinished(20'000), "csound does not end");
     const QString log = QString::fromLatin1(compiler.readAll());
     TreeReader reader;
@@ -200,26 +199,41 @@ private:
     int m_number = 0;
 };
 
-QByteArray pieceOf(const QByteArrayList &parts)
+QByteArray orchestraOf(const QByteArrayList &parts)
 {
-    return "<CsoundSynthesizer>\n<CsOptions>\n-n\n</CsOptions>\n<CsInstruments>\nsr = 44100\n"
-           "ksmps = 32\nnchnls = 1\n0dbfs = 1\n" +
-           parts.join() + "</CsInstruments>\n<CsScore>\n</CsScore>\n</CsoundSynthesizer>\n";
+    return "sr = 44100\nksmps = 32\nnchnls = 1\n0dbfs = 1\n" + parts.join();
 }
 
-/// What is wrong with that piece; "" when nothing is.
-QString faultOf(const QTemporaryDir &folder, const QByteArrayList &parts)
+QByteArray unified(const QByteArray &orchestra)
 {
-    const QByteArray text = pieceOf(parts);
-    QFile file(folder.filePath(QStringLiteral("made.csd")));
+    return "<CsoundSynthesizer>\n<CsOptions>\n-n\n</CsOptions>\n<CsInstruments>\n" + orchestra +
+           "</CsInstruments>\n<CsScore>\n</CsScore>\n</CsoundSynthesizer>\n";
+}
+
+QString written(const QTemporaryDir &folder, const char *name, const QByteArray &text)
+{
+    QFile file(folder.filePath(QLatin1String(name)));
     require(file.open(QIODevice::WriteOnly), "the piece cannot be written");
     file.write(text);
-    file.close();
-    const Compiled compiler = compiled(folder.path(), file.fileName());
+    return file.fileName();
+}
+
+/// What is wrong with that piece, a unified file or an orchestra with a score of its own; "" when
+/// nothing is.
+QString faultOf(const QTemporaryDir &folder, const QByteArrayList &parts, DocumentRole role)
+{
+    const bool isUnified = role == DocumentRole::Csd;
+    const QByteArray orchestra = orchestraOf(parts);
+    const QByteArray text = isUnified ? unified(orchestra) : orchestra;
+    const QStringList files =
+        isUnified
+            ? QStringList(written(folder, "made.csd", text))
+            : QStringList({written(folder, "made.orc", text), written(folder, "made.sco", "e\n")});
+    const Compiled compiler = compiled(folder.path(), files);
     if (!compiler.isRead)
         return QStringLiteral("the compiler refuses it:\n") +
                QString::fromLatin1(compiler.log.right(600));
-    const Headings model = headingsOfModel(text);
+    const Headings model = headingsOfModel(text, role);
     return model == compiler.headings ? QString()
                                       : QStringLiteral("model: %1\ncompiler: %2")
                                             .arg(model.join(QLatin1String("; ")),
@@ -227,12 +241,12 @@ QString faultOf(const QTemporaryDir &folder, const QByteArrayList &parts)
 }
 
 /// Leaves out parts as long as what remains is still wrong.
-QByteArrayList shrunk(const QTemporaryDir &folder, QByteArrayList parts)
+QByteArrayList shrunk(const QTemporaryDir &folder, QByteArrayList parts, DocumentRole role)
 {
     for (qsizetype i = 0; i < parts.size();) {
         QByteArrayList fewer = parts;
         fewer.removeAt(i);
-        if (faultOf(folder, fewer).isEmpty())
+        if (faultOf(folder, fewer, role).isEmpty())
             ++i;
         else
             parts = fewer;
@@ -244,22 +258,30 @@ QByteArrayList shrunk(const QTemporaryDir &folder, QByteArrayList parts)
 
 void tst_PieceAgainstCompiler::pieces_haveTheCompilersHeadings_data()
 {
-    QTest::addColumn<QString>("path");
+    QTest::addColumn<QStringList>("paths");
     for (const char *folder : {"/../data/examples", "/pieces"}) {
         const QDir pieces(QLatin1String(TEST_SOURCE_DIR) + QLatin1String(folder));
         for (const QString &name : pieces.entryList({QStringLiteral("*.csd")}, QDir::Files))
-            QTest::newRow(qPrintable(name)) << pieces.filePath(name);
+            QTest::newRow(qPrintable(name)) << QStringList(pieces.filePath(name));
+        for (const QString &name : pieces.entryList({QStringLiteral("*.orc")}, QDir::Files)) {
+            const QStringList partner = pieces.entryList(
+                {QFileInfo(name).completeBaseName() + QLatin1String(".sco")}, QDir::Files);
+            if (!partner.isEmpty())
+                QTest::newRow(qPrintable(name))
+                    << QStringList({pieces.filePath(name), pieces.filePath(partner.first())});
+        }
     }
 }
 
 void tst_PieceAgainstCompiler::pieces_haveTheCompilersHeadings()
 {
-    QFETCH(QString, path);
+    QFETCH(QStringList, paths);
     const QTemporaryDir folder;
-    const Compiled compiler = compiled(folder.path(), path);
+    const Compiled compiler = compiled(folder.path(), paths);
     if (!compiler.isRead)
         QSKIP("the compiler does not take this piece");
-    QCOMPARE(headingsOfModel(bytesOfFile(path)), compiler.headings);
+    const DocumentRole role = paths.size() == 1 ? DocumentRole::Csd : DocumentRole::Orchestra;
+    QCOMPARE(headingsOfModel(bytesOfFile(paths.first()), role), compiler.headings);
 }
 
 void tst_PieceAgainstCompiler::madePieces_haveTheCompilersHeadings()
@@ -267,12 +289,13 @@ void tst_PieceAgainstCompiler::madePieces_haveTheCompilersHeadings()
     const QTemporaryDir folder;
     const quint32 seed = randomSeed(1);
     for (quint32 i = 0; i < MadePieces; ++i) {
+        const DocumentRole role = i % 2 == 0 ? DocumentRole::Csd : DocumentRole::Orchestra;
         const QByteArrayList parts = OrchestraMaker(seed + i).parts();
-        if (faultOf(folder, parts).isEmpty())
+        if (faultOf(folder, parts, role).isEmpty())
             continue;
-        const QByteArrayList least = shrunk(folder, parts);
+        const QByteArrayList least = shrunk(folder, parts, role);
         QFAIL(qPrintable(QStringLiteral("seed %1\n%2\n%3")
-                             .arg(QString::number(seed + i), faultOf(folder, least),
+                             .arg(QString::number(seed + i), faultOf(folder, least, role),
                                   QString::fromUtf8(least.join("----\n")))));
     }
 }
