@@ -300,7 +300,7 @@ private:
         if (isHeaderName(word(at)) && m_state.body == PieceBody::None)
             mark(LandmarkKind::Header, at);
         else
-            markVariable(at, typeBehind(at), isSymbol(at + 1, "[") || isSymbol(at + 3, "["));
+            markVariable(at, typeBehind(at), isSymbol(at + (typeBehind(at) != 0 ? 3 : 1), "["));
     }
 
     char typeBehind(qsizetype at) const

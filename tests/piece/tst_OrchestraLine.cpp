@@ -70,6 +70,8 @@ void tst_OrchestraLine::landmarks_data()
     row("assigned with an operation", "kx += 1\nky == 2", {"1 var kx " + k});
     row("arrays", "kArr[] init 4\niArr[2] = 3", {"1 array kArr " + k, "2 array iArr " + i});
     row("with a type", "list:i[] = fillarray(1)", {"1 array list " + i});
+    row("a bracket behind the opcode", "asound fof giGain[iband] * 2\nax oscili kx[1], 2",
+        {"1 var asound " + a, "2 var ax " + a});
     row("by a macro", "asig $OSC 1", {"1 var asig " + a});
     row("in each body anew", "instr 1\nkx = 1\nkx = 2\nendin\ninstr 2\nkx = 1\nendin",
         {"1 instr 1", "2 var kx " + k, "4 endin endin", "5 instr 2", "6 var kx " + k,
