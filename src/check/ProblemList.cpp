@@ -117,6 +117,17 @@ QList<Problem> ProblemList::in(DocumentRole role, LineRun lines) const
     return found;
 }
 
+QList<Problem> ProblemList::at(DocumentRole role, int line, int column) const
+{
+    QList<Problem> found;
+    for (const Problem &problem : in(role, {line, line})) {
+        const int start = problem.place.column;
+        if (column >= start && column < start + std::max(problem.place.length, 1))
+            found.append(problem);
+    }
+    return found;
+}
+
 QList<TextSpan> ProblemList::spans(DocumentRole role, LineRun lines, Severity severity) const
 {
     QList<TextSpan> spans;

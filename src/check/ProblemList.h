@@ -27,6 +27,8 @@ public:
     const QList<Problem> &problems() const { return m_problems; }
     /// Those in these lines.
     QList<Problem> in(DocumentRole role, LineRun lines) const;
+    /// Those that a character is in, or that are at it and have none.
+    QList<Problem> at(DocumentRole role, int line, int column) const;
     /// What is to be marked in these lines for problems of that severity.
     QList<TextSpan> spans(DocumentRole role, LineRun lines, Severity severity) const;
     /// The worst in a line; none where there is no problem.

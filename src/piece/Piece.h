@@ -1,6 +1,7 @@
 #pragma once
 
 #include "language/LineRun.h"
+#include "piece/PiecePlace.h"
 #include "piece/PieceText.h"
 
 #include <QString>
@@ -9,17 +10,6 @@
 #include <vector>
 
 namespace ardiphon {
-
-/// A place in a text as the editors count: lines from 1, columns in characters from 0.
-struct PiecePlace
-{
-    DocumentRole role = DocumentRole::Csd;
-    int line = 1;
-    int column = 0;
-    int length = 0;
-
-    friend bool operator==(const PiecePlace &, const PiecePlace &) = default;
-};
 
 /// What a piece of music is made of, read from its texts: a unified file, or an orchestra with its
 /// score. It follows their edits, and is asked for values; it never changes a text and never fails.

@@ -4,6 +4,7 @@
 #include "app/ProgramContext.h"
 #include "app/modRegistry.h"
 #include "check/CompilerProblems.h"
+#include "check/SectionProblems.h"
 #include "check/ui/ProblemsModel.h"
 #include "check/ui/ProblemsPanel.h"
 #include "compile/CompileRules.h"
@@ -63,6 +64,12 @@ void CheckFeature::install(FeatureHost &host)
     buildDock();
     bindCommands();
     followText();
+    host.addNotes([this](DocumentRole role, int line, int column) {
+        QList<TextNote> notes;
+        for (const Problem &problem : m_list.at(role, line, column))
+            notes.append({problem.place, problem.sentence});
+        return notes;
+    });
     m_pause->start();
 }
 
@@ -164,7 +171,7 @@ void CheckFeature::check()
         return;
     }
     if (input.orchestraText.trimmed().isEmpty()) {
-        show({}, {});
+        show(sectionProblems(m_host->piece().piece()), {});
         return;
     }
     m_run = std::make_unique<CheckRun>();
@@ -180,7 +187,8 @@ void CheckFeature::check()
 void CheckFeature::takeResult(const CheckInput &input, const CheckResult &result)
 {
     const CheckedPiece checked{m_host->piece().piece(), input.orchestra, input.score};
-    show(problemsOf(result.messages, checked, opcodeWords()), statusText(result));
+    show(sectionProblems(checked.piece) + problemsOf(result.messages, checked, opcodeWords()),
+         statusText(result));
 }
 
 /// What the compiler has said in the window that has just been closed.

@@ -68,6 +68,15 @@ QString htmlOf(const PointerHelp &help)
     return html;
 }
 
+QString htmlOf(const QList<TextNote> &notes)
+{
+    QString html;
+    for (const TextNote &note : notes)
+        html += QStringLiteral("<p style=\"margin-bottom:4px\"><b>%1</b></p>")
+                    .arg(note.text.toHtmlEscaped());
+    return html;
+}
+
 } // namespace
 
 void PointerHelpFeature::install(FeatureHost &host)
@@ -125,24 +134,33 @@ void PointerHelpFeature::noteRepaint(const LEditOCX &editor)
         hide();
 }
 
+/// What is known of the name there, where the user wants that.
+std::optional<PointerHelp> PointerHelpFeature::helpAt(int line, int column) const
+{
+    const Piece &piece = m_host->piece().piece();
+    const PieceText &text = *piece.text(m_view.role);
+    if (!m_host->config().PointerHelp || line > text.lineCount())
+        return std::nullopt;
+    return pointerHelp(piece, text, line, column, lookupIn(*m_host->config().Words));
+}
+
 void PointerHelpFeature::show()
 {
     const LEditOCX &editor = *m_view.editor;
     QWidget *const viewport = viewportOf(editor);
-    if (!m_host->config().PointerHelp || !editor.isActiveWindow() || !viewport->underMouse())
+    if (!editor.isActiveWindow() || !viewport->underMouse())
         return;
     const auto character = characterAt(editor, m_pointer);
-    const Piece &piece = m_host->piece().piece();
-    const PieceText &text = *piece.text(m_view.role);
-    if (!character || character->first > text.lineCount())
+    if (!character)
         return;
-    const auto help = pointerHelp(piece, text, character->first, character->second,
-                                  lookupIn(*m_host->config().Words));
-    if (!help)
+    const auto [line, column] = *character;
+    const QList<TextNote> notes = m_host->notesAt(m_view.role, line, column);
+    const auto help = helpAt(line, column);
+    if (!help && notes.isEmpty())
         return;
-    m_place = help->place;
+    m_place = notes.isEmpty() ? help->place : notes.constFirst().place;
     m_name = rectangleOf(editor, m_place);
-    m_shown = htmlOf(*help);
+    m_shown = htmlOf(notes) + (help ? htmlOf(*help) : QString());
     const QRect inViewport(viewport->mapFrom(&editor, m_name.topLeft()), m_name.size());
     QToolTip::showText(
         editor.mapToGlobal(QPoint(m_pointer.x(), m_name.bottom() - m_name.height() / 2)), m_shown,

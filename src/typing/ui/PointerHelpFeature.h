@@ -28,6 +28,7 @@ protected:
 private:
     void notePointer(const EditorView &view, QPoint at);
     void noteRepaint(const LEditOCX &editor);
+    std::optional<PointerHelp> helpAt(int line, int column) const;
     void show();
     void hide();
 

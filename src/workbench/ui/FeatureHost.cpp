@@ -38,4 +38,12 @@ QList<LEditOCX *> FeatureHost::editors() const
     return found;
 }
 
+QList<TextNote> FeatureHost::notesAt(DocumentRole role, int line, int column) const
+{
+    QList<TextNote> found;
+    for (const TextNotes &notes : m_notes)
+        found += notes(role, line, column);
+    return found;
+}
+
 } // namespace ardiphon

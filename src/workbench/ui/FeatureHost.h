@@ -1,5 +1,6 @@
 #pragma once
 
+#include "piece/PiecePlace.h"
 #include "workbench/ui/EditorView.h"
 
 #include <QList>
@@ -28,6 +29,16 @@ struct Dock
     const char *title; ///< also the caption of the command that shows it
     Qt::DockWidgetArea area = Qt::RightDockWidgetArea;
 };
+
+/// What a feature has to say of a part of the text, shown where the pointer rests on it.
+struct TextNote
+{
+    PiecePlace place;
+    QString text;
+};
+
+/// Gives the notes of a feature for a character of the text of that role.
+using TextNotes = std::function<QList<TextNote>(DocumentRole role, int line, int column)>;
 
 /// What an editor window offers to its features. It knows none of them.
 class FeatureHost
@@ -68,12 +79,18 @@ public:
 
     /// What is read of the texts of all roles together.
     virtual PieceFollower &piece() = 0;
+    /// Has the notes of a feature shown where the pointer rests.
+    void addNotes(TextNotes notes) { m_notes.append(std::move(notes)); }
+    QList<TextNote> notesAt(DocumentRole role, int line, int column) const;
     /// Replaces the selection of the first editor by \a text; that editor gets the focus.
     virtual void insertText(const QString &text) = 0;
     /// Places every control around the text again, after one of their sizes has changed.
     virtual void arrange() = 0;
     /// Adds a dock to the window, hidden at first; \a content becomes its child.
     virtual QDockWidget *addDock(const Dock &dock, QWidget *content) = 0;
+
+private:
+    QList<TextNotes> m_notes;
 };
 
 } // namespace ardiphon
