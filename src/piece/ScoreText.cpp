@@ -68,6 +68,7 @@ void ScoreText::restart()
     m_input.restart();
     m_preprocessor.restart();
     m_isInComment = false;
+    m_isBehindLine = false;
     m_loops.clear();
     m_repeat.reset();
     m_built.clear();
@@ -81,7 +82,10 @@ void ScoreText::restart()
 
 ScoreText::Step ScoreText::next()
 {
-    m_input.refresh();
+    if (std::exchange(m_isBehindLine, false))
+        m_input.get();
+    else
+        m_input.refresh();
     if (m_isAtStart && !m_isInComment && !m_preprocessor.isBetween()) {
         m_built.clear();
         if (readWholeLine())
@@ -119,7 +123,7 @@ bool ScoreText::readWholeLine()
         return false;
     m_number = m_input.line();
     m_input.skip(line.size());
-    m_input.get();
+    m_isBehindLine = true; // as the next line takes the place of this one
     m_line = line.first(length);
     return true;
 }

@@ -72,7 +72,8 @@ private:
     QByteArray m_built; ///< the line so far, where it is not one of the source as it stands
     QByteArrayView m_line;
     int m_number = 1;
-    bool m_isAtStart = true; ///< of a line, but for blanks
+    bool m_isBehindLine = false; ///< whose end is yet to be passed
+    bool m_isAtStart = true;     ///< of a line, but for blanks
     bool m_isInString = false;
     bool m_isTruncated = false;
     bool m_isAtEnd = false;

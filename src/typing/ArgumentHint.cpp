@@ -86,8 +86,7 @@ std::optional<ArgumentHint> callHint(const Piece &piece, const CallAtCaret &call
     for (const UserSignature &own : userSignaturesOf(piece, call.name))
         signatures.append(own.signature);
     if (signatures.isEmpty())
-        signatures =
-            fitting(signaturesOf(lookup(call.name).parameters, QString::fromUtf8(call.name)), call);
+        signatures = fitting(lookup(call.name).signatures, call);
     for (const Signature &signature : std::as_const(signatures)) {
         if (hint.lines.size() < MostHintLines)
             hint.lines.append(hintLine(signature, call.argument));

@@ -98,8 +98,8 @@ private:
 
     void readOpcode(const PieceSymbol &symbol)
     {
-        const OpcodeText known = m_lookup(symbol.name);
-        for (const Signature &way : signaturesOf(known.parameters, QString::fromUtf8(symbol.name)))
+        const KnownOpcode known = m_lookup(symbol.name);
+        for (const Signature &way : known.signatures)
             m_help.code.append(way.text);
         if (m_help.code.isEmpty() && !known.sentence.isEmpty())
             m_help.code.append(QString::fromUtf8(symbol.name));
@@ -225,8 +225,7 @@ private:
     }
     bool wantsTable(const CallAtCaret &call) const
     {
-        const QList<Signature> ways =
-            signaturesOf(m_lookup(call.name).parameters, QString::fromUtf8(call.name));
+        const QList<Signature> ways = m_lookup(call.name).signatures;
         return std::any_of(ways.begin(), ways.end(), [&](const Signature &way) {
             const int input = argumentAt(way.inputs, call.argument);
             return input >= 0 && isTableArgument(way.inputs[input].name);

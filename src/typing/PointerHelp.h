@@ -1,7 +1,7 @@
 #pragma once
 
 #include "piece/Piece.h"
-#include "typing/OpcodeText.h"
+#include "typing/OpcodeLookup.h"
 
 #include <QStringList>
 

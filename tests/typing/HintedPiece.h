@@ -1,10 +1,10 @@
 #pragma once
 
 #include "piece/MarkedPiece.h"
-#include "typing/OpcodeText.h"
+#include "typing/OpcodeLookup.h"
 
-/// What a word table would say of some opcodes.
-inline ardiphon::OpcodeText hintedOpcode(QByteArrayView name)
+/// What a word table would say of some opcodes: parameters and sentence.
+inline std::pair<QString, QString> hintedTexts(QByteArrayView name)
 {
     if (name == "oscili")
         return {QStringLiteral("ares oscili xamp, xcps [, ifn, iphs] / "
@@ -21,4 +21,11 @@ inline ardiphon::OpcodeText hintedOpcode(QByteArrayView name)
     if (name == "fillarray")
         return {QStringLiteral("kArray[] fillarray ival1, ival2 [, ...]"), QString()};
     return {};
+}
+
+inline ardiphon::KnownOpcode hintedOpcode(QByteArrayView name)
+{
+    const auto [parameters, sentence] = hintedTexts(name);
+    return {parameters, sentence,
+            ardiphon::signaturesOf(parameters, QString::fromUtf8(name.toByteArray()))};
 }

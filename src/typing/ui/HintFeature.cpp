@@ -1,7 +1,6 @@
 #include "typing/ui/HintFeature.h"
 
 #include "app/ConfigurationBlock.h"
-#include "language/WordTables.h"
 #include "language/editor/LEditOCX.h"
 #include "typing/HintPlace.h"
 #include "typing/ui/LabelOfHint.h"
@@ -37,6 +36,7 @@ QRect lineBeside(const LEditOCX &editor, const ArgumentHint &hint)
 void HintFeature::install(FeatureHost &host)
 {
     m_host = &host;
+    m_opcodes = std::make_unique<OpcodeSignatures>(*host.config().Words);
     m_label = new LabelOfHint(&host.owner());
     m_pause = new QTimer(this);
     m_pause->setSingleShot(true);
@@ -108,8 +108,7 @@ std::optional<ArgumentHint> HintFeature::hintAt(const EditorView &view) const
     const int line = view.editor->CaretLine();
     if (line > text.lineCount())
         return std::nullopt;
-    return argumentHint(piece, text, line, view.editor->CaretColumn(),
-                        lookupIn(*m_host->config().Words));
+    return argumentHint(piece, text, line, view.editor->CaretColumn(), lookupIn(*m_opcodes));
 }
 
 void HintFeature::show(const LEditOCX &editor, const ArgumentHint &hint)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "typing/ArgumentHint.h"
+#include "typing/OpcodeSignatures.h"
 #include "workbench/ui/EditorView.h"
 #include "workbench/ui/WindowFeature.h"
 
@@ -8,6 +9,7 @@
 #include <QPoint>
 #include <QPointer>
 
+#include <memory>
 #include <optional>
 
 class QTimer;
@@ -43,6 +45,7 @@ private:
     QWidget *list() const;
 
     FeatureHost *m_host = nullptr;
+    std::unique_ptr<OpcodeSignatures> m_opcodes;
     QPointer<LabelOfHint> m_label; ///< a child of the window, which may be gone before
     QTimer *m_pause = nullptr;
     const LEditOCX *m_editor = nullptr; ///< beside whose caret it stands

@@ -1,7 +1,6 @@
 #include "typing/ui/PointerHelpFeature.h"
 
 #include "app/ConfigurationBlock.h"
-#include "language/WordTables.h"
 #include "language/editor/LEditOCX.h"
 #include "workbench/ui/FeatureHost.h"
 #include "workbench/ui/PieceFollower.h"
@@ -82,6 +81,7 @@ QString htmlOf(const QList<TextNote> &notes)
 void PointerHelpFeature::install(FeatureHost &host)
 {
     m_host = &host;
+    m_opcodes = std::make_unique<OpcodeSignatures>(*host.config().Words);
     m_views = host.views();
     m_rest = new QTimer(this);
     m_rest->setSingleShot(true);
@@ -141,7 +141,7 @@ std::optional<PointerHelp> PointerHelpFeature::helpAt(int line, int column) cons
     const PieceText &text = *piece.text(m_view.role);
     if (!m_host->config().PointerHelp || line > text.lineCount())
         return std::nullopt;
-    return pointerHelp(piece, text, line, column, lookupIn(*m_host->config().Words));
+    return pointerHelp(piece, text, line, column, lookupIn(*m_opcodes));
 }
 
 void PointerHelpFeature::show()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "typing/OpcodeSignatures.h"
 #include "typing/PointerHelp.h"
 #include "workbench/ui/EditorView.h"
 #include "workbench/ui/WindowFeature.h"
@@ -8,6 +9,7 @@
 #include <QPoint>
 #include <QRect>
 
+#include <memory>
 #include <optional>
 
 class QTimer;
@@ -33,6 +35,7 @@ private:
     void hide();
 
     FeatureHost *m_host = nullptr;
+    std::unique_ptr<OpcodeSignatures> m_opcodes;
     QTimer *m_rest = nullptr;
     QList<EditorView> m_views;
     EditorView m_view;  ///< that the pointer is in
