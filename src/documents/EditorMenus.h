@@ -47,6 +47,8 @@ inline constexpr const char *StudioMenu[] = {
     "menuStudioProblems",
     "menuStudioNextProblem",
     "menuStudioPreviousProblem",
+    nullptr,
+    "menuStudioComplete",
 };
 
 inline constexpr const char *WindowMenu[] = {

@@ -16,6 +16,7 @@ constexpr Command commands[] = {
     {"menuStudioProblems", "&Problems", true},
     {"menuStudioNextProblem", "Ne&xt Problem"},
     {"menuStudioPreviousProblem", "Pre&vious Problem"},
+    {"menuStudioComplete", "Co&mplete"},
 };
 
 constexpr Shortcut shortcuts[] = {
@@ -27,6 +28,7 @@ constexpr Shortcut shortcuts[] = {
     {"menuStudioProblems", "Ctrl+Shift+M"},
     {"menuStudioNextProblem", "Ctrl+."},
     {"menuStudioPreviousProblem", "Ctrl+,"},
+    {"menuStudioComplete", "Ctrl+Space"},
 };
 
 } // namespace

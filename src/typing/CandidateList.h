@@ -30,6 +30,7 @@ public:
         // Letters that are only somewhere in a name were rarely meant for it.
         if (!m_typed.isEmpty() && match->grade == MatchGrade::Scattered)
             candidate.fit -= 2;
+        candidate.order = int(m_found.size());
         m_names.insert(candidate.name);
         m_found.append(std::move(candidate));
     }

@@ -16,10 +16,11 @@ namespace {
 class PlaceCandidates
 {
 public:
-    PlaceCandidates(const CompletionSources &sources, const CompletionPlace &place, bool isAsked)
+    PlaceCandidates(const CompletionSources &sources, const CompletionPlace &place,
+                    CompletionReason reason)
         : m_sources(sources),
           m_place(place),
-          m_isAsked(isAsked),
+          m_reason(reason),
           m_fit(place, signaturesAt()),
           m_found(place.typed),
           m_piece(sources.piece, place, m_fit, m_found)
@@ -28,9 +29,10 @@ public:
 
     QList<Completion> read(const QString &behind)
     {
-        if (m_isAsked || m_place.typed.isEmpty())
+        if (m_reason != CompletionReason::Letters)
             addBracket(behind);
-        addKind();
+        if (m_reason != CompletionReason::Opening || m_place.isQuoted)
+            addKind();
         return m_found.take();
     }
 
@@ -68,6 +70,7 @@ private:
             if (isNumber())
                 break;
             addEnd();
+            addSnippets(SnippetLanguage::Orchestra);
             m_piece.addVariables();
             m_piece.addOpcodes();
             m_piece.addMacros();
@@ -135,12 +138,18 @@ private:
         case PlaceKind::ScoreStatement:
             m_piece.addMacros();
             addKnown(scoreStatements(), CompletionKind::Statement);
+            addSnippets(SnippetLanguage::Score);
             break;
         case PlaceKind::Tag:
             addTags();
             break;
         case PlaceKind::Option:
             addKnown(compilerOptions(), CompletionKind::Option);
+            addSnippets(SnippetLanguage::Options);
+            break;
+        case PlaceKind::Document:
+            addSnippets(SnippetLanguage::Document);
+            addTags();
             break;
         default:
             break;
@@ -279,6 +288,24 @@ private:
         }
     }
 
+    void addSnippets(SnippetLanguage language)
+    {
+        for (int i = 0; i < m_sources.snippets.size(); ++i) {
+            const Snippet &snippet = m_sources.snippets[i];
+            if (snippet.language != language)
+                continue;
+            Completion candidate;
+            candidate.kind = CompletionKind::Snippet;
+            candidate.name = snippet.word;
+            candidate.text = snippet.text;
+            candidate.form = snippet.title;
+            candidate.sentence = snippet.text;
+            candidate.snippet = i;
+            candidate.fit = m_fit.ofVariable({});
+            m_found.add(std::move(candidate));
+        }
+    }
+
     void addFiles()
     {
         if (!m_sources.files)
@@ -325,7 +352,7 @@ private:
 
     const CompletionSources &m_sources;
     const CompletionPlace &m_place;
-    const bool m_isAsked;
+    const CompletionReason m_reason;
     const PlaceFit m_fit;
     CandidateList m_found;
     PieceCandidates m_piece;
@@ -334,11 +361,11 @@ private:
 } // namespace
 
 QList<Completion> candidatesAt(const CompletionSources &sources, const CompletionPlace &place,
-                               bool isAsked, const QString &behind)
+                               CompletionReason reason, const QString &behind)
 {
     if (!place.isSomething() || sources.piece.text(place.role) == nullptr)
         return {};
-    return PlaceCandidates(sources, place, isAsked).read(behind);
+    return PlaceCandidates(sources, place, reason).read(behind);
 }
 
 } // namespace ardiphon

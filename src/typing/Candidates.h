@@ -4,9 +4,9 @@
 
 namespace ardiphon {
 
-/// All suggestions for \a place that have its letters, in no order. \a isAsked and \a behind as for
+/// All suggestions for \a place that have its letters, in no order. \a reason and \a behind as for
 /// CompletionList.
 QList<Completion> candidatesAt(const CompletionSources &sources, const CompletionPlace &place,
-                               bool isAsked, const QString &behind);
+                               CompletionReason reason, const QString &behind);
 
 } // namespace ardiphon

@@ -49,11 +49,15 @@ bool isBetter(const Completion &first, const Completion &second)
 {
     const auto rank = [](const Completion &of) {
         return std::tuple(of.grade == MatchGrade::Exact, of.fit, of.grade >= MatchGrade::Starts,
-                          of.uses, of.score, -of.name.size());
+                          of.uses, of.score);
     };
     const auto a = rank(first);
     const auto b = rank(second);
-    return a != b ? a > b : first.name < second.name;
+    if (a != b)
+        return a > b;
+    if (first.score == 0 && first.order != second.order)
+        return first.order < second.order;
+    return std::tuple(first.name.size(), first.name) < std::tuple(second.name.size(), second.name);
 }
 
 } // namespace ardiphon

@@ -39,11 +39,13 @@ struct Completion
     QString form;     ///< its signature, or what else says in a line what it is
     QString sentence; ///< the rest of what is to be said of it
     int prefix = 0;   ///< how many letters of a variable's name tell its type
+    int snippet = -1; ///< of a snippet its number among them all
     int record = 0;   ///< of an opcode of the language, which has form and sentence there
     int fit = 0;      ///< how well it suits the place
     int uses = 0;     ///< how often it stands near the caret
     MatchGrade grade = MatchGrade::Scattered;
     int score = 0;           ///< of the match
+    int order = 0;           ///< in which it was found
     bool isAppended = false; ///< comes behind what is typed, and not in its place
 
     const QString &taken() const { return text.isEmpty() ? name : text; }
@@ -51,7 +53,7 @@ struct Completion
 
 /// Whether \a first is the better suggestion: what is typed in full; what suits the place better;
 /// a name that the letters begin, or whose words they begin; what the piece uses more often; what
-/// matches better; what is shorter; and then by letters.
+/// matches better; what is shorter; and then by letters. With nothing typed, what was found first.
 bool isBetter(const Completion &first, const Completion &second);
 
 } // namespace ardiphon

@@ -10,10 +10,10 @@
 namespace ardiphon {
 
 CompletionList::CompletionList(const CompletionSources &sources, CompletionPlace place,
-                               bool isAsked, const QString &behind)
+                               CompletionReason reason, const QString &behind)
     : m_place(std::move(place)), m_typed(m_place.typed)
 {
-    m_all = candidatesAt(sources, m_place, isAsked, behind);
+    m_all = candidatesAt(sources, m_place, reason, behind);
     if (const PieceText *const text = sources.piece.text(m_place.role))
         countUses(*text, m_place.line, m_all);
     std::sort(m_all.begin(), m_all.end(), isBetter);

@@ -3,6 +3,7 @@
 #include "typing/Completion.h"
 #include "typing/CompletionPlace.h"
 #include "typing/OpcodeSignatures.h"
+#include "typing/Snippets.h"
 
 #include <QList>
 #include <QStringList>
@@ -21,15 +22,24 @@ struct CompletionSources
     OpcodeSignatures &opcodes;
     /// The files that can be named in a text that wants a file; asked only there.
     std::function<QStringList()> files;
+    const QList<Snippet> &snippets;
+};
+
+/// Why there are suggestions.
+enum class CompletionReason : quint8 {
+    Letters, ///< of a word were typed
+    Opening, ///< a bracket or quotes were typed
+    Asked,   ///< the user asked for them
 };
 
 /// The suggestions at a place: read once, then narrowed as the word is typed on.
 class CompletionList
 {
 public:
-    /// What can stand at \a place and has its letters. With \a isAsked, where the user asked for
-    /// it, what is open is closed too; \a behind is the line behind the caret.
-    CompletionList(const CompletionSources &sources, CompletionPlace place, bool isAsked,
+    /// What can stand at \a place and has its letters. Where the user asked for it, and behind an
+    /// opening bracket or quotes, what is open is closed too; \a behind is the line behind the
+    /// caret.
+    CompletionList(const CompletionSources &sources, CompletionPlace place, CompletionReason reason,
                    const QString &behind);
 
     const CompletionPlace &place() const { return m_place; }

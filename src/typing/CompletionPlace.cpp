@@ -44,6 +44,15 @@ CodePlace optionPlace(QByteArrayView before)
     return place;
 }
 
+CodePlace documentPlace(QByteArrayView before)
+{
+    CodePlace place;
+    place.start = wordStart(before);
+    if (before.first(place.start).trimmed().isEmpty())
+        place.kind = PlaceKind::Document;
+    return place;
+}
+
 CodePlace codePlace(const Piece &piece, const PieceText &text, int line, QByteArrayView before)
 {
     CodePlace place;
@@ -57,6 +66,8 @@ CodePlace codePlace(const Piece &piece, const PieceText &text, int line, QByteAr
         return scorePlace(before, state.code);
     case PieceSection::Options:
         return state.code == CodeState::Code ? optionPlace(before) : place;
+    case PieceSection::Outside:
+        return state.code == CodeState::Code ? documentPlace(before) : place;
     default:
         return place;
     }
@@ -87,15 +98,17 @@ CompletionPlace completionPlace(const Piece &piece, const PieceText &text, int l
     place.start = charactersOf(bytes, code.start);
     place.end = charactersOf(bytes, caret);
     place.typed = QString::fromUtf8(bytes.sliced(code.start, caret - code.start));
-    const QString rest = QString::fromUtf8(bytes.sliced(caret));
-    qsizetype more = 0;
-    while (more < rest.size() && isOfCompletedWord(place, rest[more]))
-        ++more;
-    // An open text may as well end with the line, and then it has the whole rest of that.
-    if (place.isQuoted && more == rest.size())
-        more = 0;
-    place.end += int(more);
+    place.end += restOfWord(place, QString::fromUtf8(bytes.sliced(caret)));
     return place;
+}
+
+int restOfWord(const CompletionPlace &place, QStringView behind)
+{
+    qsizetype length = 0;
+    while (length < behind.size() && isOfCompletedWord(place, behind[length]))
+        ++length;
+    // An open text may as well end with the line, and then it would have the whole rest of that.
+    return place.isQuoted && length == behind.size() ? 0 : int(length);
 }
 
 bool isOfCompletedWord(const CompletionPlace &place, QChar c)

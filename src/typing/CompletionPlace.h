@@ -33,7 +33,8 @@ enum class PlaceKind : quint8 {
     File, ///< in quotes, where a file is wanted
     // A unified file.
     Tag,
-    Option, ///< of the compiler
+    Option,   ///< of the compiler
+    Document, ///< the first word of a line outside of all sections
 };
 
 /// Where the caret stands in a piece, and the word there that a suggestion takes the place of.
@@ -61,6 +62,9 @@ struct CompletionPlace
 /// The place at \a column, in characters, of \a line of \a text. Nothing in a line of more than 16
 /// KiB. Costs what a hundred lines take.
 CompletionPlace completionPlace(const Piece &piece, const PieceText &text, int line, int column);
+
+/// How many characters of \a behind, which is what follows the caret, belong to the word there.
+int restOfWord(const CompletionPlace &place, QStringView behind);
 
 /// Whether \a c can be in the word at a place of that kind.
 bool isOfCompletedWord(const CompletionPlace &place, QChar c);

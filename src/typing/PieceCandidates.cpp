@@ -1,7 +1,7 @@
 #include "typing/PieceCandidates.h"
 
 #include "piece/OrchestraWords.h"
-#include "piece/PieceBodies.h"
+#include "piece/PieceFields.h"
 #include "piece/PieceSymbol.h"
 
 #include <utility>
@@ -51,8 +51,9 @@ PieceCandidates::PieceCandidates(const Piece &piece, const CompletionPlace &plac
     : m_piece(piece), m_place(place), m_fit(fit), m_found(found)
 {
     if (place.section == PieceSection::Orchestra) {
-        if (const auto body = bodyAt(piece, *placeText(), place.line))
-            m_body = body->lines;
+        m_bodyLines = bodyAt(piece, *placeText(), place.line);
+        if (m_bodyLines)
+            m_body = m_bodyLines->lines;
     }
 }
 
@@ -173,25 +174,29 @@ void PieceCandidates::addVariable(const PieceText &text, PlacedLandmark found)
 void PieceCandidates::addPFields()
 {
     static const char *const names[] = {"the instrument", "the start", "the duration"};
-    if (m_body.isEmpty())
+    if (!m_bodyLines || m_bodyLines->kind != LandmarkKind::Instrument)
         return;
-    const PieceText &text = *placeText();
-    const auto add = [&](const QString &name, const QString &form) {
-        Completion candidate;
-        candidate.kind = CompletionKind::PField;
-        candidate.name = name;
-        candidate.form = form;
-        candidate.sentence = QStringLiteral("A field of the note.");
-        candidate.fit = m_fit.ofVariable({'i', false});
-        m_found.add(std::move(candidate));
-    };
-    text.visit(m_body.first, m_body.last, kindsOf(LandmarkKind::PField), [&](PlacedLandmark found) {
-        if (!isAtCaret(text, found) && found.mark->detail > 3)
-            add(m_piece.nameText(*found.mark), lineOf(text, found.line));
-        return true;
-    });
     for (int field = 1; field <= 3; ++field)
-        add(QStringLiteral("p%1").arg(field), QLatin1String(names[field - 1]));
+        addPField(field, QLatin1String(names[field - 1]), QStringLiteral("A field of every note."));
+    const PieceText &text = *placeText();
+    for (const PieceField &field : fieldsOf(text, *m_bodyLines).fields) {
+        const bool isAtCaret = field.place.line == m_place.line &&
+                               field.place.column >= m_place.start &&
+                               field.place.column <= m_place.end;
+        if (!isAtCaret)
+            addPField(field.number, field.name, lineOf(text, field.place.line));
+    }
+}
+
+void PieceCandidates::addPField(int number, const QString &name, const QString &sentence)
+{
+    Completion candidate;
+    candidate.kind = CompletionKind::PField;
+    candidate.name = QStringLiteral("p%1").arg(number);
+    candidate.form = name;
+    candidate.sentence = sentence;
+    candidate.fit = m_fit.ofVariable({'i', false});
+    m_found.add(std::move(candidate));
 }
 
 void PieceCandidates::addTables()

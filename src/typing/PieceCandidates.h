@@ -1,5 +1,6 @@
 #pragma once
 
+#include "piece/PieceBodies.h"
 #include "typing/CandidateList.h"
 #include "typing/PlaceFit.h"
 
@@ -28,6 +29,7 @@ private:
     using Visitor = std::function<void(const PieceText &, PlacedLandmark, const QByteArray &name)>;
     void visitAll(LandmarkKinds kinds, const Visitor &visit) const;
     QString lineOf(const PieceText &text, int line) const;
+    void addPField(int number, const QString &name, const QString &sentence);
     void addGlobals(const PieceText &text);
     void addVariable(const PieceText &text, PlacedLandmark found);
     void addLabel(const QString &name, const PieceText &text, int line);
@@ -39,7 +41,8 @@ private:
     const CompletionPlace &m_place;
     const PlaceFit &m_fit;
     CandidateList &m_found;
-    LineRun m_body; ///< that the caret is in; empty for none
+    std::optional<PieceBodyLines> m_bodyLines; ///< of what the caret is in
+    LineRun m_body;                            ///< the same; empty for none
 };
 
 } // namespace ardiphon

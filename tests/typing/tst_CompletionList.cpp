@@ -34,6 +34,7 @@ private slots:
     void channels_areOffered();
     void genRoutines_areOfferedByNumber();
     void scoreStatements_areOffered();
+    void snippets_areOfferedInTheirLanguage();
     void tags_beginWithTheOneThatCloses();
     void options_areOffered();
     void files_areOfferedWhereOneIsWanted();
@@ -55,15 +56,39 @@ private:
     WordTables m_words;
     OpcodeSignatures m_opcodes{m_words};
     QStringList m_files;
+    const QList<Snippet> m_snippets = {
+        {QStringLiteral("qxvoice"),
+         QStringLiteral("A voice"),
+         SnippetLanguage::Orchestra,
+         QStringLiteral("a1 = 1"),
+         {}},
+        {QStringLiteral("qxloop"),
+         QStringLiteral("A loop"),
+         SnippetLanguage::Score,
+         QStringLiteral("{ 4 N"),
+         {}},
+        {QStringLiteral("qxplay"),
+         QStringLiteral("Playing"),
+         SnippetLanguage::Options,
+         QStringLiteral("-odac"),
+         {}},
+        {QStringLiteral("qxframe"),
+         QStringLiteral("A piece"),
+         SnippetLanguage::Document,
+         QStringLiteral("<CsScore>"),
+         {}},
+    };
 };
 
 CompletionList tst_CompletionList::listOf(const MarkedPiece &marked, bool isAsked)
 {
-    const CompletionSources sources{marked.piece, m_words, m_opcodes, [this] { return m_files; }};
+    const CompletionSources sources{marked.piece, m_words, m_opcodes, [this] { return m_files; },
+                                    m_snippets};
     const QString line = QString::fromUtf8(marked.text().line(marked.caretLine).toByteArray());
     return CompletionList(
         sources, completionPlace(marked.piece, marked.text(), marked.caretLine, marked.caretColumn),
-        isAsked, line.mid(marked.caretColumn));
+        isAsked ? CompletionReason::Asked : CompletionReason::Letters,
+        line.mid(marked.caretColumn));
 }
 
 QStringList tst_CompletionList::rows(const QByteArray &text, bool isAsked)
@@ -220,7 +245,7 @@ void tst_CompletionList::pFields_areOffered()
     QCOMPARE(forms.keys(), QStringList({QStringLiteral("p1"), QStringLiteral("p2"),
                                         QStringLiteral("p3"), QStringLiteral("p4")}));
     QCOMPARE(forms.value(QStringLiteral("p3")), QStringLiteral("the duration"));
-    QCOMPARE(forms.value(QStringLiteral("p4")), QStringLiteral("iamp = p4"));
+    QCOMPARE(forms.value(QStringLiteral("p4")), QStringLiteral("iamp"));
 }
 
 void tst_CompletionList::uses_decideAmongWhatFits()
@@ -298,6 +323,16 @@ void tst_CompletionList::scoreStatements_areOffered()
     const QStringList found = rows("<CsScore>\n§", true);
     for (const char *const letter : {"i", "f", "t", "s", "e", "{", "}"})
         QVERIFY(found.contains(QStringLiteral("statement ") + QLatin1String(letter)));
+}
+
+void tst_CompletionList::snippets_areOfferedInTheirLanguage()
+{
+    QCOMPARE(names("<CsInstruments>\nqx§"), QStringList(QStringLiteral("qxvoice")));
+    QCOMPARE(names("<CsInstruments>\nk1 = qx§"), QStringList());
+    QCOMPARE(names("<CsScore>\nqx§"), QStringList(QStringLiteral("qxloop")));
+    QCOMPARE(names("<CsOptions>\nqx§"), QStringList(QStringLiteral("qxplay")));
+    QCOMPARE(names("qx§"), QStringList(QStringLiteral("qxframe")));
+    QCOMPARE(names("<CsLicense>\nqx§"), QStringList());
 }
 
 void tst_CompletionList::tags_beginWithTheOneThatCloses()
@@ -428,10 +463,10 @@ void tst_CompletionList::emptyTables_offerTheNamesOfThePiece()
     WordTables none;
     OpcodeSignatures opcodes(none);
     const MarkedPiece marked("<CsInstruments>\ninstr 1\nkfreq = 1\nk2 = kf§\n");
-    const CompletionSources sources{marked.piece, none, opcodes, {}};
+    const CompletionSources sources{marked.piece, none, opcodes, {}, m_snippets};
     const CompletionList list(
         sources, completionPlace(marked.piece, marked.text(), marked.caretLine, marked.caretColumn),
-        false, QString());
+        CompletionReason::Letters, QString());
     QCOMPARE(list.size(), 1);
     QCOMPARE(list.at(0).name, QStringLiteral("kfreq"));
 }

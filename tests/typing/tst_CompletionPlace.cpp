@@ -11,7 +11,7 @@ namespace {
 const char *const PlaceNames[] = {
     "nothing",          "statement", "output",      "opcode", "argument",  "value",  "label",
     "instrument",       "channel",   "gen",         "text",   "directive", "macro",  "score",
-    "score-instrument", "score-gen", "score-label", "file",   "tag",       "option",
+    "score-instrument", "score-gen", "score-label", "file",   "tag",       "option", "document",
 };
 
 /// As "argument oscili 2 'kf|req' left=a open=(".
@@ -209,7 +209,7 @@ void tst_CompletionPlace::file_data()
     const auto row = [](const char *name, const char *text, const char *place) {
         QTest::newRow(name) << QString::fromUtf8(text) << QString::fromUtf8(place);
     };
-    row("empty", "§", "nothing");
+    row("empty", "§", "document '|'");
     row("a tag", "<Cs§", "tag '<Cs|'");
     row("an end tag", "<CsScore>\ni 1 0 1\n</Cs§Sc", "tag '</Cs|Sc'");
     row("a tag in the orchestra", "<CsInstruments>\n  </§", "tag '</|'");
@@ -218,7 +218,8 @@ void tst_CompletionPlace::file_data()
     row("a long option", "<CsOptions>\n-d --mid§", "option '--mid|'");
     row("a comment in the options", "<CsOptions>\n-d ; -o§", "nothing");
     row("text in the options", "<CsOptions>\n-o \"my so§ng\"", "nothing");
-    row("outside", "a line\nos§", "nothing");
+    row("outside", "a line\nos§", "document 'os|'");
+    row("outside, a second word", "a line\nan os§", "nothing");
     row("the licence", "<CsLicense>\nos§", "nothing");
     row("in a comment over lines", "<CsInstruments>\n/* one\nos§\n*/", "nothing");
     row("behind a comment over lines", "<CsInstruments>\n/* one\ntwo */ os§", "statement 'os|'");

@@ -16,6 +16,7 @@
 #include "insight/ui/RenameFeature.h"
 #include "preferences/ui/PreferencesFeature.h"
 #include "printing/ui/PrintFeature.h"
+#include "typing/ui/CompletionFeature.h"
 #include "typing/ui/HintFeature.h"
 #include "typing/ui/PointerHelpFeature.h"
 
@@ -32,12 +33,13 @@ std::unique_ptr<WindowFeature> newFeature()
 }
 
 constexpr NewFeature Features[] = {
-    newFeature<HeadersFeature>,  newFeature<PreferencesFeature>, newFeature<CompileFeature>,
-    newFeature<AnalysisFeature>, newFeature<SoundFeature>,       newFeature<ProgramsFeature>,
-    newFeature<PrintFeature>,    newFeature<HalvesFeature>,      newFeature<HelpFeature>,
-    newFeature<OutlineFeature>,  newFeature<GoFeature>,          newFeature<FoldFeature>,
-    newFeature<RenameFeature>,   newFeature<MarksFeature>,       newFeature<MeaningFeature>,
-    newFeature<CheckFeature>,    newFeature<HintFeature>,        newFeature<PointerHelpFeature>,
+    newFeature<HeadersFeature>,     newFeature<PreferencesFeature>, newFeature<CompileFeature>,
+    newFeature<AnalysisFeature>,    newFeature<SoundFeature>,       newFeature<ProgramsFeature>,
+    newFeature<PrintFeature>,       newFeature<HalvesFeature>,      newFeature<HelpFeature>,
+    newFeature<OutlineFeature>,     newFeature<GoFeature>,          newFeature<FoldFeature>,
+    newFeature<RenameFeature>,      newFeature<MarksFeature>,       newFeature<MeaningFeature>,
+    newFeature<CheckFeature>,       newFeature<CompletionFeature>,  newFeature<HintFeature>,
+    newFeature<PointerHelpFeature>,
 };
 
 } // namespace
