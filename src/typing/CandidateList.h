@@ -13,26 +13,34 @@ namespace ardiphon {
 class CandidateList
 {
 public:
-    explicit CandidateList(QString typed) : m_typed(std::move(typed)) {}
+    explicit CandidateList(QString typed) : m_typed(std::move(typed)) { m_found.reserve(512); }
 
     const QString &typed() const { return m_typed; }
-    bool has(const QString &name) const { return m_names.contains(name); }
-
-    /// Adds a suggestion if what is typed is in its name. A name that is there already stays as it
-    /// is.
-    void add(Completion candidate)
+    /// How what is typed is in the name of a suggestion; none where that is there already.
+    std::optional<NameMatch> match(const Completion &candidate) const
     {
-        const auto match = matchName(m_typed, candidate.name, candidate.prefix);
-        if (!match || m_names.contains(candidate.name))
-            return;
-        candidate.grade = match->grade;
-        candidate.score = match->score;
-        // Letters that are only somewhere in a name were rarely meant for it.
-        if (!m_typed.isEmpty() && match->grade == MatchGrade::Scattered)
-            candidate.fit -= 2;
+        auto match = matchName(m_typed, candidate.name, candidate.prefix);
+        if (match && m_names.contains(candidate.name))
+            match.reset();
+        return match;
+    }
+
+    /// Adds a suggestion with its match.
+    void add(Completion candidate, const NameMatch &match)
+    {
+        candidate.grade = match.grade;
+        candidate.score = match.score;
+        if (!m_typed.isEmpty() && match.grade == MatchGrade::Scattered)
+            candidate.fit -= ScatteredCost;
         candidate.order = int(m_found.size());
         m_names.insert(candidate.name);
         m_found.append(std::move(candidate));
+    }
+    /// The same if it has one.
+    void add(Completion candidate)
+    {
+        if (const auto found = match(candidate))
+            add(std::move(candidate), *found);
     }
 
     /// Adds one that has nothing to do with what is typed.

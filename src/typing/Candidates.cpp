@@ -184,17 +184,19 @@ private:
     {
         for (int record = 1; record <= m_sources.opcodes.recordCount(); ++record) {
             const QString &name = m_sources.opcodes.nameOf(record);
-            if (name.isEmpty() || name[0] == u'$' || name[0] == u'#' ||
-                !matchName(m_found.typed(), name))
+            if (name.isEmpty() || name[0] == u'$' || name[0] == u'#')
                 continue;
             Completion candidate;
             candidate.name = name;
+            const auto match = m_found.match(candidate);
+            if (!match)
+                continue;
             candidate.record = record;
             const bool isWord = isLanguageWord(name.toUtf8());
             candidate.kind = isWord ? CompletionKind::Word : CompletionKind::Opcode;
             candidate.fit = fitOf(candidate, isWord);
             if (candidate.fit != PlaceFit::None)
-                m_found.add(std::move(candidate));
+                m_found.add(std::move(candidate), *match);
         }
     }
 

@@ -1,5 +1,6 @@
 #include "typing/Completion.h"
 
+#include <algorithm>
 #include <tuple>
 
 namespace ardiphon {
@@ -43,6 +44,15 @@ QString completionKindText(CompletionKind kind)
         return QStringLiteral("closing");
     }
     return QString();
+}
+
+QString formOfLine(const PieceText &text, int line)
+{
+    constexpr qsizetype longest = 120;
+    if (line < 1 || line > text.lineCount())
+        return QString();
+    const QByteArrayView bytes = text.line(line);
+    return QString::fromUtf8(bytes.first(std::min(bytes.size(), longest))).simplified();
 }
 
 bool isBetter(const Completion &first, const Completion &second)

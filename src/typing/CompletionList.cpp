@@ -16,9 +16,9 @@ CompletionList::CompletionList(const CompletionSources &sources, CompletionPlace
     m_all = candidatesAt(sources, m_place, reason, behind);
     if (const PieceText *const text = sources.piece.text(m_place.role))
         countUses(*text, m_place.line, m_all);
-    std::sort(m_all.begin(), m_all.end(), isBetter);
     m_shown.resize(m_all.size());
     std::iota(m_shown.begin(), m_shown.end(), 0);
+    sort();
 }
 
 void CompletionList::narrow(const QString &typed)
@@ -39,18 +39,35 @@ void CompletionList::narrow(const QString &typed)
             return true;
         const bool wasScattered = candidate.grade == MatchGrade::Scattered;
         const bool isScattered = match->grade == MatchGrade::Scattered;
-        candidate.fit += (wasScattered ? 2 : 0) - (isScattered ? 2 : 0);
+        candidate.fit += (wasScattered ? ScatteredCost : 0) - (isScattered ? ScatteredCost : 0);
         candidate.grade = match->grade;
         candidate.score = match->score;
         return false;
     };
     m_shown.removeIf(isOut);
-    std::sort(m_shown.begin(), m_shown.end(),
-              [this](int a, int b) { return isBetter(m_all[a], m_all[b]); });
+    sort();
+}
+
+/// Of many only the first are put in order; the others when one of them is asked for.
+void CompletionList::sort()
+{
+    m_sorted = std::min(int(m_shown.size()), FirstRows);
+    std::partial_sort(m_shown.begin(), m_shown.begin() + m_sorted, m_shown.end(), inOrder());
+}
+
+const Completion &CompletionList::at(int row) const
+{
+    if (row >= m_sorted) {
+        std::sort(m_shown.begin() + m_sorted, m_shown.end(), inOrder());
+        m_sorted = int(m_shown.size());
+    }
+    return m_all[m_shown[row]];
 }
 
 CompletionText textOf(const Completion &of, OpcodeSignatures &opcodes)
 {
+    if (of.where != nullptr)
+        return {formOfLine(*of.where, of.line), of.sentence};
     if (of.record == 0)
         return {of.form, of.sentence};
     const KnownOpcode &known = opcodes.of(of.record);

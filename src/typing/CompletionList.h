@@ -50,15 +50,24 @@ public:
     int size() const { return int(m_shown.size()); }
     bool isEmpty() const { return m_shown.isEmpty(); }
     /// In the order in which they are shown.
-    const Completion &at(int row) const { return m_all[m_shown[row]]; }
+    const Completion &at(int row) const;
     /// Whether a row would change nothing: its word is there.
     bool isTyped(int row) const { return !at(row).isAppended && at(row).taken() == m_typed; }
 
 private:
+    static constexpr int FirstRows = 200;
+
+    void sort();
+    auto inOrder() const
+    {
+        return [this](int a, int b) { return isBetter(m_all[a], m_all[b]); };
+    }
+
     CompletionPlace m_place;
     QString m_typed;
     QList<Completion> m_all;
-    QList<int> m_shown;
+    mutable QList<int> m_shown;
+    mutable int m_sorted = 0; ///< how many of them are in order
 };
 
 /// The form and the sentence of a suggestion.

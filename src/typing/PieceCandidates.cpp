@@ -4,6 +4,9 @@
 #include "piece/PieceFields.h"
 #include "piece/PieceSymbol.h"
 
+#include <QHash>
+
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -11,10 +14,15 @@ namespace ardiphon {
 
 namespace {
 
-constexpr qsizetype LongestForm = 120;
 constexpr int MostScoreLines = 4000; ///< above the caret's that are looked at
 constexpr LandmarkKinds Variables =
     kindsOf(LandmarkKind::Variable, LandmarkKind::Array, LandmarkKind::Header);
+
+const QString &headerSentence()
+{
+    static const QString sentence = QStringLiteral("Holds for the whole orchestra.");
+    return sentence;
+}
 
 QString rateText(char letter)
 {
@@ -24,17 +32,35 @@ QString rateText(char letter)
     case 'k':
         return QStringLiteral("control rate");
     case 'i':
-        return QStringLiteral("at the note's start");
+        return QStringLiteral("the note's start");
     case 'S':
         return QStringLiteral("text");
     case 'f':
     case 'w':
-        return QStringLiteral("spectrum");
+        return QStringLiteral("a spectrum");
     case 'b':
-        return QStringLiteral("truth value");
+        return QStringLiteral("a truth value");
     default:
         return QString();
     }
+}
+
+/// Each of them is made once.
+const QString &variableSentence(ValueType type, bool isGlobal)
+{
+    static QHash<int, QString> sentences;
+    QString &sentence = sentences[type.letter + (type.isArray ? 256 : 0) + (isGlobal ? 512 : 0)];
+    if (sentence.isEmpty()) {
+        const QString rate = rateText(type.letter);
+        sentence = isGlobal ? QStringLiteral("A variable that all instruments know")
+                            : QStringLiteral("A variable of this instrument");
+        if (type.isArray)
+            sentence += QStringLiteral(", an array");
+        if (!rate.isEmpty())
+            sentence += QStringLiteral(", ") + rate;
+        sentence += u'.';
+    }
+    return sentence;
 }
 
 /// The variable that takes the number of a table, where a line has one.
@@ -75,14 +101,6 @@ void PieceCandidates::visitAll(LandmarkKinds kinds, const Visitor &visit) const
     }
 }
 
-QString PieceCandidates::lineOf(const PieceText &text, int line) const
-{
-    if (line > text.lineCount())
-        return QString();
-    const QByteArrayView bytes = text.line(line);
-    return QString::fromUtf8(bytes.first(std::min(bytes.size(), LongestForm))).simplified();
-}
-
 /// A name that is being typed is none yet.
 bool PieceCandidates::isAtCaret(const PieceText &text, PlacedLandmark found) const
 {
@@ -116,7 +134,8 @@ void PieceCandidates::addGlobals(const PieceText &text)
     enum class Seen : quint8 { Not, Local, Done };
     std::vector<Seen> names;
     bool isInBody = false;
-    text.visit(1, text.lineCount(), Variables | begins | ends, [&](PlacedLandmark found) {
+    const LandmarkKinds bodies = m_body.isEmpty() ? begins | ends : LandmarkKinds(0);
+    text.visit(1, text.lineCount(), Variables | bodies, [&](PlacedLandmark found) {
         const LandmarkKinds kind = kindsOf(found.mark->kind);
         if ((kind & (begins | ends)) != 0) {
             isInBody = (kind & begins) != 0;
@@ -145,30 +164,25 @@ bool PieceCandidates::isHeaderName(PlacedLandmark found)
     return found.mark->kind == LandmarkKind::Header;
 }
 
+/// There may be thousands; what is shown of one is read when it is shown.
 void PieceCandidates::addVariable(const PieceText &text, PlacedLandmark found)
 {
-    const QString name = m_piece.nameText(*found.mark);
-    if (m_found.has(name) || isAtCaret(text, found))
-        return;
     const bool isHeader = isHeaderName(found);
-    const ValueType type{isHeader ? 'i' : char(found.mark->detail),
-                         found.mark->kind == LandmarkKind::Array};
     Completion candidate;
     candidate.kind = CompletionKind::Variable;
-    candidate.name = name;
-    if (variableType(name.toUtf8()) != 0 && !isHeader)
-        candidate.prefix = name.startsWith(u'g') ? 2 : 1;
-    candidate.form = lineOf(text, found.line);
-    candidate.sentence =
-        isHeader
-            ? QStringLiteral("Holds for the whole orchestra.")
-            : QStringLiteral("%1%2, %3.")
-                  .arg(isGlobalName(name.toUtf8()) ? QStringLiteral("Known everywhere")
-                                                   : QStringLiteral("Known in this instrument"),
-                       type.isArray ? QStringLiteral(", an array") : QString(),
-                       rateText(type.letter));
+    candidate.name = m_piece.nameText(*found.mark);
+    const bool isGlobal = candidate.name.startsWith(u'g');
+    candidate.prefix = isHeader || found.mark->detail == 0 ? 0 : isGlobal ? 2 : 1;
+    const auto match = m_found.match(candidate);
+    if (!match || isAtCaret(text, found))
+        return;
+    const ValueType type{isHeader ? 'i' : char(found.mark->detail),
+                         found.mark->kind == LandmarkKind::Array};
+    candidate.where = &text;
+    candidate.line = found.line;
+    candidate.sentence = isHeader ? headerSentence() : variableSentence(type, isGlobal);
     candidate.fit = m_fit.ofVariable(type);
-    m_found.add(std::move(candidate));
+    m_found.add(std::move(candidate), *match);
 }
 
 void PieceCandidates::addPFields()
@@ -184,7 +198,7 @@ void PieceCandidates::addPFields()
                                field.place.column >= m_place.start &&
                                field.place.column <= m_place.end;
         if (!isAtCaret)
-            addPField(field.number, field.name, lineOf(text, field.place.line));
+            addPField(field.number, field.name, formOfLine(text, field.place.line));
     }
 }
 
@@ -207,7 +221,7 @@ void PieceCandidates::addTables()
                      return;
                  Completion candidate;
                  candidate.kind = CompletionKind::Table;
-                 candidate.form = lineOf(text, found.line);
+                 candidate.form = formOfLine(text, found.line);
                  candidate.name = tableName(QString::fromUtf8(name), candidate.form);
                  candidate.sentence = QStringLiteral("A function table.");
                  candidate.fit = PlaceFit::Best;
@@ -245,7 +259,7 @@ void PieceCandidates::addMacros()
         Completion candidate;
         candidate.kind = CompletionKind::Macro;
         candidate.name = (hasSign ? QStringLiteral("$") : QString()) + QString::fromUtf8(name);
-        candidate.form = lineOf(text, found.line);
+        candidate.form = formOfLine(text, found.line);
         candidate.sentence = QStringLiteral("A macro of this piece.");
         candidate.fit = m_place.kind == PlaceKind::Macro ? PlaceFit::Best : 2;
         m_found.add(std::move(candidate));
@@ -267,7 +281,7 @@ void PieceCandidates::addLabel(const QString &name, const PieceText &text, int l
     Completion candidate;
     candidate.kind = CompletionKind::Label;
     candidate.name = name;
-    candidate.form = lineOf(text, line);
+    candidate.form = formOfLine(text, line);
     candidate.sentence = QStringLiteral("A place to go to, in line %1.").arg(line);
     candidate.fit = PlaceFit::Best;
     m_found.add(std::move(candidate));
@@ -308,8 +322,8 @@ void PieceCandidates::addInstrument(const PieceText &text, PlacedLandmark found)
     candidate.name = name;
     if (!isNumber && !m_place.isQuoted)
         candidate.text = QStringLiteral("\"%1\"").arg(name);
-    candidate.form = lineOf(text, found.line);
-    const QString above = found.line > 1 ? lineOf(text, found.line - 1) : QString();
+    candidate.form = formOfLine(text, found.line);
+    const QString above = found.line > 1 ? formOfLine(text, found.line - 1) : QString();
     candidate.sentence =
         above.startsWith(u';') ? above : QStringLiteral("An instrument of this piece.");
     candidate.fit = PlaceFit::Best;
@@ -327,7 +341,7 @@ void PieceCandidates::addChannels()
                  candidate.name = QString::fromUtf8(name);
                  if (!m_place.isQuoted)
                      candidate.text = QStringLiteral("\"%1\"").arg(candidate.name);
-                 candidate.form = lineOf(text, found.line);
+                 candidate.form = formOfLine(text, found.line);
                  candidate.sentence = QStringLiteral("A channel that this piece uses.");
                  candidate.fit = PlaceFit::Best;
                  m_found.add(std::move(candidate));

@@ -28,7 +28,6 @@ private:
     const PieceText *placeText() const { return m_piece.text(m_place.role); }
     using Visitor = std::function<void(const PieceText &, PlacedLandmark, const QByteArray &name)>;
     void visitAll(LandmarkKinds kinds, const Visitor &visit) const;
-    QString lineOf(const PieceText &text, int line) const;
     void addPField(int number, const QString &name, const QString &sentence);
     void addGlobals(const PieceText &text);
     void addVariable(const PieceText &text, PlacedLandmark found);

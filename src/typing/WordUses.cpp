@@ -9,7 +9,7 @@ namespace ardiphon {
 
 namespace {
 
-constexpr int LinesAround = 2000;
+constexpr int LinesAround = 1000;
 constexpr qsizetype LongestCounted = 4096;
 
 bool isOfWord(char c)
@@ -48,18 +48,22 @@ public:
         }
     }
 
+    bool isAny() const { return m_isAny; }
     int of(const QString &name) const { return m_counts.value(name.toUtf8()); }
 
 private:
     void count(QByteArrayView word)
     {
         const auto found = m_counts.find(QByteArray::fromRawData(word.data(), word.size()));
-        if (found != m_counts.end())
-            ++*found;
+        if (found == m_counts.end())
+            return;
+        ++*found;
+        m_isAny = true;
     }
 
     QHash<QByteArray, int> m_counts;
     std::array<bool, 256> m_firsts{};
+    bool m_isAny = false; ///< was found at all
 };
 
 } // namespace
@@ -73,8 +77,10 @@ void countUses(const PieceText &text, int line, QList<Completion> &names)
         if (at != line) // what is being typed is not used yet
             counter.read(bytes.first(std::min(bytes.size(), LongestCounted)));
     }
-    for (Completion &name : names)
-        name.uses = counter.of(name.name);
+    if (counter.isAny()) {
+        for (Completion &name : names)
+            name.uses = counter.of(name.name);
+    }
 }
 
 } // namespace ardiphon

@@ -326,7 +326,7 @@ void CompletionFeature::open(const EditorView &view, CompletionReason reason)
     m_view = view;
     m_reason = reason;
     m_topLine = editor.TopLine();
-    m_popup->open(std::move(list), wordOnScreen(view, place), editor.FontName());
+    m_popup->open(std::move(list), wordOnScreen(view, place));
 }
 
 void CompletionFeature::close()

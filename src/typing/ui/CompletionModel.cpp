@@ -1,5 +1,6 @@
 #include "typing/ui/CompletionModel.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace ardiphon {
@@ -20,7 +21,7 @@ void CompletionModel::narrow(const QString &typed)
 
 int CompletionModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() || !m_list ? 0 : m_list->size();
+    return parent.isValid() || !m_list ? 0 : std::min(m_list->size(), MostRows);
 }
 
 QVariant CompletionModel::data(const QModelIndex &index, int role) const

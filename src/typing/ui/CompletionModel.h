@@ -14,6 +14,9 @@ class CompletionModel : public QAbstractListModel
     Q_OBJECT
 
 public:
+    /// Of more suggestions the first ones are shown; a further letter tells more than they do.
+    static constexpr int MostRows = 300;
+
     enum Role { Kind = Qt::UserRole, Form, Letters };
 
     CompletionModel(OpcodeSignatures &opcodes, QObject *parent)

@@ -3,8 +3,8 @@
 #include "typing/ui/CompletionModel.h"
 #include "typing/ui/CompletionRow.h"
 
+#include <QFontDatabase>
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QListView>
 #include <QScreen>
@@ -16,11 +16,21 @@ namespace ardiphon {
 
 namespace {
 
-constexpr int FormWidth = 300; ///< of the signatures, in pixels
+constexpr int MostForm = 300; ///< how wide the signatures are, in pixels
+constexpr int LeastForm = 100;
 constexpr int TextWidth = 260; ///< of what is said of the selected row
+constexpr int LeastRows = 5;   ///< for the text beside them
 constexpr int LeastName = 80;
 constexpr int MostName = 220;
-constexpr int RowsForWidth = 50; ///< the first ones, whose names tell how wide the column is
+constexpr int RowsForWidth = 100; ///< the first ones, whose names tell how wide the column is
+
+/// The names stand below each other like those in the text.
+QFont fixedFont(const QFont &font)
+{
+    QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    fixed.setPointSizeF(font.pointSizeF());
+    return fixed;
+}
 
 } // namespace
 
@@ -51,32 +61,24 @@ CompletionPopup::CompletionPopup(OpcodeSignatures &opcodes, QWidget *owner)
     connect(ListCompletion, &QListView::clicked, this,
             [this](const QModelIndex &index) { emit clicked(index.row()); });
 
+    ListCompletion->setFont(fixedFont(ListCompletion->font()));
+
     LabelCompletion->setObjectName(QStringLiteral("LabelCompletion"));
     LabelCompletion->setWordWrap(true);
     LabelCompletion->setTextFormat(Qt::PlainText);
     LabelCompletion->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     LabelCompletion->setMargin(6);
-    LabelCompletion->setFixedWidth(TextWidth);
     LabelCompletion->setForegroundRole(QPalette::ToolTipText);
     LabelCompletion->setBackgroundRole(QPalette::ToolTipBase);
     LabelCompletion->setAutoFillBackground(true);
-
-    auto *const both = new QHBoxLayout(this);
-    both->setContentsMargins(0, 0, 0, 0);
-    both->setSpacing(0);
-    both->addWidget(ListCompletion);
-    both->addWidget(LabelCompletion);
 }
 
-void CompletionPopup::open(std::unique_ptr<CompletionList> list, const QRect &word,
-                           const QString &fontName)
+void CompletionPopup::open(std::unique_ptr<CompletionList> list, const QRect &word)
 {
-    QFont font = ListCompletion->font();
-    font.setFamily(fontName);
-    ListCompletion->setFont(font);
     m_model->setList(std::move(list));
     m_word = word;
-    measure();
+    measureNames();
+    fit();
     selectRow(0);
     show();
     raise();
@@ -87,7 +89,7 @@ bool CompletionPopup::narrow(const QString &typed)
     m_model->narrow(typed);
     if (m_model->list()->isEmpty())
         return false;
-    measure();
+    fit();
     selectRow(0);
     return true;
 }
@@ -131,42 +133,55 @@ void CompletionPopup::showText()
     LabelCompletion->setText(shown + text.sentence);
 }
 
-/// The size that the rows take. The names have a column of their own, as wide as the first of them.
-void CompletionPopup::measure()
+/// The names have a column of their own, as wide as the first of them.
+void CompletionPopup::measureNames()
 {
     const QFontMetrics metrics(ListCompletion->font());
     int name = LeastName;
     for (int row = 0; row < std::min(m_model->rowCount(), RowsForWidth); ++row)
         name = std::max(name, metrics.horizontalAdvance(m_model->list()->at(row).name) + 6);
     name = std::min(name, MostName);
-    m_rows->setNameWidth(name);
-    const int rows = pageRows();
-    const int height = rows * (metrics.height() + 4);
-    ListCompletion->setFixedSize(CompletionRow::kindWidth(ListCompletion->font()) + name +
-                                     FormWidth + 3 * CompletionRow::Gap +
-                                     ListCompletion->verticalScrollBar()->sizeHint().width(),
-                                 height);
-    const int least = 4 * (metrics.height() + 4);
-    resize(ListCompletion->width() + TextWidth + 2 * frameWidth(),
-           std::max(height, least) + 2 * frameWidth());
+    m_rowHeight = CompletionRow::heightOf(ListCompletion->font());
+    m_kindWidth = CompletionRow::kindWidth(ListCompletion->font());
+    m_rows->setLook(ListCompletion->font(), name);
+    const int rest = m_kindWidth + name + 3 * CompletionRow::Gap +
+                     ListCompletion->verticalScrollBar()->sizeHint().width();
+    const int room = screenRoom().width() - 2 * frameWidth();
+    const int form = std::clamp(room - rest - TextWidth, LeastForm, MostForm);
+    m_listWidth = rest + form;
+    m_textWidth = std::max(0, std::min(TextWidth, room - m_listWidth));
+}
+
+/// Takes the size for the rows that there are, at most those that are shown at once.
+void CompletionPopup::fit()
+{
+    const int inside = std::max(pageRows(), LeastRows) * m_rowHeight;
+    const QSize wanted(m_listWidth + m_textWidth + 2 * frameWidth(), inside + 2 * frameWidth());
+    ListCompletion->setGeometry(frameWidth(), frameWidth(), m_listWidth, inside);
+    LabelCompletion->setGeometry(frameWidth() + m_listWidth, frameWidth(), m_textWidth, inside);
+    if (size() != wanted)
+        resize(wanted);
     moveTo(m_word);
+}
+
+QRect CompletionPopup::screenRoom() const
+{
+    const QScreen *const screen = QGuiApplication::screenAt(m_word.center());
+    return (screen ? screen : parentWidget()->screen())->availableGeometry();
 }
 
 void CompletionPopup::moveTo(const QRect &word)
 {
     m_word = word;
-    const QScreen *screen = QGuiApplication::screenAt(word.center());
-    if (screen == nullptr)
-        screen = parentWidget()->screen();
-    const QRect room = screen->availableGeometry();
-    const int kind = CompletionRow::kindWidth(ListCompletion->font());
-    int x = word.left() - kind - CompletionRow::Gap; // the names below what is typed
+    const QRect room = screenRoom();
+    int x = word.left() - m_kindWidth - 2 * CompletionRow::Gap; // the names below what is typed
     int y = word.bottom() + 1;
     if (y + height() > room.bottom() + 1 && word.top() - height() >= room.top())
         y = word.top() - height();
     x = std::max(room.left(), std::min(x, room.right() + 1 - width()));
     y = std::max(room.top(), std::min(y, room.bottom() + 1 - height()));
-    move(x, y);
+    if (pos() != QPoint(x, y))
+        move(x, y);
 }
 
 } // namespace ardiphon

@@ -28,7 +28,7 @@ public:
 
     /// Shows \a list, its first row selected, below \a word, which is the place of the typed word
     /// on the screen; above it where there is no room below.
-    void open(std::unique_ptr<CompletionList> list, const QRect &word, const QString &fontName);
+    void open(std::unique_ptr<CompletionList> list, const QRect &word);
     /// Moves to where the word is now.
     void moveTo(const QRect &word);
     /// Goes on with the word as it is typed now. False where nothing is left of the list.
@@ -50,7 +50,9 @@ signals:
     void clicked(int row);
 
 private:
-    void measure();
+    void measureNames();
+    void fit();
+    QRect screenRoom() const;
     void selectRow(int row);
     void showText();
 
@@ -60,6 +62,10 @@ private:
     QListView *ListCompletion;
     QLabel *LabelCompletion;
     QRect m_word;
+    int m_rowHeight = 1;
+    int m_kindWidth = 0;
+    int m_listWidth = 0;
+    int m_textWidth = 0;
 };
 
 } // namespace ardiphon

@@ -17,12 +17,29 @@ QFont kindFont(const QFont &font)
     return smaller;
 }
 
-/// Draws \a name with the letters that are typed in bold; what does not fit is left out.
-void drawName(QPainter &painter, const QRect &area, const QString &name, const QList<int> &letters)
+QFont boldFont(const QFont &font)
+{
+    QFont bold = font;
+    bold.setBold(true);
+    return bold;
+}
+
+} // namespace
+
+void CompletionRow::setLook(const QFont &font, int nameWidth)
+{
+    m_kindFont = kindFont(font);
+    m_boldFont = boldFont(font);
+    m_kindWidth = kindWidth(font);
+    m_nameWidth = nameWidth;
+}
+
+/// With the letters that are typed in bold; what does not fit is left out.
+void CompletionRow::drawName(QPainter &painter, const QRect &area, const QString &name,
+                             const QList<int> &letters) const
 {
     const QFont plain = painter.font();
-    QFont bold = plain;
-    bold.setBold(true);
+    painter.setClipRect(area);
     int x = area.left();
     for (qsizetype at = 0; at < name.size() && x < area.right();) {
         const bool isTyped = letters.contains(int(at));
@@ -30,16 +47,16 @@ void drawName(QPainter &painter, const QRect &area, const QString &name, const Q
         while (end < name.size() && letters.contains(int(end)) == isTyped)
             ++end;
         const QString part = name.mid(at, end - at);
-        painter.setFont(isTyped ? bold : plain);
-        painter.drawText(QRect(x, area.top(), area.right() - x + 1, area.height()),
-                         Qt::AlignVCenter | Qt::TextSingleLine, part);
-        x += painter.fontMetrics().horizontalAdvance(part);
+        painter.setFont(isTyped ? m_boldFont : plain);
+        const QFontMetrics metrics = painter.fontMetrics();
+        painter.drawText(x, area.top() + (area.height() - metrics.height()) / 2 + metrics.ascent(),
+                         part);
+        x += metrics.horizontalAdvance(part);
         at = end;
     }
+    painter.setClipping(false);
     painter.setFont(plain);
 }
-
-} // namespace
 
 int CompletionRow::kindWidth(const QFont &font)
 {
@@ -50,6 +67,8 @@ int CompletionRow::kindWidth(const QFont &font)
             std::max(width, metrics.horizontalAdvance(completionKindText(CompletionKind(kind))));
     return width;
 }
+
+int CompletionRow::heightOf(const QFont &font) { return QFontMetrics(font).height() + 4; }
 
 void CompletionRow::paint(QPainter *painter, const QStyleOptionViewItem &option,
                           const QModelIndex &index) const
@@ -65,9 +84,9 @@ void CompletionRow::paint(QPainter *painter, const QStyleOptionViewItem &option,
         painter->fillRect(option.rect, palette.color(QPalette::Active, QPalette::Highlight));
 
     QRect area = option.rect.adjusted(Margin, 0, -Margin, 0);
-    painter->setFont(kindFont(option.font));
+    painter->setFont(m_kindFont);
     painter->setPen(quiet);
-    const int kind = kindWidth(option.font);
+    const int kind = m_kindWidth;
     painter->drawText(QRect(area.left(), area.top(), kind, area.height()), Qt::AlignVCenter,
                       index.data(CompletionModel::Kind).toString());
     area.setLeft(area.left() + kind + Gap);
@@ -86,7 +105,7 @@ void CompletionRow::paint(QPainter *painter, const QStyleOptionViewItem &option,
 
 QSize CompletionRow::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const
 {
-    return {100, option.fontMetrics.height() + 4};
+    return {100, heightOf(option.font)};
 }
 
 } // namespace ardiphon
