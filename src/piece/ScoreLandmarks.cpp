@@ -67,11 +67,19 @@ void addFile(LandmarkList &marks, const ScoreStatement &statement)
     }
 }
 
+/// A 0 only lengthens the section, and a number below removes a table.
+bool isTableNumber(QByteArrayView field)
+{
+    bool isNumber = false;
+    const double number = field.toDouble(&isNumber);
+    return !isNumber || number > 0;
+}
+
 void addStatement(LandmarkList &marks, const ScoreStatement &statement)
 {
     switch (statement.letter) {
     case 'f':
-        if (!statement.fields.isEmpty())
+        if (!statement.fields.isEmpty() && isTableNumber(statement.fields[0].in(marks.text())))
             marks.add(LandmarkKind::Table, statement.fields[0].start, statement.fields[0].length);
         addFile(marks, statement);
         break;

@@ -14,6 +14,7 @@ class tst_PieceText : public QObject
 private slots:
     void sections_ofAUnifiedFile();
     void score_landmarks();
+    void score_tablesThatAreNone();
     void read_inSlices_isTheSame();
     void edits_areReadAsANewText();
     void edit_aComment_changesAllBelow();
@@ -104,6 +105,13 @@ void tst_PieceText::score_landmarks()
              QStringList({"1 table 1", "2 table 2", "2 file a.wav", "4 s s", "5 begin { 4",
                           "7 end } 4", "8 macro X 2", "10 macro-end ", "11 title Coda",
                           "12 include b", "13 begin  3", "15 end  3"}));
+}
+
+void tst_PieceText::score_tablesThatAreNone()
+{
+    const PieceOfLines of("f 0 9.5\nf0 9\nf -1 0\nf [1] 0 8 10 1\nf $N 0 8 10 1\nf 2 0 8 10 1\nf\n",
+                          DocumentRole::Score);
+    QCOMPARE(describedLandmarks(of), QStringList({"4 table [1]", "5 table $N", "6 table 2"}));
 }
 
 void tst_PieceText::read_inSlices_isTheSame()
