@@ -37,7 +37,7 @@ private slots:
 namespace {
 
 constexpr int Edits = 20000;
-constexpr int MostLines = 700;
+constexpr int MostLines = 400;
 constexpr int MostRows = 10000;
 
 /// The texts of a piece and the model that follows them.
@@ -108,9 +108,9 @@ public:
         for (const PieceText &text : m_piece.texts()) {
             for (const LineRun block : outerBlocks(m_piece, text))
                 add("outer", shown(block));
-            for (int i = 0; i < 30; ++i)
+            for (int i = 0; i < 20; ++i)
                 lookAtLine(text, 1 + int(m_random.bounded(text.lineCount())));
-            for (int i = 0; i < 15; ++i)
+            for (int i = 0; i < 10; ++i)
                 lookAtWord(text, 1 + int(m_random.bounded(text.lineCount())));
         }
         return m_seen;
@@ -152,13 +152,16 @@ private:
         if (!symbol)
             return;
         const LineRun within{std::max(1, line - 60), std::min(text.lineCount(), line + 60)};
-        for (const PiecePlace &place : occurrencesOf(m_piece, *symbol, text, within))
+        const QList<PiecePlace> places = occurrencesOf(m_piece, *symbol, text, within);
+        add("places", QString::number(places.size()));
+        for (const PiecePlace &place : places.first(std::min<qsizetype>(places.size(), 20)))
             add("place", shown(place));
         if (!renameObstacle(symbol).isEmpty() || m_random.bounded(4) != 0)
             return;
         PieceRename rename(m_piece, *symbol);
         rename.readOn(QDeadlineTimer(QDeadlineTimer::Forever));
-        for (qsizetype i = 0; i < rename.count(); ++i)
+        add("renamed", QString::number(rename.count()));
+        for (qsizetype i = 0; i < std::min<qsizetype>(rename.count(), 20); ++i)
             add("rename", shown(rename.place(i)));
         add("refusal", rename.refusal(QStringLiteral("kNew")));
     }
