@@ -9,7 +9,7 @@ namespace ardiphon {
 
 namespace {
 
-constexpr int Margin = 4;
+constexpr int FrameMargin = 4;
 
 QString htmlOf(const HintLine &line)
 {
@@ -32,7 +32,7 @@ LabelOfHint::LabelOfHint(QWidget *window)
     setFocusPolicy(Qt::NoFocus);
     setTextFormat(Qt::RichText);
     setFrameStyle(int(QFrame::Box) | int(QFrame::Plain));
-    setMargin(Margin);
+    setMargin(FrameMargin);
     setWordWrap(true);
     setPalette(QToolTip::palette());
     setForegroundRole(QPalette::ToolTipText);
@@ -51,7 +51,7 @@ void LabelOfHint::setHint(const ArgumentHint &hint, int width)
     document.setDefaultFont(font());
     document.setDocumentMargin(0);
     document.setHtml(html);
-    const int around = 2 * (Margin + frameWidth());
+    const int around = 2 * (FrameMargin + frameWidth());
     document.setTextWidth(width - around);
     const QSizeF size(document.idealWidth(), document.size().height());
     resize(std::min(width, int(std::ceil(size.width())) + around + 1),
