@@ -213,7 +213,7 @@ private:
             return false;
         CompilerMessage message;
         message.kind = MessageKind::Score;
-        message.isError = false;
+        message.isError = endsReading(line());
         message.text = line().simplified();
         add(message);
         return true;

@@ -61,6 +61,17 @@ public:
     {
     }
 
+    /// What is likely to be behind other messages that the compiler ended with.
+    std::optional<Problem> writeLostHeading() const
+    {
+        const auto lost = lostHeading(m_text, m_checked.orchestra.lines);
+        if (!lost)
+            return std::nullopt;
+        Problem problem = noHeading(*lost);
+        problem.source = CompilerSource;
+        return problem;
+    }
+
     Problem write(const CompilerMessage &message) const
     {
         Problem problem = ofKind(message);
@@ -120,6 +131,10 @@ private:
             if (const auto open = m_places.openBlock(message))
                 return notEnded(*open);
         }
+        if (message.token == QLatin1String("endin") || message.token == QLatin1String("endop")) {
+            if (const auto lost = lostHeading(m_text, m_checked.orchestra.lines))
+                return noHeading(*lost);
+        }
         if (const auto unknown = unknownOpcode(message, place))
             return noOpcode(*unknown, m_places.textAt(*unknown));
         return {Severity::Error, place, notExpected(message), {}};
@@ -148,6 +163,18 @@ private:
                     .arg(what)
                     .arg(open.line)
                     .arg(end),
+                {}};
+    }
+
+    Problem noHeading(const LostHeading &lost) const
+    {
+        const bool isInstrument = lost.kind == LandmarkKind::InstrumentEnd;
+        return {Severity::Error,
+                m_places.wholeLine(lost.line),
+                QStringLiteral("The \"%1\" of line %2 has no \"%3\" that begins here or above.")
+                    .arg(isInstrument ? QStringLiteral("endin") : QStringLiteral("endop"))
+                    .arg(lost.endLine)
+                    .arg(isInstrument ? QStringLiteral("instr") : QStringLiteral("opcode")),
                 {}};
     }
 
@@ -274,14 +301,20 @@ QList<Problem> problemsOf(const QList<CompilerMessage> &messages, const CheckedP
 {
     QList<Problem> problems;
     const ProblemWriter writer(checked, words);
-    for (const CompilerMessage &message : messages) {
-        const Problem problem = writer.write(message);
+    const auto add = [&problems](const Problem &problem) {
         const bool isKnown =
             std::any_of(problems.begin(), problems.end(),
                         [&](const Problem &other) { return other.place == problem.place; });
         if (!isKnown)
             problems.append(problem);
+    };
+    bool isRefused = false;
+    for (const CompilerMessage &message : messages) {
+        add(writer.write(message));
+        isRefused |= message.isError;
     }
+    if (const auto lost = isRefused ? writer.writeLostHeading() : std::nullopt)
+        add(*lost);
     return problems;
 }
 

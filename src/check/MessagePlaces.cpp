@@ -18,6 +18,12 @@ constexpr int LinesSearched = 20000;
 /// A shorter quotation says nothing by itself.
 constexpr qsizetype ShortestQuotation = 4;
 
+/// At which the end of a line comes too early.
+bool hasOpenBracket(const CodeLine &code)
+{
+    return code.packed().count('(') > code.packed().count(')');
+}
+
 } // namespace
 
 int MessagePlaces::expectedLine(const CompilerMessage &message) const
@@ -81,6 +87,8 @@ std::optional<MessagePlaces::Match> MessagePlaces::matchIn(const CompilerMessage
         if (at < 0)
             return std::nullopt;
         match.tier = at == 0 ? 0 : 1;
+        if (token.isEmpty() && !hasOpenBracket(code))
+            match.tier += 2;
         index =
             message.quotesToToken ? code.tokenEndingAt(at + quoted.size()) : code.tokenNamed(token);
     } else if (message.kind == MessageKind::UndefinedMacro) {
@@ -89,6 +97,7 @@ std::optional<MessagePlaces::Match> MessagePlaces::matchIn(const CompilerMessage
             index = code.tokenNamed('$' + token + '.');
     } else if (token.isEmpty() && !quoted.isEmpty()) {
         index = code.tokenNamed(quoted);
+        match.tier = hasOpenBracket(code) ? 1 : 2;
     } else if (!token.isEmpty()) {
         // Of a call of what is no opcode, the compiler quotes what stands in its brackets.
         index = code.tokenNamed(token);

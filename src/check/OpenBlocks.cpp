@@ -93,6 +93,23 @@ int lastCodeLine(const PieceText &text, int first, int end)
     return last;
 }
 
+/// The first indented code of these lines, or else the first code.
+int firstBodyLine(const PieceText &text, LineRun lines)
+{
+    int first = 0;
+    int indented = 0;
+    visitCode(text, lines, [&](int line, const CodeLine &code) {
+        if (code.isEmpty())
+            return true;
+        if (first == 0)
+            first = line;
+        if (code.indent() > 0)
+            indented = line;
+        return indented == 0;
+    });
+    return indented > 0 ? indented : std::max(first, lines.first);
+}
+
 QString wordAt(const PieceText &text, int line, const Landmark &mark)
 {
     if (mark.kind == LandmarkKind::Instrument)
@@ -118,6 +135,29 @@ std::optional<OpenBlock> openBlockBefore(const PieceText &text, LineRun orchestr
     block.lastLine = isBody(open.mark.kind) ? lastCodeLine(text, open.line, line)
                                             : lastIndentedLine(text, open.line, line);
     return block;
+}
+
+std::optional<LostHeading> lostHeading(const PieceText &text, LineRun orchestra)
+{
+    std::optional<LostHeading> lost;
+    bool isInBody = false;
+    int lastEnd = orchestra.first - 1;
+    text.visit(orchestra.first, orchestra.last,
+               kindsOf(LandmarkKind::Instrument, LandmarkKind::Opcode, LandmarkKind::InstrumentEnd,
+                       LandmarkKind::OpcodeEnd),
+               [&](PlacedLandmark found) {
+                   if (isBody(found.mark->kind)) {
+                       isInBody = true;
+                       return true;
+                   }
+                   if (!isInBody)
+                       lost = {found.mark->kind, found.line,
+                               firstBodyLine(text, {lastEnd + 1, found.line})};
+                   isInBody = false;
+                   lastEnd = found.line;
+                   return !lost;
+               });
+    return lost;
 }
 
 } // namespace ardiphon

@@ -20,4 +20,15 @@ struct OpenBlock
 /// instrument or an opcode with the last code before \a line.
 std::optional<OpenBlock> openBlockBefore(const PieceText &text, LineRun orchestra, int line);
 
+/// The end of an instrument or an opcode that has no beginning.
+struct LostHeading
+{
+    LandmarkKind kind = LandmarkKind::InstrumentEnd; ///< or OpcodeEnd
+    int endLine = 1;
+    int line = 1; ///< the first that seems to belong to it
+};
+
+/// The first of the lines \a orchestra of \a text.
+std::optional<LostHeading> lostHeading(const PieceText &text, LineRun orchestra);
+
 } // namespace ardiphon

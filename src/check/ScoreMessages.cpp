@@ -52,13 +52,13 @@ Part earlyText(const QString &line, const QString &)
     return found.hasMatch() ? Part{found.capturedStart(1), found.capturedLength(1)} : Part();
 }
 
-Part expression(const QString &line, const QString &)
+/// An expression in brackets that is not closed, or that has two numbers side by side.
+Part brokenExpression(const QString &line, const QString &)
 {
-    const qsizetype start = line.indexOf(u'[');
-    if (start < 0)
-        return {};
-    const qsizetype end = line.indexOf(u']', start);
-    return {start, (end < 0 ? line.size() : end + 1) - start};
+    static const QRegularExpression broken(
+        QStringLiteral("\\[(?:[^\\]]*$|[^\\]]*[\\d.]\\s+[\\d.][^\\]]*\\]?|[^\\]]*\\[[^\\]]*\\]?)"));
+    const QRegularExpressionMatch found = broken.match(line);
+    return found.hasMatch() ? Part{found.capturedStart(), found.capturedLength()} : Part();
 }
 
 Part closingBrace(const QString &line, const QString &)
@@ -97,7 +97,7 @@ constexpr ScoreMessage Messages[] = {
     {"unmatched quote", "The text in quotes does not end on its line.", oddQuotes},
     {"unmatched \\} in score", "No loop begins that this could end.", closingBrace},
     {"\\[\\] expression|illegal character", "The compiler cannot read this expression.",
-     expression},
+     brokenExpression},
     {"expramp", "The compiler finds nothing to go from or to here.", ramp},
     {"extra or disordered beat value", "The beats of the tempo are not in their order.", tempo},
     {"unexpected EOF", "The score ends within something, as the text of a macro.", nothing},
@@ -134,6 +134,13 @@ bool isScoreMessage(const QString &text)
                                          QStringLiteral("unexpected EOF")};
     return std::any_of(speakers.begin(), speakers.end(),
                        [&](const QString &each) { return text.startsWith(each); });
+}
+
+bool endsReading(const QString &text)
+{
+    return text.startsWith(QLatin1String("score error: ")) ||
+           text.startsWith(QLatin1String("unmatched }")) ||
+           text.startsWith(QLatin1String("unexpected EOF"));
 }
 
 QString scoreSentence(const CompilerMessage &message)

@@ -15,5 +15,7 @@ PiecePlace scorePlace(const CompilerMessage &message, const PieceText &score, Li
 
 /// Whether \a text is a message about the score, in the words of the compiler.
 bool isScoreMessage(const QString &text);
+/// Whether that message is the last one, as the compiler reads no further.
+bool endsReading(const QString &text);
 
 } // namespace ardiphon

@@ -1,5 +1,7 @@
 #include "check/SectionProblems.h"
 
+#include "check/NearNames.h"
+
 namespace ardiphon {
 
 namespace {
@@ -24,7 +26,8 @@ public:
         if (m_isOpen)
             noEnd(m_text.lineCount());
         else if (m_hasSections && !m_hasOrchestra)
-            add(Severity::Error, 1, QStringLiteral("The file has no <CsInstruments>."));
+            add(Severity::Error, lineLikeOrchestra(),
+                QStringLiteral("The file has no <CsInstruments>."));
         return m_problems;
     }
 
@@ -49,6 +52,20 @@ private:
         m_isOpen = !isEnd;
         m_name = name;
         m_line = found.line;
+    }
+
+    /// The line with a tag that may be meant for that of the orchestra; else the first.
+    int lineLikeOrchestra() const
+    {
+        constexpr int MostWrong = 4; // letters
+        for (int line = 1; line <= m_text.lineCount(); ++line) {
+            const QByteArray tag = m_text.line(line).toByteArray().trimmed();
+            if (tag.startsWith('<') &&
+                nameDistance(QString::fromUtf8(tag), QStringLiteral("<CsInstruments>"),
+                             MostWrong) <= MostWrong)
+                return line;
+        }
+        return 1;
     }
 
     /// The section that is open should have ended before \a line.
