@@ -77,6 +77,7 @@ constexpr Command commands[] = {
 constexpr Menu submenus[] = {
     {"menuSize", "&Size", SizeMenu},
     {"menuAnalisi", "CSound &Analysis", AnalysisMenu},
+    {"menuStudioText", "&Text", StudioTextMenu},
 };
 
 constexpr CommandAlias aliases[] = {

@@ -49,6 +49,23 @@ inline constexpr const char *StudioMenu[] = {
     "menuStudioPreviousProblem",
     nullptr,
     "menuStudioComplete",
+    nullptr,
+    "menuStudioText",
+};
+
+inline constexpr const char *StudioTextMenu[] = {
+    "menuStudioComment",
+    nullptr,
+    "menuStudioDuplicate",
+    "menuStudioMoveUp",
+    "menuStudioMoveDown",
+    "menuStudioDeleteToEnd",
+    "menuStudioJoin",
+    nullptr,
+    "menuStudioUpperCase",
+    "menuStudioLowerCase",
+    nullptr,
+    "menuStudioNextOccurrence",
 };
 
 inline constexpr const char *WindowMenu[] = {

@@ -17,6 +17,15 @@ constexpr Command commands[] = {
     {"menuStudioNextProblem", "Ne&xt Problem"},
     {"menuStudioPreviousProblem", "Pre&vious Problem"},
     {"menuStudioComplete", "Co&mplete"},
+    {"menuStudioComment", "&Comment or Uncomment"},
+    {"menuStudioDuplicate", "&Duplicate"},
+    {"menuStudioMoveUp", "Move &Up"},
+    {"menuStudioMoveDown", "Move D&own"},
+    {"menuStudioDeleteToEnd", "Delete to Line's &End"},
+    {"menuStudioJoin", "&Join Lines"},
+    {"menuStudioUpperCase", "U&pper Case"},
+    {"menuStudioLowerCase", "&Lower Case"},
+    {"menuStudioNextOccurrence", "Select &Next Occurrence"},
 };
 
 constexpr Shortcut shortcuts[] = {
@@ -29,6 +38,12 @@ constexpr Shortcut shortcuts[] = {
     {"menuStudioNextProblem", "Ctrl+."},
     {"menuStudioPreviousProblem", "Ctrl+,"},
     {"menuStudioComplete", "Ctrl+Space"},
+    {"menuStudioComment", "Ctrl+/"},
+    {"menuStudioDuplicate", "Ctrl+Shift+D"},
+    // With the arrows the editor selects to the next paragraph.
+    {"menuStudioMoveUp", "Ctrl+Shift+A"},
+    {"menuStudioMoveDown", "Ctrl+Shift+B"},
+    {"menuStudioNextOccurrence", "Ctrl+Shift+N"},
 };
 
 } // namespace

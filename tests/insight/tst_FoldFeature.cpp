@@ -2,6 +2,7 @@
 #include "documents/ProjectWindow.h"
 #include "language/LineRun.h"
 #include "language/ui/Gutter.h"
+#include "support/FileBytes.h"
 #include "support/TestMain.h"
 
 #include <QMenu>

@@ -38,7 +38,7 @@ void SplitMirror::follow(LEditOCX &typed, LEditOCX &other, bool &changed)
     });
     connect(&typed, &LEditOCX::KeyPress, this,
             [this, &typed, &other, &changed](const int &character) {
-                if (!isPrintable(character))
+                if (!isPrintable(character) || typed.HasFurtherCarets())
                     markChanged(changed);
                 else if (m_split)
                     mirrorKey(typed, other, character);

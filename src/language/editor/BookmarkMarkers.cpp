@@ -184,6 +184,22 @@ void BookmarkMarkers::inserted(TextRange range)
         m_due.push_back({place.index, place.line - found->second.firstLine + line, place.setting});
 }
 
+std::vector<std::pair<int, int>> BookmarkMarkers::slotsOn(const LineRun &lines)
+{
+    settle();
+    std::vector<std::pair<int, int>> found;
+    for (const Place &place : placesOn(lines.first, lines.last))
+        found.emplace_back(place.index, place.line);
+    return found;
+}
+
+void BookmarkMarkers::carry(int index, int line)
+{
+    settle();
+    removeMarkers(1U << index);
+    place(index, line);
+}
+
 /// Sets the slots that are due, once the text is in place. If a slot has several places, the last
 /// counts.
 void BookmarkMarkers::settle()

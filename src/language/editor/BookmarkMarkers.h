@@ -1,9 +1,11 @@
 #pragma once
 
+#include "language/LineRun.h"
 #include "language/editor/Styling.h"
 
 #include <array>
 #include <map>
+#include <utility>
 #include <vector>
 
 namespace ardiphon {
@@ -30,6 +32,11 @@ public:
     /// To be called when \a range was inserted as a copy of another view's text. Slots that were on
     /// these lines when exactly this text was deleted there are put back.
     void inserted(TextRange range);
+
+    /// The slots that are on these lines, as (slot, line).
+    std::vector<std::pair<int, int>> slotsOn(const LineRun &lines);
+    /// Puts a slot on \a line, as an edit that is undone together with this has moved its line.
+    void carry(int index, int line);
 
     /// To be called when the history was cleared: no step of it can be undone any more.
     void forgetHistory();

@@ -156,7 +156,9 @@ void FoldedLines::takeCaretOut()
     const qsizetype caret = m_text.caret();
     if (outside(caret) == caret)
         return;
-    send(Sci::SCI_SETSELECTION, outside(caret), outside(send(Sci::SCI_GETANCHOR)));
+    const qsizetype anchor = outside(send(Sci::SCI_GETANCHOR));
+    send(Sci::SCI_SETEMPTYSELECTION, outside(caret)); // ends a rectangle too
+    send(Sci::SCI_SETSELECTION, outside(caret), anchor);
     send(Sci::SCI_CHOOSECARETX);
 }
 

@@ -130,7 +130,19 @@ void LEditOCX::SetSelText(const QString &text)
     d->selection.replace(text);
 }
 
-void LEditOCX::SelectAll() { d->view.SendScintilla(Sci::SCI_SELECTALL); }
+void LEditOCX::SelectAll()
+{
+    d->view.carets().drop();
+    d->view.SendScintilla(Sci::SCI_SELECTALL);
+}
+
+bool LEditOCX::HasFurtherCarets() const { return d->view.carets().areThere(); }
+
+bool LEditOCX::SelectNextOccurrence()
+{
+    const Operation operation(*d);
+    return d->view.carets().addNextOccurrence();
+}
 
 int LEditOCX::CaretLine() const { return d->text.lineOf(d->text.caret()); }
 
@@ -210,9 +222,12 @@ void LEditOCX::ReplaceRanges(const std::vector<EditorEdit> &edits)
     if (changes.isEmpty())
         return;
     const Operation operation(*d);
-    const QList<LineRun> hidden = changes.hiddenLines(d->folded);
-    changes.carryOut(d->view);
-    d->folded.hide(hidden);
+    d->view.carets().drop();
+    const RangeEdits::MovedLines moved = changes.movedLines();
+    const auto bookmarks = d->bookmarks.slotsOn(moved.lines);
+    changes.carryOut(d->view, d->folded);
+    for (const auto &[index, line] : bookmarks)
+        d->bookmarks.carry(index, line + moved.shift);
 }
 
 // The view. ---------------------------------------------------------------------------------------

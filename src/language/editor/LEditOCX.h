@@ -2,6 +2,7 @@
 
 #include "language/ColoredRange.h"
 #include "language/DocumentText.h"
+#include "language/EditorEdit.h"
 #include "language/LineRun.h"
 #include "language/TextChange.h"
 #include "language/TextSpan.h"
@@ -34,15 +35,6 @@ struct EditorMouseButton
     int Shift;  ///< as in EditorKey
     int X;      ///< twips from the control's left edge
     int Y;      ///< twips from the control's top edge
-};
-
-/// A part of a line and the text that takes its place, which has no line end.
-struct EditorEdit
-{
-    int line = 1;
-    int column = 0;
-    int length = 0; ///< in characters
-    QString text;
 };
 
 /// The flag of GetState and ClearState that means the text.
@@ -141,6 +133,18 @@ public:
     void Cut();
     void Paste();
 
+    // There may be further carets, each with its selection: one more for each call of
+    // SelectNextOccurrence(), or one for each line of a rectangle that the mouse selects with Shift
+    // and Alt. What is typed, deleted and pasted then is so at each of them, as one step of history
+    // that is reported once. A KeyPress tells of the character once. All other calls know of one
+    // caret and one selection, the latest; what sets the selection or the caret, a click without
+    // these keys, an Undo or Esc leaves that one.
+    bool HasFurtherCarets() const;
+    /// Selects the word at the caret; where something is selected, also the next place that has it,
+    /// in the same case, with a further caret. Behind the last place comes the first one. Returns
+    /// whether there was anything more to select.
+    bool SelectNextOccurrence();
+
     /// Where the caret is, without a change of the selection record.
     int CaretLine() const;
     int CaretColumn() const;
@@ -166,7 +170,9 @@ public:
     void ReplaceAll();
     /// Carries out \a edits, which are in their order and do not overlap, as one step of history.
     /// The caret and the selection stay at their letters, the view where it is, and hidden lines
-    /// hidden. An edit of a line that does not exist, or that overlaps the one before, is left out.
+    /// hidden, as far as they are still there. An edit of a line that does not exist, or that
+    /// overlaps the one before, is left out. Where lines are taken away and the same are put in
+    /// elsewhere, bookmarks on them go along.
     void ReplaceRanges(const std::vector<EditorEdit> &edits);
 
     // The view. ----------------------------------------------------------------------------------
@@ -302,9 +308,9 @@ signals:
     /// operation is complete, after its textChanged().
     void foldsChanged();
     /// The view is about to be painted, and since the last time the lines in view, the text, the
-    /// caret, the selection or the focus have changed; so other marks may be due. \a lines are those in view,
-    /// in their order, without hidden ones and those of more than 16 KiB. A follower calls
-    /// SetMarks() now or later, and changes nothing else.
+    /// caret, the selection or the focus have changed; so other marks may be due. \a lines are
+    /// those in view, in their order, without hidden ones and those of more than 16 KiB. A follower
+    /// calls SetMarks() now or later, and changes nothing else.
     void marksWanted(const QList<ardiphon::LineRun> &lines);
 
 private:

@@ -110,11 +110,13 @@ void Styling::setCommentFore(Color color)
 void Styling::setSelectionBack(Color color)
 {
     m_view.SendScintilla(Sci::SCI_SETSELBACK, 1UL, toQColor(color));
+    m_view.SendScintilla(Sci::SCI_SETADDITIONALSELBACK, toQColor(color));
 }
 
 void Styling::setSelectionFore(Color color)
 {
     m_view.SendScintilla(Sci::SCI_SETSELFORE, 1UL, toQColor(color));
+    m_view.SendScintilla(Sci::SCI_SETADDITIONALSELFORE, toQColor(color));
 }
 
 void Styling::setFont(const QFont &font)
@@ -149,6 +151,7 @@ void Styling::applyBaseColors()
     m_view.SendScintilla(Sci::SCI_STYLECLEARALL);
     m_view.SendScintilla(Sci::SCI_STYLESETFORE, ulong(CommentStyle), toQColor(m_commentFore));
     m_view.SendScintilla(Sci::SCI_SETCARETFORE, ink);
+    m_view.SendScintilla(Sci::SCI_SETADDITIONALCARETFORE, ink);
     m_styles.clear();
     m_nextStyle = FirstTokenStyle;
     redraw();

@@ -83,10 +83,16 @@ qsizetype TextBuffer::offsetOf(TextPosition position) const
 
 TextRange TextBuffer::selection() const
 {
-    return {send(Sci::SCI_GETSELECTIONSTART), send(Sci::SCI_GETSELECTIONEND)};
+    // Of a rectangle the library would tell the corners.
+    const long main = send(Sci::SCI_GETMAINSELECTION);
+    return {send(Sci::SCI_GETSELECTIONNSTART, main), send(Sci::SCI_GETSELECTIONNEND, main)};
 }
 
-void TextBuffer::select(TextRange range) { send(Sci::SCI_SETSELECTION, range.end, range.start); }
+void TextBuffer::select(TextRange range)
+{
+    send(Sci::SCI_SETEMPTYSELECTION, range.end); // ends a rectangle too
+    send(Sci::SCI_SETSELECTION, range.end, range.start);
+}
 
 qsizetype TextBuffer::caret() const { return send(Sci::SCI_GETCURRENTPOS); }
 

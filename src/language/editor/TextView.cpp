@@ -35,12 +35,12 @@ int buttonNumber(Qt::MouseButton button)
     }
 }
 
-// Without what the library would take for the wish to select a rectangle.
-QMouseEvent streamEvent(const QMouseEvent &event)
+// A rectangle is selected with Shift, Alt and the left button: window managers take Alt alone.
+bool beginsRectangle(const QMouseEvent &event)
 {
-    return QMouseEvent(event.type(), event.position(), event.scenePosition(),
-                       event.globalPosition(), event.button(), event.buttons(),
-                       event.modifiers() & Qt::ShiftModifier);
+    constexpr Qt::KeyboardModifiers held = Qt::ShiftModifier | Qt::AltModifier;
+    return event.button() == Qt::LeftButton &&
+           (event.modifiers() & (held | Qt::ControlModifier | Qt::MetaModifier)) == held;
 }
 
 // The character codes of Ctrl+X and Ctrl+V.
@@ -52,8 +52,9 @@ constexpr int MovedIn = 22;
 TextView::TextView(TextViewOwner &owner, QWidget *parent)
     : QsciScintillaBase(parent),
       m_owner(owner),
+      m_carets(*this),
       m_commands(*this, owner),
-      m_typing(*this, owner, [this](const QString &character) { typeKey(character); })
+      m_typing(*this, owner, m_carets, [this](const QString &character) { typeKey(character); })
 {
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus); // the wheel takes no focus
@@ -88,7 +89,8 @@ void TextView::setUpScintilla()
     SendScintilla(SCI_SETSCROLLWIDTHTRACKING, true);
     SendScintilla(SCI_SETLAYOUTCACHE, SC_CACHE_PAGE);
     SendScintilla(SCI_SETMULTIPLESELECTION, false);
-    SendScintilla(SCI_SETRECTANGULARSELECTIONMODIFIER, 0);
+    SendScintilla(SCI_SETRECTANGULARSELECTIONMODIFIER, ulong(SCMOD_ALT));
+    SendScintilla(SCI_SETVIRTUALSPACEOPTIONS, ulong(SCVS_RECTANGULARSELECTION));
     SendScintilla(SCI_SETTABINDENTS, true);
     SendScintilla(SCI_SETBACKSPACEUNINDENTS, false);
     SendScintilla(SCI_SETPASTECONVERTENDINGS, true);
@@ -123,7 +125,8 @@ bool TextView::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride) {
         const auto *key = static_cast<QKeyEvent *>(event);
-        if (commandOfKey(key->key(), key->modifiers()) != NoCommand ||
+        if ((key->key() == Qt::Key_Escape && m_carets.areThere()) ||
+            commandOfKey(key->key(), key->modifiers()) != NoCommand ||
             controlCharacterOfKey(key->key(), key->modifiers()) != 0 || typesText(*key) ||
             (key->modifiers() == Qt::AltModifier && !isModifierKey(key->key()))) {
             event->accept();
@@ -144,7 +147,9 @@ void TextView::keyPressEvent(QKeyEvent *event)
         return;
     if (key.KeyCode == 0 || runCommand(*event) || typeControlCharacter(*event))
         return;
-    if (typesText(*event))
+    if (event->key() == Qt::Key_Escape && m_carets.areThere())
+        m_carets.drop();
+    else if (typesText(*event))
         m_typing.typeText(event->text());
     else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
         openMenuAtCaret();
@@ -158,6 +163,7 @@ bool TextView::runCommand(const QKeyEvent &event)
     const unsigned command = commandOfKey(event.key(), event.modifiers());
     if (!m_commands.run(command))
         return false;
+    m_carets.settle();
     m_owner.edited();
     return true;
 }
@@ -222,17 +228,36 @@ void TextView::reportMouseButton(const QMouseEvent *event)
                          toTwips(at.x()), toTwips(at.y())});
 }
 
+/// What the library is given. It selects a rectangle with Alt, or on some systems with Ctrl; and
+/// with Ctrl a further caret, unless there can be only one.
+QMouseEvent TextView::libraryEvent(const QMouseEvent &event) const
+{
+    return QMouseEvent(event.type(), event.position(), event.scenePosition(),
+                       event.globalPosition(), event.button(), event.buttons(),
+                       m_selectsRectangle ? Qt::AltModifier | Qt::ControlModifier
+                                          : event.modifiers() & Qt::ShiftModifier);
+}
+
 void TextView::mousePressEvent(QMouseEvent *event)
 {
-    QMouseEvent plain = streamEvent(*event);
+    m_selectsRectangle = beginsRectangle(*event);
+    QMouseEvent plain = libraryEvent(*event);
     reportMouseButton(event);
-    if (event->button() != Qt::RightButton)
-        withMouseEdits([&] { QsciScintillaBase::mousePressEvent(&plain); });
+    if (event->button() == Qt::RightButton)
+        return;
+    if (m_selectsRectangle) {
+        // On selected text the library would begin to drag that.
+        SendScintilla(SCI_SETEMPTYSELECTION, SendScintilla(SCI_GETCURRENTPOS));
+        m_carets.settle();
+    }
+    withMouseEdits([&] { QsciScintillaBase::mousePressEvent(&plain); });
+    if (m_selectsRectangle)
+        m_carets.begin();
 }
 
 void TextView::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    QMouseEvent plain = streamEvent(*event);
+    QMouseEvent plain = libraryEvent(*event);
     reportMouseButton(event);
     if (event->button() == Qt::RightButton)
         return;
@@ -242,14 +267,29 @@ void TextView::mouseDoubleClickEvent(QMouseEvent *event)
 
 void TextView::mouseMoveEvent(QMouseEvent *event)
 {
-    QMouseEvent plain = streamEvent(*event);
+    QMouseEvent plain = libraryEvent(*event);
     withMouseEdits([&] { QsciScintillaBase::mouseMoveEvent(&plain); });
+}
+
+/// The library takes a move of a rectangle now and then only, and not where it ends.
+void TextView::endRectangle(const QMouseEvent &event)
+{
+    QMouseEvent move(QEvent::MouseMove, event.position(), event.scenePosition(),
+                     event.globalPosition(), Qt::NoButton, Qt::LeftButton, event.modifiers());
+    for (int i = 0; i < 3; ++i)
+        QsciScintillaBase::mouseMoveEvent(&move);
 }
 
 void TextView::mouseReleaseEvent(QMouseEvent *event)
 {
-    QMouseEvent plain = streamEvent(*event);
-    withMouseEdits([&] { QsciScintillaBase::mouseReleaseEvent(&plain); });
+    QMouseEvent plain = libraryEvent(*event);
+    withMouseEdits([&] {
+        if (m_selectsRectangle)
+            endRectangle(*event);
+        QsciScintillaBase::mouseReleaseEvent(&plain);
+    });
+    m_selectsRectangle = false;
+    m_carets.settle();
     if (event->button() == Qt::LeftButton &&
         viewport()->rect().contains(event->position().toPoint()))
         m_owner.click();

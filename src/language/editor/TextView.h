@@ -1,5 +1,6 @@
 #pragma once
 
+#include "language/editor/FurtherCarets.h"
 #include "language/editor/LEditOCX.h"
 #include "language/editor/ViewCommands.h"
 #include "language/editor/ViewTyping.h"
@@ -49,6 +50,7 @@ public:
     TextView(TextViewOwner &owner, QWidget *parent);
 
     void setAutoIndent(bool on) { m_typing.setAutoIndent(on); }
+    FurtherCarets &carets() { return m_carets; }
 
 protected:
     bool event(QEvent *event) override;
@@ -78,10 +80,14 @@ private:
     // Mouse.
     void openMenuAtCaret();
     void reportMouseButton(const QMouseEvent *event);
+    void endRectangle(const QMouseEvent &event);
+    QMouseEvent libraryEvent(const QMouseEvent &event) const;
     template <typename Handler>
     void withMouseEdits(Handler handler);
 
     TextViewOwner &m_owner;
+    FurtherCarets m_carets;
+    bool m_selectsRectangle = false; ///< the left button is down, for a rectangle
     ViewCommands m_commands;
     ViewTyping m_typing;
     bool m_textChanged = false;

@@ -1,5 +1,6 @@
 #include "language/editor/ViewTyping.h"
 
+#include "language/editor/FurtherCarets.h"
 #include "language/editor/TextView.h"
 
 #include <utility>
@@ -8,8 +9,9 @@ namespace ardiphon {
 
 using Sci = QsciScintillaBase;
 
-ViewTyping::ViewTyping(QsciScintillaBase &view, TextViewOwner &owner, TypeKey typeKey)
-    : m_view(view), m_owner(owner), m_typeKey(std::move(typeKey))
+ViewTyping::ViewTyping(QsciScintillaBase &view, TextViewOwner &owner, FurtherCarets &carets,
+                       TypeKey typeKey)
+    : m_view(view), m_owner(owner), m_carets(carets), m_typeKey(std::move(typeKey))
 {
 }
 
@@ -30,32 +32,58 @@ void ViewTyping::typeControl(int character, bool back)
     default:
         m_view.SendScintilla(Sci::SCI_CLEAR);
     }
+    m_carets.settle();
     m_owner.edited();
 }
 
 void ViewTyping::insertNewLine()
 {
-    static constexpr const char *ends[] = {"\r\n", "\r", "\n"};
-    QByteArray text = ends[m_view.SendScintilla(Sci::SCI_GETEOLMODE)];
-    const long start = m_view.SendScintilla(Sci::SCI_GETSELECTIONSTART);
-    const long line = m_view.SendScintilla(Sci::SCI_LINEFROMPOSITION, ulong(start));
-    long at = m_view.SendScintilla(Sci::SCI_POSITIONFROMLINE, ulong(line));
-    for (; m_autoIndent && at < start; ++at) {
-        const char c = char(m_view.SendScintilla(Sci::SCI_GETCHARAT, ulong(at)));
-        if (c != ' ' && c != '\t')
-            break;
-        text.append(c);
+    if (m_carets.areThere()) {
+        m_carets.replaceEach([this](long start, long end) { return newLineFor(start, end); });
+        m_view.SendScintilla(Sci::SCI_SCROLLCARET);
+        return;
     }
-    // A CR and an LF that meet are one line end, so there would be no new line.
+    const long start = m_view.SendScintilla(Sci::SCI_GETSELECTIONSTART);
     const long end = m_view.SendScintilla(Sci::SCI_GETSELECTIONEND);
-    if (text == "\r" && m_view.SendScintilla(Sci::SCI_GETCHARAT, ulong(end)) == '\n')
-        text = "\r\n";
-    else if (text[0] == '\n' && start > 0 &&
-             m_view.SendScintilla(Sci::SCI_GETCHARAT, ulong(start - 1)) == '\r')
-        text.prepend('\r');
+    const QByteArray text = newLineFor(start, end);
     m_view.SendScintilla(Sci::SCI_REPLACESEL, text.constData());
     m_view.SendScintilla(Sci::SCI_SCROLLCARET);
     m_view.SendScintilla(Sci::SCI_CHOOSECARETX);
+}
+
+/// The line end that takes the place of what is selected, with the blanks of the line above.
+QByteArray ViewTyping::newLineFor(long start, long end) const
+{
+    const QByteArray blanks = m_autoIndent ? blanksAbove(start) : QByteArray();
+    return lineEndFor(start, end, !blanks.isEmpty()) + blanks;
+}
+
+/// The blanks that the line of \a start begins with, as far as that.
+QByteArray ViewTyping::blanksAbove(long start) const
+{
+    QByteArray blanks;
+    const long line = m_view.SendScintilla(Sci::SCI_LINEFROMPOSITION, ulong(start));
+    for (long at = m_view.SendScintilla(Sci::SCI_POSITIONFROMLINE, ulong(line)); at < start; ++at) {
+        const char c = char(m_view.SendScintilla(Sci::SCI_GETCHARAT, ulong(at)));
+        if (c != ' ' && c != '\t')
+            break;
+        blanks.append(c);
+    }
+    return blanks;
+}
+
+/// A CR and an LF that meet are one line end, so there would be no new line.
+QByteArray ViewTyping::lineEndFor(long start, long end, bool blanksFollow) const
+{
+    static constexpr const char *ends[] = {"\r\n", "\r", "\n"};
+    const QByteArray lineEnd = ends[m_view.SendScintilla(Sci::SCI_GETEOLMODE)];
+    if (lineEnd == "\r" && !blanksFollow &&
+        m_view.SendScintilla(Sci::SCI_GETCHARAT, ulong(end)) == '\n')
+        return "\r\n";
+    if (lineEnd == "\n" && start > 0 &&
+        m_view.SendScintilla(Sci::SCI_GETCHARAT, ulong(start - 1)) == '\r')
+        return "\r\n";
+    return lineEnd;
 }
 
 void ViewTyping::typeText(const QString &text)
@@ -76,7 +104,9 @@ void ViewTyping::typeText(const QString &text)
 void ViewTyping::typeCharacter(char32_t code)
 {
     const QString character = QString::fromUcs4(&code, 1);
-    if (code > 0xFFFF)
+    if (code > 0xFFFF && m_carets.areThere())
+        m_carets.replaceEach([&](long, long) { return character.toUtf8(); });
+    else if (code > 0xFFFF)
         m_view.SendScintilla(Sci::SCI_REPLACESEL, character.toUtf8().constData());
     else
         m_typeKey(character);
@@ -84,11 +114,11 @@ void ViewTyping::typeCharacter(char32_t code)
 }
 
 // Overwriting replaces a selected character, so that a handler of KeyPress finds in the selection
-// what will be replaced.
+// what will be replaced. With several carets the library overwrites at each.
 bool ViewTyping::selectCharacterToOverwrite()
 {
     const long caret = m_view.SendScintilla(Sci::SCI_GETCURRENTPOS);
-    if (!m_view.SendScintilla(Sci::SCI_GETOVERTYPE) ||
+    if (!m_view.SendScintilla(Sci::SCI_GETOVERTYPE) || m_carets.areThere() ||
         m_view.SendScintilla(Sci::SCI_GETSELECTIONEMPTY) == 0)
         return false;
     const long line = m_view.SendScintilla(Sci::SCI_LINEFROMPOSITION, ulong(caret));

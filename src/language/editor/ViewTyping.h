@@ -8,6 +8,7 @@ class QsciScintillaBase;
 
 namespace ardiphon {
 
+class FurtherCarets;
 class TextViewOwner;
 
 /// Types characters into the view. Each is reported to the owner first, which may type another one
@@ -19,7 +20,8 @@ public:
     /// is typed in a row becomes one step of history.
     using TypeKey = std::function<void(const QString &character)>;
 
-    ViewTyping(QsciScintillaBase &view, TextViewOwner &owner, TypeKey typeKey);
+    ViewTyping(QsciScintillaBase &view, TextViewOwner &owner, FurtherCarets &carets,
+               TypeKey typeKey);
 
     /// Whether a new line begins with the blanks that the line before begins with.
     void setAutoIndent(bool on) { m_autoIndent = on; }
@@ -32,11 +34,15 @@ public:
 
 private:
     void insertNewLine();
+    QByteArray newLineFor(long start, long end) const;
+    QByteArray blanksAbove(long start) const;
+    QByteArray lineEndFor(long start, long end, bool blanksFollow) const;
     void typeCharacter(char32_t code);
     bool selectCharacterToOverwrite();
 
     QsciScintillaBase &m_view;
     TextViewOwner &m_owner;
+    FurtherCarets &m_carets;
     TypeKey m_typeKey;
     bool m_autoIndent = false;
 };
