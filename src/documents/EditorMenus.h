@@ -61,6 +61,7 @@ inline constexpr const char *StudioTextMenu[] = {
     "menuStudioMoveDown",
     "menuStudioDeleteToEnd",
     "menuStudioJoin",
+    "menuStudioReindent",
     nullptr,
     "menuStudioUpperCase",
     "menuStudioLowerCase",

@@ -26,6 +26,7 @@ constexpr Command commands[] = {
     {"menuStudioUpperCase", "U&pper Case"},
     {"menuStudioLowerCase", "&Lower Case"},
     {"menuStudioNextOccurrence", "Select &Next Occurrence"},
+    {"menuStudioReindent", "Re-&indent"},
 };
 
 constexpr Shortcut shortcuts[] = {

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace ardiphon {
 
 /// A part of the text and the text that takes its place. A part that has line ends in it begins on
@@ -17,6 +19,13 @@ struct EditorEdit
     bool movesCaret = false;
 
     friend bool operator==(const EditorEdit &, const EditorEdit &) = default;
+};
+
+/// The blanks that Enter puts at the beginning of lines.
+struct NewLineBlanks
+{
+    std::optional<QString> line; ///< those of the line that it ends, where they are to change
+    QString next;                ///< those of the new line
 };
 
 } // namespace ardiphon

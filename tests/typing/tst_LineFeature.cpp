@@ -84,11 +84,12 @@ void tst_LineFeature::menu_hasTheCommands()
                     : key.isEmpty()      ? entry->text()
                                          : entry->text() + u'\t' + key);
     }
-    QCOMPARE(rows.join(u'|'),
-             QStringLiteral("&Comment or Uncomment\tCtrl+/|-|&Duplicate\tCtrl+Shift+D|"
-                            "Move &Up\tCtrl+Shift+A|Move D&own\tCtrl+Shift+B|"
-                            "Delete to Line's &End|&Join Lines|-|U&pper Case|&Lower Case|-|"
-                            "Select &Next Occurrence\tCtrl+Shift+N"));
+    QCOMPARE(
+        rows.join(u'|'),
+        QStringLiteral("&Comment or Uncomment\tCtrl+/|-|&Duplicate\tCtrl+Shift+D|"
+                       "Move &Up\tCtrl+Shift+A|Move D&own\tCtrl+Shift+B|"
+                       "Delete to Line's &End|&Join Lines|Re-&indent|-|U&pper Case|&Lower Case|-|"
+                       "Select &Next Occurrence\tCtrl+Shift+N"));
 }
 
 void tst_LineFeature::command_isOneStep_data()

@@ -18,6 +18,7 @@
 #include "printing/ui/PrintFeature.h"
 #include "typing/ui/CompletionFeature.h"
 #include "typing/ui/HintFeature.h"
+#include "typing/ui/IndentFeature.h"
 #include "typing/ui/LineFeature.h"
 #include "typing/ui/PointerHelpFeature.h"
 
@@ -40,7 +41,7 @@ constexpr NewFeature Features[] = {
     newFeature<OutlineFeature>,     newFeature<GoFeature>,          newFeature<FoldFeature>,
     newFeature<RenameFeature>,      newFeature<MarksFeature>,       newFeature<MeaningFeature>,
     newFeature<CheckFeature>,       newFeature<CompletionFeature>,  newFeature<HintFeature>,
-    newFeature<PointerHelpFeature>, newFeature<LineFeature>,
+    newFeature<PointerHelpFeature>, newFeature<LineFeature>,        newFeature<IndentFeature>,
 };
 
 } // namespace

@@ -326,6 +326,8 @@ void LEditOCX::SetTabSize(int characters)
 
 void LEditOCX::SetAutoIndent(bool on) { d->view.setAutoIndent(on); }
 
+void LEditOCX::SetNewLineRule(NewLineRule rule) { d->newLineRule = std::move(rule); }
+
 // Bookmarks. --------------------------------------------------------------------------------------
 
 void LEditOCX::SetBookmarkLine(int index, int line) { d->bookmarks.setLine(index, line); }

@@ -206,6 +206,10 @@ public:
     int TabSize() const; ///< in characters
     void SetTabSize(int characters);
     void SetAutoIndent(bool on);
+    /// Has Enter ask \a rule for the blanks of the line that it ends, at that line and column, and
+    /// of the new one; none for what SetAutoIndent says. With several carets it is not asked.
+    using NewLineRule = std::function<std::optional<NewLineBlanks>(int line, int column)>;
+    void SetNewLineRule(NewLineRule rule);
 
     // Bookmarks. ---------------------------------------------------------------------------------
 

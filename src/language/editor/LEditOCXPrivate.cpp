@@ -73,6 +73,12 @@ int LEditOCX::Private::keyPress(int character)
     return character;
 }
 
+std::optional<NewLineBlanks> LEditOCX::Private::newLineBlanks(qsizetype offset)
+{
+    const TextPosition at = text.positionOf(offset);
+    return newLineRule ? newLineRule(at.line, at.column) : std::nullopt;
+}
+
 void LEditOCX::Private::mouseButton(EditorMouseButton button) { emit control.MouseButton(button); }
 
 void LEditOCX::Private::click() { emit control.Click(); }

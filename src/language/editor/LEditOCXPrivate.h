@@ -52,6 +52,7 @@ public:
     ViewSearch search;
     TextPresence presence;
     QString currentWord;
+    NewLineRule newLineRule;
 
     quint64 changes = 0; ///< of the text so far
     /// The control whose text was copied last, and how often both had changed then.
@@ -72,6 +73,7 @@ private:
     void run(unsigned command) override { folded.run(command); }
     void keyDown(EditorKey &key) override;
     int keyPress(int character) override;
+    std::optional<NewLineBlanks> newLineBlanks(qsizetype offset) override;
     void mouseButton(EditorMouseButton button) override;
     void pointed() override { folded.leaveHidden(); }
     void click() override;

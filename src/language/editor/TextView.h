@@ -24,6 +24,8 @@ public:
     virtual void keyDown(EditorKey &key) = 0;
     /// The character to type instead, 0 for none.
     virtual int keyPress(int character) = 0;
+    /// The blanks for an Enter there; none where the view is to choose them.
+    virtual std::optional<NewLineBlanks> newLineBlanks(qsizetype offset) = 0;
     virtual void mouseButton(EditorMouseButton button) = 0;
     /// The mouse may have moved the caret.
     virtual void pointed() = 0;

@@ -1,6 +1,7 @@
 #include "language/editor/ViewTyping.h"
 
 #include "language/editor/FurtherCarets.h"
+#include "language/editor/TextBuffer.h"
 #include "language/editor/TextView.h"
 
 #include <utility>
@@ -43,12 +44,28 @@ void ViewTyping::insertNewLine()
         m_view.SendScintilla(Sci::SCI_SCROLLCARET);
         return;
     }
+    const EditStep step(m_view);
+    const long at = m_view.SendScintilla(Sci::SCI_GETSELECTIONSTART);
+    const auto blanks = m_owner.newLineBlanks(at);
+    if (blanks && blanks->line)
+        setBlanks(m_view.SendScintilla(Sci::SCI_LINEFROMPOSITION, ulong(at)),
+                  blanks->line->toUtf8());
     const long start = m_view.SendScintilla(Sci::SCI_GETSELECTIONSTART);
     const long end = m_view.SendScintilla(Sci::SCI_GETSELECTIONEND);
-    const QByteArray text = newLineFor(start, end);
+    QByteArray text = newLineFor(start, end);
+    if (blanks)
+        text = lineEndFor(start, end, !blanks->next.isEmpty()) + blanks->next.toUtf8();
     m_view.SendScintilla(Sci::SCI_REPLACESEL, text.constData());
     m_view.SendScintilla(Sci::SCI_SCROLLCARET);
     m_view.SendScintilla(Sci::SCI_CHOOSECARETX);
+}
+
+void ViewTyping::setBlanks(long line, const QByteArray &blanks)
+{
+    m_view.SendScintilla(Sci::SCI_SETTARGETRANGE,
+                         ulong(m_view.SendScintilla(Sci::SCI_POSITIONFROMLINE, ulong(line))),
+                         m_view.SendScintilla(Sci::SCI_GETLINEINDENTPOSITION, ulong(line)));
+    m_view.SendScintilla(Sci::SCI_REPLACETARGET, uintptr_t(blanks.size()), blanks.constData());
 }
 
 /// The line end that takes the place of what is selected, with the blanks of the line above.

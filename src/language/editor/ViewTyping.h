@@ -37,6 +37,7 @@ private:
     QByteArray newLineFor(long start, long end) const;
     QByteArray blanksAbove(long start) const;
     QByteArray lineEndFor(long start, long end, bool blanksFollow) const;
+    void setBlanks(long line, const QByteArray &blanks);
     void typeCharacter(char32_t code);
     bool selectCharacterToOverwrite();
 
