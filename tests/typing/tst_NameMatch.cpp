@@ -104,9 +104,9 @@ void tst_NameMatch::starts_areWorthMore_data()
     QTest::newRow("behind _") << "ot"
                               << "a_of_two"
                               << "anofitwo";
-    QTest::newRow("a digit") << "v3"
-                             << "vbap3"
-                             << "vbap13";
+    QTest::newRow("a digit") << "2"
+                             << "ab21"
+                             << "ab12";
     QTest::newRow("side by side") << "li"
                                   << "limits"
                                   << "lxixit";
