@@ -150,8 +150,8 @@ private:
 
     void readLine(int number, bool changes)
     {
-        const QByteArrayView bytes = m_text.line(number);
         const PieceState state = m_text.stateAt(number);
+        const QByteArrayView bytes = m_text.line(number); // until a line is asked for again
         if (state.section != PieceSection::Orchestra) {
             m_depth = 0;
             m_isInBody = m_goesOn = m_isCondition = false;
