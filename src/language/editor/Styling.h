@@ -3,8 +3,8 @@
 #include "language/Tokenizer.h"
 #include "language/editor/FoldedLines.h"
 #include "language/editor/LEditOCX.h"
-#include "language/editor/LineStates.h"
 #include "language/editor/LineRanges.h"
+#include "language/editor/LineStates.h"
 #include "language/editor/TextBuffer.h"
 
 #include <QFont>

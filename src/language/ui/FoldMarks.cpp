@@ -36,7 +36,7 @@ FoldMark FoldMarks::markOf(int line) const
     if (m_editor.IsFolded(line))
         return FoldMark::Folded;
     return m_foldEnd && line <= m_editor.LineCount() && m_foldEnd(line) > line ? FoldMark::Open
-                                                                                 : FoldMark::None;
+                                                                               : FoldMark::None;
 }
 
 bool FoldMarks::toggle(int line)
