@@ -6,7 +6,8 @@ program_packages="g++ cmake ninja-build ccache qt6-base-dev libqscintilla2-qt6-d
     csound-doc xterm shared-mime-info"
 test_packages="xvfb x11-utils x11-xkb-utils xclip procps xauth xdotool openbox python3
     fonts-dejavu-core pulseaudio pulseaudio-utils poppler-utils imagemagick xdg-utils
-    libfile-mimeinfo-perl libglib2.0-bin desktop-file-utils dpkg-dev file fakeroot groff-base"
+    libfile-mimeinfo-perl libglib2.0-bin desktop-file-utils dpkg-dev file fakeroot groff-base
+    strace"
 
 # Installs those of the named packages that are not there.
 install_missing() {

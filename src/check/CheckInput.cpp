@@ -121,12 +121,12 @@ QStringList checkedOptions(const QString &text)
                 kept.append(options[i]);
             } else if (isRate(options[i])) {
                 bool isWhole = false;
+                const QString flag = options[i].first(2);
                 const QString value =
                     options[i].size() > 2 ? options[i].sliced(2) : options.value(++i);
                 const double rate = value.toDouble(&isWhole);
                 if (isWhole && rate > 0)
-                    kept.append(options.value(i).startsWith(u'-') ? options[i]
-                                                                  : options[i - 1] + value);
+                    kept.append(flag + value);
             }
         }
     }

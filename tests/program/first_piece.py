@@ -69,7 +69,7 @@ with Desktop(PROGRAM_FOLDER) as desktop:
     program = desktop.start_program(piece)
     check_log(compile_the_piece(desktop, piece))
     check_sound(os.path.join(desktop.folder, "first.wav"))
-    assert desktop.processes_named("csound") == []
+    wait_for("the end of the compilers", lambda: not desktop.processes_named("csound"))
     leave(desktop, program)
 
     with open(piece, "rb") as file:

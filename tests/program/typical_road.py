@@ -139,7 +139,7 @@ with Desktop(PROGRAM_FOLDER) as desktop:
     log = compile_project(desktop)
     assert "INIT ERROR in instr 1 (opcode diskin2) line 6:" in log, log
     assert os.path.getsize(os.path.join(desktop.folder, "a piece.wav")) > 44100
-    assert desktop.processes_named("csound") == []
+    wait_for("the end of the compilers", lambda: not desktop.processes_named("csound"))
     go_to_error(desktop)
 
     desktop.key_until(["alt+F4"], "the program's end", lambda: program.poll() is not None)
