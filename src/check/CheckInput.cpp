@@ -26,9 +26,7 @@ LineRun sectionLines(const Piece &piece, const PieceText &text, const char *name
                    }
                    return found.mark->kind == LandmarkKind::SectionBegin;
                });
-    if (isOpen && lines.last == 0)
-        lines.last = text.lineCount();
-    return isOpen ? lines : LineRun();
+    return isOpen && lines.last > 0 ? lines : LineRun();
 }
 
 QByteArray textOf(const PieceText &text, LineRun lines)

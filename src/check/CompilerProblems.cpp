@@ -1,5 +1,6 @@
 #include "check/CompilerProblems.h"
 
+#include "check/ArgumentFixes.h"
 #include "check/NearNames.h"
 #include "check/ScoreMessages.h"
 #include "typing/Signature.h"
@@ -246,12 +247,17 @@ private:
                                : QStringLiteral("%1 does not take %2 and give %3.")
                                      .arg(inQuotes(message.token), typesInWords(message.taken),
                                           typesInWords(message.given));
-        QStringList forms;
-        for (const Signature &form : signaturesOf(m_words.parameters(message.token), message.token))
-            forms.append(form.text);
-        if (!forms.isEmpty())
+        const QList<Signature> forms =
+            signaturesOf(m_words.parameters(message.token), message.token);
+        QStringList texts;
+        for (const Signature &form : forms)
+            texts.append(form.text);
+        if (!texts.isEmpty())
             problem.sentence +=
-                QStringLiteral(" It is written: ") + forms.join(QStringLiteral("; "));
+                QStringLiteral(" It is written: ") + texts.join(QStringLiteral("; "));
+        if (m_places.textAt(problem.place) == message.token)
+            problem.fixes =
+                argumentFixes(m_text.line(problem.place.line), problem.place, forms, MostFixes);
         return problem;
     }
 

@@ -1,11 +1,15 @@
 #include "documents/CsdFixture.h"
+#include "language/ui/Gutter.h"
 #include "support/TestMain.h"
 
 #include <QApplication>
 #include <QDockWidget>
 #include <QLabel>
 #include <QMenu>
+#include <QProcess>
+#include <QPushButton>
 #include <QStandardPaths>
+#include <QTimer>
 #include <QTreeView>
 
 using namespace ardiphon;
@@ -32,6 +36,11 @@ private slots:
     void noCompiler_isSaid();
     void wrongCompiler_isSaid();
     void emptyOrchestra_isQuiet();
+    void section_withoutEnd_isSaid();
+    void compile_itsErrorsStay();
+    void score_hasItsProblems();
+    void mark_isDrawnInTextAndGutter();
+    void changedAllTheTime_noProcessIsLeft();
 
 private:
     QTreeView *tree() const { return control<QTreeView>("TreeProblems"); }
@@ -176,6 +185,102 @@ void tst_CheckFeature::emptyOrchestra_isQuiet()
     trigger("menuStudioCheck");
     QCOMPARE(control<QLabel>("LabelProblems")->text(), "");
     QCOMPARE(dock()->windowTitle(), "Problems");
+}
+
+void tst_CheckFeature::section_withoutEnd_isSaid()
+{
+    QByteArray piece = pieceWith("a1 oscili .5, 440\nout a1");
+    piece.replace("</CsScore>\n", "");
+    show(piece);
+    QTRY_COMPARE(dock()->windowTitle(), "Problems (1)");
+    QCOMPARE(cell(0, 1), "The section <CsScore> of line 9 does not end with </CsScore>.");
+    QCOMPARE(cell(0, 2), "sections");
+}
+
+/// With the check switched off there is only what the compile has found.
+void tst_CheckFeature::compile_itsErrorsStay()
+{
+    m_program->config.CheckWhileTyping = false;
+    show(pieceWith("a1 oscilli .5, 440\nout a1"));
+    QTimer closer;
+    connect(&closer, &QTimer::timeout, m_window, [&closer] {
+        QWidget *const dialog = QApplication::activeModalWidget();
+        if (!dialog)
+            return;
+        auto *const compile = controlIn<QPushButton>(*dialog, QStringLiteral("Command2"));
+        const auto *const stop = controlIn<QPushButton>(*dialog, QStringLiteral("btnStop"));
+        if (!dialog->property("compiled").toBool()) {
+            dialog->setProperty("compiled", true);
+            compile->click(); // returns at the compiler's end
+            require(!stop->isEnabled(), "the compiler has not ended");
+            closer.stop();
+            dialog->close();
+        }
+    });
+    closer.start(20);
+    key(Qt::Key_F3);
+    QCOMPARE(dock()->windowTitle(), "Problems (1)");
+    QCOMPARE(cell(0, 0), "Line 5");
+    QCOMPARE(cell(0, 1), "There is no opcode \"oscilli\".");
+    first()->SetSelText(QStringLiteral(" "));
+    QCOMPARE(dock()->windowTitle(), "Problems (1)");
+}
+
+void tst_CheckFeature::score_hasItsProblems()
+{
+    QByteArray piece = pieceWith("a1 oscili .5, 440\nout a1");
+    piece.replace("i1 0 1\n", "i1 0 1\ni1 1 np3\n");
+    show(piece);
+    QTRY_COMPARE(dock()->windowTitle(), "Problems (1)");
+    QCOMPARE(cell(0, 0), "Line 11");
+    QCOMPARE(cell(0, 1), "The compiler cannot read \"np3\" as a number and takes 0.");
+}
+
+/// The colours of an error: under the word, and at the gutter's left edge beside its line.
+void tst_CheckFeature::mark_isDrawnInTextAndGutter()
+{
+    show(pieceWith("a1 oscilli .5, 440\nout a1"));
+    QTRY_COMPARE(dock()->windowTitle(), "Problems (1)");
+    const auto hasRed = [](const QImage &image, const QRect &part) {
+        for (int y = part.top(); y <= part.bottom(); ++y) {
+            for (int x = part.left(); x <= part.right(); ++x) {
+                if (image.rect().contains(x, y) && image.pixelColor(x, y) == QColor(208, 0, 0))
+                    return true;
+            }
+        }
+        return false;
+    };
+    const auto rowOf = [this](int line, int from, int to) {
+        const QPoint start = first()->PositionToPixels(line, from);
+        const QPoint end = first()->PositionToPixels(line, to);
+        return QRect(start.x(), start.y(), end.x() - start.x(), first()->LineHeight());
+    };
+    QTRY_VERIFY(hasRed(first()->grab().toImage(), rowOf(5, 3, 10)));
+    QVERIFY(!hasRed(first()->grab().toImage(), rowOf(6, 0, 6)));
+    QVERIFY(!hasRed(first()->grab().toImage(), rowOf(5, 11, 18)));
+    const auto gutters = m_window->findChildren<Gutter *>();
+    QVERIFY(!gutters.isEmpty());
+    const int y = first()->PositionToPixels(5, 0).y();
+    QVERIFY(hasRed(gutters[0]->grab().toImage(), QRect(0, y + 2, 3, 4)));
+    QVERIFY(!hasRed(gutters[0]->grab().toImage(), QRect(0, y + first()->LineHeight() + 2, 3, 4)));
+}
+
+/// Ten changes a second: each kills the check of the one before.
+void tst_CheckFeature::changedAllTheTime_noProcessIsLeft()
+{
+    show(pieceWith("a1 oscili .5, 440\nout a1"));
+    caret(first(), 5, 18);
+    for (int i = 0; i < 30; ++i) {
+        key(i % 2 == 0 ? Qt::Key_Q : Qt::Key_Backspace);
+        QTest::qWait(i % 3 == 0 ? 330 : 20);
+    }
+    QTRY_COMPARE(dock()->windowTitle(), "Problems");
+    delete m_window;
+    QProcess list;
+    list.start(QStringLiteral("pgrep"),
+               {QStringLiteral("-f"), m_program->config.RootPath + QStringLiteral("check-")});
+    list.waitForFinished();
+    QCOMPARE(list.readAll(), QByteArray());
 }
 
 ARDIPHON_TEST(tst_CheckFeature, QApplication)

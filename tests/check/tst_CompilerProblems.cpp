@@ -17,6 +17,8 @@ private slots:
     void score_isReported_data();
     void score_isReported();
     void unknownOpcode_nearNamesAreOffered();
+    void wrongCount_whatFitsIsOffered_data();
+    void wrongCount_whatFitsIsOffered();
     void accepted_hasNoProblem();
 };
 
@@ -171,6 +173,38 @@ void tst_CompilerProblems::unknownOpcode_nearNamesAreOffered()
     QCOMPARE(fixes[0].text, "oscili");
     QCOMPARE(fixes[0].caption, "Insert oscili");
     QVERIFY(fixes[0].place == checked.problems[0].place);
+}
+
+void tst_CompilerProblems::wrongCount_whatFitsIsOffered_data()
+{
+    QTest::addColumn<QByteArray>("statement");
+    QTest::addColumn<QStringList>("fixes");
+
+    QTest::newRow("too few") << QByteArray("a1 comb a(1)")
+                             << QStringList("a1 comb a(1), krvt, ilpt");
+    QTest::newRow("too many") << QByteArray("a1 comb a(1), 2, 3, 0, 1, 5, 6 ; mine")
+                              << QStringList("a1 comb a(1), 2, 3, 0, 1");
+    QTest::newRow("an output missing")
+        << QByteArray("a1 pan2 a(1), .5") << QStringList("a1, a2 pan2 a(1), .5");
+    QTest::newRow("a comma in brackets") << QByteArray("a1 comb oscili(1, 440), 2")
+                                         << QStringList("a1 comb oscili(1, 440), 2, ilpt");
+    QTest::newRow("a wrong type alone") << QByteArray("a1 comb 1, 2, 3") << QStringList();
+}
+
+void tst_CompilerProblems::wrongCount_whatFitsIsOffered()
+{
+    QFETCH(QByteArray, statement);
+    const CheckedText checked(unified("instr 1\n " + statement + "\nendin"));
+    QCOMPARE(checked.problems.size(), 1);
+    QStringList fixes;
+    for (const ProblemFix &fix : checked.problems[0].fixes) {
+        QCOMPARE(fix.caption, "Insert " + fix.text);
+        QCOMPARE(fix.place.line, 8);
+        QCOMPARE(fix.place.column, 1);
+        QCOMPARE(fix.place.length, int(statement.split(';')[0].trimmed().size()));
+        fixes.append(fix.text);
+    }
+    QTEST(fixes, "fixes");
 }
 
 void tst_CompilerProblems::accepted_hasNoProblem()

@@ -7,7 +7,6 @@
 #include "check/SectionProblems.h"
 #include "check/ui/ProblemsModel.h"
 #include "check/ui/ProblemsPanel.h"
-#include "compile/CompileRules.h"
 #include "insight/ui/GoToPlace.h"
 #include "language/WordTables.h"
 #include "language/editor/LEditOCX.h"
@@ -18,7 +17,6 @@
 #include "workbench/ui/PieceFollower.h"
 
 #include <QDockWidget>
-#include <QFile>
 #include <QFileInfo>
 #include <QMainWindow>
 #include <QTimer>
@@ -30,8 +28,8 @@ namespace ardiphon {
 namespace {
 
 constexpr auto TypingPause = 300ms;
-/// Of a compile's log, which is read for its messages, in bytes.
-constexpr qint64 LongestLog = 1 << 20;
+/// Of a compile's log, which is read for its messages, in characters.
+constexpr qsizetype LongestLog = 1 << 20;
 
 QString statusText(const CheckResult &result)
 {
@@ -88,9 +86,7 @@ void CheckFeature::bindCommands()
     });
     connect(m_dock, &QDockWidget::visibilityChanged, this,
             [this, action] { action->setChecked(!m_dock->isHidden()); });
-    // The window that compiles has been closed when this is called.
-    connect(commands.action("menuCSound"), &QAction::triggered, this,
-            &CheckFeature::readCompileLog);
+    m_host->onLog([this](const QString &log) { readCompileLog(log); });
 }
 
 void CheckFeature::buildDock()
@@ -191,19 +187,18 @@ void CheckFeature::takeResult(const CheckInput &input, const CheckResult &result
          statusText(result));
 }
 
-/// What the compiler has said in the window that has just been closed.
-void CheckFeature::readCompileLog()
+/// What the compiler has said of the documents, which a compile reads as they were saved.
+void CheckFeature::readCompileLog(const QString &log)
 {
-    QFile log(CompileLogFile(m_host->config().RootPath));
     const Piece &piece = m_host->piece().readPiece();
-    if (!log.open(QIODevice::ReadOnly) || !piece.isRead())
+    if (!piece.isRead())
         return;
     const PieceText &orchestra = *piece.orchestra();
     const QString name = QFileInfo(documentName(orchestra.role())).fileName();
     const QString score = QFileInfo(documentName(piece.score()->role())).fileName();
     const CheckInput input = compiledLines(piece, name, score);
     const CheckedPiece checked{piece, input.orchestra, input.score};
-    const QList<CompilerMessage> messages = readCompilerMessages(log.read(LongestLog));
+    const QList<CompilerMessage> messages = readCompilerMessages(log.left(LongestLog).toUtf8());
     if (!messages.isEmpty())
         show(problemsOf(messages, checked, opcodeWords()), {});
 }

@@ -40,7 +40,7 @@ private:
     void turn(bool on);
     void check();
     void takeResult(const CheckInput &input, const CheckResult &result);
-    void readCompileLog();
+    void readCompileLog(const QString &log);
     void show(const QList<Problem> &problems, const QString &status);
     void refresh();
     void mark(const EditorView &view, const QList<LineRun> &lines) const;

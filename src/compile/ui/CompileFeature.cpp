@@ -13,7 +13,9 @@ namespace {
 
 CompileContext contextOf(FeatureHost &host)
 {
-    return {host.config(), host.dialogs(), &host.owner(), manualViewer};
+    CompileContext context{host.config(), host.dialogs(), &host.owner(), manualViewer};
+    context.system.logShown = [&host](const QString &log) { host.reportLog(log); };
+    return context;
 }
 
 void installForCsd(FeatureHost &host, LEditOCX &editor)

@@ -106,6 +106,8 @@ void FormCSound::showResult()
     m_player->OpenPlayerWave();
     btnStop->setEnabled(false);
     analyse();
+    if (log && m_runs.system().logShown)
+        m_runs.system().logShown(*log);
     if (!log || log->isEmpty())
         dialogs().message({missingLogText(m_runs.compileLogFile)});
 }

@@ -92,6 +92,8 @@ void FormCSoundCSD::showResult()
         TxtOutputs->setText(*log);
     TxtOutputs->insertBanner(m_runs.elapsed());
     btnStop->setEnabled(false);
+    if (log && m_runs.system().logShown)
+        m_runs.system().logShown(*log);
     if (!log || log->isEmpty())
         m_runs.dialogs().message({missingLogText(m_runs.compileLogFile)});
 }

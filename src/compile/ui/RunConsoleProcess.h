@@ -17,6 +17,8 @@ struct RunSystem
     std::function<void()> beep;
     /// The folder of the program that keeps a terminal open; "" for no terminal.
     QString programFolder = {};
+    /// Called with the log of a run that has ended and that is shown, or not set.
+    std::function<void(const QString &log)> logShown = {};
 
     static RunSystem real();
 };

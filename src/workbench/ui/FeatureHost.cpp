@@ -38,6 +38,12 @@ QList<LEditOCX *> FeatureHost::editors() const
     return found;
 }
 
+void FeatureHost::reportLog(const QString &log) const
+{
+    for (const auto &read : m_logs)
+        read(log);
+}
+
 QList<TextNote> FeatureHost::notesAt(DocumentRole role, int line, int column) const
 {
     QList<TextNote> found;

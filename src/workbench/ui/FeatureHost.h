@@ -82,6 +82,10 @@ public:
     /// Has the notes of a feature shown where the pointer rests.
     void addNotes(TextNotes notes) { m_notes.append(std::move(notes)); }
     QList<TextNote> notesAt(DocumentRole role, int line, int column) const;
+    /// Has \a read called with the log of each compile of the window's documents.
+    void onLog(std::function<void(const QString &log)> read) { m_logs.append(std::move(read)); }
+    /// A compile has ended, and its log is shown.
+    void reportLog(const QString &log) const;
     /// Replaces the selection of the first editor by \a text; that editor gets the focus.
     virtual void insertText(const QString &text) = 0;
     /// Places every control around the text again, after one of their sizes has changed.
@@ -91,6 +95,7 @@ public:
 
 private:
     QList<TextNotes> m_notes;
+    QList<std::function<void(const QString &log)>> m_logs;
 };
 
 } // namespace ardiphon
