@@ -113,6 +113,10 @@ QSet<QByteArray> playedByName(const PieceFacts &facts)
     QSet<QByteArray> played = facts.orchestra.texts;
     for (const CheckedNote &note : facts.score.notes)
         played.insert(note.instrument);
+    for (const OpcodeCall &call : facts.orchestra.calls)
+        played.insert(call.name); // an instrument with a name can be called as an opcode
+    for (const VariableUse &use : facts.orchestra.names)
+        played.insert(use.name);
     const PieceText &text = *facts.piece.orchestra();
     PieceWordReader reader(text, {true, false});
     while (!reader.atEnd()) {
@@ -126,9 +130,7 @@ QSet<QByteArray> playedByName(const PieceFacts &facts)
 
 bool playsByNumber(const PieceFacts &facts, const QSet<QByteArray> &played)
 {
-    return std::any_of(played.begin(), played.end(), [&](const QByteArray &name) {
-        return isNumber(name) && !facts.hasInstrument(name) && facts.mayHaveNumber(name);
-    });
+    return facts.orchestra.numbersOfNamed.intersects(played);
 }
 
 } // namespace
@@ -144,8 +146,7 @@ QList<Problem> missingInstruments(const CheckedFacts &of)
         if (note.instrument.isEmpty() || note.instrument == "0")
             continue;
         if (!known.contains(note.instrument))
-            known.insert(note.instrument, facts.hasInstrument(note.instrument) ||
-                                              facts.mayHaveNumber(note.instrument));
+            known.insert(note.instrument, facts.hasInstrument(note.instrument));
         if (known.value(note.instrument))
             continue;
         Problem problem{Severity::Warning,
@@ -172,9 +173,8 @@ QList<Problem> unplayedInstruments(const CheckedFacts &of)
     QList<Problem> problems;
     for (const CheckedBody &body : facts.orchestra.bodies) {
         for (const InstrumentHead &head : body.heads) {
-            const bool isPlayed =
-                played.contains(head.name) || head.name == "0" ||
-                (!isNumber(head.name) && (hidesNamed || facts.orchestra.words.contains(head.name)));
+            const bool isPlayed = played.contains(head.name) || head.name == "0" ||
+                                  (hidesNamed && !isNumber(head.name));
             if (!isPlayed)
                 problems.append({Severity::Hint,
                                  head.place,
@@ -199,7 +199,11 @@ public:
         bool canMiss = false;
     };
 
-    explicit ReadFields(const PieceFacts &facts) : m_facts(facts) {}
+    explicit ReadFields(const PieceFacts &facts) : m_facts(facts)
+    {
+        for (const CheckedBody &body : facts.orchestra.bodies)
+            m_opcodesRead |= body.kind == LandmarkKind::Opcode && readIn(body).readsAny;
+    }
 
     Fields of(const QByteArray &instrument)
     {
@@ -211,29 +215,24 @@ public:
 private:
     Fields find(const QByteArray &instrument) const
     {
-        const CheckedBody *only = nullptr;
-        for (const CheckedBody &body : m_facts.orchestra.bodies) {
-            for (const InstrumentHead &head : body.heads) {
-                if (head.name != instrument)
-                    continue;
-                if (only != nullptr)
-                    return {};
-                only = &body;
-            }
-        }
-        return only == nullptr ? Fields() : fieldsIn(*only);
+        const QList<int> bodies = m_facts.orchestra.instruments.value(instrument);
+        return bodies.size() == 1 ? fieldsIn(m_facts.orchestra.bodies[bodies[0]]) : Fields();
+    }
+
+    PieceFields readIn(const CheckedBody &body) const
+    {
+        PieceBodyLines lines;
+        lines.lines = body.lines;
+        lines.headingLine = body.lines.first;
+        return fieldsOf(*m_facts.piece.orchestra(), lines);
     }
 
     Fields fieldsIn(const CheckedBody &body) const
     {
-        const PieceText &text = *m_facts.piece.orchestra();
-        PieceBodyLines lines;
-        lines.lines = body.lines;
-        lines.headingLine = body.lines.first;
-        const PieceFields read = fieldsOf(text, lines);
+        const PieceFields read = readIn(body);
         Fields fields;
         fields.isKnown = !read.readsAny && !body.hasBranches;
-        fields.isAll = !body.usesMacro;
+        fields.isAll = !body.usesMacro && !m_opcodesRead;
         fields.canMiss = m_facts.orchestra.called.contains("pset");
         if (!read.fields.isEmpty())
             fields.last = std::max(3, read.fields.last().number);
@@ -242,6 +241,7 @@ private:
 
     const PieceFacts &m_facts;
     QHash<QByteArray, Fields> m_fields;
+    bool m_opcodesRead = false; ///< opcodes of the piece read fields of whoever calls them
 };
 
 PiecePlace placeOfNote(const CheckedNote &note)

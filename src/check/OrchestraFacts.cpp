@@ -32,14 +32,36 @@ bool isAssignment(QByteArrayView symbol) { return isIn(symbol, {"=", "+=", "-=",
 
 bool isJump(QByteArrayView word) { return word.endsWith("goto"); }
 
+/// The opcodes of the language and of a piece, as each is asked for many times.
+class OpcodeCache
+{
+public:
+    explicit OpcodeCache(const Piece &piece) : m_piece(piece) {}
+
+    bool contains(QByteArrayView name)
+    {
+        const auto key = QByteArray::fromRawData(name.data(), name.size());
+        const auto found = m_known.constFind(key);
+        if (found != m_known.constEnd())
+            return *found;
+        const bool isOne = m_piece.isOpcode(name) || m_piece.definesOpcode(name);
+        m_known.insert(name.toByteArray(), isOne);
+        return isOne;
+    }
+
+private:
+    const Piece &m_piece;
+    QHash<QByteArray, bool> m_known;
+};
+
 /// Takes the facts of one statement.
 class StatementFacts : private StatementTokens
 {
 public:
-    StatementFacts(const Piece &piece, const PieceText &text, const JoinedStatement &statement,
+    StatementFacts(OpcodeCache &opcodes, const PieceText &text, const JoinedStatement &statement,
                    OrchestraFacts &facts, int body, int number)
         : StatementTokens(statement.text, statement.tokens),
-          m_piece(piece),
+          m_opcodes(opcodes),
           m_role(text.role()),
           m_statement(statement),
           m_facts(facts),
@@ -51,7 +73,9 @@ public:
     void read()
     {
         qsizetype first = 0;
-        m_uses = std::vector<Use>(size_t(m_tokens.size()), Use::Unknown);
+        m_uses.resize(m_tokens.size());
+        for (qsizetype at = 0; at < size(); ++at)
+            m_uses[at] = isName(at) && m_opcodes.contains(word(at)) ? Use::Opcode : Use::Other;
         if (isLabel()) {
             m_facts.jumps.append({word(0).toByteArray(), m_body, m_number, true, false});
             first = 2;
@@ -79,13 +103,10 @@ public:
     }
 
 private:
-    enum class Use : quint8 { Unknown, Opcode };
+    enum class Use : quint8 { Other, Opcode, Called };
 
     qsizetype size() const { return m_tokens.size(); }
-    bool isOpcode(qsizetype at) const
-    {
-        return m_piece.isOpcode(word(at)) || m_piece.definesOpcode(word(at));
-    }
+    bool isOpcode(qsizetype at) const { return has(at) && m_uses[at] == Use::Opcode; }
 
     void readJump(qsizetype first)
     {
@@ -131,7 +152,7 @@ private:
     {
         for (qsizetype at = first; at < size(); ++at) {
             if (!isName(at) || isType(at) || isMember(at) || isLanguageWord(word(at)) ||
-                blockWord(word(at)) || m_uses[size_t(at)] == Use::Opcode)
+                blockWord(word(at)) || m_uses[at] == Use::Called)
                 continue;
             const bool hasType = isSymbol(at + 1, ":") && isName(at + 2) && touchesNext(at);
             qsizetype bracket = hasType ? at + 3 : at + 1;
@@ -144,7 +165,7 @@ private:
 
     void addCall(qsizetype at, qsizetype from, qsizetype end)
     {
-        m_uses[size_t(at)] = Use::Opcode;
+        m_uses[at] = Use::Called;
         OpcodeCall call{word(at).toByteArray(), place(at), m_body, {}};
         int depth = 0;
         qsizetype begin = from;
@@ -214,8 +235,7 @@ private:
             isInIndex = (isInIndex || isSymbol(at, "[")) && !isSymbol(at, "]");
             if (!isName(at))
                 continue;
-            m_facts.words.insert(word(at).toByteArray());
-            if (m_uses[size_t(at)] == Use::Opcode || isType(at) || isMember(at) || isOther(at))
+            if (m_uses[at] == Use::Called || isType(at) || isMember(at) || isOther(at))
                 continue;
             m_facts.names.append({word(at).toByteArray(), place(at), m_body, m_number,
                                   at < firstRead && !isInIndex});
@@ -231,19 +251,21 @@ private:
                isIn(word(at), {"then", "ithen", "kthen", "do", "in"});
     }
 
-    const Piece &m_piece;
+    OpcodeCache &m_opcodes;
     const DocumentRole m_role;
     const JoinedStatement &m_statement;
     OrchestraFacts &m_facts;
     const int m_body;
     const int m_number;
-    std::vector<Use> m_uses;
+    QVarLengthArray<Use, 32> m_uses;
 };
 
 class OrchestraFactReader
 {
 public:
-    OrchestraFactReader(const Piece &piece, const PieceText &text) : m_piece(piece), m_text(text) {}
+    OrchestraFactReader(const Piece &piece, const PieceText &text) : m_opcodes(piece), m_text(text)
+    {
+    }
 
     OrchestraFacts read(LineRun lines)
     {
@@ -253,6 +275,7 @@ public:
         });
         finish();
         endBody();
+        numberNamed();
         return m_facts;
     }
 
@@ -293,7 +316,7 @@ private:
         const StatementTokens statement(m_joined.text, m_joined.tokens);
         if (takeMacros(statement))
             return;
-        StatementFacts facts(m_piece, m_text, m_joined, m_facts, m_body, m_number++);
+        StatementFacts facts(m_opcodes, m_text, m_joined, m_facts, m_body, m_number++);
         if (statement.word(0) == "instr")
             return takeInstrument(statement, facts);
         if (statement.word(0) == "opcode" && statement.isName(1)) {
@@ -338,12 +361,31 @@ private:
         }
     }
 
+    /// An instrument with a name has the next number that is free.
+    void numberNamed()
+    {
+        int number = 1;
+        for (int i = 0; i < m_facts.bodies.size(); ++i) {
+            for (const InstrumentHead &head : m_facts.bodies[i].heads)
+                m_facts.instruments[head.name].append(i);
+        }
+        for (const CheckedBody &body : m_facts.bodies) {
+            for (const InstrumentHead &head : body.heads) {
+                if (head.name[0] >= '0' && head.name[0] <= '9')
+                    continue;
+                while (m_facts.instruments.contains(QByteArray::number(number)))
+                    ++number;
+                m_facts.numbersOfNamed.insert(QByteArray::number(number++));
+            }
+        }
+    }
+
     void beginBody(LandmarkKind kind)
     {
         endBody();
         m_body = int(m_facts.bodies.size());
         const int first = m_joined.parts.front().line;
-        m_facts.bodies.append({kind, {}, {first, m_line}});
+        m_facts.bodies.append({kind, {}, {first, m_line}, m_facts.names.size()});
     }
 
     void endBody()
@@ -353,7 +395,7 @@ private:
         m_body = -1;
     }
 
-    const Piece &m_piece;
+    OpcodeCache m_opcodes;
     const PieceText &m_text;
     OrchestraFacts m_facts;
     JoinedStatement m_joined;

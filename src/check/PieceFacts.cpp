@@ -73,41 +73,6 @@ bool OrchestraFacts::hasMore() const
                                    "scoreline", "scoreline_i"});
 }
 
-bool PieceFacts::hasInstrument(const QByteArray &name) const
-{
-    for (const CheckedBody &body : orchestra.bodies) {
-        for (const InstrumentHead &head : body.heads) {
-            if (head.name == name)
-                return true;
-        }
-    }
-    return false;
-}
-
-bool PieceFacts::mayHaveNumber(const QByteArray &number) const
-{
-    int named = 0;
-    QSet<int> taken;
-    for (const CheckedBody &body : orchestra.bodies) {
-        for (const InstrumentHead &head : body.heads) {
-            bool isNumber = false;
-            const int value = head.name.toInt(&isNumber);
-            if (isNumber)
-                taken.insert(value);
-            else
-                ++named;
-        }
-    }
-    for (int next = 1; named > 0; ++next) {
-        if (taken.contains(next))
-            continue;
-        if (QByteArray::number(next) == number)
-            return true;
-        --named;
-    }
-    return false;
-}
-
 PieceFacts factsOf(const Piece &piece)
 {
     PieceFacts facts{piece, {}, {}, {}};
@@ -116,8 +81,10 @@ PieceFacts factsOf(const Piece &piece)
     const CheckInput input = checkInputOf(piece);
     facts.orchestra = orchestraFacts(piece, *piece.orchestra(), input.orchestra.lines);
     facts.score = scoreFacts(*piece.score(), input.score.lines);
-    if (isMadeElsewhere(*piece.score(), input.score.lines))
+    if (isMadeElsewhere(*piece.score(), input.score.lines)) {
+        facts.score = {};
         facts.score.isWhole = false;
+    }
     if (input.isUnified)
         readTags(piece, facts);
     facts.hasForeignPart =

@@ -55,6 +55,7 @@ struct CheckedBody
     LandmarkKind kind = LandmarkKind::Instrument;
     QList<InstrumentHead> heads; ///< of an instrument
     LineRun lines;
+    qsizetype firstName = 0; ///< among the names of the orchestra
     bool usesMacro = false;
     bool hasBranches = false; ///< of the preprocessor
 };
@@ -73,12 +74,13 @@ struct JumpFact
 struct OrchestraFacts
 {
     QList<CheckedBody> bodies;
+    QHash<QByteArray, QList<int>> instruments; ///< the bodies that have a name or a number
+    QSet<QByteArray> numbersOfNamed;           ///< that the compiler gives instruments with names
     QList<OpcodeCall> calls;
     QList<VariableUse> names;
     QList<JumpFact> jumps;
     QSet<QByteArray> called;    ///< the names of all calls
     QSet<QByteArray> texts;     ///< all literal texts, without quotes
-    QSet<QByteArray> words;     ///< all names, in calls or not
     QByteArray macroText;       ///< what the macros stand for, in small letters
     bool hasInclude = false;    ///< so that there may be more than is read here
     bool hasHiddenHead = false; ///< an instrument that a macro names or makes
@@ -127,9 +129,10 @@ struct PieceFacts
     bool hasMidiFile = false;
 
     /// Whether the orchestra has an instrument of that name or number.
-    bool hasInstrument(const QByteArray &name) const;
-    /// Whether \a number may be that of an instrument with a name.
-    bool mayHaveNumber(const QByteArray &number) const;
+    bool hasInstrument(const QByteArray &name) const
+    {
+        return orchestra.instruments.contains(name) || orchestra.numbersOfNamed.contains(name);
+    }
     /// Whether \a name is an opcode of the language or of the piece.
     bool isOpcode(const QByteArray &name) const
     {

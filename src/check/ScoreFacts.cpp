@@ -121,10 +121,17 @@ private:
         if (statement.fields.isEmpty())
             return;
         const auto table = literalNumber(statement.fields[0].in(line));
-        if (table)
-            m_facts.tables.insert(QByteArray::number(std::abs(int(*table))));
-        else
+        if (!table) {
             m_facts.hasHiddenTable = true;
+            return;
+        }
+        const int number = std::abs(int(*table));
+        m_facts.tables.insert(QByteArray::number(number));
+        const auto routine = statement.fields.size() > 3
+                                 ? literalNumber(statement.fields[3].in(line))
+                                 : std::nullopt;
+        if (!routine || std::abs(*routine) == 15) // which makes two
+            m_facts.tables.insert(QByteArray::number(number + 1));
     }
 
     void readNote(const ScoreStatement &statement, QByteArrayView line, int number)

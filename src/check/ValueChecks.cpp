@@ -80,13 +80,14 @@ private:
 
     bool takeMade(const OpcodeCall &call)
     {
-        const int number = call.name == "ftgentmp" || call.name == "ftgenonce" ? 0 : 0;
-        if (number >= call.arguments.size() ||
-            call.arguments[number].form != CalledArgument::Form::Number)
+        if (call.arguments.isEmpty() || call.arguments[0].form != CalledArgument::Form::Number)
             return false;
-        const int made = std::abs(int(call.arguments[number].text.toDouble()));
+        const int made = std::abs(int(call.arguments[0].text.toDouble()));
         m_hasOwnNumbers |= made == 0;
         m_tables.insert(QByteArray::number(made));
+        const CalledArgument routine = call.arguments.value(3);
+        if (routine.form != CalledArgument::Form::Number || routine.text.endsWith("15"))
+            m_tables.insert(QByteArray::number(made + 1)); // that routine makes two
         return true;
     }
 
@@ -110,7 +111,7 @@ private:
             const int at = argumentAt(form.inputs, argument);
             if (at < 0)
                 continue;
-            if (!wantsTable(form.inputs[at].name))
+            if (!wantsTable(form.inputs[at].name) || at != argument)
                 return false;
             isOne = true;
         }
@@ -216,10 +217,11 @@ QList<Problem> valuesPassedOver(const PieceFacts &facts)
     for (const PassedOver &passed : all) {
         QSet<QByteArray> skipped;
         QSet<QByteArray> written;
-        for (const VariableUse &use : facts.orchestra.names) {
-            const bool isLocal =
-                use.body == passed.body && isInitName(use.name) && !isGlobalName(use.name);
-            if (!isLocal)
+        const auto &names = facts.orchestra.names;
+        for (qsizetype i = facts.orchestra.bodies[passed.body].firstName;
+             i < names.size() && names[i].body == passed.body; ++i) {
+            const VariableUse &use = names[i];
+            if (!isInitName(use.name) || isGlobalName(use.name))
                 continue;
             const bool isSkipped = use.statement >= passed.first && use.statement <= passed.last;
             if (use.isWritten) {
@@ -257,14 +259,19 @@ public:
 private:
     void checkOpcodes()
     {
+        QSet<QByteArray> unknown;
+        for (const QByteArray &name : m_facts.orchestra.called) {
+            if (!m_facts.isOpcode(name) && !isWrittenName(name))
+                unknown.insert(name);
+        }
+        if (unknown.isEmpty())
+            return;
         QHash<QByteArray, QByteArray> bySmall;
+        for (const QString &name : m_of.words.names)
+            bySmall.insert(name.toUtf8().toLower(), name.toUtf8());
         for (const OpcodeCall &call : m_facts.orchestra.calls) {
-            if (m_facts.isOpcode(call.name) || isWrittenName(call.name))
+            if (!unknown.contains(call.name))
                 continue;
-            if (bySmall.isEmpty()) {
-                for (const QString &name : m_of.words.names)
-                    bySmall.insert(name.toUtf8().toLower(), name.toUtf8());
-            }
             const QByteArray meant = bySmall.value(call.name.toLower());
             if (!meant.isEmpty() && meant != call.name)
                 add(call.place, call.name, meant,
@@ -353,9 +360,14 @@ QList<Problem> opcodesUnknownHere(const CheckedFacts &of)
     QList<Problem> problems;
     if (of.compilerOpcodes.isEmpty() || of.facts.orchestra.hasInclude)
         return problems;
+    QSet<QByteArray> unknown;
+    for (const QByteArray &name : of.facts.orchestra.called) {
+        if (of.facts.piece.isOpcode(name) && !of.facts.piece.definesOpcode(name) &&
+            !of.compilerOpcodes.contains(name) && !isLanguageWord(name))
+            unknown.insert(name);
+    }
     for (const OpcodeCall &call : of.facts.orchestra.calls) {
-        if (of.facts.piece.isOpcode(call.name) && !of.facts.piece.definesOpcode(call.name) &&
-            !of.compilerOpcodes.contains(call.name) && !isLanguageWord(call.name))
+        if (unknown.contains(call.name))
             problems.append({Severity::Warning,
                              call.place,
                              QStringLiteral("The compiler of this computer has no opcode %1.")

@@ -253,6 +253,12 @@ void tst_PieceChecks::problems_data()
         "out oscili2(7)\nendin",
         "i 1 0 1", {});
 
+    row("a table made with another", "instr 1\nout oscili(.1, 440, 34)\nendin",
+        "f 33 0 513 15 1 0 1 0\ni 1 0 1", {});
+    row("fields read by an opcode of the piece",
+        "opcode Last, i, 0\nxout pindex(pcount())\nendop\ninstr 1\nprint Last()\nendin",
+        "i 1 0 1 4 5", {});
+
     // Values before they are written.
     row("written by an instrument", "instr 1\ngiX = 3\nendin\ngiY = giX*2\nprint giY", "i 1 0 1",
         {QStringLiteral("4 warning before-written <giX> \"giX\" has no value yet: only instruments "
