@@ -68,6 +68,22 @@ std::optional<Value> valueOf(QByteArrayView word,
 
 std::optional<BlockWord> blockWord(QByteArrayView word) { return valueOf(word, BlockWords); }
 
+bool isClosingWord(QByteArrayView word)
+{
+    const auto block = blockWord(word);
+    return word == "endin" || word == "endop" || (block && block->kind != LandmarkKind::BlockBegin);
+}
+
+bool beginsClosingWord(QByteArrayView letters)
+{
+    const auto begins = [&](const auto &word) {
+        return word.second.kind != LandmarkKind::BlockBegin && word.first.startsWith(letters);
+    };
+    return QByteArrayView("endin").startsWith(letters) ||
+           QByteArrayView("endop").startsWith(letters) ||
+           std::any_of(std::begin(BlockWords), std::end(BlockWords), begins);
+}
+
 std::optional<ChannelUse> channelUse(QByteArrayView opcode)
 {
     if (!opcode.startsWith("chn") && !opcode.endsWith("value"))

@@ -18,6 +18,11 @@ struct BlockWord
 /// None for any other word; `if` is one only where its line says "then".
 std::optional<BlockWord> blockWord(QByteArrayView word);
 
+/// Whether a word ends a block or a body, or parts a block.
+bool isClosingWord(QByteArrayView word);
+/// Whether there is such a word that begins with these letters, or is no longer.
+bool beginsClosingWord(QByteArrayView letters);
+
 /// Whether \a name is a value that holds for the whole orchestra, as sr.
 bool isHeaderName(QByteArrayView name);
 /// The letter of the type that the first letters of \a name give: i, k, a, f, w, S or b; 0 for a

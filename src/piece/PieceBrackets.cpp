@@ -1,6 +1,7 @@
 #include "piece/PieceBrackets.h"
 
 #include "piece/CodeTokens.h"
+#include "piece/OrchestraWords.h"
 #include "piece/PieceSymbol.h"
 #include "piece/PieceTags.h"
 #include "piece/ScoreStatement.h"
@@ -322,6 +323,35 @@ std::optional<PieceBrackets> bracketsAt(const PieceText &text, int line, int col
     if (line < 1 || line > text.lineCount())
         return std::nullopt;
     return BracketFinder(text, line, column).find();
+}
+
+int lineOfBegin(const PieceText &text, int line, QByteArrayView word)
+{
+    const auto block = blockWord(word);
+    const bool endsInstrument = word == "endin";
+    const bool endsBody = endsInstrument || word == "endop";
+    if (!isClosingWord(word) || line < 2 || line > text.lineCount())
+        return 0;
+    int begin = 0;
+    int depth = 1;
+    int passed = 0;
+    text.visitBack(line - 1, [&](PlacedLandmark found) {
+        const Landmark &mark = *found.mark;
+        if (isTagMark(mark) || isHeadingMark(mark) || (endsBody && isEndOfBody(mark))) {
+            if (endsBody && isHeadingMark(mark) &&
+                (mark.kind == LandmarkKind::Instrument) == endsInstrument)
+                begin = found.line;
+            return false;
+        }
+        if (!endsBody && mark.detail == quint8(block->family)) {
+            if (mark.kind == LandmarkKind::BlockEnd)
+                ++depth;
+            else if (mark.kind == LandmarkKind::BlockBegin && --depth == 0)
+                begin = found.line;
+        }
+        return begin == 0 && ++passed < MostMarks;
+    });
+    return begin;
 }
 
 } // namespace ardiphon

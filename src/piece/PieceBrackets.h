@@ -23,4 +23,8 @@ struct PieceBrackets
 /// as its body has.
 std::optional<PieceBrackets> bracketsAt(const PieceText &text, int line, int column);
 
+/// The line above \a line where the body or the block begins that \a word, as "endin" or "else",
+/// would end or part if it stood there; 0 where there is none, and for any other word.
+int lineOfBegin(const PieceText &text, int line, QByteArrayView word);
+
 } // namespace ardiphon

@@ -1,6 +1,7 @@
 #include "typing/BlockIndent.h"
 
 #include "piece/CodeTokens.h"
+#include "piece/OrchestraWords.h"
 #include "piece/PieceBrackets.h"
 #include "piece/PieceText.h"
 #include "piece/StatementTokens.h"
@@ -220,7 +221,89 @@ private:
     bool m_isCondition = false;
 };
 
+constexpr int MostColumns = 1000;   ///< columns before a word that is looked at
+constexpr int MostEmptyLines = 100; ///< that are passed for one that has blanks
+
+int widthOf(QByteArrayView blanks, int tabSize)
+{
+    int width = 0;
+    for (const char c : blanks)
+        width += c == '\t' ? tabSize - width % tabSize : 1;
+    return width;
+}
+
+/// The nearest line from \a line on, by steps of \a step, that has more than blanks; \a end where
+/// there is none before it.
+int writtenLine(const PieceText &text, int line, int end, int step)
+{
+    for (int passed = 0; line != end && passed < MostEmptyLines; line += step, ++passed) {
+        const QByteArrayView bytes = text.line(line);
+        if (blanksOf(bytes).size() != bytes.size())
+            return line;
+    }
+    return end;
+}
+
+/// Whether the block that begins on line \a begin gives \a blanks to a line of it: one tab stop
+/// more than it has itself, those of its first line, or those that an Enter above \a line gives.
+bool areBlanksOfBlock(const PieceText &text, int begin, int line, const QByteArray &blanks,
+                      int tabSize)
+{
+    const auto blanksAt = [&](int at) { return blanksOf(text.line(at)).toByteArray(); };
+    if (blanks == deeper(blanksAt(begin), tabSize))
+        return true;
+    const int first = writtenLine(text, begin + 1, line, 1);
+    if (first == line)
+        return false;
+    const int above = writtenLine(text, line - 1, begin, -1);
+    const PieceState state = text.stateAt(above);
+    const bool isContinuation = state.continuation != Continuation::None;
+    const BlockLine last =
+        BlockLineReader(text.line(above), state.code, isContinuation, false).line();
+    const bool opens = last.depth > 0 || isPartedHere(last);
+    const QByteArray given = opens ? deeper(blanksAt(above), tabSize) : blanksAt(above);
+    return blanks == blanksAt(first) || blanks == given;
+}
+
 } // namespace
+
+std::optional<TypedWord> typedWord(QByteArrayView line, int column, int length, const QString &text)
+{
+    const auto isOfWord = [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+               c == '_';
+    };
+    if (text.isEmpty() || text.back().unicode() > 127 || !isOfWord(text.back().toLatin1()) ||
+        column > line.size() || column > MostColumns)
+        return std::nullopt;
+    const QByteArrayView before = line.first(column);
+    const QByteArrayView behind = line.sliced(std::min(qsizetype(column) + length, line.size()));
+    const QByteArrayView blanks = blanksOf(before);
+    const QByteArray word = before.sliced(blanks.size()).toByteArray() + text.toUtf8();
+    if (!std::all_of(word.begin(), word.end(), isOfWord) ||
+        blanksOf(behind).size() != behind.size())
+        return std::nullopt;
+    return TypedWord{blanks.toByteArray(), word};
+}
+
+std::optional<QString> blanksForClosingWord(const PieceText &text, int line, const TypedWord &typed,
+                                            int tabSize)
+{
+    if (line < 1 || line > text.lineCount() || !isClosingWord(typed.word))
+        return std::nullopt;
+    const PieceState state = text.stateAt(line);
+    if (state.section != PieceSection::Orchestra || state.code != CodeState::Code ||
+        state.continuation != Continuation::None)
+        return std::nullopt;
+    const int begin = lineOfBegin(text, line, typed.word);
+    if (begin == 0)
+        return std::nullopt;
+    const QByteArray own = blanksOf(text.line(begin)).toByteArray();
+    if (widthOf(own, tabSize) >= widthOf(typed.blanks, tabSize) ||
+        !areBlanksOfBlock(text, begin, line, typed.blanks, tabSize))
+        return std::nullopt;
+    return QString::fromLatin1(own);
+}
 
 std::optional<NewLineBlanks> blanksForNewLine(const PieceText &text, int line, int column,
                                               int tabSize)
@@ -242,8 +325,11 @@ std::optional<NewLineBlanks> blanksForNewLine(const PieceText &text, int line, i
     if (here.comesOut) {
         const auto brackets = bracketsAt(text, line, charactersOf(whole, here.firstWord));
         if (brackets && brackets->partner.line < line) {
+            const bool isOfBlock =
+                areBlanksOfBlock(text, brackets->partner.line, line, own, tabSize);
             own = blanksOf(text.line(brackets->partner.line)).toByteArray();
-            blanks.line = QString::fromLatin1(own);
+            if (isOfBlock)
+                blanks.line = QString::fromLatin1(own);
         }
     }
     const QByteArrayView rest = QByteArrayView(whole).sliced(bytes.size());

@@ -19,6 +19,11 @@ private slots:
     void newLine_data();
     void newLine();
     void newLine_hasTheBlanksOfTheText();
+    void newLine_leavesOtherBlanks();
+    void closingWord_data();
+    void closingWord();
+    void typedWord_isAlone_data();
+    void typedWord_isAlone();
     void reindent_data();
     void reindent();
     void reindent_ofAPart();
@@ -64,6 +69,24 @@ QString afterEnter(DocumentRole role, const QString &marked)
     return QString(shown).replace(u'\t', u'-').replace(u' ', u'.');
 }
 
+/// The blanks that the word before the "^" gets, with "-" for a tab.
+QString closedBlanks(DocumentRole role, const QString &marked)
+{
+    const QStringList lines = QString(marked).replace(u'-', u'\t').split(u'|');
+    int line = 0;
+    while (!lines[line].contains(u'^'))
+        ++line;
+    const int column = int(lines[line].indexOf(u'^'));
+    QStringList before = lines; // the last letter is still to be typed
+    before[line].remove(column - 1, 2);
+    const LinedPiece piece(role, before.join(u'|'));
+    const auto typed = typedWord(before[line].toUtf8(), column - 1, 0, lines[line][column - 1]);
+    const auto blanks =
+        typed ? blanksForClosingWord(piece.text(), line + 1, *typed, 4) : std::nullopt;
+    return blanks ? QLatin1Char('[') + QString(*blanks).replace(u'\t', u'-') + u']'
+                  : QStringLiteral("none");
+}
+
 QString reindentedText(DocumentRole role, const QString &text, int first = 1, int last = 1000)
 {
     const LinedPiece piece(role, QString(text).replace(u'-', u'\t'));
@@ -94,7 +117,7 @@ void tst_BlockIndent::newLine_data()
     row("instr 1|-kx = 1^", "/-");
     row("instr 1|-kx = 1|-endin^", "/");
     row("instr 1|-endin^", "/");
-    row("  instr 1|     endin^", "../..");
+    row("  instr 1|      endin^", "../..");
     row("opcode foo, a, a^", "/-");
     row("opcode foo, a, a|-endop^", "/");
     row("-if kx == 1 then^", "/--");
@@ -140,6 +163,131 @@ void tst_BlockIndent::newLine_hasTheBlanksOfTheText()
     QCOMPARE(afterEnter(DocumentRole::Orchestra, "instr 1|  if kx then^"),
              QStringLiteral("/......"));
     QCOMPARE(afterEnter(DocumentRole::Orchestra, "  instr 1^"), QStringLiteral("/......"));
+}
+
+/// Who has indented a line by hand keeps it.
+void tst_BlockIndent::newLine_leavesOtherBlanks()
+{
+    QCOMPARE(afterEnter(DocumentRole::Orchestra, "  instr 1|     endin^"), QStringLiteral("/.."));
+    QCOMPARE(afterEnter(DocumentRole::Orchestra, "-if kx then|--ky = 1|---else^"),
+             QStringLiteral("/--"));
+}
+
+void tst_BlockIndent::closingWord_data()
+{
+    QTest::addColumn<QString>("marked");
+    QTest::addColumn<QString>("blanks");
+
+    const auto row = [](const char *marked, const char *blanks) {
+        QTest::newRow(marked) << QString::fromLatin1(marked) << QString::fromLatin1(blanks);
+    };
+    row("instr 1|-endin^", "[]");
+    row("instr 1, two|-kx = 1|-endin^", "[]");
+    row("instr 1|-kx = 1||-endin^  ", "[]");
+    row("opcode foo, a, a|-endop^", "[]");
+    row("-if kx then|--ky = 1|--endif^", "[-]");
+    row("-if kx then|--ky = 1|--fi^", "[-]");
+    row("-if kx then|--ky = 1|--else^", "[-]");
+    row("-if kx then|--ky = 1|--elseif^", "[-]");
+    row("-while kx do|--od^", "[-]");
+    row("-until kx do|--enduntil^", "[-]");
+    row("-switch kx|--case^", "[-]");
+    row("-switch kx|-case 1|--kx = 2|--default^", "[-]");
+    row("-switch kx|-case 1|--kx = 2|--endsw^", "[-]");
+    row("-if kx then|--if ky then|---kz = 1|--endif|--endif^", "[-]");
+    row("-if kx then|--while ky do|---kz = 1|---od^", "[--]");
+    row("-if kx && \\|   ky then|--endif^", "[-]");
+    row("instr 1|  kx = 1|  endin^", "[]"); // the text has its own blanks
+    row("instr 1|  kx = 1|  if kx then|    ky = 1|    endif^", "[  ]");
+    row("instr 1|kx = 1|   ky = 1|   endin^", "[]");
+
+    row("instr 1|endin^", "none");
+    row("instr 1|--endin^", "none");
+    row("instr 1|-kx = 1|  endin^", "none");
+    row("-if kx then|--ky = 1|---endif^", "none");
+    row("-if kx then|--ky = 1|-endif^", "none");
+    row("--if kx then|-endif^", "none");
+    row("-endin^", "none");
+    row("instr 1|endin|-endin^", "none");
+    row("instr 1|-endop^", "none");
+    row("instr 1|-endif^", "none");
+    row("-if kx goto a|--endif^", "none");
+    row("-if kx then|--od^", "none");
+    row("-if kx then|--if^", "none");
+    row("-if kx then|--while^", "none");
+    row("-if kx then|--endi^", "none");
+    row("-if kx then|--kendif^", "none");
+    row("-if kx then|--endif^ky", "none");
+    row("-if kx then|--endif^ ; a", "none");
+    row("-if kx then|--a: endif^", "none");
+    row("-if kx then|--; endif^", "none");
+    row("-if kx then|--\"endif^", "none");
+    row("-if kx then|--/*|--endif^", "none");
+    row("-if kx then|--prints {{|--endif^", "none");
+    row("-if kx then|--kx = ky + \\|--endif^", "none");
+    row("#define A #|-if kx then|--endif^", "none");
+}
+
+void tst_BlockIndent::closingWord()
+{
+    QFETCH(QString, marked);
+    QFETCH(QString, blanks);
+    QCOMPARE(closedBlanks(DocumentRole::Orchestra, marked), blanks);
+    QCOMPARE(closedBlanks(DocumentRole::Score, marked), QStringLiteral("none"));
+    const QString head = QStringLiteral("<CsoundSynthesizer>|<CsInstruments>|");
+    QCOMPARE(closedBlanks(DocumentRole::Csd, head + marked), blanks);
+    QCOMPARE(closedBlanks(DocumentRole::Csd, QStringLiteral("<CsScore>|") + marked),
+             QStringLiteral("none"));
+}
+
+void tst_BlockIndent::typedWord_isAlone_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<int>("column");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("found"); // "blanks/word"
+
+    QTest::newRow("letter") << "  endi" << 6 << 0 << "n"
+                            << "  /endin";
+    QTest::newRow("first letter") << "" << 0 << 0 << "e"
+                                  << "/e";
+    QTest::newRow("digit") << "\tod" << 3 << 0 << "1"
+                           << "\t/od1";
+    QTest::newRow("taken") << " endi" << 1 << 4 << "endif"
+                           << " /endif";
+    QTest::newRow("rest of the word goes") << " eif" << 1 << 3 << "endif"
+                                           << " /endif";
+    QTest::newRow("blanks behind") << "endi \t" << 4 << 0 << "f"
+                                   << "/endif";
+    QTest::newRow("blank") << " od" << 3 << 0 << " "
+                           << "";
+    QTest::newRow("bracket") << " od" << 3 << 0 << "("
+                             << "";
+    QTest::newRow("nothing") << " od" << 3 << 0 << ""
+                             << "";
+    QTest::newRow("umlaut") << " o" << 2 << 0 << QStringLiteral("\u00e4") << "";
+    QTest::newRow("umlaut before") << QStringLiteral("\u00e4") << 1 << 0 << "d"
+                                   << "";
+    QTest::newRow("umlaut behind") << QStringLiteral("o\u00e4") << 1 << 1 << "d"
+                                   << "";
+    QTest::newRow("word before") << "a o" << 3 << 0 << "d"
+                                 << "";
+    QTest::newRow("word behind") << " o a" << 2 << 0 << "d"
+                                 << "";
+    QTest::newRow("lines") << "" << 0 << 0 << "od\r\nod"
+                           << "";
+}
+
+void tst_BlockIndent::typedWord_isAlone()
+{
+    QFETCH(QString, line);
+    QFETCH(int, column);
+    QFETCH(int, length);
+    QFETCH(QString, text);
+    QFETCH(QString, found);
+    const auto typed = typedWord(line.toUtf8(), column, length, text);
+    QCOMPARE(typed ? QString::fromLatin1(typed->blanks + '/' + typed->word) : QString(), found);
 }
 
 void tst_BlockIndent::reindent_data()

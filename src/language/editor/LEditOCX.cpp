@@ -130,6 +130,22 @@ void LEditOCX::SetSelText(const QString &text)
     d->selection.replace(text);
 }
 
+void LEditOCX::TypeSelText(const QString &text)
+{
+    const Operation operation(*d);
+    const TextRange range = d->selection.range();
+    const qsizetype start = d->text.lineStart(d->text.lineOf(range.start));
+    const auto blanks = d->blanksWith(range, text);
+    const EditStep step(d->view);
+    d->selection.replace(text);
+    if (!blanks)
+        return;
+    const QByteArrayView line = d->text.lineBytes(d->text.lineOf(start));
+    const auto end =
+        std::find_if_not(line.begin(), line.end(), [](char c) { return c == ' ' || c == '\t'; });
+    d->text.replace({start, start + (end - line.begin())}, blanks->toUtf8());
+}
+
 void LEditOCX::SelectAll()
 {
     d->view.carets().drop();
@@ -327,6 +343,8 @@ void LEditOCX::SetTabSize(int characters)
 void LEditOCX::SetAutoIndent(bool on) { d->view.setAutoIndent(on); }
 
 void LEditOCX::SetNewLineRule(NewLineRule rule) { d->newLineRule = std::move(rule); }
+
+void LEditOCX::SetBlanksRule(BlanksRule rule) { d->blanksRule = std::move(rule); }
 
 // Bookmarks. --------------------------------------------------------------------------------------
 

@@ -15,6 +15,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace ardiphon {
@@ -127,6 +128,8 @@ public:
     QString SelText() const;
     /// Replaces the selection, or inserts at the caret; the caret ends behind \a text.
     void SetSelText(const QString &text);
+    /// The same for text that stands for what the user would have typed: see SetBlanksRule().
+    void TypeSelText(const QString &text);
     void SelectAll();
 
     void Copy();
@@ -210,6 +213,13 @@ public:
     /// of the new one; none for what SetAutoIndent says. With several carets it is not asked.
     using NewLineRule = std::function<std::optional<NewLineBlanks>(int line, int column)>;
     void SetNewLineRule(NewLineRule rule);
+    /// Has a typed character, and TypeSelText(), ask \a rule which blanks the line is to begin with
+    /// when \a text has taken the place of \a length characters from \a column on; none leaves
+    /// them. Both then are one step of history. A character that is typed at several carets or over
+    /// a selection does not ask.
+    using BlanksRule = std::function<std::optional<QString>(int line, int column, int length,
+                                                            const QString &text)>;
+    void SetBlanksRule(BlanksRule rule);
 
     // Bookmarks. ---------------------------------------------------------------------------------
 

@@ -79,6 +79,15 @@ std::optional<NewLineBlanks> LEditOCX::Private::newLineBlanks(qsizetype offset)
     return newLineRule ? newLineRule(at.line, at.column) : std::nullopt;
 }
 
+std::optional<QString> LEditOCX::Private::blanksWith(TextRange range, const QString &typed)
+{
+    const TextPosition start = text.positionOf(range.start);
+    const TextPosition end = text.positionOf(range.end);
+    return blanksRule && start.line == end.line
+               ? blanksRule(start.line, start.column, end.column - start.column, typed)
+               : std::nullopt;
+}
+
 void LEditOCX::Private::mouseButton(EditorMouseButton button) { emit control.MouseButton(button); }
 
 void LEditOCX::Private::click() { emit control.Click(); }

@@ -38,6 +38,8 @@ public:
     void showCaret();
     /// Reports to the followers what has changed since the last time.
     void reportChanges();
+    /// What the rule for blanks says of \a text in the place of \a range.
+    std::optional<QString> blanksWith(TextRange range, const QString &text);
 
     LEditOCX &control;
     TextView &view;
@@ -53,6 +55,7 @@ public:
     TextPresence presence;
     QString currentWord;
     NewLineRule newLineRule;
+    BlanksRule blanksRule;
 
     quint64 changes = 0; ///< of the text so far
     /// The control whose text was copied last, and how often both had changed then.
@@ -74,6 +77,10 @@ private:
     void keyDown(EditorKey &key) override;
     int keyPress(int character) override;
     std::optional<NewLineBlanks> newLineBlanks(qsizetype offset) override;
+    std::optional<QString> typedBlanks(qsizetype offset, const QString &character) override
+    {
+        return blanksWith({offset, offset}, character);
+    }
     void mouseButton(EditorMouseButton button) override;
     void pointed() override { folded.leaveHidden(); }
     void click() override;

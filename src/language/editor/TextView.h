@@ -26,6 +26,9 @@ public:
     virtual int keyPress(int character) = 0;
     /// The blanks for an Enter there; none where the view is to choose them.
     virtual std::optional<NewLineBlanks> newLineBlanks(qsizetype offset) = 0;
+    /// The blanks that the line is to begin with when the character is typed there; none where they
+    /// stay.
+    virtual std::optional<QString> typedBlanks(qsizetype offset, const QString &character) = 0;
     virtual void mouseButton(EditorMouseButton button) = 0;
     /// The mouse may have moved the caret.
     virtual void pointed() = 0;

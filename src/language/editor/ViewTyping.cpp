@@ -125,9 +125,27 @@ void ViewTyping::typeCharacter(char32_t code)
         m_carets.replaceEach([&](long, long) { return character.toUtf8(); });
     else if (code > 0xFFFF)
         m_view.SendScintilla(Sci::SCI_REPLACESEL, character.toUtf8().constData());
-    else
+    else if (!typeWithBlanks(character))
         m_typeKey(character);
     m_owner.edited();
+}
+
+/// Types a character with which the blanks of its line change, as one step of history. False where
+/// they stay: then the character is to join those that were typed before.
+bool ViewTyping::typeWithBlanks(const QString &character)
+{
+    if (m_carets.areThere() || m_view.SendScintilla(Sci::SCI_GETSELECTIONEMPTY) == 0)
+        return false;
+    const long at = m_view.SendScintilla(Sci::SCI_GETCURRENTPOS);
+    const auto blanks = m_owner.typedBlanks(at, character);
+    if (!blanks)
+        return false;
+    const EditStep step(m_view);
+    m_typeKey(character);
+    setBlanks(m_view.SendScintilla(Sci::SCI_LINEFROMPOSITION, ulong(at)), blanks->toUtf8());
+    m_view.SendScintilla(Sci::SCI_SCROLLCARET);
+    m_view.SendScintilla(Sci::SCI_CHOOSECARETX);
+    return true;
 }
 
 // Overwriting replaces a selected character, so that a handler of KeyPress finds in the selection

@@ -39,6 +39,7 @@ private:
     QByteArray lineEndFor(long start, long end, bool blanksFollow) const;
     void setBlanks(long line, const QByteArray &blanks);
     void typeCharacter(char32_t code);
+    bool typeWithBlanks(const QString &character);
     bool selectCharacterToOverwrite();
 
     QsciScintillaBase &m_view;

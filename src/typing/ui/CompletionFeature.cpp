@@ -17,6 +17,7 @@
 #include <QInputMethodEvent>
 #include <QMainWindow>
 
+#include <algorithm>
 #include <utility>
 
 namespace ardiphon {
@@ -39,6 +40,13 @@ bool opens(int character) { return character == '(' || character == '[' || chara
 QString textBefore(const LEditOCX &editor, int column)
 {
     return editor.LineText(editor.CaretLine()).left(column);
+}
+
+/// The blanks at its beginning.
+QString indentOf(const QString &line)
+{
+    const auto isBlank = [](QChar c) { return c == u' ' || c == u'\t'; };
+    return line.left(std::find_if_not(line.begin(), line.end(), isBlank) - line.begin());
 }
 
 } // namespace
@@ -111,7 +119,7 @@ void CompletionFeature::keyDown(const EditorView &view, EditorKey &key)
 }
 
 /// Whether the list has a use for the key.
-bool CompletionFeature::listKey(const EditorView &, const EditorKey &key)
+bool CompletionFeature::listKey(const EditorView &view, const EditorKey &key)
 {
     const bool isTab = key.KeyCode == Qt::Key_Tab || key.KeyCode == Qt::Key_Backtab;
     if (isTab && key.Shift <= 1) {
@@ -127,7 +135,7 @@ bool CompletionFeature::listKey(const EditorView &, const EditorKey &key)
     if (key.Shift != 0)
         return false;
     if (key.KeyCode == Qt::Key_Escape) {
-        m_dismissed = {m_popup->list()->place().line, m_popup->list()->place().start};
+        m_dismissed = dismissed(view, m_popup->list()->place());
         close();
         return true;
     }
@@ -195,7 +203,13 @@ void CompletionFeature::typed(const EditorView &view, int character)
 {
     if (!isOfName(character) && character != Backspace)
         m_dismissed = {};
-    if (isOpen() && m_view->editor == view.editor && character != Delete)
+    const bool isListOfView = isOpen() && m_view->editor == view.editor;
+    if (isListOfView && isOfName(character) &&
+        view.editor->CaretColumn() !=
+            m_popup->list()->place().start + m_popup->list()->typed().size() + 1) {
+        close(); // the word has moved with its line's blanks
+        open(view, m_reason);
+    } else if (isListOfView && character != Delete)
         goOn(view);
     else
         close();
@@ -290,9 +304,18 @@ void CompletionFeature::ask()
     }
 }
 
-bool CompletionFeature::isDismissed(const CompletionPlace &place) const
+CompletionFeature::Dismissed CompletionFeature::dismissed(const EditorView &view,
+                                                          const CompletionPlace &place)
 {
-    return place.line == m_dismissed.line && place.start == m_dismissed.start;
+    const QString before = view.editor->LineText(place.line).left(place.start);
+    return {place.line, int(before.size() - indentOf(before).size())};
+}
+
+bool CompletionFeature::isDismissed(const EditorView &view, const CompletionPlace &place) const
+{
+    if (place.line != m_dismissed.line)
+        return false;
+    return dismissed(view, place).start == m_dismissed.start;
 }
 
 void CompletionFeature::open(const EditorView &view, CompletionReason reason)
@@ -305,7 +328,7 @@ void CompletionFeature::open(const EditorView &view, CompletionReason reason)
         return;
     const CompletionPlace place = completionPlace(piece, *text, line, editor.CaretColumn());
     const bool isTyped = reason != CompletionReason::Asked;
-    if (!place.isSomething() || (isTyped && isDismissed(place)) ||
+    if (!place.isSomething() || (isTyped && isDismissed(view, place)) ||
         (reason == CompletionReason::Opening && place.open.isEmpty()))
         return;
     if (!m_opcodes)
@@ -420,35 +443,44 @@ TakenText CompletionFeature::argumentsOf(const Completion &chosen,
 void CompletionFeature::put(const EditorView &view, const PlaceSpan &where, const TakenText &taken)
 {
     const QString line = view.editor->LineText(where.line);
-    QString indent;
-    while (indent.size() < line.size() &&
-           (line[indent.size()] == u' ' || line[indent.size()] == u'\t'))
-        indent += line[indent.size()];
-    const TakenText text = indented(taken, indent);
+    const TakenText text = indented(taken, indentOf(line));
+    const QString lines = QString(text.text).replace(u'\n', QLatin1String("\r\n"));
     m_isTaking = true;
-    for (const EditorView &other : m_host->views()) {
-        LEditOCX &editor = *other.editor;
-        const bool isOwn = other.editor == view.editor;
-        if (!isOwn &&
-            (other.role != view.role || editor.isHidden() || editor.LineText(where.line) != line))
-            continue;
-        const int top = editor.TopLine();
-        editor.SelStartLine = editor.SelEndLine = where.line;
-        editor.SelStartColumn = where.column;
-        editor.SelEndColumn = where.column + where.length;
-        editor.SetSelection();
-        editor.SetSelText(QString(text.text).replace(u'\n', QLatin1String("\r\n")));
-        if (!isOwn)
-            editor.SetTopLine(top);
-    }
+    goTo(view, where);
+    view.editor->TypeSelText(lines);
+    copyTaken(view, where, line, lines);
     m_isTaking = false;
     m_view = view;
     if (text.places.isEmpty())
         return;
-    m_places.begin(text, where.line, where.column,
+    // The blanks of a line may have changed with its word.
+    const qsizetype moved = lines.contains(u'\n') ? 0
+                                                  : view.editor->LineText(where.line).size() -
+                                                        (line.size() - where.length + lines.size());
+    m_places.begin(text, where.line, where.column + int(moved),
                    [&view](int at) { return view.editor->LineText(at); });
     if (const auto first = m_places.current())
         goTo(view, *first);
+}
+
+/// Puts the text into the other view of a split, where \a line is as it was; its line gets the
+/// blanks that it has now.
+void CompletionFeature::copyTaken(const EditorView &view, const PlaceSpan &where,
+                                  const QString &line, const QString &text) const
+{
+    const QString now = indentOf(view.editor->LineText(where.line));
+    for (const EditorView &other : m_host->views()) {
+        LEditOCX &editor = *other.editor;
+        if (other.editor == view.editor || other.role != view.role || editor.isHidden() ||
+            editor.LineText(where.line) != line)
+            continue;
+        const int top = editor.TopLine();
+        goTo(other, where);
+        editor.SetSelText(text);
+        if (const QString blanks = indentOf(editor.LineText(where.line)); blanks != now)
+            editor.ReplaceRanges({{where.line, 0, int(blanks.size()), now}});
+        editor.SetTopLine(top);
+    }
 }
 
 void CompletionFeature::goTo(const EditorView &view, const PlaceSpan &span) const

@@ -45,7 +45,7 @@ private:
     struct Dismissed
     {
         int line = 0;
-        int start = 0;
+        int start = 0; ///< behind the blanks of the line, which may change
     };
 
     void follow(const EditorView &view);
@@ -58,7 +58,8 @@ private:
     void viewMoved(const EditorView &view);
 
     bool begins(const EditorView &view, int character) const;
-    bool isDismissed(const CompletionPlace &place) const;
+    static Dismissed dismissed(const EditorView &view, const CompletionPlace &place);
+    bool isDismissed(const EditorView &view, const CompletionPlace &place) const;
     void ask();
     void open(const EditorView &view, CompletionReason reason);
     void goOn(const EditorView &view);
@@ -70,6 +71,8 @@ private:
     void take(bool withArgumentsToo);
     TakenText argumentsOf(const Completion &chosen, const CompletionPlace &place) const;
     void put(const EditorView &view, const PlaceSpan &where, const TakenText &taken);
+    void copyTaken(const EditorView &view, const PlaceSpan &where, const QString &line,
+                   const QString &text) const;
     void goTo(const EditorView &view, const PlaceSpan &span) const;
     void fillPartners(const EditorView &view);
     bool isOpen() const;
