@@ -38,6 +38,7 @@ private slots:
     void emptyOrchestra_isQuiet();
     void section_withoutEnd_isSaid();
     void compile_itsErrorsStay();
+    void score_playsWhatIsNotThere_isSaid();
     void score_hasItsProblems();
     void mark_isDrawnInTextAndGutter();
     void changedAllTheTime_noProcessIsLeft();
@@ -224,6 +225,17 @@ void tst_CheckFeature::compile_itsErrorsStay()
     QCOMPARE(cell(0, 1), "There is no opcode \"oscilli\".");
     first()->SetSelText(QStringLiteral(" "));
     QCOMPARE(dock()->windowTitle(), "Problems (1)");
+}
+
+/// Not by the compiler, which says it when it plays, if at all.
+void tst_CheckFeature::score_playsWhatIsNotThere_isSaid()
+{
+    QByteArray piece = pieceWith("a1 oscili .5, 440\nout a1");
+    piece.replace("i1 0 1\n", "i1 0 1\ni7 1 1\n");
+    show(piece);
+    QTRY_COMPARE(dock()->windowTitle(), "Problems (1)");
+    QCOMPARE(cell(0, 0), "Line 11");
+    QCOMPARE(cell(0, 2), "no-instrument");
 }
 
 void tst_CheckFeature::score_hasItsProblems()

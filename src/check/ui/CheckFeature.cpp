@@ -4,6 +4,7 @@
 #include "app/ProgramContext.h"
 #include "app/modRegistry.h"
 #include "check/CompilerProblems.h"
+#include "check/PieceChecks.h"
 #include "check/SectionProblems.h"
 #include "check/ui/ProblemsModel.h"
 #include "check/ui/ProblemsPanel.h"
@@ -28,6 +29,8 @@ namespace ardiphon {
 namespace {
 
 constexpr auto TypingPause = 300ms;
+/// Lines of a piece up to which our own checks take no longer than a user would feel.
+constexpr int MostOwnLines = 2000;
 /// Of a compile's log, which is read for its messages, in characters.
 constexpr qsizetype LongestLog = 1 << 20;
 
@@ -183,8 +186,29 @@ void CheckFeature::check()
 void CheckFeature::takeResult(const CheckInput &input, const CheckResult &result)
 {
     const CheckedPiece checked{m_host->piece().piece(), input.orchestra, input.score};
-    show(sectionProblems(checked.piece) + problemsOf(result.messages, checked, opcodeWords()),
-         statusText(result));
+    QList<Problem> problems =
+        sectionProblems(checked.piece) + problemsOf(result.messages, checked, opcodeWords());
+    addOwn(problems);
+    show(problems, statusText(result));
+}
+
+/// What the compiler does not say, in lines that have no error.
+void CheckFeature::addOwn(QList<Problem> &problems) const
+{
+    const Piece &piece = m_host->piece().piece();
+    int lines = 0;
+    for (const PieceText &text : piece.texts())
+        lines += text.lineCount();
+    if (lines > MostOwnLines)
+        return;
+    const QList<Problem> errors = problems;
+    for (const Problem &problem : pieceProblems(piece, opcodeWords(), {})) {
+        const bool isKnown = std::any_of(errors.begin(), errors.end(), [&](const Problem &error) {
+            return error.place.role == problem.place.role && error.place.line == problem.place.line;
+        });
+        if (!isKnown)
+            problems.append(problem);
+    }
 }
 
 /// What the compiler has said of the documents, which a compile reads as they were saved.

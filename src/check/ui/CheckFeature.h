@@ -40,6 +40,7 @@ private:
     void turn(bool on);
     void check();
     void takeResult(const CheckInput &input, const CheckResult &result);
+    void addOwn(QList<Problem> &problems) const;
     void readCompileLog(const QString &log);
     void show(const QList<Problem> &problems, const QString &status);
     void refresh();
