@@ -10,5 +10,5 @@ install_missing $program_packages $test_packages
 # Sources compiled together take half the time, also where each test then runs once.
 cmake --preset asan -DCMAKE_UNITY_BUILD=ON >/dev/null
 cmake --build build/asan --parallel "$(nproc)" --target \
-    core_tests window_tests tst_FailingDisk make_word_tables word_tables
+    core_tests window_tests tst_FailingDisk make_word_tables word_tables snippets
 exec ctest --test-dir build/asan --output-on-failure -j "$(nproc)" "$@"

@@ -36,7 +36,7 @@ private slots:
 
 namespace {
 
-constexpr int Edits = 20000;
+constexpr int Edits = 10000; ///< of each form
 constexpr int MostLines = 400;
 constexpr int MostRows = 10000;
 
