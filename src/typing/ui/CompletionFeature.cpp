@@ -12,7 +12,6 @@
 #include "workbench/ui/FeatureHost.h"
 #include "workbench/ui/PieceFollower.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QInputMethodEvent>
 #include <QMainWindow>
@@ -25,7 +24,6 @@ namespace ardiphon {
 namespace {
 
 constexpr int LeastLetters = 2;
-constexpr int MostFiles = 2000;
 constexpr int Backspace = 8;
 constexpr int Delete = 127;
 
@@ -365,33 +363,17 @@ QRect CompletionFeature::wordOnScreen(const EditorView &view, const CompletionPl
     return {view.editor->mapToGlobal(at), QSize(1, view.editor->LineHeight())};
 }
 
-/// Read again when a file of them has changed.
 const QList<Snippet> &CompletionFeature::snippets()
 {
-    const QStringList files = snippetFiles(m_host->config().ProgramFolder);
-    QList<QDateTime> times;
-    for (const QString &file : files)
-        times.append(QFileInfo(file).lastModified());
-    if (times != m_snippetTimes) {
-        m_snippetTimes = times;
-        m_snippets = readSnippets(files);
-    }
-    return m_snippets;
+    return m_snippets.of(snippetFiles(m_host->config().ProgramFolder));
 }
 
 /// The files beside the document; without one, those of the working folder.
 QStringList CompletionFeature::filesOf(DocumentRole role) const
 {
     const Document *const document = m_host->document(role);
-    const QString folder = document && document->hasFile()
-                               ? QFileInfo(document->name()).absolutePath()
-                               : m_host->config().WorkingDirectory;
-    if (folder.isEmpty())
-        return {};
-    QStringList files = QDir(folder).entryList(QDir::Files | QDir::Readable, QDir::Name);
-    if (files.size() > MostFiles)
-        files.resize(MostFiles);
-    return files;
+    return fileNamesIn(document && document->hasFile() ? QFileInfo(document->name()).absolutePath()
+                                                       : m_host->config().WorkingDirectory);
 }
 
 // Taking. -----------------------------------------------------------------------------------------
@@ -433,7 +415,7 @@ TakenText CompletionFeature::argumentsOf(const Completion &chosen,
     case CompletionKind::UserOpcode:
         return withArguments(chosen.name, signaturesOf(chosen.form, chosen.name), place);
     case CompletionKind::Snippet:
-        return textOf(m_snippets[chosen.snippet]);
+        return textOf(m_snippets.known()[chosen.snippet]);
     default:
         return {chosen.taken(), {}};
     }

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "typing/CompletionPlace.h"
+#include "typing/KnownSnippets.h"
 #include "typing/OpcodeSignatures.h"
 #include "typing/TextPlaces.h"
 #include "typing/ui/CompletionPopup.h"
 #include "workbench/ui/EditorView.h"
 #include "workbench/ui/WindowFeature.h"
 
-#include <QDateTime>
 #include <QObject>
 #include <QPointer>
 
@@ -82,8 +82,7 @@ private:
     QPointer<CompletionPopup> m_popup; ///< made when it is needed for the first time
     std::optional<EditorView> m_view;  ///< that the list or the places belong to
     CompletionReason m_reason{};       ///< why the list was opened
-    QList<Snippet> m_snippets;
-    QList<QDateTime> m_snippetTimes; ///< when their files were changed
+    KnownSnippets m_snippets;
     Typing m_typing;
     Dismissed m_dismissed;
     TextPlaces m_places;
