@@ -91,6 +91,10 @@ CheckInput checkInputOf(const Piece &piece)
         input.score.lines = {1, score.lineCount()};
     }
     const LineRun lines = input.score.lines;
+    input.isTooLong =
+        input.orchestra.lines.last - input.orchestra.lines.first >= LongestCheckedOrchestra;
+    if (input.isTooLong)
+        return input;
     input.orchestraText = textOf(orchestra, input.orchestra.lines);
     const bool isChecked = lines.last - lines.first < LongestCheckedScore &&
                            !(input.isUnified && isMadeByAProgram(score, lines));

@@ -18,9 +18,12 @@ struct CheckInput
     QByteArray orchestraText;
     QByteArray scoreText; ///< without notes where the score is not for the compiler
     QStringList options;
+    bool isTooLong = false; ///< the orchestra has more than LongestCheckedOrchestra lines: no texts
     bool isUnified = false; ///< the compiler looks for included files beside the document
 };
 
+/// A longer orchestra is not checked: it would take too long to copy it at once.
+inline constexpr int LongestCheckedOrchestra = 50'000;
 /// A longer score is not checked by the compiler.
 inline constexpr int LongestCheckedScore = 5000;
 

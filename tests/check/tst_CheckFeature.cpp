@@ -35,6 +35,7 @@ private slots:
     void off_showsNothing_andIsKept();
     void noCompiler_isSaid();
     void wrongCompiler_isSaid();
+    void longOrchestra_isNotChecked();
     void emptyOrchestra_isQuiet();
     void section_withoutEnd_isSaid();
     void compile_itsErrorsStay();
@@ -176,6 +177,15 @@ void tst_CheckFeature::wrongCompiler_isSaid()
     trigger("menuStudioCheck"); // a folder
     QTRY_COMPARE(control<QLabel>("LabelProblems")->text(),
                  "The compiler cannot be started, so nothing is checked.");
+}
+
+void tst_CheckFeature::longOrchestra_isNotChecked()
+{
+    show(pieceWith(QByteArray("a1 oscilli .5, 440\n").repeated(50'001)));
+    trigger("menuStudioProblems");
+    QTRY_COMPARE(control<QLabel>("LabelProblems")->text(),
+                 "The orchestra is too long to be checked while you type.");
+    QCOMPARE(dock()->windowTitle(), "Problems");
 }
 
 void tst_CheckFeature::emptyOrchestra_isQuiet()

@@ -164,9 +164,13 @@ void CheckFeature::check()
         return;
     }
     const QString compiler = m_host->config().FileCSound;
-    const CheckInput input = checkInputOf(m_host->piece().piece());
     if (compiler.isEmpty()) {
         show({}, QStringLiteral("No compiler is chosen, so nothing is checked."));
+        return;
+    }
+    const CheckInput input = checkInputOf(m_host->piece().piece());
+    if (input.isTooLong) {
+        show({}, QStringLiteral("The orchestra is too long to be checked while you type."));
         return;
     }
     if (input.orchestraText.trimmed().isEmpty()) {
