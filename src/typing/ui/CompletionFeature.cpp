@@ -201,6 +201,8 @@ void CompletionFeature::typed(const EditorView &view, int character)
 {
     if (!isOfName(character) && character != Backspace)
         m_dismissed = {};
+    if (!isOfName(character))
+        m_unmatched = {};
     const bool isListOfView = isOpen() && m_view->editor == view.editor;
     if (isListOfView && isOfName(character) &&
         view.editor->CaretColumn() !=
@@ -215,8 +217,22 @@ void CompletionFeature::typed(const EditorView &view, int character)
         return;
     if (opens(character))
         open(view, CompletionReason::Opening);
-    else if (begins(view, character))
+    else if (begins(view, character) && !isUnmatched(view))
         open(view, CompletionReason::Letters);
+}
+
+/// Whether letters were typed behind those that nothing matched.
+bool CompletionFeature::isUnmatched(const EditorView &view) const
+{
+    const LEditOCX &editor = *view.editor;
+    return m_unmatched.line == editor.CaretLine() &&
+           textBefore(editor, editor.CaretColumn()).startsWith(m_unmatched.text);
+}
+
+void CompletionFeature::noteUnmatched(const EditorView &view)
+{
+    const LEditOCX &editor = *view.editor;
+    m_unmatched = {editor.CaretLine(), textBefore(editor, editor.CaretColumn())};
 }
 
 /// Whether the character makes a word long enough to be guessed; in quotes any text is a word.
@@ -249,8 +265,10 @@ void CompletionFeature::goOn(const EditorView &view)
                                     [&](QChar c) { return isOfCompletedWord(place, c); });
     const bool isOut = !isWord || typed.isEmpty();
     if (!isOut && typed.startsWith(place.typed) && !place.typed.isEmpty()) {
-        if (!m_popup->narrow(typed))
+        if (!m_popup->narrow(typed)) {
             close();
+            noteUnmatched(view);
+        }
         return;
     }
     const bool wasForNames = m_reason != CompletionReason::Opening || place.isQuoted;
@@ -336,8 +354,11 @@ void CompletionFeature::open(const EditorView &view, CompletionReason reason)
     auto list = std::make_unique<CompletionList>(sources, place, reason,
                                                  editor.LineText(line).mid(editor.CaretColumn()));
     if (list->isEmpty() || (list->size() == 1 && list->isTyped(0) && isTyped &&
-                            list->at(0).kind != CompletionKind::Opcode))
+                            list->at(0).kind != CompletionKind::Opcode)) {
+        if (reason == CompletionReason::Letters)
+            noteUnmatched(view);
         return;
+    }
     if (m_popup == nullptr) {
         m_popup = new CompletionPopup(*m_opcodes, &m_host->owner());
         connect(m_popup, &CompletionPopup::clicked, this, [this] { take(false); });

@@ -48,6 +48,14 @@ private:
         int start = 0; ///< behind the blanks of the line, which may change
     };
 
+    /// The line up to the caret for which there was no suggestion. More letters of the word have
+    /// none either.
+    struct Unmatched
+    {
+        int line = 0;
+        QString text;
+    };
+
     void follow(const EditorView &view);
     void keyDown(const EditorView &view, EditorKey &key);
     bool listKey(const EditorView &view, const EditorKey &key);
@@ -60,6 +68,8 @@ private:
     bool begins(const EditorView &view, int character) const;
     static Dismissed dismissed(const EditorView &view, const CompletionPlace &place);
     bool isDismissed(const EditorView &view, const CompletionPlace &place) const;
+    bool isUnmatched(const EditorView &view) const;
+    void noteUnmatched(const EditorView &view);
     void ask();
     void open(const EditorView &view, CompletionReason reason);
     void goOn(const EditorView &view);
@@ -85,6 +95,7 @@ private:
     KnownSnippets m_snippets;
     Typing m_typing;
     Dismissed m_dismissed;
+    Unmatched m_unmatched;
     TextPlaces m_places;
     int m_topLine = 0;
     bool m_isComposing = false;
